@@ -1,0 +1,11 @@
+# Every header compiles alone, and twice in one unit.
+set(header_units)
+foreach(header IN LISTS library_headers tool_headers)
+    file(RELATIVE_PATH stem ${CMAKE_CURRENT_SOURCE_DIR} ${header})
+    set(unit ${CMAKE_BINARY_DIR}/header_check/${stem}.cpp)
+    set(text "#include \"${header}\"\n#include \"${header}\" // NOLINT: meant to stand twice\n")
+    file(GENERATE OUTPUT ${unit} CONTENT "${text}")
+    list(APPEND header_units ${unit})
+endforeach()
+add_library(header_check OBJECT ${header_units})
+target_link_libraries(header_check PRIVATE vomar_works vomar_build)

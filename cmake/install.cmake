@@ -1,0 +1,22 @@
+# The tool, the library with its headers, and the files by which builds find it.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS vomar RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS tavelin ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY library/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tavelin
+        FILES_MATCHING PATTERN "*.h")
+install(FILES packaging/vomar.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+configure_package_config_file(packaging/tavelinConfig.cmake.in
+    ${CMAKE_BINARY_DIR}/packaging/tavelinConfig.cmake
+    INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/tavelin)
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/packaging/tavelinConfigVersion.cmake
+    COMPATIBILITY SameMinorVersion)
+install(FILES
+    ${CMAKE_BINARY_DIR}/packaging/tavelinConfig.cmake
+    ${CMAKE_BINARY_DIR}/packaging/tavelinConfigVersion.cmake
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/tavelin)
+
+configure_file(packaging/tavelin.pc.in ${CMAKE_BINARY_DIR}/packaging/tavelin.pc @ONLY)
+install(FILES ${CMAKE_BINARY_DIR}/packaging/tavelin.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

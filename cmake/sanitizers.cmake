@@ -1,0 +1,20 @@
+# Sanitizers and counters. The alignment check is left out for one reason: a mark is a byte-packed
+# record that holds texts and lists, and these then stand at odd addresses.
+add_library(vomar_sanitizers INTERFACE)
+set(sanitizers address,undefined)
+if(VOMAR_SANITIZE)
+    target_compile_options(vomar_sanitizers INTERFACE
+        -fsanitize=${sanitizers} -fno-sanitize=alignment -fno-sanitize-recover=all
+        -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS)
+    target_link_options(vomar_sanitizers INTERFACE -fsanitize=${sanitizers})
+endif()
+if(VOMAR_FUZZ)
+    target_compile_options(vomar_sanitizers INTERFACE
+        -fsanitize=fuzzer-no-link,${sanitizers} -fno-sanitize=alignment -fno-sanitize-recover=all
+        -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS)
+    target_link_options(vomar_sanitizers INTERFACE -fsanitize=${sanitizers})
+endif()
+if(VOMAR_COVERAGE)
+    target_compile_options(vomar_sanitizers INTERFACE --coverage)
+    target_link_options(vomar_sanitizers INTERFACE --coverage)
+endif()

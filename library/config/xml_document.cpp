@@ -1,0 +1,312 @@
+#include "config/xml_document.h"
+
+#include "config/xml_nesting.h"
+#include "files/essentials.h"
+#include "text/number_text.h"
+
+#include <cstdlib>
+#include <memory>
+
+namespace tavelinUtils {
+namespace {
+
+// The library parses by recursion: deeper documents would overflow the stack. And it compares the
+// attributes of an element with each other.
+constexpr int deepestLevel = 10000;
+constexpr int mostAttributes = 10000;
+
+// Line ends of all systems become line feeds, as the library does it when it reads a file itself. The zero
+// bytes behind the text move with its end.
+void normalizeLineEnds(FileBytes& file)
+{
+    constexpr std::size_t spareBytes = 8;
+    char* to = file.bytes.get();
+    const char* const end = to + file.size;
+    for (const char* from = to; from != end; ++from) {
+        const bool beforeLineFeed = *from == '\r' && from + 1 != end && from[1] == '\n';
+        if (!beforeLineFeed) {
+            *to++ = *from == '\r' ? '\n' : *from;
+        }
+    }
+    file.size = static_cast<std::size_t>(to - file.bytes.get());
+    std::fill_n(to, spareBytes, '\0');
+}
+
+TiXmlElement* childOf(TiXmlElement* parent, const std::string& key)
+{
+    return parent == nullptr ? nullptr : parent->FirstChildElement(key.c_str());
+}
+
+// The value of an element's first child node; a null pointer where the element is missing or empty.
+const char* valueIn(const TiXmlElement* element)
+{
+    const TiXmlNode* const node = element == nullptr ? nullptr : element->FirstChild();
+    return node == nullptr ? nullptr : node->Value();
+}
+
+void convert(const char* text, std::string& target)
+{
+    target = text;
+}
+
+void convert(const char* text, double& target)
+{
+    target = toDouble(text);
+}
+
+// Cut to 32 bits first, also where the target is wider.
+template <class Integer>
+void convert(const char* text, Integer& target)
+{
+    target = static_cast<Integer>(toInt(text));
+}
+
+void convert(const char* text, bool& target)
+{
+    target = StrToBool(text);
+}
+
+template <class Target>
+void readText(TiXmlElement* parent, const std::string& key, Target& target)
+{
+    if (const char* const text = valueIn(childOf(parent, key))) {
+        convert(text, target);
+    }
+}
+
+template <class Target>
+void readAttribute(const TiXmlElement* element, const char* name, Target& target)
+{
+    const char* const text = element == nullptr ? nullptr : element->Attribute(name);
+    if (text != nullptr) {
+        convert(text, target);
+    }
+}
+
+template <class Number>
+void readMinMax(const TiXmlElement* element, Number& min, Number& max)
+{
+    readAttribute(element, "min", min);
+    readAttribute(element, "max", max);
+}
+
+template <class Number>
+void readBounded(TiXmlElement* parent, const std::string& key, Number& target, Number& min, Number& max)
+{
+    const TiXmlElement* const element = childOf(parent, key);
+    if (const char* const text = valueIn(element)) {
+        convert(text, target);
+        readMinMax(element, min, max);
+    }
+}
+
+template <class Value>
+void linkRecord(TiXmlElement* parent, std::string key, Value value, std::string comment)
+{
+    parent->LinkEndChild(setTextNode(std::move(key), value, std::move(comment)));
+}
+
+} // namespace
+
+TtavelinXmlDocument::TtavelinXmlDocument(std::string path) : TiXmlDocument(path.c_str()), fileName(path)
+{
+    TiXmlBase::SetCondenseWhiteSpace(false);
+}
+
+bool TtavelinXmlDocument::LoadFile()
+{
+    FileBytes file;
+    if (!readBytes(fileName, file)) {
+        return false;
+    }
+    normalizeLineEnds(file);
+    if (goesBeyond(file.bytes.get(), deepestLevel, mostAttributes)) {
+        return false;
+    }
+    Clear();
+    SetTabSize(0); // no rows and columns of errors, which nobody looks at
+    Parse(file.bytes.get(), nullptr, TIXML_ENCODING_UNKNOWN);
+    return !Error() && RootElement() != nullptr;
+}
+
+bool TtavelinXmlDocument::SaveFile()
+{
+    char* text = nullptr;
+    std::size_t size = 0;
+    std::FILE* const memory = open_memstream(&text, &size);
+    if (memory == nullptr) {
+        return false;
+    }
+    const bool printed = TiXmlDocument::SaveFile(memory);
+    const bool complete = std::fclose(memory) == 0 && printed;
+    const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
+    return complete && writeBytes(fileName, "w", {text, size});
+}
+
+void GetText(TiXmlElement* parent, std::string key, std::string& target)
+{
+    readText(parent, key, target);
+}
+
+void GetText(TiXmlElement* parent, std::string key, double& target)
+{
+    readText(parent, key, target);
+}
+
+void GetText(TiXmlElement* parent, std::string key, int& target)
+{
+    readText(parent, key, target);
+}
+
+void GetText(TiXmlElement* parent, std::string key, short& target)
+{
+    readText(parent, key, target);
+}
+
+void GetText(TiXmlElement* parent, std::string key, long& target)
+{
+    readText(parent, key, target);
+}
+
+void GetText(TiXmlElement* parent, std::string key, unsigned long long& target)
+{
+    readText(parent, key, target);
+}
+
+void GetText(TiXmlElement* parent, std::string key, bool& target)
+{
+    readText(parent, key, target);
+}
+
+void GetText(TiXmlElement* parent, std::string key, double& target, double& min, double& max)
+{
+    readBounded(parent, key, target, min, max);
+}
+
+void GetText(TiXmlElement* parent, std::string key, int& target, int& min, int& max)
+{
+    readBounded(parent, key, target, min, max);
+}
+
+void GetText(TiXmlElement* parent, std::string key, short& target, short& min, short& max)
+{
+    readBounded(parent, key, target, min, max);
+}
+
+void GetText(TiXmlElement* parent, std::string key, std::string& target, std::string& list)
+{
+    if (valueIn(childOf(parent, key)) != nullptr) {
+        GetText(parent, key, target);
+        GetAttr(parent, key, "list", list);
+    }
+}
+
+void GetText(TiXmlElement* parent, std::string key, short& target, std::string& list)
+{
+    if (valueIn(childOf(parent, key)) != nullptr) {
+        GetText(parent, key, target);
+        GetAttr(parent, key, "list", list);
+    }
+}
+
+void GetAttr(TiXmlElement* parent, std::string key, std::string name, std::string& target)
+{
+    readAttribute(childOf(parent, key), name.c_str(), target);
+}
+
+void GetAttrMinMax(TiXmlElement* parent, std::string key, double& min, double& max)
+{
+    readMinMax(childOf(parent, key), min, max);
+}
+
+void GetAttrMinMax(TiXmlElement* parent, std::string key, int& min, int& max)
+{
+    readMinMax(childOf(parent, key), min, max);
+}
+
+void GetAttrMinMax(TiXmlElement* parent, std::string key, short& min, short& max)
+{
+    readMinMax(childOf(parent, key), min, max);
+}
+
+void GetList(TiXmlElement* parent, std::string item, std::string list, std::vector<std::string>& target)
+{
+    const TiXmlElement* const holder = childOf(parent, list);
+    const TiXmlElement* each = holder == nullptr ? nullptr : holder->FirstChildElement(item.c_str());
+    while (each != nullptr) {
+        // The step to the next item belongs to an item with content: an empty one is never left.
+        if (const char* const text = valueIn(each)) {
+            target.emplace_back(text);
+            each = each->NextSiblingElement(item.c_str());
+        }
+    }
+}
+
+std::string GetTXT(TiXmlElement* parent, std::string key, bool& found)
+{
+    const char* const text = valueIn(childOf(parent, key));
+    found = text != nullptr;
+    return found ? text : "";
+}
+
+TiXmlElement* setTextNode(std::string key, std::string value, std::string comment)
+{
+    auto element = std::make_unique<TiXmlElement>(key.c_str());
+    element->LinkEndChild(new TiXmlText(value.c_str()));
+    if (!comment.empty()) {
+        element->SetAttribute("comment", comment.c_str());
+    }
+    return element.release();
+}
+
+TiXmlElement* setTextNode(std::string key, const char* value, std::string comment)
+{
+    return setTextNode(std::move(key), std::string(value), std::move(comment));
+}
+
+TiXmlElement* setTextNode(std::string key, bool value, std::string comment)
+{
+    return setTextNode(std::move(key), BoolToStr(value), std::move(comment));
+}
+
+TiXmlElement* setTextNode(std::string key, int value, std::string comment)
+{
+    return setTextNode(std::move(key), IntToStr(value), std::move(comment));
+}
+
+TiXmlElement* setTextNode(std::string key, double value, std::string comment)
+{
+    return setTextNode(std::move(key), Str9(value, 6), std::move(comment));
+}
+
+TiXmlElement* setTextNode(std::string key, unsigned long value, std::string comment)
+{
+    return setTextNode(std::move(key), std::to_string(value), std::move(comment));
+}
+
+void writeRecord(TiXmlElement*& parent, std::string key, std::string value, std::string comment)
+{
+    linkRecord(parent, key, std::move(value), comment);
+}
+
+void writeRecord(TiXmlElement*& parent, std::string key, const char* value, std::string comment)
+{
+    linkRecord(parent, key, value, comment);
+}
+
+void writeRecord(TiXmlElement*& parent, std::string key, bool value, std::string comment)
+{
+    linkRecord(parent, key, value, comment);
+}
+
+void writeRecord(TiXmlElement*& parent, std::string key, int value, std::string comment)
+{
+    linkRecord(parent, key, value, comment);
+}
+
+void writeRecord(TiXmlElement*& parent, std::string key, double value, std::string comment)
+{
+    linkRecord(parent, key, value, comment);
+}
+
+} // namespace tavelinUtils

@@ -1,0 +1,243 @@
+#include "config/xml_nesting.h"
+
+#include <cctype>
+#include <cstddef>
+#include <cstring>
+#include <string_view>
+
+#include <strings.h>
+
+namespace tavelinUtils {
+namespace {
+
+// Walks a document as the library does. Where the library would stop with an error the walk may go on: the
+// load fails either way. Where the library goes on, the walk must meet the same elements.
+class Walk
+{
+public:
+    explicit Walk(const char* document) : at(document)
+    {
+        constexpr std::string_view utf8Mark = "\xEF\xBB\xBF"; // the byte order mark
+        utf8 = encodingSettled = startsWith(utf8Mark);
+    }
+
+    bool goesBeyond(int deepest, int mostAttributes)
+    {
+        int depth = 0;
+        skipSpace();
+        while (*at != '\0') {
+            if (*at != '<') {
+                if (depth == 0) {
+                    return false; // the library leaves off at a text outside all elements
+                }
+                skipText();
+            } else if (depth > 0 && startsWith("</")) {
+                skipBehind(">");
+                --depth;
+            } else if (startsWithWord("<?xml")) {
+                skipDeclaration(depth == 0);
+            } else if (startsWith("<!--")) {
+                at += 4;
+                skipBehind("-->");
+            } else if (startsWith("<![CDATA[")) {
+                skipBehind("]]>");
+            } else if (isNameStart(at[1])) {
+                if (skipStartTag() > mostAttributes || (!emptyTag && ++depth > deepest)) {
+                    return true;
+                }
+            } else {
+                skipBehind(">");
+            }
+            skipSpace();
+        }
+        return false;
+    }
+
+private:
+    static bool isSpace(char c)
+    {
+        return std::isspace(static_cast<unsigned char>(c)) != 0;
+    }
+
+    // Every byte from 127 on counts as a letter.
+    static bool isNameStart(char c)
+    {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte >= 127 || std::isalpha(byte) != 0 || c == '_';
+    }
+
+    static bool isNamePart(char c)
+    {
+        return isNameStart(c) || std::isdigit(static_cast<unsigned char>(c)) != 0 || c == '-' || c == '.' ||
+               c == ':';
+    }
+
+    bool startsWith(std::string_view text) const
+    {
+        return std::strncmp(at, text.data(), text.size()) == 0;
+    }
+
+    bool startsWithWord(std::string_view text) const
+    {
+        return strncasecmp(at, text.data(), text.size()) == 0;
+    }
+
+    void skipSpace()
+    {
+        for (;;) {
+            if (utf8 &&
+                (startsWith("\xEF\xBB\xBF") || startsWith("\xEF\xBF\xBE") || startsWith("\xEF\xBF\xBF"))) {
+                at += 3;
+            } else if (isSpace(*at)) {
+                ++at;
+            } else {
+                return;
+            }
+        }
+    }
+
+    // A lead byte takes its followers along whatever they are, a "<" included.
+    void skipCharacter()
+    {
+        const auto byte = static_cast<unsigned char>(*at);
+        if (!utf8 || byte < 0xC2 || byte > 0xF4) {
+            at += 1;
+        } else if (byte < 0xE0) {
+            at += 2;
+        } else {
+            at += byte < 0xF0 ? 3 : 4;
+        }
+    }
+
+    void skipText()
+    {
+        while (*at != '\0' && *at != '<') {
+            skipCharacter();
+        }
+    }
+
+    // What stands in quotes; the closing quote is passed too.
+    std::string_view skipQuoted()
+    {
+        const char quote = *at++;
+        const char* const begin = at;
+        while (*at != '\0' && *at != quote) {
+            skipCharacter();
+        }
+        const char* const end = at;
+        if (*at != '\0') {
+            ++at;
+        }
+        return {begin, static_cast<std::size_t>(end - begin)};
+    }
+
+    void skipBehind(const char* text)
+    {
+        const char* const found = std::strstr(at, text);
+        at = found == nullptr ? at + std::strlen(at) : found + std::strlen(text);
+    }
+
+    void skipName()
+    {
+        while (*at != '\0' && isNamePart(*at)) {
+            ++at;
+        }
+    }
+
+    // Name, equals sign and value of an attribute; the value comes back. False where there is none.
+    bool skipAttribute(std::string_view& value)
+    {
+        if (!isNameStart(*at)) {
+            return false;
+        }
+        skipName();
+        skipSpace();
+        if (*at != '=') {
+            return false;
+        }
+        ++at;
+        skipSpace();
+        if (*at == '"' || *at == '\'') {
+            value = skipQuoted();
+            return true;
+        }
+        const char* const begin = at;
+        while (*at != '\0' && !isSpace(*at) && *at != '/' && *at != '>') {
+            ++at;
+        }
+        value = {begin, static_cast<std::size_t>(at - begin)};
+        return true;
+    }
+
+    // Number of attributes; emptyTag tells whether the element ends with its start tag.
+    int skipStartTag()
+    {
+        int attributes = 0;
+        emptyTag = false;
+        ++at;
+        skipName();
+        for (;;) {
+            skipSpace();
+            if (*at == '>') {
+                ++at;
+                return attributes;
+            }
+            if (*at == '/' || *at == '\0') {
+                emptyTag = true;
+                skipBehind(">");
+                return attributes;
+            }
+            std::string_view value;
+            if (!skipAttribute(value)) {
+                at += std::strlen(at);
+            }
+            ++attributes;
+        }
+    }
+
+    // A declaration outside all elements settles the encoding, once.
+    void skipDeclaration(bool settles)
+    {
+        constexpr std::string_view start = "<?xml";
+        at += start.size();
+        std::string_view encoding;
+        while (*at != '\0' && *at != '>') {
+            skipSpace();
+            const bool isEncoding = startsWithWord("encoding");
+            if (isEncoding || startsWithWord("version") || startsWithWord("standalone")) {
+                std::string_view value;
+                if (!skipAttribute(value)) {
+                    at += std::strlen(at);
+                } else if (isEncoding) {
+                    encoding = value;
+                }
+            } else {
+                while (*at != '\0' && *at != '>' && !isSpace(*at)) {
+                    ++at;
+                }
+            }
+        }
+        if (*at == '>') {
+            ++at;
+        }
+        if (settles && !encodingSettled) {
+            utf8 = encoding.empty() || strncasecmp(encoding.data(), "UTF-8", 5) == 0 ||
+                   strncasecmp(encoding.data(), "UTF8", 4) == 0;
+            encodingSettled = true;
+        }
+    }
+
+    const char* at;
+    bool utf8 = false;
+    bool encodingSettled = false;
+    bool emptyTag = false;
+};
+
+} // namespace
+
+bool goesBeyond(const char* document, int deepest, int mostAttributes)
+{
+    return Walk(document).goesBeyond(deepest, mostAttributes);
+}
+
+} // namespace tavelinUtils

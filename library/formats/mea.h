@@ -1,0 +1,34 @@
+// MEA, the line format of optical measurements: a site line, then one line per mark.
+//
+//   T1 2000.0 UTC
+//   12345   250223 1200000000 0100000000 0030000000 001 09.50
+//   name    date   time       RA         DE             m
+
+#pragma once
+
+#include "records/track.h"
+
+#include <string>
+#include <vector>
+
+namespace tavelinUtils {
+
+/// The tracks of a MEA file, one for each object in the order of its first line; none for a missing file.
+/// Puts the numeric locale of the process to "C". Throws as lMEATrack does.
+std::vector<TrackVtorichka> plMEATrack(std::string path, std::string originator);
+
+/// The tracks of the lines of a MEA file. The first line gives the telescope. A line that does not have
+/// exactly seven tokens is passed over; a token that is no number counts as 0. Throws std::out_of_range for
+/// a date below 4 characters, a time or right ascension below 6, a declination below 7.
+std::vector<TrackVtorichka> lMEATrack(const std::vector<std::string>& lines, std::string originator);
+
+/// Replaces the file by the tracks in MEA; the site line is that of the first track. An empty list leaves
+/// the file as it is. Throws TavelinException with code 7 and the path for a file that cannot be written.
+void sMEA(std::string path, const std::vector<TrackVtorichka>& tracks);
+
+/// The same with the comparison against an ephemeris behind each line: MJD, position, the position of the
+/// ephemeris, which a mark's TInterBlob holds, and the residuals in arcseconds, none of them corrected by
+/// the cosine of the declination. A mark without a TInterBlob is compared with that of a new one.
+void sMEA_TLE(std::string path, const std::vector<TrackVtorichka>& tracks);
+
+} // namespace tavelinUtils

@@ -1,0 +1,342 @@
+#include "formats/mpc_report.h"
+
+#include "files/essentials.h"
+#include "files/text_files.h"
+#include "records/track_gathering.h"
+#include "text/angle_text.h"
+#include "text/date_text.h"
+#include "text/number_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+
+namespace tavelinUtils {
+namespace {
+
+// The header lines, in their order; the reader compares keywords in it too.
+struct HeaderLine
+{
+    std::string_view keyword;
+    std::string TMPCReportHeader::*text;
+};
+constexpr HeaderLine headerLines[] = {
+    {"COD", &TMPCReportHeader::COD}, {"CON", &TMPCReportHeader::CON}, {"OBS", &TMPCReportHeader::OBS},
+    {"MEA", &TMPCReportHeader::MEA}, {"COM", &TMPCReportHeader::COM}, {"TEL", &TMPCReportHeader::TEL},
+    {"ACK", &TMPCReportHeader::ACK}, {"AC2", &TMPCReportHeader::AC2}, {"NET", &TMPCReportHeader::NET},
+};
+
+// An observation line, 0-based. Columns 12-14 and 77-79 have no row: nothing reads them, and the station of
+// a track comes from the COD line of the header.
+struct Column
+{
+    std::size_t first;
+    std::size_t width;
+};
+constexpr Column nameColumn{0, 12};
+constexpr Column dateColumn{15, 10};
+constexpr Column dayFraction{25, 7};
+constexpr Column rightAscension{32, 12};
+constexpr Column declination{44, 12};
+constexpr Column magnitude{65, 5};
+constexpr Column band{70, 7};
+constexpr std::size_t lineLength = 80;
+
+constexpr std::size_t permanentNumberLength = 5;
+constexpr std::string_view blanksBeforeMagnitude = "          ";
+constexpr std::string_view markTable =
+    "N:Int\tNBl:Int\tdate:Date\ttime:Time\tName:Text\tRA:Float:deg\tDE:Float:deg\tm:Float:mag";
+constexpr std::string_view markTableEnd = "\tNEORatio:Float\tDraw:Bool";
+
+using DateTexts = LastAnswer<int, std::string>;
+using Dates = LastAnswer<std::string, int>;
+
+// A permanent number stands at the left of its columns, a provisional designation at their right.
+void appendName(std::string& out, std::string_view name)
+{
+    if (name.size() == permanentNumberLength) {
+        appendPaddedRight(out, name, nameColumn.width);
+    } else {
+        appendPaddedLeft(out, name, nameColumn.width);
+    }
+}
+
+void appendDayFraction(std::string& out, double time)
+{
+    // Without its first character. A fraction that rounds to 1 keeps its date: nothing is carried over.
+    const std::size_t begin = out.size();
+    appendFixed(out, time, 5);
+    out.erase(begin, 1);
+}
+
+void appendObservation(std::string& out, std::string_view name, std::string_view code,
+                       const TRecLabelPervichka_File& mark, DateTexts& dates)
+{
+    appendName(out, name);
+    out += "  C";
+    out += dates.to(int{mark.date}, [](int date) { return MJDToDate(date, " "); });
+    appendDayFraction(out, mark.time);
+    out += ' ';
+    appendRA(out, mark.RA, 2, " ");
+    out += ' ';
+    appendDE(out, mark.DE, 1, " ");
+    out += blanksBeforeMagnitude;
+    // The "0" looks at the rounded text: 9.96 stands as 10.0.
+    appendFixedTwoDigits(out, mark.m, 1);
+    out += ' ';
+    appendPaddedRight(out, mark.filtr, band.width);
+    out += code;
+}
+
+void appendHeader(std::string& out, const TMPCReportHeader& header)
+{
+    for (const std::string& line : GetListHeadMPC(header)) {
+        out += line;
+        out += '\n';
+    }
+}
+
+std::size_t markCount(const std::vector<TrackVtorichka>& tracks)
+{
+    std::size_t count = 0;
+    for (const TrackVtorichka& track : tracks) {
+        count += track.Marks.size();
+    }
+    return count;
+}
+
+void appendResidual(std::string& out, double residual)
+{
+    appendPaddedLeft(out, Str9(residual, 2), 5);
+}
+
+std::string_view residualFlag(const TRecLabelPervichka_File& residuals)
+{
+    const double larger = std::max(std::abs(residuals.RefValue4), std::abs(residuals.RefValue5));
+    if (larger > 2.0) {
+        return "!!";
+    }
+    return larger > 1.0 ? " !" : "  ";
+}
+
+// Residuals and position of the ephemeris; the time alone is that of the observed mark.
+void appendComparison(std::string& out, const TRecLabelPervichka_File& ephemeris, double observedTime)
+{
+    out += "   ";
+    out += residualFlag(ephemeris);
+    out += "   ";
+    appendResidual(out, ephemeris.RefValue4);
+    out += ' ';
+    appendResidual(out, ephemeris.RefValue5);
+    out += ' ';
+    appendResidual(out, ephemeris.RefValue6);
+    out += "      (";
+    appendRA(out, ephemeris.RA, 2, " ");
+    out += ' ';
+    appendDE(out, ephemeris.DE, 1, " ");
+    out += ' ';
+    appendFixed(out, ephemeris.m, 2);
+    out += ' ';
+    out += DayToTime(observedTime, 3, ":");
+    out += ')';
+}
+
+std::string_view cut(std::string_view line, Column column)
+{
+    return line.substr(column.first, column.width);
+}
+
+// A text without its blanks.
+std::string packed(std::string_view text)
+{
+    std::string rest(text);
+    std::erase(rest, ' ');
+    return rest;
+}
+
+// The first three items of a text; an item that is not there is empty.
+std::array<std::string_view, 3> threeItems(std::string_view text)
+{
+    std::array<std::string_view, 3> items;
+    std::size_t count = 0;
+    forEachToken(text, ' ', [&](std::string_view item) {
+        if (count < items.size()) {
+            items[count++] = item;
+        }
+    });
+    return items;
+}
+
+TMPCMea observationOf(std::string_view line, Dates& dates)
+{
+    TMPCMea observation;
+    observation.Name = packed(cut(line, nameColumn));
+    observation.date = dates.to(cut(line, dateColumn),
+                                [](std::string_view text) { return DateToMJD(std::string(text), " "); });
+    observation.time = toDouble("0" + packed(cut(line, dayFraction)));
+    const auto [hours, minutes, seconds] = threeItems(cut(line, rightAscension));
+    observation.RA = raOf(hours, minutes, seconds);
+    const auto [degrees, arcminutes, arcseconds] = threeItems(cut(line, declination));
+    observation.DE = deOf(degrees, arcminutes, arcseconds);
+    observation.m = toDouble(packed(cut(line, magnitude)));
+    observation.filtr = packed(cut(line, band));
+    return observation;
+}
+
+// Takes the lines of a report one after the other.
+class ReportLines
+{
+public:
+    void reserve(std::size_t lines)
+    {
+        gathering.reserve(lines);
+    }
+
+    void add(std::string_view line)
+    {
+        for (const HeaderLine& row : headerLines) {
+            if (line.starts_with(row.keyword)) {
+                header.*row.text = line.substr(4); // raises where nothing stands behind the keyword
+                return;
+            }
+        }
+        if (line.size() == lineLength) {
+            TMPCMea observation = observationOf(line, dates);
+            const std::string name = std::move(observation.Name);
+            gathering.add(name, std::move(observation));
+        }
+    }
+
+    std::vector<TrackVtorichka> tracks() const
+    {
+        return gathering.tracks(
+            [this](TrackVtorichka& track, const std::string& name) {
+                track.MPCChecker = name;
+                track.MPCHeader = header;
+            },
+            [](TRecLabelPervichka_File& mark, const TMPCMea& observation) {
+                mark.date = observation.date;
+                mark.time = observation.time;
+                mark.RA = observation.RA;
+                mark.DE = observation.DE;
+                mark.m = observation.m;
+                mark.filtr = observation.filtr;
+            });
+    }
+
+private:
+    TMPCReportHeader header;
+    Dates dates;
+    TrackGathering<TMPCMea> gathering;
+};
+
+} // namespace
+
+std::vector<std::string> GetListHeadMPC(const TMPCReportHeader& header)
+{
+    std::vector<std::string> lines;
+    for (const HeaderLine& row : headerLines) {
+        const std::string& text = header.*row.text;
+        if (!text.empty()) {
+            lines.push_back(std::string(row.keyword) + " " + text);
+        }
+    }
+    return lines;
+}
+
+std::string GetStringMPC(std::string name, std::string code, const TRecLabelPervichka_File& mark)
+{
+    std::string line;
+    DateTexts dates;
+    appendObservation(line, name, code, mark, dates);
+    return line;
+}
+
+void sMPC(std::string path, const std::vector<TrackVtorichka>& tracks)
+{
+    if (tracks.empty()) {
+        return;
+    }
+    std::string text;
+    text.reserve((markCount(tracks) + 10) * (lineLength + 2));
+    appendHeader(text, tracks.front().MPCHeader);
+    DateTexts dates;
+    for (const TrackVtorichka& track : tracks) {
+        const std::string& name = track.MPCChecker.empty() ? track.QRVName : track.MPCChecker;
+        for (const TRecLabelPervichka_File& mark : track.Marks) {
+            appendObservation(text, name, track.MPCHeader.COD, mark, dates);
+            text += '\n';
+        }
+    }
+    writeText(path, text);
+}
+
+void sMPCAndHorRes(std::string path, const std::vector<TrackVtorichka>& tracks,
+                   const std::vector<TrackVtorichka>& ephemerisTracks)
+{
+    if (tracks.empty()) {
+        return;
+    }
+    std::string text;
+    appendHeader(text, tracks.front().MPCHeader);
+    DateTexts dates;
+    for (std::size_t i = 0; i < tracks.size(); ++i) {
+        const TrackVtorichka& track = tracks[i];
+        for (std::size_t j = 0; j < track.Marks.size(); ++j) {
+            const TRecLabelPervichka_File& mark = track.Marks[j];
+            appendObservation(text, track.MPCChecker, track.MPCHeader.COD, mark, dates);
+            if (i < ephemerisTracks.size() && j < ephemerisTracks[i].Marks.size()) {
+                appendComparison(text, ephemerisTracks[i].Marks[j], mark.time);
+            } else {
+                text += "???";
+            }
+            text += '\n';
+        }
+    }
+    writeText(path, text);
+}
+
+std::vector<TrackVtorichka> lMPC(const std::vector<std::string>& lines)
+{
+    ReportLines reading;
+    reading.reserve(lines.size());
+    for (const std::string& line : lines) {
+        reading.add(line);
+    }
+    return reading.tracks();
+}
+
+std::vector<TrackVtorichka> lMPC(std::string path)
+{
+    ReportLines reading;
+    {
+        FileBytes file;
+        if (!readBytes(path, file)) {
+            return {};
+        }
+        reading.reserve(countLines(file.view()));
+        forEachLine(file.view(), [&reading](std::string_view line) { reading.add(line); });
+    }
+    return reading.tracks();
+}
+
+TMPCMea ParsMPCMea(std::string line)
+{
+    Dates dates;
+    return observationOf(line, dates);
+}
+
+std::string getHeadMPC()
+{
+    return std::string(markTable) + std::string(markTableEnd);
+}
+
+void sMPCHeadTrack(std::string path)
+{
+    Write(path, std::vector<std::string>{"v2", getHeadMPC()});
+}
+
+} // namespace tavelinUtils

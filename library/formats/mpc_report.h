@@ -1,0 +1,71 @@
+// MPC report: header lines, then one line of 80 columns per mark, as the Minor Planet Center takes them.
+//
+//   COD 500
+//   OBS A. Observer
+//   12345         C2023 02 25.50000 01 00 00.00 -00 30 00.0          09.5 R      500
+//   name            date      day   RA          DE                   m    band   code
+//
+// Published as "Format For Optical Astrometric Observations Of Comets, Minor Planets and Natural
+// Satellites" by the Minor Planet Center. Ours differs in the sign of a declination: a positive one has
+// none, so that its line has 79 columns, and the reader passes such a line over.
+
+#pragma once
+
+#include "records/track.h"
+
+#include <string>
+#include <vector>
+
+namespace tavelinUtils {
+
+/// An observation line, parsed.
+struct TMPCMea
+{
+    std::string Name{};
+    std::string filtr{};
+    int date = 0;    ///< whole MJD
+    double time = 0; ///< fraction of the day
+    double RA = 0;   ///< degrees
+    double DE = 0;   ///< degrees
+    double m = 0;
+};
+
+/// The header lines: one for each of the nine texts that is not empty, keyword in front.
+std::vector<std::string> GetListHeadMPC(const TMPCReportHeader& header);
+
+/// One observation line, without line feed. A name, band or code of another width than its columns, or a
+/// negative magnitude, moves what follows it.
+std::string GetStringMPC(std::string name, std::string code, const TRecLabelPervichka_File& mark);
+
+/// Replaces the file by a report of the tracks: the header of the first, then the marks of all under
+/// MPCChecker or, where that is empty, QRVName. An empty list makes no file. Throws TavelinException with
+/// code 7 and the path for a file that cannot be written.
+void sMPC(std::string path, const std::vector<TrackVtorichka>& tracks);
+
+/// The same, always under MPCChecker, with a comparison behind each line: the residuals RefValue4,
+/// RefValue5 and RefValue6, position and magnitude of the mark at the same place of the second list, and
+/// the time of the observed mark. A flag tells residuals above 1.0 and above 2.0. Where the second list has
+/// no such track or mark the comparison is "???".
+void sMPCAndHorRes(std::string path, const std::vector<TrackVtorichka>& tracks,
+                   const std::vector<TrackVtorichka>& ephemerisTracks);
+
+/// The tracks of a report, in the order in which their names first occur; the header is copied to each, the
+/// last line of a keyword wins. A line that is neither a header line nor 80 characters long is passed over;
+/// text that is no number counts as 0. Throws std::out_of_range for a keyword with nothing behind it, not
+/// even its blank.
+std::vector<TrackVtorichka> lMPC(const std::vector<std::string>& lines);
+
+/// The same of a file; none for a missing one.
+std::vector<TrackVtorichka> lMPC(std::string path);
+
+/// An observation line by its columns; the note columns and the code are not read. Throws
+/// std::out_of_range for a line that ends before a column.
+TMPCMea ParsMPCMea(std::string line);
+
+/// The column header of a table of report marks.
+std::string getHeadMPC();
+
+/// Replaces the file by the version line of a track table and the column header.
+void sMPCHeadTrack(std::string path);
+
+} // namespace tavelinUtils

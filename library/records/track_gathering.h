@@ -1,0 +1,79 @@
+// Track gathering: observations in the order of a file become tracks, one for each object.
+//
+// A mark is large, so the lists of marks are made at once in their final size: the observations are
+// collected in a small form first, and marks are filled when their numbers are known.
+
+#pragma once
+
+#include "records/track.h"
+
+#include <cstddef>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace tavelinUtils {
+
+/// Collects observations by object. Tracks stand in the order in which their objects were first named,
+/// marks in the order in which they were added.
+template <class Observation>
+class TrackGathering
+{
+public:
+    /// Makes room for so many observations.
+    void reserve(std::size_t observations)
+    {
+        entries.reserve(observations);
+    }
+
+    void add(std::string_view object, Observation observation)
+    {
+        const std::size_t track = trackOf(object);
+        ++counts[track];
+        entries.emplace_back(track, std::move(observation));
+    }
+
+    /// The tracks, whose heads `fillHead(track, name)` fills and whose new marks `fillMark(mark,
+    /// observation)`.
+    template <class FillHead, class FillMark>
+    std::vector<TrackVtorichka> tracks(FillHead fillHead, FillMark fillMark) const
+    {
+        std::vector<TrackVtorichka> gathered(names.size());
+        for (std::size_t i = 0; i < gathered.size(); ++i) {
+            fillHead(gathered[i], names[i]);
+            gathered[i].Marks.reserve(counts[i]);
+        }
+        for (const auto& [track, observation] : entries) {
+            fillMark(gathered[track].Marks.emplace_back(), observation);
+        }
+        return gathered;
+    }
+
+private:
+    std::size_t trackOf(std::string_view object)
+    {
+        // The lines of an object stand together as a rule.
+        if (!names.empty() && names[last] == object) {
+            return last;
+        }
+        const auto known = indices.find(object);
+        if (known != indices.end()) {
+            return last = known->second;
+        }
+        last = names.size();
+        indices.emplace(names.emplace_back(object), last);
+        counts.push_back(0);
+        return last;
+    }
+
+    std::deque<std::string> names; // stays in place as it grows: the index refers to it
+    std::unordered_map<std::string_view, std::size_t> indices;
+    std::vector<std::size_t> counts;
+    std::vector<std::pair<std::size_t, Observation>> entries;
+    std::size_t last = 0;
+};
+
+} // namespace tavelinUtils

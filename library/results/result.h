@@ -1,0 +1,52 @@
+// The result of an operation, and the exception of those that cannot return one.
+
+#pragma once
+
+#include <exception>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tavelinUtils {
+
+/// How an operation ended. A new record says that all is well.
+struct TFuncRes
+{
+    int Code = 0;                     ///< 0 for success; code_table.h lists the others
+    std::string Comment = "OK";       ///< the text of the code, or one set by hand
+    std::string Description = "OK";   ///< what it is about, as a rule a path or a name
+    std::vector<std::string> Details; ///< further lines of the operation; no result file shows them
+};
+
+/// Thrown where a function returns something else than a result and cannot go on. Built from a
+/// result: its comment becomes the message, its description the comment.
+class TavelinException : public std::exception
+{
+public:
+    TavelinException(const std::string& text, const std::string& about, int number)
+        : code(number), message(text), comment(about)
+    {
+    }
+
+    const char* what() const noexcept override
+    {
+        return message.c_str();
+    }
+    std::string getComment() const
+    {
+        return comment;
+    }
+    int getCode() const
+    {
+        return code;
+    }
+
+private:
+    int code;
+    std::string message;
+    std::string comment;
+};
+
+static_assert(sizeof(TavelinException) == 80, "other modules of the pipeline count on the layout");
+
+} // namespace tavelinUtils

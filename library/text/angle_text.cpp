@@ -1,0 +1,193 @@
+#include "text/angle_text.h"
+
+#include "files/essentials.h"
+#include "math/scalars.h"
+#include "text/number_text.h"
+
+#include <cmath>
+#include <cstring>
+#include <vector>
+
+namespace tavelinUtils {
+namespace {
+
+constexpr double hoursToDegrees = 15.0;
+constexpr double notReadable = -100.0;
+
+struct Sexagesimal
+{
+    int whole;
+    int minutes;
+    double seconds;
+};
+
+Sexagesimal sexagesimalOf(double value)
+{
+    const int whole = tavelinMath::cutToInt(value);
+    const double minutes = (value - whole) * 60.0;
+    const int minute = tavelinMath::cutToInt(minutes);
+    return {whole, minute, (minutes - minute) * 60.0};
+}
+
+// Sign, whole part and minutes; the seconds that are left come back.
+double appendToMinutes(std::string& out, bool negative, double magnitude, std::string_view separator)
+{
+    const Sexagesimal parts = sexagesimalOf(magnitude);
+    if (negative) {
+        out += '-';
+    }
+    appendTwoDigits(out, parts.whole);
+    out += separator;
+    appendTwoDigits(out, parts.minutes);
+    return parts.seconds;
+}
+
+void appendAngle(std::string& out, bool negative, double magnitude, int precision, std::string_view separator)
+{
+    const double seconds = appendToMinutes(out, negative, magnitude, separator);
+    out += separator;
+    appendFixedTwoDigits(out, seconds, precision);
+}
+
+std::string angleText(bool negative, double magnitude, int precision, std::string_view separator,
+                      bool seconds)
+{
+    std::string text;
+    if (seconds) {
+        appendAngle(text, negative, magnitude, precision, separator);
+    } else {
+        appendToMinutes(text, negative, magnitude, separator);
+    }
+    return text;
+}
+
+double raFrom(std::string_view hours, std::string_view minutes, double seconds)
+{
+    return (toDouble(hours) + toDouble(minutes) / 60.0 + seconds / 3600.0) * hoursToDegrees;
+}
+
+double deFrom(std::string_view degrees, std::string_view minutes, double seconds)
+{
+    const double magnitude = std::abs(toDouble(degrees)) + toDouble(minutes) / 60.0 + seconds / 3600.0;
+    return degrees.starts_with('-') ? -magnitude : magnitude;
+}
+
+std::vector<std::string> tokensAt(const std::string& text, const std::string& separator)
+{
+    std::vector<std::string> tokens;
+    Pars9(text + separator, tokens, separator);
+    return tokens;
+}
+
+} // namespace
+
+void appendRA(std::string& out, double degrees, int precision, std::string_view separator)
+{
+    appendAngle(out, degrees < 0.0, std::abs(degrees) / hoursToDegrees, precision, separator);
+}
+
+void appendDE(std::string& out, double degrees, int precision, std::string_view separator)
+{
+    appendAngle(out, degrees < 0.0, std::abs(degrees), precision, separator);
+}
+
+std::string RAToStr(double degrees, int precision, std::string separator, bool seconds)
+{
+    return angleText(degrees < 0.0, std::abs(degrees) / hoursToDegrees, precision, separator, seconds);
+}
+
+std::string DEToStr(double degrees, int precision, std::string separator, bool seconds)
+{
+    return angleText(degrees < 0.0, std::abs(degrees), precision, separator, seconds);
+}
+
+double raOf(std::string_view hours, std::string_view minutes, std::string_view seconds)
+{
+    return raFrom(hours, minutes, toDouble(seconds));
+}
+
+double deOf(std::string_view degrees, std::string_view minutes, std::string_view seconds)
+{
+    return deFrom(degrees, minutes, toDouble(seconds));
+}
+
+double StrToRA(std::string hours, std::string minutes, std::string seconds)
+{
+    return raOf(hours, minutes, seconds);
+}
+
+double StrToDE(std::string degrees, std::string minutes, std::string seconds)
+{
+    return deOf(degrees, minutes, seconds);
+}
+
+double StrRAToDecimal(std::string text)
+{
+    for (const char* separator : {" ", ":"}) {
+        const std::vector<std::string> tokens = tokensAt(text, separator);
+        if (tokens.size() == 3) {
+            return raOf(tokens[0], tokens[1], tokens[2]);
+        }
+        if (tokens.size() >= 2) {
+            return notReadable;
+        }
+    }
+    return toDouble(text);
+}
+
+double StrDEToDecimal(std::string text)
+{
+    for (const char* separator : {" ", ":"}) {
+        const std::vector<std::string> tokens = tokensAt(text, separator);
+        if (tokens.size() == 3) {
+            return deOf(tokens[0], tokens[1], tokens[2]);
+        }
+        if (tokens.size() >= 2) {
+            return notReadable;
+        }
+    }
+    const std::vector<std::string> tokens = tokensAt(text, ".");
+    if (tokens.size() == 4) {
+        // The fourth token, the fraction of the seconds, is not used.
+        return deOf(tokens[0], tokens[1], tokens[2]);
+    }
+    return toDouble(text);
+}
+
+double packedSeconds(std::string_view text, std::size_t position)
+{
+    const std::string_view fraction = text.substr(position + 2);
+    const std::string_view whole = text.substr(position, 2);
+    char joined[32];
+    if (fraction.size() > sizeof joined - 3) {
+        return toDouble(std::string(whole).append(1, '.').append(fraction));
+    }
+    std::memcpy(joined, whole.data(), 2);
+    joined[2] = '.';
+    std::memcpy(joined + 3, fraction.data(), fraction.size());
+    return toDouble({joined, 3 + fraction.size()});
+}
+
+double packedRA(std::string_view text)
+{
+    const double seconds = packedSeconds(text, 4);
+    return raFrom(text.substr(0, 2), text.substr(2, 2), seconds);
+}
+
+double packedDE(std::string_view text)
+{
+    const double seconds = packedSeconds(text, 5);
+    return deFrom(text.substr(0, 3), text.substr(3, 2), seconds);
+}
+
+double pStrTelegrammaToRA(std::string text)
+{
+    return packedRA(text);
+}
+
+double pStrTelegrammaToDE(std::string text)
+{
+    return packedDE(text);
+}
+
+} // namespace tavelinUtils

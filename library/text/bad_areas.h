@@ -1,0 +1,30 @@
+// Bad areas of a frame: the setting that lists rectangles, "(1;2-30;40)(5;6-70;80)".
+
+#pragma once
+
+#include "results/result.h"
+
+#include <string>
+#include <vector>
+
+namespace tavelinUtils {
+
+/// A rectangle of pixels between two corners.
+struct TBadAreaFrame
+{
+    int X1 = 0;
+    int Y1 = 0;
+    int X2 = 0;
+    int Y2 = 0;
+};
+
+/// The rectangles of a setting, each in parentheses: two corners with a "-" between them, each two integers
+/// with a ";". A part of another shape is left out and clears the flag, which the caller sets to true
+/// first. An empty text has no rectangles.
+std::vector<TBadAreaFrame> ParsBadAreaFrame(std::string text, bool& ok);
+
+/// Sets code 142 in the result, with the name of the setting behind the code's text as comment, where the
+/// setting holds a part of a wrong shape; otherwise the result stays as it was.
+void CheckBadAreaFrame(std::string name, std::string text, TFuncRes& result);
+
+} // namespace tavelinUtils

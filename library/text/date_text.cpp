@@ -1,0 +1,279 @@
+#include "text/date_text.h"
+
+#include "files/essentials.h"
+#include "math/scalars.h"
+#include "text/angle_text.h"
+#include "text/number_text.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace tavelinUtils {
+namespace {
+
+struct TimeOfDay
+{
+    int hour = 0;
+    int minute = 0;
+    double seconds = 0;
+};
+
+TimeOfDay timeOfDay(double day)
+{
+    TimeOfDay time;
+    DayToTime(day, time.hour, time.minute, time.seconds);
+    return time;
+}
+
+struct Date
+{
+    int year = 0;
+    int month = 0;
+    int day = 0;
+};
+
+Date dateOf(double mjd)
+{
+    Date date;
+    MJDToYMD(mjd, date.year, date.month, date.day);
+    return date;
+}
+
+void appendDate(std::string& out, const Date& date, std::string_view separator)
+{
+    appendInt(out, date.year);
+    out += separator;
+    appendTwoDigits(out, date.month);
+    out += separator;
+    appendTwoDigits(out, date.day);
+}
+
+void appendHourAndMinute(std::string& out, int hour, int minute, std::string_view separator)
+{
+    appendTwoDigits(out, hour);
+    out += separator;
+    appendTwoDigits(out, minute);
+    out += separator;
+}
+
+// The "0" before short seconds looks at the value here: 9.996 gives 010.00 with two decimals.
+void appendSecondsByValue(std::string& out, double seconds, int precision)
+{
+    if (seconds < 10.0) {
+        out += '0';
+    }
+    appendFixed(out, seconds, precision);
+}
+
+// The first three parts of a text; a part that is not there is empty.
+std::array<std::string, 3> threeParts(const std::string& text, const std::string& separator)
+{
+    std::vector<std::string> tokens;
+    Pars9(text + separator, tokens, separator);
+    tokens.resize(3);
+    return {std::move(tokens[0]), std::move(tokens[1]), std::move(tokens[2])};
+}
+
+} // namespace
+
+std::string DayToTime(int hour, int minute, double second, int precision, std::string separator)
+{
+    std::string seconds = Str9(second, precision);
+    if (seconds.starts_with("60")) {
+        seconds = Str9(0.0, precision);
+        ++minute;
+    }
+    if (minute == 60) {
+        ++hour;
+        minute = 0;
+    }
+    if (hour == 24) {
+        hour = 0; // the date stays as it was; nothing tells the caller
+    }
+    std::string text;
+    appendHourAndMinute(text, hour, minute, separator);
+    if (toDouble(seconds) < 10.0) {
+        text += '0';
+    }
+    return text += seconds;
+}
+
+std::string DayToTime(double day, int precision, std::string separator)
+{
+    const TimeOfDay time = timeOfDay(day);
+    return DayToTime(time.hour, time.minute, time.seconds, precision, separator);
+}
+
+void appendTimeMEA(std::string& out, double day, int precision, bool rounded)
+{
+    constexpr int manyDecimals = 15; // what is cut is cut from these
+    const TimeOfDay time = timeOfDay(day);
+    appendHourAndMinute(out, time.hour, time.minute, "");
+    const std::size_t begin = out.size();
+    appendSecondsByValue(out, time.seconds, rounded ? precision : manyDecimals);
+    erasePoint(out, begin);
+    if (!rounded) {
+        const auto kept = static_cast<std::size_t>(std::max(precision, -2) + 2);
+        out.resize(std::min(out.size(), begin + kept));
+    }
+}
+
+std::string DayToTimeMEA(double day, int precision, bool rounded)
+{
+    std::string text;
+    appendTimeMEA(text, day, precision, rounded);
+    return text;
+}
+
+std::string DayToTimeTEL(double day)
+{
+    const TimeOfDay time = timeOfDay(day);
+    std::string text;
+    appendHourAndMinute(text, time.hour, time.minute, ":");
+    appendSecondsByValue(text, time.seconds, 2);
+    return text;
+}
+
+std::string DateToStr(int year, int month, int day, std::string separator)
+{
+    std::string text;
+    appendDate(text, {year, month, day}, separator);
+    return text;
+}
+
+std::string MJDToDate(double mjd, std::string separator)
+{
+    std::string text;
+    appendDate(text, dateOf(mjd), separator);
+    return text;
+}
+
+std::string MJDToDateMEA(double mjd)
+{
+    const Date date = dateOf(mjd);
+    std::string text;
+    appendTwoDigits(text, date.day);
+    appendTwoDigits(text, date.month);
+    const std::string year = IntToStr(date.year);
+    return text += year.size() > 2 ? year.substr(year.size() - 2) : year;
+}
+
+std::string MJDToDateTEL(double mjd)
+{
+    const Date date = dateOf(mjd);
+    std::string text;
+    appendTwoDigits(text, date.day);
+    text += '.';
+    appendTwoDigits(text, date.month);
+    text += '.';
+    appendInt(text, date.year);
+    return text;
+}
+
+int packedDate(std::string_view text)
+{
+    const std::string_view year = text.substr(4, 2);
+    return tavelinMath::cutToInt(
+        YMDToMJD(toInt(std::string("20").append(year)), toInt(text.substr(2, 2)), toInt(text.substr(0, 2))));
+}
+
+double packedTime(std::string_view text)
+{
+    const double second = packedSeconds(text, 4);
+    return (second / 3600.0 + (toDouble(text.substr(2, 2)) / 60.0 + toDouble(text.substr(0, 2)))) / 24.0;
+}
+
+int StrTELToDate(std::string text)
+{
+    return packedDate(text);
+}
+
+double StrTELToTime(std::string text)
+{
+    return packedTime(text);
+}
+
+std::string DateTimeToStr(int year, int month, int day, int hour, int minute, double second,
+                          std::string dateSeparator, std::string timeSeparator, std::string middleSeparator,
+                          int precision)
+{
+    std::string text;
+    appendDate(text, {year, month, day}, dateSeparator);
+    text += middleSeparator;
+    appendHourAndMinute(text, hour, minute, timeSeparator);
+    appendFixedTwoDigits(text, second, precision);
+    return text;
+}
+
+std::string DateTimeToStr(const TDateTime& dateTime, std::string dateSeparator, std::string timeSeparator,
+                          std::string middleSeparator, int precision)
+{
+    return DateTimeToStr(dateTime.year, dateTime.month, dateTime.day, dateTime.hour, dateTime.minute,
+                         dateTime.seconds, dateSeparator, timeSeparator, middleSeparator, precision);
+}
+
+std::string MJDToDateTime(double mjd, std::string dateSeparator, std::string timeSeparator,
+                          std::string middleSeparator, int precision)
+{
+    return DateTimeToStr(MJDToDateTime(mjd), dateSeparator, timeSeparator, middleSeparator, precision);
+}
+
+std::string SysToDateTime(long time)
+{
+    TDateTime local;
+    int second = 0;
+    SysToDateTime(time, local.year, local.month, local.day, local.hour, local.minute, second);
+    local.seconds = second;
+    return DateTimeToStr(local, "-", ":", " ", 0);
+}
+
+std::string DateOfNight(double mjd, double offsetHours, std::string separator)
+{
+    const double shifted = tavelinMath::Frac(mjd) + offsetHours / 24.0;
+    const bool begunTheDayBefore = shifted >= 0.0 && shifted < 0.5;
+    return MJDToDate(begunTheDayBefore ? mjd - 1 : mjd, separator);
+}
+
+int DateToMJD(std::string text, std::string separator)
+{
+    const auto [year, month, day] = threeParts(text, separator);
+    return DateToMJD(year, month, day);
+}
+
+double TimeToDay(std::string text, std::string separator)
+{
+    const auto [hour, minute, second] = threeParts(text, separator);
+    return TimeToDay(toInt(hour), toInt(minute), toDouble(second));
+}
+
+double StrToDateTime(std::string date, std::string time, std::string dateSeparator, std::string timeSeparator)
+{
+    return DateToMJD(date, dateSeparator) + TimeToDay(time, timeSeparator);
+}
+
+TDateTime StrDateTimeToDTCode(std::string date, std::string time)
+{
+    TDateTime dateTime;
+    MJDToYMD(DateToMJD(date, "-"), dateTime.year, dateTime.month, dateTime.day);
+    DayToTime(TimeToDay(time, ":"), dateTime.hour, dateTime.minute, dateTime.seconds);
+    return dateTime;
+}
+
+std::string NowToDateTimeWin(bool fraction, std::string middleSeparator)
+{
+    return NowToDateTimeWin(fraction, middleSeparator, "-", ":");
+}
+
+std::string NowToDateTimeWin(bool fraction, std::string middleSeparator, std::string dateSeparator,
+                             std::string timeSeparator)
+{
+    return DateTimeToStr({}, dateSeparator, timeSeparator, middleSeparator, fraction ? 3 : 0);
+}
+
+std::string NowToDate(std::string separator)
+{
+    return DateToStr(0, 0, 0, separator);
+}
+
+} // namespace tavelinUtils

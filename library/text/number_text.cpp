@@ -1,0 +1,446 @@
+#include "text/number_text.h"
+
+#include "files/essentials.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <optional>
+
+namespace tavelinUtils {
+namespace {
+
+__extension__ using WideInteger = unsigned __int128;
+
+constexpr std::string_view whiteSpace = " \t\n\v\f\r";
+
+// The powers of ten that a 64-bit integer holds.
+constexpr int largestDecimals = 19;
+constexpr auto powersOfTen = [] {
+    std::array<std::uint64_t, largestDecimals + 1> powers{};
+    std::uint64_t power = 1;
+    for (std::uint64_t& each : powers) {
+        each = power;
+        power *= 10;
+    }
+    return powers;
+}();
+
+// Integers up to here are exact in a double, and so are these powers of ten: their quotient is rounded
+// once and is therefore the number that the digits mean.
+constexpr std::uint64_t exactInteger = std::uint64_t{1} << 53;
+constexpr int exactDecimals = 22;
+constexpr double exactPowers[exactDecimals + 1] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+// |value| times ten to the precision, rounded to the nearest integer with ties to even, all in integer
+// arithmetic; nothing for what does not fit 64 bits.
+std::optional<std::uint64_t> scaledMagnitude(double value, int precision)
+{
+    constexpr int mantissaBits = 52;
+    constexpr int exponentBias = 1075;
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    const auto exponent = static_cast<int>(bits >> mantissaBits & 0x7ff);
+    const int shift = exponentBias - std::max(exponent, 1);
+    if (precision < 0 || precision > largestDecimals || shift <= 0) {
+        return std::nullopt;
+    }
+    std::uint64_t mantissa = bits & ((std::uint64_t{1} << mantissaBits) - 1);
+    if (exponent != 0) {
+        mantissa |= std::uint64_t{1} << mantissaBits;
+    }
+    // Below 53 + 64 bits, so a larger shift leaves less than a half.
+    const WideInteger product = WideInteger{mantissa} * powersOfTen[static_cast<std::size_t>(precision)];
+    if (shift > 117) {
+        return 0;
+    }
+    const WideInteger quotient = product >> shift;
+    if (quotient >= std::numeric_limits<std::uint64_t>::max()) {
+        return std::nullopt;
+    }
+    const WideInteger rest = product - (quotient << shift);
+    const WideInteger half = WideInteger{1} << (shift - 1);
+    const auto whole = static_cast<std::uint64_t>(quotient);
+    const bool up = rest > half || (rest == half && (whole & 1) != 0);
+    return whole + (up ? 1 : 0);
+}
+
+constexpr char digitPairs[] = "00010203040506070809"
+                              "10111213141516171819"
+                              "20212223242526272829"
+                              "30313233343536373839"
+                              "40414243444546474849"
+                              "50515253545556575859"
+                              "60616263646566676869"
+                              "70717273747576777879"
+                              "80818283848586878889"
+                              "90919293949596979899";
+
+// Writes the digits of a number so that they end at `end`; returns where they begin.
+char* writeDigitsBefore(char* end, std::uint64_t number)
+{
+    while (number >= 100) {
+        end -= 2;
+        std::memcpy(end, digitPairs + number % 100 * 2, 2);
+        number /= 100;
+    }
+    if (number >= 10) {
+        end -= 2;
+        std::memcpy(end, digitPairs + number * 2, 2);
+    } else {
+        *--end = static_cast<char>('0' + number);
+    }
+    return end;
+}
+
+void appendScaled(std::string& out, bool negative, std::uint64_t scaled, int precision)
+{
+    char digits[48];
+    char* const end = digits + sizeof digits;
+    char* begin = writeDigitsBefore(end, scaled);
+    while (end - begin <= precision) {
+        *--begin = '0';
+    }
+    if (precision > 0) {
+        // The whole part moves one place to the front and makes room for the point.
+        const auto whole = static_cast<std::size_t>(end - begin - precision);
+        std::memmove(begin - 1, begin, whole);
+        --begin;
+        begin[whole] = '.';
+    }
+    if (negative) {
+        *--begin = '-';
+    }
+    out.append(begin, static_cast<std::size_t>(end - begin));
+}
+
+// For what the short way does not hold: many decimals, large numbers, infinities.
+void appendFixedAtLength(std::string& out, double value, int precision)
+{
+    constexpr std::size_t longestWhole = std::numeric_limits<double>::max_exponent10 + 3;
+    const std::size_t begin = out.size();
+    out.resize(begin + longestWhole + static_cast<std::size_t>(precision) + 1);
+    char* const first = out.data() + begin;
+    const auto written =
+        std::to_chars(first, out.data() + out.size(), value, std::chars_format::fixed, precision);
+    out.resize(begin + static_cast<std::size_t>(written.ptr - first));
+}
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+// Whether the number in a text of fixed notation is below 10.0.
+bool isBelowTen(std::string_view number)
+{
+    if (number.front() == '-') {
+        return number != "-nan";
+    }
+    return isDigit(number.front()) && (number.size() == 1 || !isDigit(number[1]));
+}
+
+std::string_view withoutLeadingSpace(std::string_view text)
+{
+    return text.substr(std::min(text.find_first_not_of(whiteSpace), text.size()));
+}
+
+// The library's own reading, which wants a zero byte behind the text.
+double readByLibrary(std::string_view text)
+{
+    char shortText[64];
+    if (text.size() < sizeof shortText) {
+        std::memcpy(shortText, text.data(), text.size());
+        shortText[text.size()] = '\0';
+        return std::strtod(shortText, nullptr);
+    }
+    return std::strtod(std::string(text).c_str(), nullptr);
+}
+
+std::string padded(std::string text, std::ios_base::fmtflags adjust, int width, bool number)
+{
+    const std::size_t room = width > 0 ? static_cast<std::size_t>(width) : 0;
+    if (text.size() >= room) {
+        return text;
+    }
+    const auto side = adjust & std::ios_base::adjustfield;
+    std::size_t place = 0;
+    if (side == std::ios_base::left) {
+        place = text.size();
+    } else if (side == std::ios_base::internal && number && text.front() == '-') {
+        place = 1;
+    }
+    return text.insert(place, room - text.size(), ' ');
+}
+
+} // namespace
+
+void appendFixed(std::string& out, double value, int precision)
+{
+    if (const auto scaled = scaledMagnitude(value, precision)) {
+        appendScaled(out, std::signbit(value), *scaled, precision);
+    } else {
+        appendFixedAtLength(out, value, precision < 0 ? 6 : precision);
+    }
+}
+
+void appendFixedTwoDigits(std::string& out, double value, int precision)
+{
+    const std::size_t begin = out.size();
+    appendFixed(out, value, precision);
+    if (isBelowTen(std::string_view(out).substr(begin))) {
+        out.insert(begin, 1, '0');
+    }
+}
+
+void appendInt(std::string& out, int value)
+{
+    char digits[16];
+    const auto written = std::to_chars(digits, digits + sizeof digits, value);
+    out.append(digits, written.ptr);
+}
+
+void appendTwoDigits(std::string& out, int value)
+{
+    if (value >= 0 && value < 100) {
+        out.append(digitPairs + value * 2, 2);
+        return;
+    }
+    if (value < 0) {
+        out += '0';
+    }
+    appendInt(out, value);
+}
+
+void erasePoint(std::string& out, std::size_t begin)
+{
+    const std::size_t point = out.find('.', begin);
+    if (point != std::string::npos) {
+        out.erase(point, 1);
+    }
+}
+
+void appendPaddedRight(std::string& out, std::string_view text, std::size_t width)
+{
+    out += text;
+    out.append(width - std::min(width, text.size()), ' ');
+}
+
+void appendPaddedLeft(std::string& out, std::string_view text, std::size_t width)
+{
+    out.append(width - std::min(width, text.size()), ' ');
+    out += text;
+}
+
+double toDouble(std::string_view text)
+{
+    text = withoutLeadingSpace(text);
+    std::size_t at = 0;
+    const bool negative = !text.empty() && text.front() == '-';
+    if (negative || (!text.empty() && text.front() == '+')) {
+        ++at;
+    }
+    // Up to 18 digits fit; leading zeros count too, which is as good as never met.
+    const std::size_t firstDigit = at;
+    std::uint64_t number = 0;
+    int decimals = 0;
+    for (; at < text.size() && isDigit(text[at]); ++at) {
+        number = number * 10 + static_cast<std::uint64_t>(text[at] - '0');
+    }
+    std::size_t digits = at - firstDigit;
+    if (at < text.size() && text[at] == '.') {
+        const std::size_t firstDecimal = ++at;
+        for (; at < text.size() && isDigit(text[at]); ++at) {
+            number = number * 10 + static_cast<std::uint64_t>(text[at] - '0');
+        }
+        decimals = static_cast<int>(std::min<std::size_t>(at - firstDecimal, exactDecimals));
+        digits += at - firstDecimal;
+    }
+    const bool plain = digits > 0 && digits <= 18 && number <= exactInteger;
+    const bool goesOn = at < text.size() && std::strchr("eExX", text[at]) != nullptr;
+    if (!plain || goesOn) {
+        return readByLibrary(text);
+    }
+    const double magnitude = static_cast<double>(number) / exactPowers[decimals];
+    return negative ? -magnitude : magnitude;
+}
+
+int toInt(std::string_view text)
+{
+    text = withoutLeadingSpace(text);
+    const bool negative = !text.empty() && text.front() == '-';
+    if (negative || (!text.empty() && text.front() == '+')) {
+        text.remove_prefix(1);
+    }
+    // As `strtol`, whose answer stays at the ends of the long range; its lower 32 bits are the result.
+    constexpr std::uint64_t highest = std::numeric_limits<std::int64_t>::max();
+    const std::uint64_t limit = negative ? highest + 1 : highest;
+    std::uint64_t number = 0;
+    for (const char c : text) {
+        if (!isDigit(c)) {
+            break;
+        }
+        const auto digit = static_cast<std::uint64_t>(c - '0');
+        number = number > (limit - digit) / 10 ? limit : number * 10 + digit;
+    }
+    return static_cast<int>(static_cast<std::uint32_t>(negative ? 0 - number : number));
+}
+
+std::string Str9(double value, int precision)
+{
+    std::string text;
+    appendFixed(text, value, precision);
+    return text;
+}
+
+double SetPrecision(double value, int precision)
+{
+    const auto scaled = scaledMagnitude(value, precision);
+    if (!scaled || *scaled > exactInteger) {
+        return toDouble(Str9(value, precision));
+    }
+    return std::copysign(static_cast<double>(*scaled) / exactPowers[precision], value);
+}
+
+std::string IntToStr(int value)
+{
+    std::string text;
+    appendInt(text, value);
+    return text;
+}
+
+std::string FloatToStr(double value)
+{
+    char text[32];
+    const auto written = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 6);
+    return {text, written.ptr};
+}
+
+std::string BoolToStr(bool value)
+{
+    return value ? "true" : "false";
+}
+
+bool StrToBool(std::string text)
+{
+    return text == "true";
+}
+
+std::string Format(std::string value, std::ios_base::fmtflags adjust, int width)
+{
+    return padded(std::move(value), adjust, width, false);
+}
+
+std::string Format(int value, std::ios_base::fmtflags adjust, int width)
+{
+    return padded(IntToStr(value), adjust, width, true);
+}
+
+std::string Format(unsigned long value, std::ios_base::fmtflags adjust, int width)
+{
+    return padded(std::to_string(value), adjust, width, true);
+}
+
+std::string Format(double value, std::ios_base::fmtflags adjust, int width)
+{
+    return padded(Str9(value, 6), adjust, width, true);
+}
+
+std::vector<std::string> split(std::string text, std::string separator, bool keepEmpty)
+{
+    std::vector<std::string> tokens;
+    const auto keep = [&](std::string token) {
+        if (keepEmpty || !token.empty()) {
+            tokens.push_back(std::move(token));
+        }
+    };
+    std::size_t begin = 0;
+    if (!separator.empty()) {
+        for (std::size_t end = text.find(separator); end != std::string::npos;
+             end = text.find(separator, begin)) {
+            keep(text.substr(begin, end - begin));
+            begin = end + separator.size();
+        }
+    }
+    keep(text.substr(begin));
+    return tokens;
+}
+
+int GetDataID(const std::vector<std::string>& names, std::string name)
+{
+    if (names.empty()) {
+        return -1;
+    }
+    const auto found = std::find(names.begin(), names.end(), name);
+    return found == names.end() ? -2 : static_cast<int>(found - names.begin());
+}
+
+std::string GetRazd(std::string line)
+{
+    std::vector<std::string> byBlank;
+    std::vector<std::string> byTab;
+    Pars9(line, byBlank, " ");
+    Pars9(line, byTab, "\t");
+    return byTab.size() > byBlank.size() ? "\t" : " ";
+}
+
+std::string replace(std::string text, std::string from, std::string to)
+{
+    if (from == to) {
+        return text;
+    }
+    // Each search starts at the front again as far as the outcome goes: before the place of the last
+    // replacement nothing can match but what reaches into it.
+    std::size_t place = text.find(from);
+    while (place != std::string::npos) {
+        text.replace(place, from.size(), to);
+        place = text.find(from, place - std::min(place, from.size()));
+    }
+    return text;
+}
+
+void myltrim(std::string& text)
+{
+    text.erase(0, std::min(text.find_first_not_of(whiteSpace), text.size()));
+}
+
+void myrtrim(std::string& text)
+{
+    text.erase(text.find_last_not_of(whiteSpace) + 1);
+}
+
+void mytrim(std::string& text)
+{
+    myrtrim(text);
+    myltrim(text);
+}
+
+void DeleteSymbol(std::string& text, std::string set)
+{
+    std::erase_if(text, [&set](char c) { return set.find(c) != std::string::npos; });
+}
+
+void DeleteLastSymbol(std::string& text, std::string set)
+{
+    const std::size_t last = text.find_last_of(set);
+    if (last != std::string::npos) {
+        text.erase(last, 1);
+    }
+}
+
+std::string DelForbiddenSymbols(std::string text, std::string replacement)
+{
+    for (const char* symbol : {"*", "|", "'", "/", "\"", ":", ">", "<", "?"}) {
+        text = replace(std::move(text), symbol, replacement);
+    }
+    return text;
+}
+
+} // namespace tavelinUtils

@@ -1,0 +1,100 @@
+// Numbers and small texts: fixed-notation numbers, field widths, trims and replacement.
+//
+// The appending helpers are what the writers of formats are made of; the public text functions are thin
+// faces of them, so that there is one rule for each text.
+
+#pragma once
+
+#include <cstddef>
+#include <ios>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavelinUtils {
+
+/// A number in fixed notation with the given number of decimals, rounded as the standard library's
+/// output is: the exact value decides, and a tie goes to the even digit. There is no exponent, precision
+/// 0 gives no point, a negative value keeps its sign also where all digits are 0: -0.001 gives "-0.00".
+/// A negative precision counts as 6.
+std::string Str9(double value, int precision);
+
+/// A number rounded to decimals through its text.
+double SetPrecision(double value, int precision);
+
+/// An integer in decimal.
+std::string IntToStr(int value);
+
+/// A number with six significant digits, in the shorter of the two notations: 1e-05, 0.0001, 123457.
+std::string FloatToStr(double value);
+
+/// "true" or "false".
+std::string BoolToStr(bool value);
+
+/// True for exactly "true".
+bool StrToBool(std::string text);
+
+/// A value in a field: shorter text is padded with blanks to the width, longer text is kept whole. Only
+/// the adjust bits of the flags count, right without any; a double has six decimals.
+std::string Format(std::string value, std::ios_base::fmtflags adjust, int width);
+std::string Format(int value, std::ios_base::fmtflags adjust, int width);
+std::string Format(unsigned long value, std::ios_base::fmtflags adjust, int width);
+std::string Format(double value, std::ios_base::fmtflags adjust, int width);
+
+/// Cuts a text at each occurrence of the whole separator; empty tokens stay only where asked for. With an
+/// empty separator the text is one token.
+std::vector<std::string> split(std::string text, std::string separator, bool keepEmpty);
+
+/// The index of the first name that equals the wanted one; -2 where none does, -1 for an empty list.
+int GetDataID(const std::vector<std::string>& names, std::string name);
+
+/// The separator of a line: a tab where that gives more tokens than a blank, otherwise a blank.
+std::string GetRazd(std::string line);
+
+/// Replaces until `from` is nowhere left, also where a replacement made it anew. Equal texts change
+/// nothing. An empty `from`, or a `to` that holds `from`, does not end.
+std::string replace(std::string text, std::string from, std::string to);
+
+/// Remove white space from the front, the end, and both.
+void myltrim(std::string& text);
+void myrtrim(std::string& text);
+void mytrim(std::string& text);
+
+/// Removes every character of the set, wherever it stands.
+void DeleteSymbol(std::string& text, std::string set);
+
+/// Removes the last character of the set, and only that one.
+void DeleteLastSymbol(std::string& text, std::string set);
+
+/// A text safe as a file name: each of * | ' / " : > < ? becomes the replacement, which may not hold one
+/// of them.
+std::string DelForbiddenSymbols(std::string text, std::string replacement);
+
+/// The number at the front of a text, as `strtod` reads it: leading white space is skipped, the longest
+/// valid prefix counts, and a text without one gives 0.
+double toDouble(std::string_view text);
+
+/// The same for an integer, as `strtol` reads it in base 10, cut to 32 bits.
+int toInt(std::string_view text);
+
+/// Appends what Str9 gives.
+void appendFixed(std::string& out, double value, int precision);
+
+/// Appends what Str9 gives, with a "0" in front where the number in that rounded text is below 10.0. So
+/// a negative number has the "0" before its sign.
+void appendFixedTwoDigits(std::string& out, double value, int precision);
+
+/// Appends what IntToStr gives.
+void appendInt(std::string& out, int value);
+
+/// Appends what IntToStr gives, with a "0" in front of a value of at most 9.
+void appendTwoDigits(std::string& out, int value);
+
+/// Removes the first point that stands at or behind the position, where there is one.
+void erasePoint(std::string& out, std::size_t begin);
+
+/// Append a text padded with blanks on its right, or on its left, to the width.
+void appendPaddedRight(std::string& out, std::string_view text, std::size_t width);
+void appendPaddedLeft(std::string& out, std::string_view text, std::size_t width);
+
+} // namespace tavelinUtils

@@ -1,0 +1,33 @@
+// The words of the formats: one table of word, reader and writer.
+
+#pragma once
+
+#include "records/track.h"
+#include "results/result.h"
+
+#include <string>
+#include <vector>
+
+/// What the table says of a format. A null pointer stands for a side that has no work behind it.
+struct FormatWord
+{
+    using Reader = std::vector<tavelinUtils::TrackVtorichka> (*)(const std::string& path,
+                                                                 const std::string& originator);
+    using Writer = void (*)(const std::string& path, const std::vector<tavelinUtils::TrackVtorichka>& tracks);
+
+    const char* word;
+    Reader read;
+    Writer write;
+};
+
+/// The row of a format's number; a null pointer for a number outside the table.
+const FormatWord* formatWord(int number);
+
+/// The number of a format's word: "mea" 0, "telegram" 1, "tdm" 2, "ssmas" 3, "mpc" 4, "tdm.xml" 5, "mag" 6,
+/// "aavso" 7, and -1 for any other text. Only the first four can be read, all can be written.
+int formatOpticMea_to_int(std::string word);
+
+/// Writes the tracks to the path in the format. Code -2, "unknown output format", for an unknown word;
+/// otherwise code 0. What a writer throws is passed on.
+tavelinUtils::TFuncRes SelectFormatAndSave(std::string path, std::string format,
+                                           std::vector<tavelinUtils::TrackVtorichka>& tracks);
