@@ -42,9 +42,10 @@ public:
             } else if (startsWith("<![CDATA[")) {
                 skipBehind("]]>");
             } else if (isNameStart(at[1])) {
-                if (skipStartTag() > mostAttributes || (!emptyTag && ++depth > deepest)) {
+                if (skipStartTag() > mostAttributes || depth >= deepest) {
                     return true;
                 }
+                depth += emptyTag ? 0 : 1;
             } else {
                 skipBehind(">");
             }

@@ -176,7 +176,7 @@ TMPCMea observationOf(std::string_view line, Dates& dates)
     observation.Name = packed(cut(line, nameColumn));
     observation.date = dates.to(cut(line, dateColumn),
                                 [](std::string_view text) { return DateToMJD(std::string(text), " "); });
-    observation.time = toDouble("0" + packed(cut(line, dayFraction)));
+    observation.time = toDouble(std::string("0").append(packed(cut(line, dayFraction))));
     const auto [hours, minutes, seconds] = threeItems(cut(line, rightAscension));
     observation.RA = raOf(hours, minutes, seconds);
     const auto [degrees, arcminutes, arcseconds] = threeItems(cut(line, declination));
@@ -266,8 +266,9 @@ void sMPC(std::string path, const std::vector<TrackVtorichka>& tracks)
     DateTexts dates;
     for (const TrackVtorichka& track : tracks) {
         const std::string& name = track.MPCChecker.empty() ? track.QRVName : track.MPCChecker;
-        for (const TRecLabelPervichka_File& mark : track.Marks) {
-            appendObservation(text, name, track.MPCHeader.COD, mark, dates);
+        for (std::size_t j = 0; j < track.Marks.size(); ++j) {
+            fetchAhead(track.Marks, j);
+            appendObservation(text, name, track.MPCHeader.COD, track.Marks[j], dates);
             text += '\n';
         }
     }

@@ -149,6 +149,9 @@ bool isBelowTen(std::string_view number)
 
 std::string_view withoutLeadingSpace(std::string_view text)
 {
+    if (!text.empty() && text.front() > ' ') {
+        return text; // as nearly all are
+    }
     return text.substr(std::min(text.find_first_not_of(whiteSpace), text.size()));
 }
 
@@ -242,33 +245,40 @@ void appendPaddedLeft(std::string& out, std::string_view text, std::size_t width
 double toDouble(std::string_view text)
 {
     text = withoutLeadingSpace(text);
-    std::size_t at = 0;
-    const bool negative = !text.empty() && text.front() == '-';
-    if (negative || (!text.empty() && text.front() == '+')) {
+    if (text.empty()) {
+        return 0;
+    }
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    const bool negative = *at == '-';
+    if (negative || *at == '+') {
         ++at;
     }
-    // Up to 18 digits fit; leading zeros count too, which is as good as never met.
-    const std::size_t firstDigit = at;
+    // What has more digits than fit wraps around here and is left to the library.
     std::uint64_t number = 0;
-    int decimals = 0;
-    for (; at < text.size() && isDigit(text[at]); ++at) {
-        number = number * 10 + static_cast<std::uint64_t>(text[at] - '0');
-    }
-    std::size_t digits = at - firstDigit;
-    if (at < text.size() && text[at] == '.') {
-        const std::size_t firstDecimal = ++at;
-        for (; at < text.size() && isDigit(text[at]); ++at) {
-            number = number * 10 + static_cast<std::uint64_t>(text[at] - '0');
+    const auto readDigits = [&number, &at, end] {
+        const char* const begin = at;
+        for (; at != end && isDigit(*at); ++at) {
+            number = number * 10 + static_cast<std::uint64_t>(*at - '0');
         }
-        decimals = static_cast<int>(std::min<std::size_t>(at - firstDecimal, exactDecimals));
-        digits += at - firstDecimal;
+        return at - begin;
+    };
+    std::ptrdiff_t digits = readDigits();
+    std::ptrdiff_t decimals = 0;
+    if (at != end && *at == '.') {
+        ++at;
+        decimals = readDigits();
+        digits += decimals;
     }
     const bool plain = digits > 0 && digits <= 18 && number <= exactInteger;
-    const bool goesOn = at < text.size() && std::strchr("eExX", text[at]) != nullptr;
+    const bool goesOn = at != end && std::strchr("eExX", *at) != nullptr;
     if (!plain || goesOn) {
         return readByLibrary(text);
     }
-    const double magnitude = static_cast<double>(number) / exactPowers[decimals];
+    double magnitude = static_cast<double>(number);
+    if (decimals > 0) {
+        magnitude /= exactPowers[decimals];
+    }
     return negative ? -magnitude : magnitude;
 }
 

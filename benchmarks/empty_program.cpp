@@ -1,0 +1,6 @@
+// The start of a run is held against this: a program that does nothing, linked with the XML library and
+// the language's runtime in the usual, dynamic way.
+
+int main()
+{
+}

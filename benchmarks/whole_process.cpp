@@ -1,0 +1,277 @@
+// Whole runs of the tool: processor time, speed and peak memory, each held against a yardstick that is
+// measured in turn with it, and how they grow. Prints one table.
+//
+//   whole_process [--quick]     a moment's run over small inputs, to see that it works
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Figures
+{
+    double seconds = 0; // processor time, user and system
+    double bytes = 0;   // peak memory
+};
+
+// One run of a command as a process of its own.
+Figures runOnce(const std::vector<std::string>& command)
+{
+    std::vector<char*> argv;
+    for (const std::string& word : command) {
+        argv.push_back(const_cast<char*>(word.c_str()));
+    }
+    argv.push_back(nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        execv(argv[0], argv.data());
+        _exit(127);
+    }
+    int status = 0;
+    rusage usage = {};
+    if (child < 0 || wait4(child, &status, 0, &usage) != child || !WIFEXITED(status) ||
+        WEXITSTATUS(status) != 0) {
+        throw std::runtime_error("failed: " + command.front());
+    }
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+    };
+    return {seconds(usage.ru_utime) + seconds(usage.ru_stime), static_cast<double>(usage.ru_maxrss) * 1024};
+}
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+struct Pair
+{
+    Figures run;
+    Figures measure;
+    double ratio = 0; // of processor time, pair by pair
+};
+
+// Runs two commands in turn and gives the medians.
+Pair runInTurn(const std::vector<std::string>& run, const std::vector<std::string>& measure, int rounds)
+{
+    std::vector<double> runSeconds;
+    std::vector<double> runBytes;
+    std::vector<double> measureSeconds;
+    std::vector<double> measureBytes;
+    std::vector<double> ratios;
+    for (int round = 0; round < rounds; ++round) {
+        const Figures ours = runOnce(run);
+        const Figures theirs = runOnce(measure);
+        runSeconds.push_back(ours.seconds);
+        runBytes.push_back(ours.bytes);
+        measureSeconds.push_back(theirs.seconds);
+        measureBytes.push_back(theirs.bytes);
+        ratios.push_back(ours.seconds / theirs.seconds);
+    }
+    return {{median(runSeconds), median(runBytes)},
+            {median(measureSeconds), median(measureBytes)},
+            median(ratios)};
+}
+
+class Folder
+{
+public:
+    Folder()
+    {
+        std::string name = (fs::temp_directory_path() / "vomar_benchmark_XXXXXX").string();
+        if (mkdtemp(name.data()) == nullptr) {
+            throw std::runtime_error("no temporary folder");
+        }
+        folder = name;
+    }
+    ~Folder()
+    {
+        std::error_code ignored;
+        fs::remove_all(folder, ignored);
+    }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+
+    std::string operator/(const std::string& name) const
+    {
+        return (folder / name).string();
+    }
+
+private:
+    fs::path folder;
+};
+
+// Digits of a running number that look like measurements.
+struct Digits
+{
+    unsigned state = 12345;
+
+    unsigned below(unsigned limit)
+    {
+        state = state * 1664525U + 1013904223U;
+        return (state >> 8) % limit;
+    }
+};
+
+// A MEA file of so many marks, object by object, over nights of a few hundred marks.
+void writeMea(const std::string& path, long marks, long objects)
+{
+    std::ofstream file(path);
+    file << "T1 2000.0 UTC\n";
+    Digits digits;
+    char line[128];
+    for (long i = 0; i < marks; ++i) {
+        const long object = i * objects / marks;
+        std::snprintf(
+            line, sizeof line,
+            "%05ld   %02u0223 %02u%02u%02u%03u0 %02u%02u%02u%04u %c%02u%02u%02u%04u 001 %02u.%02u\n", object,
+            1 + static_cast<unsigned>(i / 500 % 28), digits.below(24), digits.below(60), digits.below(60),
+            digits.below(1000), digits.below(24), digits.below(60), digits.below(60), digits.below(10000),
+            digits.below(2) == 0 ? '-' : '+', digits.below(90), digits.below(60), digits.below(60),
+            digits.below(10000), 5 + digits.below(17), digits.below(100));
+        file << line;
+    }
+}
+
+void writeTask(const std::string& path, const std::string& input, const std::string& word,
+               const std::string& extension)
+{
+    std::ofstream file(path);
+    file << "<task><path_in>" << input << "</path_in><outputextension>" << extension
+         << "</outputextension><inputformat>mea</inputformat><outputformat>" << word
+         << "</outputformat><autoname>false</autoname></task>";
+}
+
+struct Work
+{
+    const char* word;      // output format
+    const char* extension; // of the output file
+    double asked;          // the ratio to the yardstick that is asked for
+};
+constexpr Work works[] = {{"mpc", ".mpc.txt", 2.5}, {"mea", ".out.mea", 3.0}};
+
+struct Size
+{
+    long marks;
+    long objects;
+};
+
+struct Row
+{
+    const Work* work;
+    Size size;
+    Pair pair;
+};
+
+Row measured(const Folder& folder, const Work& work, Size size, int rounds)
+{
+    const std::string input =
+        folder / ("input_" + std::to_string(size.marks) + "_" + std::to_string(size.objects) + ".mea");
+    if (!fs::exists(input)) {
+        writeMea(input, size.marks, size.objects);
+    }
+    const std::string task = folder / "task.xml";
+    writeTask(task, input, work.word, work.extension);
+    const std::string output = input.substr(0, input.size() - 4) + work.extension;
+    runOnce({VOMAR_TOOL, task});
+    const std::string written = std::to_string(fs::file_size(output));
+    const Pair pair =
+        runInTurn({VOMAR_TOOL, task},
+                  {YARDSTICK, input, std::to_string(size.marks), folder / "written", written}, rounds);
+    fs::remove(output);
+    return {&work, size, pair};
+}
+
+void print(const Row& row, double startSeconds, double startBytes)
+{
+    const auto marks = static_cast<double>(row.size.marks);
+    const double seconds = std::max(row.pair.run.seconds - startSeconds, 1e-9);
+    std::printf("| mea to %-7s | %9ld | %7ld | %8.1f | %10.3f | %12.0f | %9.1f | %10.0f | %5.2f | %5.1f |\n",
+                row.work->word, row.size.marks, row.size.objects, row.pair.run.seconds * 1e3,
+                seconds / marks * 1e6, marks / row.pair.run.seconds, row.pair.run.bytes / 1e6,
+                (row.pair.run.bytes - startBytes) / marks, row.pair.ratio, row.work->asked);
+    std::fflush(stdout);
+}
+
+// The exponent of growth between two rows of which the second is the larger.
+double exponent(double smallWork, double largeWork, double smallSeconds, double largeSeconds)
+{
+    return std::log(largeSeconds / smallSeconds) / std::log(largeWork / smallWork);
+}
+
+double secondsOf(const std::vector<Row>& rows, Size size)
+{
+    for (const Row& row : rows) {
+        if (row.size.marks == size.marks && row.size.objects == size.objects) {
+            return row.pair.run.seconds;
+        }
+    }
+    throw std::logic_error("a size that was not measured");
+}
+
+void measureAll(bool quick)
+{
+    const Folder folder;
+    const std::string nothing = folder / "nothing.xml";
+    std::ofstream(nothing) << "<task/>";
+    const Pair start = runInTurn({VOMAR_TOOL, nothing}, {EMPTY_PROGRAM}, quick ? 3 : 301);
+
+    const std::vector<Size> sizes =
+        quick ? std::vector<Size>{{1000, 10}}
+              : std::vector<Size>{{1000, 10},      {10000, 1000}, {100000, 10},    {100000, 1000},
+                                  {100000, 50000}, {1000000, 10}, {1000000, 1000}, {1000000, 50000}};
+    std::printf("| work           |     marks | objects |   cpu ms | us per mark | marks per s | peak MB   | "
+                "bytes/mark | ratio | asked |\n"
+                "|----------------|----------:|--------:|---------:|-----------:|-------------:|----------:|-"
+                "----------:|------:|------:|\n");
+    for (const Work& work : works) {
+        std::vector<Row> rows;
+        for (const Size size : sizes) {
+            const int rounds = quick ? 1 : (size.marks > 100000 ? 9 : 25);
+            rows.push_back(measured(folder, work, size, rounds));
+            print(rows.back(), start.run.seconds, start.run.bytes);
+        }
+        if (!quick) {
+            std::printf("| mea to %-7s growth over marks, 10,000 to 1,000,000 with 1,000 objects: exponent "
+                        "%.2f (asked: 1.05)\n",
+                        work.word,
+                        exponent(1e4, 1e6, secondsOf(rows, {10000, 1000}), secondsOf(rows, {1000000, 1000})));
+            std::printf(
+                "| mea to %-7s growth over objects, 1,000 to 50,000 with 100,000 marks: exponent %.2f "
+                "(asked: 0.3)\n",
+                work.word,
+                exponent(1e3, 5e4, secondsOf(rows, {100000, 1000}), secondsOf(rows, {100000, 50000})));
+        }
+    }
+    std::printf(
+        "| start: a task that asks for nothing %.2f ms, an empty program %.2f ms: ratio %.2f (asked: 1.2)\n",
+        start.run.seconds * 1e3, start.measure.seconds * 1e3, start.ratio);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        measureAll(argc == 2 && std::string_view(argv[1]) == "--quick");
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 1;
+    }
+}

@@ -1,0 +1,36 @@
+// yardstick INPUT MARKS OUTPUT BYTES: the least work of a run whose reader returns whole records. It reads
+// the input once, builds as many default marks in a list with room reserved, and writes as many bytes as the
+// output has. It takes nothing down at its end, as the tool does not.
+
+#include "files/essentials.h"
+#include "records/mark.h"
+
+#include <cstddef>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+int main(int argc, char** argv)
+{
+    using namespace tavelinUtils;
+    if (argc != 5) {
+        return 2;
+    }
+    const auto marks = std::strtoull(argv[2], nullptr, 10);
+    const auto bytes = std::strtoull(argv[4], nullptr, 10);
+    FileBytes input;
+    if (!readBytes(argv[1], input)) {
+        return 1;
+    }
+    static auto& list = *new std::vector<TRecLabelPervichka_File>;
+    list.reserve(marks);
+    for (std::size_t i = 0; i < marks; ++i) {
+        list.emplace_back();
+    }
+    std::string output;
+    output.reserve(bytes);
+    while (output.size() < bytes) {
+        output += input.view().substr(0, bytes - output.size());
+    }
+    return writeBytes(argv[3], "w", output) ? 0 : 1;
+}
