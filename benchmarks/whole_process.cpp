@@ -3,6 +3,8 @@
 //
 //   whole_process [--quick]     a moment's run over small inputs, to see that it works
 
+#include "made_inputs.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -117,54 +119,31 @@ private:
     fs::path folder;
 };
 
-// Digits of a running number that look like measurements.
-struct Digits
-{
-    unsigned state = 12345;
-
-    unsigned below(unsigned limit)
-    {
-        state = state * 1664525U + 1013904223U;
-        return (state >> 8) % limit;
-    }
-};
-
-// A MEA file of so many marks, object by object, over nights of a few hundred marks.
-void writeMea(const std::string& path, long marks, long objects)
-{
-    std::ofstream file(path);
-    file << "T1 2000.0 UTC\n";
-    Digits digits;
-    char line[128];
-    for (long i = 0; i < marks; ++i) {
-        const long object = i * objects / marks;
-        std::snprintf(
-            line, sizeof line,
-            "%05ld   %02u0223 %02u%02u%02u%03u0 %02u%02u%02u%04u %c%02u%02u%02u%04u 001 %02u.%02u\n", object,
-            1 + static_cast<unsigned>(i / 500 % 28), digits.below(24), digits.below(60), digits.below(60),
-            digits.below(1000), digits.below(24), digits.below(60), digits.below(60), digits.below(10000),
-            digits.below(2) == 0 ? '-' : '+', digits.below(90), digits.below(60), digits.below(60),
-            digits.below(10000), 5 + digits.below(17), digits.below(100));
-        file << line;
-    }
-}
-
-void writeTask(const std::string& path, const std::string& input, const std::string& word,
-               const std::string& extension)
-{
-    std::ofstream file(path);
-    file << "<task><path_in>" << input << "</path_in><outputextension>" << extension
-         << "</outputextension><inputformat>mea</inputformat><outputformat>" << word
-         << "</outputformat><autoname>false</autoname></task>";
-}
-
 struct Work
 {
-    const char* word;      // output format
-    const char* extension; // of the output file
-    double asked;          // the ratio to the yardstick that is asked for
+    const char* input; // words of the formats
+    const char* output;
+    double ratioAsked;  // of processor time to the yardstick
+    double memoryAsked; // bytes for each mark
 };
-constexpr Work works[] = {{"mpc", ".mpc.txt", 2.5}, {"mea", ".out.mea", 3.0}};
+constexpr Work works[] = {
+    {"mea", "mpc", 2.5, 1000}, {"mea", "mea", 3.0, 1000},      {"mea", "tdm.xml", 3.0, 1100},
+    {"mea", "mag", 3.0, 1000}, {"mea", "aavso", 3.0, 1000},    {"mea", "ssmas", 3.0, 1000},
+    {"tdm", "tdm", 3.0, 1000}, {"telegram", "mea", 3.0, 1000}, {"ssmas", "telegram", 3.0, 1000},
+};
+
+std::string nameOf(const Work& work)
+{
+    return std::string(work.input) + " to " + work.output;
+}
+
+void writeTask(const std::string& path, const std::string& input, const Work& work)
+{
+    std::ofstream file(path);
+    file << "<task><path_in>" << input << "</path_in><outputextension>.out</outputextension><inputformat>"
+         << work.input << "</inputformat><outputformat>" << work.output
+         << "</outputformat><autoname>false</autoname></task>";
+}
 
 struct Size
 {
@@ -181,14 +160,14 @@ struct Row
 
 Row measured(const Folder& folder, const Work& work, Size size, int rounds)
 {
-    const std::string input =
-        folder / ("input_" + std::to_string(size.marks) + "_" + std::to_string(size.objects) + ".mea");
-    if (!fs::exists(input)) {
-        writeMea(input, size.marks, size.objects);
-    }
+    const std::string stem = folder / (std::to_string(size.marks) + "_" + std::to_string(size.objects));
+    const std::string input = stem + "." + work.input;
+    const std::string output = stem + ".out";
     const std::string task = folder / "task.xml";
-    writeTask(task, input, work.word, work.extension);
-    const std::string output = input.substr(0, input.size() - 4) + work.extension;
+    if (!fs::exists(input)) {
+        makeInput(input, work.input, size.marks, size.objects);
+    }
+    writeTask(task, input, work);
     runOnce({VOMAR_TOOL, task});
     const std::string written = std::to_string(fs::file_size(output));
     const Pair pair =
@@ -202,10 +181,12 @@ void print(const Row& row, double startSeconds, double startBytes)
 {
     const auto marks = static_cast<double>(row.size.marks);
     const double seconds = std::max(row.pair.run.seconds - startSeconds, 1e-9);
-    std::printf("| mea to %-7s | %9ld | %7ld | %8.1f | %10.3f | %12.0f | %9.1f | %10.0f | %5.2f | %5.1f |\n",
-                row.work->word, row.size.marks, row.size.objects, row.pair.run.seconds * 1e3,
-                seconds / marks * 1e6, marks / row.pair.run.seconds, row.pair.run.bytes / 1e6,
-                (row.pair.run.bytes - startBytes) / marks, row.pair.ratio, row.work->asked);
+    std::printf(
+        "| %-17s | %9ld | %7ld | %8.1f | %11.3f | %11.0f | %7.1f | %10.0f | %5.0f | %5.2f | %5.1f |\n",
+        nameOf(*row.work).c_str(), row.size.marks, row.size.objects, row.pair.run.seconds * 1e3,
+        seconds / marks * 1e6, marks / row.pair.run.seconds, row.pair.run.bytes / 1e6,
+        (row.pair.run.bytes - startBytes) / marks, row.work->memoryAsked, row.pair.ratio,
+        row.work->ratioAsked);
     std::fflush(stdout);
 }
 
@@ -232,30 +213,33 @@ void measureAll(bool quick)
     std::ofstream(nothing) << "<task/>";
     const Pair start = runInTurn({VOMAR_TOOL, nothing}, {EMPTY_PROGRAM}, quick ? 3 : 301);
 
-    const std::vector<Size> sizes =
-        quick ? std::vector<Size>{{1000, 10}}
-              : std::vector<Size>{{1000, 10},      {10000, 1000}, {100000, 10},    {100000, 1000},
-                                  {100000, 50000}, {1000000, 10}, {1000000, 1000}, {1000000, 50000}};
-    std::printf("| work           |     marks | objects |   cpu ms | us per mark | marks per s | peak MB   | "
-                "bytes/mark | ratio | asked |\n"
-                "|----------------|----------:|--------:|---------:|-----------:|-------------:|----------:|-"
-                "----------:|------:|------:|\n");
+    // Every work at the two sizes that figures are asked for; the main work, the first, at all sizes.
+    const std::vector<Size> one{{1000, 10}};
+    const std::vector<Size> few{{100000, 1000}, {1000000, 50000}};
+    const std::vector<Size> all{{1000, 10},      {10000, 1000}, {100000, 10},    {100000, 1000},
+                                {100000, 50000}, {1000000, 10}, {1000000, 1000}, {1000000, 50000}};
+    std::puts("| work              |     marks | objects |   cpu ms | us per mark | marks per s | peak MB | "
+              "bytes/mark | asked "
+              "| ratio | asked |\n"
+              "|-------------------|----------:|--------:|---------:|------------:|------------:|--------:|--"
+              "---------:|------:"
+              "|------:|------:|");
     for (const Work& work : works) {
+        const bool main = &work == works;
         std::vector<Row> rows;
-        for (const Size size : sizes) {
-            const int rounds = quick ? 1 : (size.marks > 100000 ? 9 : 25);
+        for (const Size size : quick ? one : main ? all : few) {
+            const int rounds = quick ? 1 : size.marks > 100000 ? 7 : 21;
             rows.push_back(measured(folder, work, size, rounds));
             print(rows.back(), start.run.seconds, start.run.bytes);
         }
-        if (!quick) {
-            std::printf("| mea to %-7s growth over marks, 10,000 to 1,000,000 with 1,000 objects: exponent "
-                        "%.2f (asked: 1.05)\n",
-                        work.word,
+        if (main && !quick) {
+            std::printf("| %s, growth over marks, 10,000 to 1,000,000 with 1,000 objects: exponent %.2f "
+                        "(asked: 1.05)\n",
+                        nameOf(work).c_str(),
                         exponent(1e4, 1e6, secondsOf(rows, {10000, 1000}), secondsOf(rows, {1000000, 1000})));
             std::printf(
-                "| mea to %-7s growth over objects, 1,000 to 50,000 with 100,000 marks: exponent %.2f "
-                "(asked: 0.3)\n",
-                work.word,
+                "| %s, growth over objects, 1,000 to 50,000 with 100,000 marks: exponent %.2f (asked: 0.3)\n",
+                nameOf(work).c_str(),
                 exponent(1e3, 5e4, secondsOf(rows, {100000, 1000}), secondsOf(rows, {100000, 50000})));
         }
     }

@@ -1,7 +1,13 @@
 #include "format_words.h"
 
+#include "formats/aavso.h"
+#include "formats/light_curve.h"
 #include "formats/mea.h"
 #include "formats/mpc_report.h"
+#include "formats/ssmas.h"
+#include "formats/tdm.h"
+#include "formats/tdm_xml.h"
+#include "formats/telegram.h"
 
 #include <cstddef>
 #include <iterator>
@@ -11,25 +17,25 @@ using tavelinUtils::TrackVtorichka;
 
 namespace {
 
+using Tracks = std::vector<TrackVtorichka>;
+using Text = const std::string&;
+
 // A format's number is the place of its row.
 constexpr FormatWord formatWords[] = {
-    {"mea",
-     [](const std::string& path, const std::string& originator) {
-         return tavelinUtils::plMEATrack(path, originator);
-     },
-     [](const std::string& path, const std::vector<TrackVtorichka>& tracks) {
-         tavelinUtils::sMEA(path, tracks);
-     }},
-    {"telegram", nullptr, nullptr},
-    {"tdm", nullptr, nullptr},
-    {"ssmas", nullptr, nullptr},
-    {"mpc", nullptr,
-     [](const std::string& path, const std::vector<TrackVtorichka>& tracks) {
-         tavelinUtils::sMPC(path, tracks);
-     }},
-    {"tdm.xml", nullptr, nullptr},
-    {"mag", nullptr, nullptr},
-    {"aavso", nullptr, nullptr},
+    {"mea", [](Text path, Text originator) { return tavelinUtils::plMEATrack(path, originator); },
+     [](Text path, const Tracks& tracks) { tavelinUtils::sMEA(path, tracks); }},
+    {"telegram", [](Text path, Text) { return tavelinUtils::lTelegramma(path); },
+     [](Text path, const Tracks& tracks) { tavelinUtils::sTelegramma(path, tracks); }},
+    {"tdm", [](Text path, Text) { return tavelinUtils::lTDM(path); },
+     [](Text path, const Tracks& tracks) { tavelinUtils::sTDM(path, tracks); }},
+    {"ssmas", [](Text path, Text originator) { return tavelinUtils::lckako_meas(path, originator); },
+     [](Text path, const Tracks& tracks) { tavelinUtils::sSSMAS(path, tracks); }},
+    {"mpc", nullptr, [](Text path, const Tracks& tracks) { tavelinUtils::sMPC(path, tracks); }},
+    // Its failure is a bool, which a run does not look at.
+    {"tdm.xml", nullptr, [](Text path, const Tracks& tracks) { tavelinUtils::sTDMPOLxml(path, tracks); }},
+    {"mag", nullptr,
+     [](Text path, const Tracks& tracks) { tavelinUtils::SaveLightCurve(path, tracks, "JD geocentric"); }},
+    {"aavso", nullptr, [](Text path, const Tracks& tracks) { tavelinUtils::sAAVSO(path, tracks); }},
 };
 
 } // namespace
@@ -60,7 +66,7 @@ TFuncRes SelectFormatAndSave(std::string path, std::string format, std::vector<T
         result.Code = -2;
         result.Comment = "unknown output format";
         result.Description = "format_out";
-    } else if (row->write != nullptr) {
+    } else {
         row->write(path, tracks);
     }
     return result;

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-/// What the table says of a format. A null pointer stands for a side that has no work behind it.
+/// What the table says of a format. A format that is only written has no reader.
 struct FormatWord
 {
     using Reader = std::vector<tavelinUtils::TrackVtorichka> (*)(const std::string& path,
@@ -16,7 +16,7 @@ struct FormatWord
     using Writer = void (*)(const std::string& path, const std::vector<tavelinUtils::TrackVtorichka>& tracks);
 
     const char* word;
-    Reader read;
+    Reader read; ///< may be a null pointer
     Writer write;
 };
 

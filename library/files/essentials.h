@@ -6,6 +6,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdio>
 #include <memory>
@@ -104,6 +105,26 @@ void forEachToken(std::string_view text, char separator, Use use)
         use(text.substr(0, end));
         if (end == std::string_view::npos) {
             return;
+        }
+        text.remove_prefix(end + 1);
+    }
+}
+
+/// Cuts a text at a separator as Pars9 does with the separator put behind the text, so that a text that
+/// ends in the separator has an empty last part. Keeps as many parts as there is room for, leaves the rest
+/// of the room as it was, and returns how many parts there are.
+template <std::size_t room>
+std::size_t cutParts(std::string_view text, char separator, std::array<std::string_view, room>& parts)
+{
+    std::size_t count = 0;
+    for (;;) {
+        const std::size_t end = std::min(text.find(separator), text.size());
+        if (count < room) {
+            parts[count] = text.substr(0, end);
+        }
+        ++count;
+        if (end == text.size()) {
+            return count;
         }
         text.remove_prefix(end + 1);
     }

@@ -40,12 +40,6 @@ void appendText(const std::string& path, std::string_view text)
     writeBytes(path, "a", text);
 }
 
-void rewriteText(const std::string& path, std::string_view text)
-{
-    std::remove(path.c_str());
-    appendText(path, text);
-}
-
 } // namespace
 
 std::vector<std::string> ReadFromFile(std::string path)
@@ -66,6 +60,12 @@ std::vector<int> ReadFromFileInt(std::string path)
         forEachLine(file.view(), [&numbers](std::string_view line) { numbers.push_back(toInt(line)); });
     }
     return numbers;
+}
+
+void rewriteText(const std::string& path, std::string_view text)
+{
+    std::remove(path.c_str());
+    appendText(path, text);
 }
 
 void writeText(const std::string& path, std::string_view text)

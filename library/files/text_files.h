@@ -47,4 +47,7 @@ void rewrite(std::string path, const std::vector<double>& values);
 /// Replaces the file by a text made of whole lines. Throws as Write of lines does.
 void writeText(const std::string& path, std::string_view text);
 
+/// Removes the file and makes it anew of a text made of whole lines. What cannot be written is passed over.
+void rewriteText(const std::string& path, std::string_view text);
+
 } // namespace tavelinUtils

@@ -60,16 +60,6 @@ bool cutTokens(std::string_view line, Tokens& tokens)
     }
 }
 
-// What a line says of its mark.
-struct Observation
-{
-    int date;
-    double time;
-    double RA;
-    double DE;
-    double m;
-};
-
 // Takes the lines of a file one after the other.
 class MeaLines
 {
@@ -103,20 +93,14 @@ public:
                 track.QRVName = object;
                 track.NORAD = object;
             },
-            [](TRecLabelPervichka_File& mark, const Observation& observation) {
-                mark.date = observation.date;
-                mark.time = observation.time;
-                mark.RA = observation.RA;
-                mark.DE = observation.DE;
-                mark.m = observation.m;
-            });
+            setMeasured);
     }
 
 private:
     bool siteSeen = false;
     std::string telescope;
     LastAnswer<std::string, int> dates;
-    TrackGathering<Observation> gathering;
+    TrackGathering<MeasuredMark> gathering;
 };
 
 using DateTexts = LastAnswer<int, std::string>;
@@ -133,15 +117,6 @@ void appendMagnitude(std::string& out, double m)
     appendFixed(out, std::abs(m), 2);
 }
 
-// An angle of four decimals without its point.
-template <class AppendAngle>
-void appendPacked(std::string& out, double degrees, AppendAngle appendAngle)
-{
-    const std::size_t begin = out.size();
-    appendAngle(out, degrees, 4, "");
-    erasePoint(out, begin);
-}
-
 // Everything up to the magnitude.
 void appendPosition(std::string& out, const std::string& object, const TRecLabelPervichka_File& mark,
                     DateTexts& dates)
@@ -152,9 +127,9 @@ void appendPosition(std::string& out, const std::string& object, const TRecLabel
     out += ' ';
     appendTimeMEA(out, mark.time, 3, false);
     out += "0 ";
-    appendPacked(out, mark.RA, appendRA);
+    appendPackedRA(out, mark.RA, 4);
     out += ' ';
-    appendPacked(out, mark.DE, appendDE);
+    appendPackedDE(out, mark.DE, 4);
     out += " 001 ";
 }
 
@@ -191,12 +166,8 @@ void writeMea(const std::string& path, const std::vector<TrackVtorichka>& tracks
     if (tracks.empty()) {
         return;
     }
-    std::size_t marks = 0;
-    for (const TrackVtorichka& track : tracks) {
-        marks += track.Marks.size();
-    }
     std::string text;
-    text.reserve((marks + 1) * lineLength);
+    text.reserve((countMarks(tracks) + 1) * lineLength);
     text += tracks.front().telescope;
     text += siteEpoch;
     text += columns;
@@ -204,6 +175,7 @@ void writeMea(const std::string& path, const std::vector<TrackVtorichka>& tracks
     DateTexts dates;
     for (const TrackVtorichka& track : tracks) {
         for (std::size_t index = 0; index < track.Marks.size(); ++index) {
+            fetchAhead(track.Marks, index);
             appendLine(text, track, index, dates);
         }
     }

@@ -99,15 +99,6 @@ void appendHeader(std::string& out, const TMPCReportHeader& header)
     }
 }
 
-std::size_t markCount(const std::vector<TrackVtorichka>& tracks)
-{
-    std::size_t count = 0;
-    for (const TrackVtorichka& track : tracks) {
-        count += track.Marks.size();
-    }
-    return count;
-}
-
 void appendResidual(std::string& out, double residual)
 {
     appendPaddedLeft(out, Str9(residual, 2), 5);
@@ -261,7 +252,7 @@ void sMPC(std::string path, const std::vector<TrackVtorichka>& tracks)
         return;
     }
     std::string text;
-    text.reserve((markCount(tracks) + 10) * (lineLength + 2));
+    text.reserve((countMarks(tracks) + 10) * (lineLength + 2));
     appendHeader(text, tracks.front().MPCHeader);
     DateTexts dates;
     for (const TrackVtorichka& track : tracks) {

@@ -23,4 +23,13 @@ bool SortTrackByName(const TrackVtorichka& a, const TrackVtorichka& b)
     return mycomp(a.MPCChecker, b.MPCChecker);
 }
 
+std::size_t countMarks(const std::vector<TrackVtorichka>& tracks)
+{
+    std::size_t count = 0;
+    for (const TrackVtorichka& track : tracks) {
+        count += track.Marks.size();
+    }
+    return count;
+}
+
 } // namespace tavelinUtils

@@ -5,6 +5,7 @@
 #include "records/enumerations.h"
 #include "records/mark.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -140,5 +141,8 @@ void SetNilHeadTrack(TrackVtorichka& track);
 
 /// The order of tracks by the bytes of MPCChecker.
 bool SortTrackByName(const TrackVtorichka& a, const TrackVtorichka& b);
+
+/// How many marks the tracks have together.
+std::size_t countMarks(const std::vector<TrackVtorichka>& tracks);
 
 } // namespace tavelinUtils

@@ -17,6 +17,26 @@
 
 namespace tavelinUtils {
 
+/// What every measurement format says of a mark.
+struct MeasuredMark
+{
+    int date = 0;    ///< whole MJD
+    double time = 0; ///< fraction of the day
+    double RA = 0;   ///< degrees
+    double DE = 0;   ///< degrees
+    double m = 0;
+};
+
+/// Gives a mark its measured values and leaves everything else.
+inline void setMeasured(TRecLabelPervichka_File& mark, const MeasuredMark& measured)
+{
+    mark.date = measured.date;
+    mark.time = measured.time;
+    mark.RA = measured.RA;
+    mark.DE = measured.DE;
+    mark.m = measured.m;
+}
+
 /// Collects observations by object. Tracks stand in the order in which their objects were first named,
 /// marks in the order in which they were added.
 template <class Observation>
@@ -74,6 +94,59 @@ private:
     std::vector<std::size_t> counts;
     std::vector<std::pair<std::size_t, Observation>> entries;
     std::size_t last = 0;
+};
+
+/// Collects measured marks track after track: each goes to the track that was added last.
+class TrackSequence
+{
+public:
+    /// Makes room for so many marks.
+    void reserve(std::size_t count)
+    {
+        marks.reserve(count);
+    }
+
+    /// Adds a track, whose head may be filled until the tracks are taken.
+    TrackVtorichka& addTrack()
+    {
+        ends.push_back(marks.size());
+        return heads.emplace_back();
+    }
+
+    bool empty() const
+    {
+        return heads.empty();
+    }
+
+    TrackVtorichka& lastTrack()
+    {
+        return heads.back();
+    }
+
+    void addMark(const MeasuredMark& mark)
+    {
+        marks.push_back(mark);
+        ends.back() = marks.size();
+    }
+
+    /// The tracks with their marks; the sequence is empty afterwards.
+    std::vector<TrackVtorichka> takeTracks()
+    {
+        heads.shrink_to_fit();
+        std::size_t next = 0;
+        for (std::size_t i = 0; i < heads.size(); ++i) {
+            heads[i].Marks.reserve(ends[i] - next);
+            for (; next < ends[i]; ++next) {
+                setMeasured(heads[i].Marks.emplace_back(), marks[next]);
+            }
+        }
+        return std::exchange(heads, {});
+    }
+
+private:
+    std::vector<TrackVtorichka> heads;
+    std::vector<std::size_t> ends; // of each track's marks
+    std::vector<MeasuredMark> marks;
 };
 
 } // namespace tavelinUtils

@@ -4,9 +4,9 @@
 #include "math/scalars.h"
 #include "text/number_text.h"
 
+#include <array>
 #include <cmath>
 #include <cstring>
-#include <vector>
 
 namespace tavelinUtils {
 namespace {
@@ -72,13 +72,6 @@ double deFrom(std::string_view degrees, std::string_view minutes, double seconds
     return degrees.starts_with('-') ? -magnitude : magnitude;
 }
 
-std::vector<std::string> tokensAt(const std::string& text, const std::string& separator)
-{
-    std::vector<std::string> tokens;
-    Pars9(text + separator, tokens, separator);
-    return tokens;
-}
-
 } // namespace
 
 void appendRA(std::string& out, double degrees, int precision, std::string_view separator)
@@ -89,6 +82,20 @@ void appendRA(std::string& out, double degrees, int precision, std::string_view 
 void appendDE(std::string& out, double degrees, int precision, std::string_view separator)
 {
     appendAngle(out, degrees < 0.0, std::abs(degrees), precision, separator);
+}
+
+void appendPackedRA(std::string& out, double degrees, int precision)
+{
+    const std::size_t begin = out.size();
+    appendRA(out, degrees, precision, "");
+    erasePoint(out, begin);
+}
+
+void appendPackedDE(std::string& out, double degrees, int precision)
+{
+    const std::size_t begin = out.size();
+    appendDE(out, degrees, precision, "");
+    erasePoint(out, begin);
 }
 
 std::string RAToStr(double degrees, int precision, std::string separator, bool seconds)
@@ -121,37 +128,42 @@ double StrToDE(std::string degrees, std::string minutes, std::string seconds)
     return deOf(degrees, minutes, seconds);
 }
 
-double StrRAToDecimal(std::string text)
+double raToDecimal(std::string_view text)
 {
-    for (const char* separator : {" ", ":"}) {
-        const std::vector<std::string> tokens = tokensAt(text, separator);
-        if (tokens.size() == 3) {
-            return raOf(tokens[0], tokens[1], tokens[2]);
-        }
-        if (tokens.size() >= 2) {
-            return notReadable;
+    for (const char separator : {' ', ':'}) {
+        std::array<std::string_view, 3> parts;
+        const std::size_t count = cutParts(text, separator, parts);
+        if (count >= 2) {
+            return count == 3 ? raOf(parts[0], parts[1], parts[2]) : notReadable;
         }
     }
     return toDouble(text);
 }
 
-double StrDEToDecimal(std::string text)
+double deToDecimal(std::string_view text)
 {
-    for (const char* separator : {" ", ":"}) {
-        const std::vector<std::string> tokens = tokensAt(text, separator);
-        if (tokens.size() == 3) {
-            return deOf(tokens[0], tokens[1], tokens[2]);
-        }
-        if (tokens.size() >= 2) {
-            return notReadable;
+    std::array<std::string_view, 3> parts;
+    for (const char separator : {' ', ':'}) {
+        const std::size_t count = cutParts(text, separator, parts);
+        if (count >= 2) {
+            return count == 3 ? deOf(parts[0], parts[1], parts[2]) : notReadable;
         }
     }
-    const std::vector<std::string> tokens = tokensAt(text, ".");
-    if (tokens.size() == 4) {
-        // The fourth token, the fraction of the seconds, is not used.
-        return deOf(tokens[0], tokens[1], tokens[2]);
+    if (cutParts(text, '.', parts) == 4) {
+        // The fourth part, the fraction of the seconds, is not used.
+        return deOf(parts[0], parts[1], parts[2]);
     }
     return toDouble(text);
+}
+
+double StrRAToDecimal(std::string text)
+{
+    return raToDecimal(text);
+}
+
+double StrDEToDecimal(std::string text)
+{
+    return deToDecimal(text);
 }
 
 double packedSeconds(std::string_view text, std::size_t position)

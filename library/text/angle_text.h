@@ -46,9 +46,15 @@ double pStrTelegrammaToDE(std::string text);
 void appendRA(std::string& out, double degrees, int precision, std::string_view separator);
 void appendDE(std::string& out, double degrees, int precision, std::string_view separator);
 
+/// Append the same without separator and without the point: "0100000000" for 15.0 with precision 4.
+void appendPackedRA(std::string& out, double degrees, int precision);
+void appendPackedDE(std::string& out, double degrees, int precision);
+
 /// What the functions of the same purpose above give, of views.
 double raOf(std::string_view hours, std::string_view minutes, std::string_view seconds);
 double deOf(std::string_view degrees, std::string_view minutes, std::string_view seconds);
+double raToDecimal(std::string_view text);
+double deToDecimal(std::string_view text);
 double packedRA(std::string_view text);
 double packedDE(std::string_view text);
 

@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <ctime>
+#include <limits>
 
 namespace tavelinUtils {
 namespace {
@@ -112,9 +113,11 @@ double GetDiff(std::chrono::system_clock::time_point begin, std::chrono::system_
 void SysToDateTime(long time, int& year, int& month, int& day, int& hour, int& minute, int& second)
 {
     year = month = day = hour = minute = second = 0;
+    constexpr int firstYear = 1900;
     const std::time_t seconds = time;
-    if (const std::tm* local = std::localtime(&seconds)) {
-        year = local->tm_year + 1900;
+    const std::tm* const local = std::localtime(&seconds);
+    if (local != nullptr && local->tm_year <= std::numeric_limits<int>::max() - firstYear) {
+        year = local->tm_year + firstYear;
         month = local->tm_mon + 1;
         day = local->tm_mday;
         hour = local->tm_hour;

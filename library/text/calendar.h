@@ -46,7 +46,8 @@ double TimeToDay(int hour, int minute, double second);
 /// before they are cut. A fraction within 1e-14 of a whole day gives hour 24.
 void DayToTime(double day, int& hour, int& minute, double& second);
 
-/// Date and time of an MJD. The date is that of the unchanged MJD, also where the hour becomes 24.
+/// Date and time of an MJD. The date is that of the unchanged MJD as a Julian Date, so that the last 20
+/// microseconds of a day belong to the next; hour 24 does not carry into the date.
 void MJDToDateTime(double mjd, int& year, int& month, int& day, int& hour, int& minute, double& second);
 TDateTime MJDToDateTime(double mjd);
 
@@ -60,7 +61,7 @@ long Now();
 std::chrono::system_clock::time_point GetNow();
 double GetDiff(std::chrono::system_clock::time_point begin, std::chrono::system_clock::time_point end);
 
-/// Local date and time of seconds since the epoch; zeros where the system knows none.
+/// Local date and time of seconds since the epoch; zeros where the system knows none or the year does not fit.
 void SysToDateTime(long time, int& year, int& month, int& day, int& hour, int& minute, int& second);
 
 /// Local date and time of this moment, the seconds whole.

@@ -66,6 +66,28 @@ void appendSecondsByValue(std::string& out, double seconds, int precision)
     appendFixed(out, seconds, precision);
 }
 
+// With the carry that the other time texts do not have.
+void appendCarriedTime(std::string& out, TimeOfDay time, int precision, std::string_view separator)
+{
+    std::string seconds = Str9(time.seconds, precision);
+    if (seconds.starts_with("60")) {
+        seconds = Str9(0.0, precision);
+        ++time.minute;
+    }
+    if (time.minute == 60) {
+        ++time.hour;
+        time.minute = 0;
+    }
+    if (time.hour == 24) {
+        time.hour = 0; // the date stays as it was; nothing tells the caller
+    }
+    appendHourAndMinute(out, time.hour, time.minute, separator);
+    if (toDouble(seconds) < 10.0) {
+        out += '0';
+    }
+    out += seconds;
+}
+
 // The first three parts of a text; a part that is not there is empty.
 std::array<std::string, 3> threeParts(const std::string& text, const std::string& separator)
 {
@@ -79,30 +101,21 @@ std::array<std::string, 3> threeParts(const std::string& text, const std::string
 
 std::string DayToTime(int hour, int minute, double second, int precision, std::string separator)
 {
-    std::string seconds = Str9(second, precision);
-    if (seconds.starts_with("60")) {
-        seconds = Str9(0.0, precision);
-        ++minute;
-    }
-    if (minute == 60) {
-        ++hour;
-        minute = 0;
-    }
-    if (hour == 24) {
-        hour = 0; // the date stays as it was; nothing tells the caller
-    }
     std::string text;
-    appendHourAndMinute(text, hour, minute, separator);
-    if (toDouble(seconds) < 10.0) {
-        text += '0';
-    }
-    return text += seconds;
+    appendCarriedTime(text, {hour, minute, second}, precision, separator);
+    return text;
+}
+
+void appendTime(std::string& out, double day, int precision, std::string_view separator)
+{
+    appendCarriedTime(out, timeOfDay(day), precision, separator);
 }
 
 std::string DayToTime(double day, int precision, std::string separator)
 {
-    const TimeOfDay time = timeOfDay(day);
-    return DayToTime(time.hour, time.minute, time.seconds, precision, separator);
+    std::string text;
+    appendTime(text, day, precision, separator);
+    return text;
 }
 
 void appendTimeMEA(std::string& out, double day, int precision, bool rounded)
@@ -126,12 +139,17 @@ std::string DayToTimeMEA(double day, int precision, bool rounded)
     return text;
 }
 
-std::string DayToTimeTEL(double day)
+void appendTimeTEL(std::string& out, double day)
 {
     const TimeOfDay time = timeOfDay(day);
+    appendHourAndMinute(out, time.hour, time.minute, ":");
+    appendSecondsByValue(out, time.seconds, 2);
+}
+
+std::string DayToTimeTEL(double day)
+{
     std::string text;
-    appendHourAndMinute(text, time.hour, time.minute, ":");
-    appendSecondsByValue(text, time.seconds, 2);
+    appendTimeTEL(text, day);
     return text;
 }
 
@@ -239,6 +257,13 @@ int DateToMJD(std::string text, std::string separator)
 {
     const auto [year, month, day] = threeParts(text, separator);
     return DateToMJD(year, month, day);
+}
+
+double timeToDay(std::string_view text, char separator)
+{
+    std::array<std::string_view, 3> parts;
+    cutParts(text, separator, parts);
+    return TimeToDay(toInt(parts[0]), toInt(parts[1]), toDouble(parts[2]));
 }
 
 double TimeToDay(std::string text, std::string separator)

@@ -91,11 +91,14 @@ std::string NowToDateTimeWin(bool fraction, std::string middleSeparator, std::st
 /// The date of the same clock: "0-00-00" with the separator "-".
 std::string NowToDate(std::string separator);
 
-/// Append what DayToTimeMEA gives.
+/// Append what DayToTime, DayToTimeMEA and DayToTimeTEL give of the fraction of a day.
+void appendTime(std::string& out, double day, int precision, std::string_view separator);
 void appendTimeMEA(std::string& out, double day, int precision, bool rounded);
+void appendTimeTEL(std::string& out, double day);
 
-/// What StrTELToDate and StrTELToTime give, of views.
+/// What StrTELToDate, StrTELToTime and TimeToDay give, of views.
 int packedDate(std::string_view text);
 double packedTime(std::string_view text);
+double timeToDay(std::string_view text, char separator);
 
 } // namespace tavelinUtils

@@ -101,7 +101,7 @@ inline std::set<std::string> filesBelow(const std::string& folder)
     std::set<std::string> names;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
         if (!entry.is_directory()) {
-            names.insert(std::filesystem::relative(entry.path(), folder).string());
+            names.insert(entry.path().lexically_relative(folder).string());
         }
     }
     return names;

@@ -1,0 +1,23 @@
+// Light curve table, the brightness of tracks over time: one line per mark, seven fields and a tab behind
+// each.
+//
+//   JD geocentric	apparent	ensemble	instrumental	instr1000km	instrComp	object
+//   2460001.0000000	9.50000	0.00000	0.00000	0.00000	0.00000	12345
+
+#pragma once
+
+#include "records/track.h"
+
+#include <string>
+#include <vector>
+
+namespace tavelinUtils {
+
+/// Replaces the file by the table, whose first column is named by the label and holds Julian dates. Without
+/// tracks it is the column line alone. A file that cannot be written is passed over in silence.
+void SaveLightCurve(std::string path, const std::vector<TrackVtorichka>& tracks, std::string timeLabel);
+
+/// The column header of a track table of light curves.
+std::string getHeadLightCurve();
+
+} // namespace tavelinUtils

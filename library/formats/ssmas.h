@@ -1,0 +1,49 @@
+// SSMAS, a line report of satellite observations: three lines of its own, then one block per object.
+//
+//   Measurements
+//   T1
+//   conversion
+//   1
+//
+//   #SSMAS   #INTER
+//   12345 12345
+//      Data        UT           CU           DE      RMS  m
+//   25.02.2023 12:00:00.00  01:00:00.00 -00.30.00.00 001 09.5
+
+#pragma once
+
+#include "records/track.h"
+
+#include <string>
+#include <vector>
+
+namespace tavelinUtils {
+
+/// A telescope and the word that is added to the names of its files.
+struct TSSMASHAED
+{
+    std::string addtofilename{};
+    std::string telescop{};
+};
+
+/// The tracks of a report; none for fewer than seven lines. Each blank parts items, and their number decides:
+/// two open an object, seven are a mark of an open object, and a line of fewer with a first item closes an
+/// object that has marks. An object without marks leaves a default track in its place. Text that is no
+/// number counts as 0. Throws std::length_error for a report whose objects repeat the marks of those before
+/// them, as a name that is empty does, so often that they come to more than ten million.
+std::vector<TrackVtorichka> lckako_meas(const std::vector<std::string>& lines, std::string observatory);
+
+/// The same of a file; none for a missing one.
+std::vector<TrackVtorichka> lckako_meas(std::string path, std::string observatory);
+
+/// Replaces the file by the tracks as a report; its second line is the telescope of the first. The column
+/// RMS always holds "001". An empty list makes no file. Throws TavelinException with code 7 and the path for
+/// a file that cannot be written.
+void sSSMAS(std::string path, const std::vector<TrackVtorichka>& tracks);
+
+/// Appends the records of an XML file. Each child of the root brings all children of its name, so that n
+/// records of one name come n times. A file that cannot be loaded, has no child below its root, or would
+/// bring more than a million records, brings none.
+void lHeadersSSMAS(std::string path, std::vector<TSSMASHAED>& headers);
+
+} // namespace tavelinUtils

@@ -1,0 +1,251 @@
+#include "formats/tdm.h"
+
+#include "files/essentials.h"
+#include "files/text_files.h"
+#include "records/track_gathering.h"
+#include "text/date_text.h"
+#include "text/number_text.h"
+
+#include <array>
+#include <cstddef>
+
+namespace tavelinUtils {
+namespace {
+
+constexpr std::string_view separator = " = ";
+constexpr std::size_t segmentHeadLength = 320;
+constexpr std::size_t linesOfAMarkLength = 160;
+
+// Cuts the text in front of the next separator off. The separator counts as put behind the whole text, so
+// that a " =" at its end is one too; a text without one is cut whole where it is the first of a line.
+std::string_view cutField(std::string_view& text)
+{
+    std::size_t end = text.find(separator);
+    if (end == std::string_view::npos) {
+        const std::string_view field = text.substr(0, text.size() - (text.ends_with(" =") ? 2 : 0));
+        text = {};
+        return field;
+    }
+    const std::string_view field = text.substr(0, end);
+    text.remove_prefix(end + separator.size());
+    return field;
+}
+
+// The last two items of a line cut at each blank; a blank at its end is no further item.
+struct DataItems
+{
+    std::string_view epoch;
+    std::string_view value;
+};
+
+DataItems dataItems(std::string_view line)
+{
+    if (line.ends_with(' ')) {
+        line.remove_suffix(1);
+    }
+    const std::size_t beforeValue = line.rfind(' ');
+    if (beforeValue == std::string_view::npos) {
+        return {{}, line};
+    }
+    const std::string_view value = line.substr(beforeValue + 1);
+    line = line.substr(0, beforeValue);
+    const std::size_t beforeEpoch = line.rfind(' ');
+    return {beforeEpoch == std::string_view::npos ? line : line.substr(beforeEpoch + 1), value};
+}
+
+// Takes the lines of a message one after the other.
+class MessageLines
+{
+public:
+    void reserve(std::size_t lines)
+    {
+        constexpr std::size_t linesOfAMark = 3;
+        tracks.reserve(lines / linesOfAMark + 1);
+    }
+
+    void add(std::string_view line)
+    {
+        if (line.empty()) {
+            return;
+        }
+        std::string_view rest = line;
+        const std::string_view key = cutField(rest);
+        if (key == "ORIGINATOR") {
+            originator = cutField(rest);
+        } else if (key == "PARTICIPANT_1") {
+            telescope = cutField(rest);
+        } else if (key == "PARTICIPANT_2") {
+            object = cutField(rest);
+        } else if (key == "META_START") {
+            tracks.addTrack();
+        } else {
+            addData(key, line);
+            return;
+        }
+        nameLastTrack();
+    }
+
+    std::vector<TrackVtorichka> takeTracks()
+    {
+        return tracks.takeTracks();
+    }
+
+private:
+    // The last track bears what was said last; a segment that does not say it inherits it.
+    void nameLastTrack()
+    {
+        if (!tracks.empty()) {
+            TrackVtorichka& track = tracks.lastTrack();
+            track.originator = originator;
+            track.telescope = telescope;
+            track.QRVName = object;
+        }
+    }
+
+    // The values stay in the one mark of the whole file until another line sets them.
+    void addData(std::string_view key, std::string_view line)
+    {
+        if (tracks.empty()) {
+            return;
+        }
+        if (key == "ANGLE_1") {
+            const DataItems items = dataItems(line);
+            mark.RA = toDouble(items.value);
+            readEpoch(items.epoch, days, mark.date, mark.time);
+        } else if (key == "ANGLE_2") {
+            mark.DE = toDouble(dataItems(line).value);
+        } else if (key == "MAG") {
+            mark.m = toDouble(dataItems(line).value);
+            tracks.addMark(mark);
+        }
+    }
+
+    std::string originator;
+    std::string telescope;
+    std::string object;
+    MeasuredMark mark;
+    EpochDays days;
+    TrackSequence tracks;
+};
+
+void appendLine(std::string& out, std::string_view key, std::string_view value)
+{
+    out += key;
+    out += separator;
+    out += value;
+    out += '\n';
+}
+
+void appendEpochLine(std::string& out, std::string_view key, const TRecLabelPervichka_File& mark,
+                     EpochDates& dates)
+{
+    out += key;
+    out += separator;
+    appendEpoch(out, mark, dates);
+    out += '\n';
+}
+
+void appendMetadata(std::string& out, const TrackVtorichka& track, EpochDates& dates)
+{
+    out += "META_START\n";
+    appendLine(out, "TIME_SYSTEM", "UTC");
+    appendEpochLine(out, "START_TIME", track.Marks.front(), dates);
+    appendEpochLine(out, "STOP_TIME", track.Marks.back(), dates);
+    appendLine(out, "PARTICIPANT_1", track.telescope);
+    appendLine(out, "PARTICIPANT_2", track.QRVName);
+    appendLine(out, "MODE", "SEQUENTIAL");
+    appendLine(out, "PATH", "2,1");
+    appendLine(out, "ANGLE_TYPE", "RADEC");
+    appendLine(out, "REFERENCE_FRAME", track.REFERENCE_FRAME);
+    out += "META_STOP\n";
+}
+
+void appendDataLine(std::string& out, std::string_view key, std::string_view epoch, double value,
+                    int decimals)
+{
+    out += key;
+    out += separator;
+    out += epoch;
+    out += ' ';
+    appendFixed(out, value, decimals);
+    out += '\n';
+}
+
+void appendData(std::string& out, const TrackVtorichka& track, EpochDates& dates)
+{
+    out += "DATA_START\n";
+    std::string epoch;
+    for (std::size_t i = 0; i < track.Marks.size(); ++i) {
+        fetchAhead(track.Marks, i);
+        const TRecLabelPervichka_File& mark = track.Marks[i];
+        epoch.clear();
+        appendEpoch(epoch, mark, dates);
+        appendDataLine(out, "ANGLE_1", epoch, mark.RA, 7);
+        appendDataLine(out, "ANGLE_2", epoch, mark.DE, 7);
+        appendDataLine(out, "MAG", epoch, mark.m, 4);
+    }
+    out += "DATA_STOP\n";
+}
+
+} // namespace
+
+std::string creationDate()
+{
+    return NowToDateTimeWin(false, "T");
+}
+
+void appendEpoch(std::string& out, const TRecLabelPervichka_File& mark, EpochDates& dates)
+{
+    out += dates.to(int{mark.date}, [](int date) { return MJDToDate(date, "-"); });
+    out += 'T';
+    appendTime(out, mark.time, 5, ":");
+}
+
+void readEpoch(std::string_view text, EpochDays& days, int& date, double& time)
+{
+    if (text.ends_with('T')) {
+        text.remove_suffix(1); // nothing stands behind it, so it parts nothing
+    }
+    std::array<std::string_view, 2> parts;
+    if (cutParts(text, 'T', parts) == parts.size()) {
+        date = days.to(parts[0], [](std::string_view day) { return DateToMJD(std::string(day), "-"); });
+        time = timeToDay(parts[1], ':');
+    }
+}
+
+std::vector<TrackVtorichka> lTDM(std::string path)
+{
+    MessageLines reading;
+    {
+        FileBytes file;
+        if (!readBytes(path, file)) {
+            return {};
+        }
+        reading.reserve(countLines(file.view()));
+        forEachLine(file.view(), [&reading](std::string_view line) { reading.add(line); });
+    }
+    return reading.takeTracks();
+}
+
+void sTDM(std::string path, const std::vector<TrackVtorichka>& tracks)
+{
+    if (tracks.empty()) {
+        return;
+    }
+    std::string text;
+    text.reserve(countMarks(tracks) * linesOfAMarkLength + tracks.size() * segmentHeadLength +
+                 segmentHeadLength);
+    appendLine(text, "CCSDS_TDM_VERS", "1.0");
+    appendLine(text, "CREATION_DATE", creationDate());
+    appendLine(text, "ORIGINATOR", tracks.front().originator);
+    EpochDates dates;
+    for (const TrackVtorichka& track : tracks) {
+        if (!track.Marks.empty()) {
+            appendMetadata(text, track, dates);
+            appendData(text, track, dates);
+        }
+    }
+    writeText(path, text);
+}
+
+} // namespace tavelinUtils

@@ -1,0 +1,55 @@
+// TDM, angle tracking data in the key-value form of the CCSDS Tracking Data Message: one segment per track.
+//
+//   CCSDS_TDM_VERS = 1.0
+//   CREATION_DATE = 0-00-00T00:00:00
+//   ORIGINATOR = observatory
+//   META_START
+//   TIME_SYSTEM = UTC
+//   ...
+//   DATA_START
+//   ANGLE_1 = 2023-02-25T12:00:00.00000 15.0000000
+//   ANGLE_2 = 2023-02-25T12:00:00.00000 -0.5000000
+//   MAG = 2023-02-25T12:00:00.00000 9.5000
+//   DATA_STOP
+//
+// Published as CCSDS 503.0-B, Tracking Data Message. Ours writes the fixed creation date above, and its
+// magnitude line is not a key of the first issue; the reader makes a mark of a magnitude line only.
+
+#pragma once
+
+#include "records/track.h"
+#include "text/calendar.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavelinUtils {
+
+/// The tracks of a message, one for each segment; none for a missing file or one without a segment. What
+/// a line does not say stays as the lines before it said it, across segments: originator, participants,
+/// and the values of a mark. The reference frame is not read. A text that is no number counts as 0.
+std::vector<TrackVtorichka> lTDM(std::string path);
+
+/// Replaces the file by the tracks as a message, under the originator of the first. A track without marks
+/// has no segment. An empty list makes no file. Throws TavelinException with code 7 and the path for a
+/// file that cannot be written.
+void sTDM(std::string path, const std::vector<TrackVtorichka>& tracks);
+
+/// The date texts of epochs: a night of marks shares one.
+using EpochDates = LastAnswer<int, std::string>;
+
+/// Appends the epoch of a mark: "2023-02-25T12:00:00.00000".
+void appendEpoch(std::string& out, const TRecLabelPervichka_File& mark, EpochDates& dates);
+
+/// The days of epochs that were read.
+using EpochDays = LastAnswer<std::string, int>;
+
+/// Reads an epoch into a whole MJD and the fraction of the day. A text that a "T" does not part into two
+/// leaves both as they were.
+void readEpoch(std::string_view text, EpochDays& days, int& date, double& time);
+
+/// The file's creation date: this system carries none, and writes zeros.
+std::string creationDate();
+
+} // namespace tavelinUtils

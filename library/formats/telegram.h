@@ -1,0 +1,32 @@
+// Telegram, a compact format of optical measurements: one block per object, closed by a single word.
+//
+//   observatory T1 12345
+//   250223 12000000 01000000 -00300000 001095
+//   END
+//
+//   date   time     RA       DE        m
+
+#pragma once
+
+#include "records/track.h"
+
+#include <string>
+#include <vector>
+
+namespace tavelinUtils {
+
+/// The tracks of a telegram, one for each closed block. Three words open a block or rename the open one,
+/// one word of any kind closes it, five are a mark of an open block, and everything else is passed over.
+/// Each blank parts words, so that two blanks in a row, or one at the end of a line, make a word more.
+/// Throws std::out_of_range for a date below 4 characters, a time or right ascension below 6, a
+/// declination below 7, a magnitude field below 3.
+std::vector<TrackVtorichka> lTelegramma(const std::vector<std::string>& lines);
+
+/// The same of a file; none for a missing one.
+std::vector<TrackVtorichka> lTelegramma(std::string path);
+
+/// Replaces the file by the tracks as a telegram. An empty list leaves the file as it is. Throws
+/// TavelinException with code 7 and the path for a file that cannot be written.
+void sTelegramma(std::string path, const std::vector<TrackVtorichka>& tracks);
+
+} // namespace tavelinUtils

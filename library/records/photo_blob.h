@@ -1,0 +1,18 @@
+// One star on one frame, in the branch of variable stars.
+
+#pragma once
+
+#include "records/blob.h"
+
+namespace tavelinUtils {
+
+/// A star's mark with the head of its frame. SpareText of the mark is the star's name, KNAME that of its
+/// comparison star, Spare1 its instrumental magnitude for the V-C tables, mEnsemble its ensemble
+/// magnitude, Spare5 the error of that.
+struct TLocPhotoBlob
+{
+    TFitHead Head{};
+    TRecLabelPervichka_File Mark{};
+};
+
+} // namespace tavelinUtils

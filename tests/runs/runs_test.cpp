@@ -1,0 +1,59 @@
+// Whole runs of the built tool, kept as files. Each folder here that holds a task.xml is one run: it is
+// copied, the tool is started in the copy, beside an empty folder out, and what then stands below out must be
+// what stands below expected, byte by byte. The time stamp of a result document is DATE there.
+
+#include "support/child_process.h"
+#include "support/tasks.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <set>
+#include <string>
+
+namespace {
+
+std::set<std::string> runsWithATask()
+{
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(VOMAR_RUNS)) {
+        if (exists(entry.path() / "task.xml")) {
+            names.insert(entry.path().filename().string());
+        }
+    }
+    return names;
+}
+
+void expectRun(const std::string& source)
+{
+    const TemporaryFolder folder;
+    const std::string copy = folder / "run";
+    std::filesystem::copy(source, copy, std::filesystem::copy_options::recursive);
+    std::filesystem::create_directory(copy + "/out");
+    expectQuietEnd(runTool("task.xml", copy));
+
+    const std::set<std::string> expected = filesBelow(source + "/expected");
+    EXPECT_FALSE(expected.empty());
+    EXPECT_EQ(filesBelow(copy + "/out"), expected);
+    for (const std::string& name : expected) {
+        SCOPED_TRACE(name);
+        const std::string wanted = bytesOf(source + "/expected/" + name);
+        const std::string path = copy + "/out/" + name;
+        EXPECT_EQ(wanted.find("<Date>DATE</Date>") != std::string::npos ? resultOf(path) : bytesOf(path),
+                  wanted);
+    }
+}
+
+} // namespace
+
+TEST(Runs, EachGivesItsExpectedFiles)
+{
+    const std::set<std::string> names = runsWithATask();
+    EXPECT_TRUE(names.contains("mea_to_mpc"));
+    EXPECT_TRUE(names.contains("mea_to_mea"));
+    for (const std::string& name : names) {
+        SCOPED_TRACE(name);
+        expectRun(std::string(VOMAR_RUNS) + "/" + name);
+    }
+}

@@ -1,0 +1,298 @@
+// Station nights of published observations, converted by the built tool and compared with what the marks are.
+
+#include "formats/mpc_report.h"
+
+#include "support/child_process.h"
+#include "support/tasks.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cmath>
+#include <cstddef>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+using namespace tavelinUtils;
+
+namespace {
+
+// The true values are rounded to nine decimals; beside that only the rounding of a format counts.
+constexpr double roundingOfTruth = 1e-9;
+
+struct TrueMark
+{
+    std::string object;
+    double mjd;
+    double ra; // degrees
+    double de; // degrees
+    double m;
+};
+
+// The true marks of each night, by "station_night".
+std::map<std::string, std::vector<TrueMark>> trueNights()
+{
+    std::map<std::string, std::vector<TrueMark>> nights;
+    std::istringstream lines(bytesOf(std::string(VOMAR_FIXTURES) + "/mea_nights/truth.csv"));
+    std::string line;
+    std::getline(lines, line);
+    EXPECT_EQ(line, "object,mjd,ra_deg,dec_deg,mag,band,station,night,source");
+    while (std::getline(lines, line)) {
+        std::vector<std::string> cells;
+        std::istringstream row(line);
+        for (std::string cell; std::getline(row, cell, ',');) {
+            cells.push_back(cell);
+        }
+        if (cells.size() != 9) {
+            ADD_FAILURE() << line;
+            continue;
+        }
+        nights[cells[6] + "_" + cells[7]].push_back(
+            {cells[0], std::stod(cells[1]), std::stod(cells[2]), std::stod(cells[3]), std::stod(cells[4])});
+    }
+    return nights;
+}
+
+// The text of a night that the tool wrote in a format.
+std::string converted(const std::string& night, const std::string& format, const TemporaryFolder& folder)
+{
+    std::filesystem::copy_file(std::string(VOMAR_FIXTURES) + "/mea_nights/" + night + ".mea",
+                               folder / (night + ".mea"));
+    std::filesystem::create_directory(folder / "out");
+    makeFile(folder / "task.xml", taskText({{"path_in", night + ".mea"},
+                                            {"out_dir", "out"},
+                                            {"outputextension", "." + format},
+                                            {"inputformat", "mea"},
+                                            {"outputformat", format},
+                                            {"originator", "MPC"},
+                                            {"REFERENCE_FRAME", "ICRF"},
+                                            {"PARTICIPANT_1", night.substr(0, 3)},
+                                            {"autoname", "false"},
+                                            {"path_res", "out/result.xml"}}));
+    expectQuietEnd(runTool("task.xml", folder.path()));
+    EXPECT_EQ(resultOf(folder / "out/result.xml"), resultDocument(0, "OK", "out/" + night + "." + format));
+    return bytesOf(folder / ("out/" + night + "." + format));
+}
+
+std::vector<std::string> linesOf(const std::string& text)
+{
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
+    }
+    EXPECT_TRUE(text.empty() || text.back() == '\n');
+    return lines;
+}
+
+// Columns of a line, counted from 1.
+std::string columns(const std::string& line, std::size_t first, std::size_t last)
+{
+    return first <= line.size() ? line.substr(first - 1, last - first + 1) : "";
+}
+
+// Whether a text has the form: 9 stands for a digit, everything else for itself.
+bool hasForm(const std::string& text, const std::string& form)
+{
+    bool fits = text.size() == form.size();
+    for (std::size_t i = 0; fits && i < form.size(); ++i) {
+        fits = form[i] == '9' ? text[i] >= '0' && text[i] <= '9' : text[i] == form[i];
+    }
+    return fits;
+}
+
+// The MJD of a calendar date.
+int mjdOf(int year, int month, int day)
+{
+    using namespace std::chrono;
+    const sys_days date = std::chrono::year(year) / month / day;
+    return static_cast<int>((date - sys_days(std::chrono::year(1858) / 11 / 17)).count());
+}
+
+double numberAt(const std::string& text, std::size_t first, std::size_t size)
+{
+    return std::stod(text.substr(first, size));
+}
+
+// "12 34 56.78" in units of its first part, without its sign.
+double sexagesimal(const std::string& text)
+{
+    return numberAt(text, 0, 2) + numberAt(text, 3, 2) / 60.0 + std::stod(text.substr(6)) / 3600.0;
+}
+
+// "12345678" with two digits before the point in each part.
+double packedSexagesimal(const std::string& text)
+{
+    return numberAt(text, 0, 2) + numberAt(text, 2, 2) / 60.0 +
+           std::stod(text.substr(4, 2) + "." + text.substr(6)) / 3600.0;
+}
+
+void expectReportLine(const std::string& line, const TrueMark& mark)
+{
+    const bool negative = mark.de < 0.0;
+    // Only a negative declination has a sign; what stands behind a positive one begins a column earlier.
+    const std::size_t shift = negative ? 0 : 1;
+    ASSERT_EQ(line.size(), 80 - shift);
+    const std::string padding(12 - mark.object.size(), ' ');
+    EXPECT_EQ(columns(line, 1, 12), mark.object.size() == 5 ? mark.object + padding : padding + mark.object);
+    EXPECT_EQ(columns(line, 13, 15), "  C");
+
+    const std::string date = columns(line, 16, 25);
+    const std::string fraction = columns(line, 26, 31);
+    ASSERT_TRUE(hasForm(date, "9999 99 99")) << date;
+    ASSERT_TRUE(hasForm(fraction, ".99999")) << fraction;
+    const int day =
+        mjdOf(std::stoi(date.substr(0, 4)), std::stoi(date.substr(5, 2)), std::stoi(date.substr(8)));
+    EXPECT_EQ(day, static_cast<int>(mark.mjd));
+    EXPECT_NEAR(std::stod("0" + fraction), mark.mjd - std::floor(mark.mjd), 0.000005 + roundingOfTruth);
+    EXPECT_EQ(columns(line, 32, 32), " ");
+
+    const std::string ra = columns(line, 33, 43);
+    ASSERT_TRUE(hasForm(ra, "99 99 99.99")) << ra;
+    EXPECT_NEAR(sexagesimal(ra) * 15.0, mark.ra, 0.005 / 3600.0 * 15.0 + roundingOfTruth);
+    EXPECT_EQ(columns(line, 44, 44), " ");
+
+    const std::string de = columns(line, 45, 55 - shift);
+    ASSERT_TRUE(hasForm(de, negative ? "-99 99 99.9" : "99 99 99.9")) << de;
+    EXPECT_NEAR(sexagesimal(de.substr(negative ? 1 : 0)), std::abs(mark.de), 0.05 / 3600.0 + roundingOfTruth);
+    EXPECT_EQ(columns(line, 56 - shift, 65 - shift), "          ");
+
+    const std::string m = columns(line, 66 - shift, 69 - shift);
+    ASSERT_TRUE(hasForm(m, "99.9")) << m;
+    EXPECT_NEAR(std::stod(m), mark.m, 0.05 + roundingOfTruth);
+    EXPECT_EQ(columns(line, 70 - shift, 80 - shift), " R      500");
+}
+
+void expectMeaLine(const std::string& line, const TrueMark& mark)
+{
+    const bool negative = mark.de < 0.0;
+    const std::size_t shift = negative ? 0 : 1;
+    ASSERT_EQ(line.size(), 58 - shift);
+    EXPECT_EQ(columns(line, 1, 8), mark.object + std::string(8 - mark.object.size(), ' '));
+
+    const std::string date = columns(line, 9, 14);
+    ASSERT_TRUE(hasForm(date, "999999")) << date;
+    EXPECT_EQ(
+        mjdOf(2000 + std::stoi(date.substr(4)), std::stoi(date.substr(2, 2)), std::stoi(date.substr(0, 2))),
+        static_cast<int>(mark.mjd));
+    // The seconds of the time are cut to three decimals, with a zero behind them.
+    const std::string time = columns(line, 15, 26);
+    ASSERT_TRUE(hasForm(time, " 9999999990 ")) << time;
+    const double cut =
+        (mark.mjd - std::floor(mark.mjd)) * 86400.0 - packedSexagesimal(time.substr(1, 10)) * 3600.0;
+    EXPECT_GT(cut, -roundingOfTruth * 86400.0);
+    EXPECT_LT(cut, 0.001 + roundingOfTruth * 86400.0);
+
+    const std::string ra = columns(line, 26, 37);
+    ASSERT_TRUE(hasForm(ra, " 9999999999 ")) << ra;
+    EXPECT_NEAR(packedSexagesimal(ra.substr(1, 10)) * 15.0, mark.ra,
+                0.00005 / 3600.0 * 15.0 + roundingOfTruth);
+
+    const std::string de = columns(line, 38, 48 - shift);
+    ASSERT_TRUE(hasForm(de, negative ? "-9999999999" : "9999999999")) << de;
+    EXPECT_NEAR(packedSexagesimal(de.substr(negative ? 1 : 0)), std::abs(mark.de),
+                0.00005 / 3600.0 + roundingOfTruth);
+    EXPECT_EQ(columns(line, 49 - shift, 53 - shift), " 001 ");
+    const std::string m = columns(line, 54 - shift, 58 - shift);
+    ASSERT_TRUE(hasForm(m, "99.99")) << m;
+    EXPECT_NEAR(std::stod(m), mark.m, roundingOfTruth);
+}
+
+} // namespace
+
+TEST(RealNights, FixturesAreAllThere)
+{
+    const auto nights = trueNights();
+    EXPECT_EQ(nights.size(), 102u);
+    std::size_t marks = 0;
+    for (const auto& [night, truth] : nights) {
+        EXPECT_TRUE(exists(std::string(VOMAR_FIXTURES) + "/mea_nights/" + night + ".mea")) << night;
+        marks += truth.size();
+    }
+    EXPECT_EQ(marks, 3241u);
+}
+
+TEST(RealNights, ReportsHoldTheTrueMarks)
+{
+    std::size_t lineCount = 0;
+    for (const auto& [night, truth] : trueNights()) {
+        SCOPED_TRACE(night);
+        const TemporaryFolder folder;
+        const std::vector<std::string> lines = linesOf(converted(night, "mpc", folder));
+        ASSERT_EQ(lines.size(), truth.size() + 1);
+        EXPECT_EQ(lines[0], "COD 500");
+        for (std::size_t i = 0; i < truth.size(); ++i) {
+            SCOPED_TRACE(lines[i + 1]);
+            expectReportLine(lines[i + 1], truth[i]);
+        }
+        lineCount += lines.size() - 1;
+    }
+    EXPECT_EQ(lineCount, 3241u);
+}
+
+TEST(RealNights, MeaHoldsTheTrueMarks)
+{
+    std::size_t lineCount = 0;
+    for (const auto& [night, truth] : trueNights()) {
+        SCOPED_TRACE(night);
+        const TemporaryFolder folder;
+        const std::vector<std::string> lines = linesOf(converted(night, "mea", folder));
+        ASSERT_EQ(lines.size(), truth.size() + 1);
+        EXPECT_EQ(lines[0], night.substr(0, 3) + " 2000.0 UTC");
+        for (std::size_t i = 0; i < truth.size(); ++i) {
+            SCOPED_TRACE(lines[i + 1]);
+            expectMeaLine(lines[i + 1], truth[i]);
+        }
+        lineCount += lines.size() - 1;
+    }
+    EXPECT_EQ(lineCount, 3241u);
+}
+
+TEST(RealNights, ReaderTakesTheSouthernLinesOfAReportOnly)
+{
+    std::size_t markCount = 0;
+    for (const auto& [night, truth] : trueNights()) {
+        SCOPED_TRACE(night);
+        const TemporaryFolder folder;
+        converted(night, "mpc", folder);
+        const std::vector<TrackVtorichka> tracks = lMPC(folder / ("out/" + night + ".mpc"));
+
+        // The marks of an object stand together in the true values, so tracks follow each other in them.
+        std::size_t track = 0;
+        std::size_t mark = 0;
+        for (const TrueMark& expected : truth) {
+            if (expected.de >= 0.0) {
+                continue;
+            }
+            if (track < tracks.size() && mark == tracks[track].Marks.size()) {
+                ++track;
+                mark = 0;
+            }
+            SCOPED_TRACE(expected.object + " " + std::to_string(expected.mjd));
+            ASSERT_LT(track, tracks.size());
+            ASSERT_LT(mark, tracks[track].Marks.size());
+            EXPECT_EQ(tracks[track].MPCChecker, expected.object);
+            EXPECT_EQ(tracks[track].MPCHeader.COD, "500");
+            const TRecLabelPervichka_File read = tracks[track].Marks[mark];
+            EXPECT_EQ(int(read.date), static_cast<int>(expected.mjd));
+            EXPECT_NEAR(double(read.time), expected.mjd - std::floor(expected.mjd),
+                        0.000005 + roundingOfTruth);
+            EXPECT_NEAR(double(read.RA), expected.ra, 0.005 / 3600.0 * 15.0 + roundingOfTruth);
+            EXPECT_NEAR(double(read.DE), expected.de, 0.05 / 3600.0 + roundingOfTruth);
+            EXPECT_NEAR(double(read.m), expected.m, 0.05 + roundingOfTruth);
+            EXPECT_EQ(std::string(read.filtr), "R");
+            ++mark;
+            ++markCount;
+        }
+        if (track < tracks.size()) {
+            EXPECT_EQ(mark, tracks[track].Marks.size());
+            EXPECT_EQ(track + 1, tracks.size());
+        }
+    }
+    EXPECT_EQ(markCount, 826u);
+}
