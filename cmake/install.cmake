@@ -17,6 +17,8 @@ install(FILES
     ${CMAKE_BINARY_DIR}/packaging/tavelinConfigVersion.cmake
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/tavelin)
 
+file(RELATIVE_PATH pc_to_prefix
+    ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(packaging/tavelin.pc.in ${CMAKE_BINARY_DIR}/packaging/tavelin.pc @ONLY)
 install(FILES ${CMAKE_BINARY_DIR}/packaging/tavelin.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,5 +1,4 @@
-// Light curve table, the brightness of tracks over time: one line per mark, seven fields and a tab behind
-// each.
+// Light curve table, the brightness of tracks over time: a line per mark, each field with a tab behind it.
 //
 //   JD geocentric	apparent	ensemble	instrumental	instr1000km	instrComp	object
 //   2460001.0000000	9.50000	0.00000	0.00000	0.00000	0.00000	12345

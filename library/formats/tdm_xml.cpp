@@ -85,14 +85,14 @@ private:
     bool complete = true;
 };
 
-void appendIndented(std::string& out, int depth, std::string_view line)
+void appendIndented(std::string& out, std::size_t depth, std::string_view line)
 {
-    constexpr int indent = 4;
-    out.append(static_cast<std::size_t>(depth * indent), ' ');
+    constexpr std::size_t indent = 4;
+    out.append(depth * indent, ' ');
     out += line;
 }
 
-void appendElement(std::string& out, int depth, std::string_view name, std::string_view text)
+void appendElement(std::string& out, std::size_t depth, std::string_view name, std::string_view text)
 {
     appendIndented(out, depth, "<");
     out += name;
