@@ -57,12 +57,11 @@ std::vector<TSeria2> GetSeriaAndObjects(TiXmlElement* parent, std::string key)
     if (element == nullptr || element->FirstChildElement() == nullptr) {
         return series;
     }
-    while (element != nullptr) {
-        // The step to the next element belongs to one with content: an empty one is never left.
-        if (element->FirstChild() != nullptr) {
-            series.push_back(seriaOf(element));
-            element = element->NextSiblingElement("seria");
+    for (; element != nullptr; element = element->NextSiblingElement("seria")) {
+        if (element->FirstChild() == nullptr) {
+            stayForever(); // the step to the next element belongs to one with content
         }
+        series.push_back(seriaOf(element));
     }
     return series;
 }

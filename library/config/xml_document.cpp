@@ -233,12 +233,12 @@ void GetList(TiXmlElement* parent, std::string item, std::string list, std::vect
 {
     const TiXmlElement* const holder = childOf(parent, list);
     const TiXmlElement* each = holder == nullptr ? nullptr : holder->FirstChildElement(item.c_str());
-    while (each != nullptr) {
-        // The step to the next item belongs to an item with content: an empty one is never left.
-        if (const char* const text = valueIn(each)) {
-            target.emplace_back(text);
-            each = each->NextSiblingElement(item.c_str());
+    for (; each != nullptr; each = each->NextSiblingElement(item.c_str())) {
+        const char* const text = valueIn(each);
+        if (text == nullptr) {
+            stayForever(); // the step to the next item belongs to an item with content
         }
+        target.emplace_back(text);
     }
 }
 

@@ -164,6 +164,9 @@ private:
         }
         const char* const begin = at;
         while (*at != '\0' && !isSpace(*at) && *at != '/' && *at != '>') {
+            if (*at == '"' || *at == '\'') {
+                return false;
+            }
             ++at;
         }
         value = {begin, static_cast<std::size_t>(at - begin)};
@@ -176,6 +179,7 @@ private:
         int attributes = 0;
         emptyTag = false;
         ++at;
+        skipSpace(); // a byte order mark counts as space, also here
         skipName();
         for (;;) {
             skipSpace();

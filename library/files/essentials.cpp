@@ -1,8 +1,10 @@
 #include "files/essentials.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <ctime>
+#include <thread>
 
 #include <sys/stat.h>
 #include <sys/time.h>
@@ -133,6 +135,13 @@ std::string NowToDateTimeLin()
 std::string NowToDateTime(std::string /*separator*/)
 {
     return NowToDateTimeLin();
+}
+
+void stayForever()
+{
+    for (;;) {
+        std::this_thread::sleep_for(std::chrono::hours(1));
+    }
 }
 
 bool readBytes(const std::string& path, FileBytes& file)

@@ -67,6 +67,10 @@ std::string NowToDateTimeLin();
 /// The same text. The argument is not used: a blank stands in the middle whatever it says.
 std::string NowToDateTime(std::string separator);
 
+/// Never returns. For walks that stay on an element by contract: a loop without effect is none to the
+/// compilers.
+[[noreturn]] void stayForever();
+
 /// The bytes of a file.
 struct FileBytes
 {

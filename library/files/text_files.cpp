@@ -34,12 +34,6 @@ std::string linesOf(const std::vector<double>& values)
     return text;
 }
 
-// Those who add to a file go on without it: the result is dropped on purpose.
-void appendText(const std::string& path, std::string_view text)
-{
-    writeBytes(path, "a", text);
-}
-
 } // namespace
 
 std::vector<std::string> ReadFromFile(std::string path)
@@ -60,6 +54,12 @@ std::vector<int> ReadFromFileInt(std::string path)
         forEachLine(file.view(), [&numbers](std::string_view line) { numbers.push_back(toInt(line)); });
     }
     return numbers;
+}
+
+// Those who add to a file go on without it: the result is dropped on purpose.
+void appendText(const std::string& path, std::string_view text)
+{
+    writeBytes(path, "a", text);
 }
 
 void rewriteText(const std::string& path, std::string_view text)

@@ -47,7 +47,9 @@ void rewrite(std::string path, const std::vector<double>& values);
 /// Replaces the file by a text made of whole lines. Throws as Write of lines does.
 void writeText(const std::string& path, std::string_view text);
 
-/// Removes the file and makes it anew of a text made of whole lines. What cannot be written is passed over.
+/// Add a text made of whole lines to a file, or remove the file and make it anew. What cannot be written is
+/// passed over.
+void appendText(const std::string& path, std::string_view text);
 void rewriteText(const std::string& path, std::string_view text);
 
 } // namespace tavelinUtils

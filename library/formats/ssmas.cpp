@@ -92,7 +92,7 @@ public:
         for (const Span& span : spans) {
             total += span.end - span.begin;
         }
-        constexpr std::size_t mostRepeated = 10'000'000;
+        constexpr std::size_t mostRepeated = 1'000'000;
         if (total > marks.size() + mostRepeated) {
             throw std::length_error("SSMAS: objects that repeat each other's marks");
         }

@@ -30,7 +30,7 @@ struct TSSMASHAED
 /// two open an object, seven are a mark of an open object, and a line of fewer with a first item closes an
 /// object that has marks. An object without marks leaves a default track in its place. Text that is no
 /// number counts as 0. Throws std::length_error for a report whose objects repeat the marks of those before
-/// them, as a name that is empty does, so often that they come to more than ten million.
+/// them, as objects with an empty name do, more than a million times.
 std::vector<TrackVtorichka> lckako_meas(const std::vector<std::string>& lines, std::string observatory);
 
 /// The same of a file; none for a missing one.

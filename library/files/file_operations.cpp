@@ -1,0 +1,240 @@
+#include "files/file_operations.h"
+
+#include "files/essentials.h"
+#include "files/file_search.h"
+#include "text/number_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdio>
+
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+
+namespace tavelinUtils {
+namespace {
+
+constexpr double kibibytesPerByte = 0.0009765625;
+constexpr unsigned mebibyteShift = 20;
+constexpr mode_t folderMode = 0755;
+
+constexpr std::size_t copiedPiece = 65536;
+
+// What has a longer path cannot be named to the system.
+constexpr std::size_t longestRemovedPath = 4095;
+
+void copyBytes(std::FILE* from, std::FILE* to)
+{
+    std::array<char, copiedPiece> piece;
+    std::size_t count = 0;
+    do {
+        count = std::fread(piece.data(), 1, piece.size(), from);
+        std::fwrite(piece.data(), 1, count, to); // a failed write is not told, and the rest is tried
+    } while (count == piece.size());
+}
+
+bool holdsMask(const std::string& path, const std::string& mask)
+{
+    return !mask.empty() && ExtractFileName(path, Slash).find(mask) != std::string::npos;
+}
+
+} // namespace
+
+void DeleteLastSlash(std::string& path, std::string separators)
+{
+    if (!path.empty() && separators.find(path.back()) != std::string::npos) {
+        path.pop_back();
+    }
+}
+
+std::string DeleteLastSlash(const std::string& path)
+{
+    std::string shorter = path;
+    DeleteLastSlash(shorter, Slash);
+    return shorter;
+}
+
+std::string GetDrive(std::string path)
+{
+    return path.substr(0, 3);
+}
+
+std::string calcpathlevelup(std::string path, bool normalize)
+{
+    std::string folder = normalize ? normalizeSeparatorDir(path) : path;
+    // An empty path has no last character: its place is out of range, and at() says so.
+    if (folder.at(folder.size() - 1) != Slash.front()) {
+        folder += Slash;
+    }
+    // A bare name comes back whole from the second cut, and so it is its own parent.
+    return ExtractPath(ExtractPath(folder)) + Slash;
+}
+
+std::string ChangeFileExt(std::string path, std::string extension)
+{
+    if (path.empty()) {
+        return path;
+    }
+    DeleteLastSlash(path, Slash);
+    // A backslash separates nothing here: a path in that spelling is one name.
+    const std::size_t name = path.rfind(Slash) + 1;
+    const std::size_t point = path.rfind('.');
+    if (point != std::string::npos && point >= name) {
+        path.erase(point);
+    }
+    return path + extension;
+}
+
+std::string replaceFileNameExtension(std::string name, std::string oldText, std::string newText)
+{
+    if (oldText.empty()) {
+        return newText + name;
+    }
+    const std::size_t place = name.find(oldText);
+    return place == std::string::npos ? name + newText : name.replace(place, oldText.size(), newText);
+}
+
+std::string GetInSeriaPath(std::string seriesPath, std::string fullPath)
+{
+    return normalizeSeparatorDir(replace(fullPath, DeleteLastSlash(seriesPath) + Slash, ""));
+}
+
+double get_file_size(std::string path)
+{
+    std::FILE* const file = fopen(path, "rb");
+    if (file == nullptr) {
+        return 0.0;
+    }
+    const long bytes = std::fseek(file, 0, SEEK_END) == 0 ? std::ftell(file) : 0;
+    std::fclose(file);
+    return static_cast<double>(std::max(bytes, 0L)) * kibibytesPerByte;
+}
+
+double FreeDiskSpace(std::string path)
+{
+    struct statvfs status = {};
+    if (statvfs(path.c_str(), &status) != 0) {
+        return 0.0;
+    }
+    // The free blocks, and not those free to ordinary users; the fraction is dropped.
+    return static_cast<double>((status.f_bsize * status.f_bfree) >> mebibyteShift);
+}
+
+double FileAge(std::string path)
+{
+    struct stat status = {};
+    return stat(path.c_str(), &status) == 0 ? static_cast<double>(status.st_mtime) : 0.0;
+}
+
+int deletefile(std::string path)
+{
+    return std::remove(path.c_str());
+}
+
+bool copyfile(std::string source, std::string destination, bool overwrite)
+{
+    if (source == destination) {
+        return true;
+    }
+    if (FileExists(destination)) {
+        if (!overwrite) {
+            return true; // the file that stands there is as good as a copy
+        }
+        deletefile(destination);
+    }
+    std::FILE* const from = fopen(source, "rb");
+    if (from == nullptr) {
+        return false;
+    }
+    std::FILE* const to = fopen(destination, "wb");
+    if (to != nullptr) {
+        copyBytes(from, to);
+        std::fclose(to);
+    }
+    std::fclose(from);
+    return to != nullptr;
+}
+
+bool movefile(std::string source, std::string destination)
+{
+    if (source == destination) {
+        return true;
+    }
+    // Always a full copy, also where a new name would do.
+    const bool copied = copyfile(source, destination, true);
+    if (copied) {
+        deletefile(source); // a source that stays does not undo the copy
+    }
+    return copied;
+}
+
+bool CrtDir(std::string path, bool normalize)
+{
+    if (normalize) {
+        path = normalizeSeparatorDir(path);
+    }
+    // The test sees either spelling; what is made has the path as it is.
+    return DirectoryExists(path) || mkdir(path.c_str(), folderMode) == 0;
+}
+
+bool CreateDir(std::string path, bool normalize)
+{
+    std::vector<std::string> names;
+    Pars9(normalize ? normalizeSeparatorDir(path) : path, names, Slash);
+    std::string prefix;
+    for (const std::string& name : names) {
+        prefix += name + Slash;
+        if (!CrtDir(prefix, normalize)) {
+            return false;
+        }
+    }
+    return !names.empty();
+}
+
+int removedirectoryrecursively(const char* path)
+{
+    std::vector<FolderEntry> entries;
+    if (path == nullptr || !readFolder(path, entries)) {
+        return 0;
+    }
+    for (const FolderEntry& entry : entries) {
+        const std::string entryPath = path + Slash + entry.name;
+        // Never the front part of a path: it may name this folder, the one above it or another entry, which
+        // has its own turn.
+        if (entryPath.size() > longestRemovedPath) {
+            continue;
+        }
+        if (entry.isFolder) {
+            removedirectoryrecursively(entryPath.c_str());
+        }
+        deletefile(entryPath); // what stays does not stop the walk
+    }
+    return 1;
+}
+
+void DeleteDir(std::string path)
+{
+    if (!DirectoryExists(path)) {
+        return;
+    }
+    // Nothing is removed by a list of FindFile: a search goes on with cut paths, and these may lead out of
+    // the folder.
+    removedirectoryrecursively(path.c_str());
+    deletefile(path);
+}
+
+void RemFileWithMask(std::vector<std::string>& names, std::string mask)
+{
+    std::erase_if(names, [&mask](const std::string& name) { return holdsMask(name, mask); });
+}
+
+void RemFileWithMask(std::vector<std::string>& names, const std::vector<std::string>& masks)
+{
+    std::erase_if(names, [&masks](const std::string& name) {
+        return std::any_of(masks.begin(), masks.end(),
+                           [&name](const std::string& mask) { return holdsMask(name, mask); });
+    });
+}
+
+} // namespace tavelinUtils

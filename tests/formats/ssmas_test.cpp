@@ -1,0 +1,956 @@
+#include "formats/ssmas.h"
+
+#include "support/failed_writes.h"
+#include "support/measured_marks.h"
+#include "support/temporary_folder.h"
+#include "support/tracks.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <tinyxml.h>
+
+using namespace tavelinUtils;
+
+namespace {
+
+using Lines = std::vector<std::string>;
+using Tracks = std::vector<TrackVtorichka>;
+
+const std::string columnLine = "   Data        UT           CU           DE      RMS  m";
+const std::string markLine = "25.02.2023 12:00:00.00  01:00:00.00 -00.30.00.00 001 09.5";
+
+double day(int hour, int minute, double second)
+{
+    return (second / 3600.0 + (minute / 60.0 + hour)) / 24.0;
+}
+
+double degrees(int whole, int minute, double second)
+{
+    return whole + minute / 60.0 + second / 3600.0;
+}
+
+double hours(int hour, int minute, double second)
+{
+    return degrees(hour, minute, second) * 15.0;
+}
+
+std::string written(const Tracks& tracks)
+{
+    const TemporaryFolder folder;
+    sSSMAS(folder / "a.ssm", tracks);
+    return bytesOf(folder / "a.ssm");
+}
+
+// The line of a track's only mark.
+std::string writtenLine(const TRecLabelPervichka_File& mark)
+{
+    const std::string before =
+        "Measurements\ntelescope\nconversion\n1\n\n#SSMAS   #INTER\nN N\n" + columnLine + "\n";
+    const std::string bytes = written({trackNamed("N", {mark})});
+    if (bytes.size() <= before.size() || bytes.substr(0, before.size()) != before || bytes.back() != '\n') {
+        ADD_FAILURE() << bytes;
+        return "";
+    }
+    return bytes.substr(before.size(), bytes.size() - before.size() - 1);
+}
+
+// The tracks of the six lines before the first object and the lines given.
+Tracks read(const Lines& lines)
+{
+    Lines all = {"Measurements", "T1", "conversion", "1", "", "#SSMAS   #INTER"};
+    all.insert(all.end(), lines.begin(), lines.end());
+    return lckako_meas(all, "MPC");
+}
+
+Tracks readBytes(const std::string& bytes)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.ssm", bytes);
+    return lckako_meas(folder / "a.ssm", "MPC");
+}
+
+// The only mark of an object whose only line this is.
+TRecLabelPervichka_File readMark(const std::string& line)
+{
+    const Tracks tracks = read({"A B", line});
+    if (tracks.size() != 1 || tracks[0].Marks.size() != 1) {
+        ADD_FAILURE() << "no mark: " << line;
+        return {};
+    }
+    return tracks[0].Marks[0];
+}
+
+void expectHead(const TrackVtorichka& track, const std::string& originator, const std::string& telescope,
+                const std::string& name, const std::string& number)
+{
+    EXPECT_EQ(track.originator, originator);
+    EXPECT_EQ(track.telescope, telescope);
+    EXPECT_EQ(track.QRVName, name);
+    EXPECT_EQ(track.NORAD, name);
+    EXPECT_EQ(track.HeadText2, "");
+    EXPECT_EQ(track.HeadText3, number);
+    EXPECT_EQ(track.REFERENCE_FRAME, "ICRF");
+    EXPECT_EQ(track.MPCChecker, "");
+    EXPECT_EQ(track.FindOrb, 999.0);
+    EXPECT_TRUE(track.InterBlobs.empty());
+    EXPECT_TRUE(track.Candidates.empty());
+    EXPECT_TRUE(track.Cast.empty());
+}
+
+void expectObject(const TrackVtorichka& track, const std::string& name, const std::string& number,
+                  std::size_t marks)
+{
+    expectHead(track, "MPC", "T1", name, number);
+    EXPECT_EQ(track.Marks.size(), marks);
+}
+
+void expectDefaultTrack(const TrackVtorichka& track)
+{
+    expectHead(track, "observatory", "telescope", "", "");
+    EXPECT_TRUE(track.Marks.empty());
+}
+
+void expectTheMark(const TRecLabelPervichka_File& mark)
+{
+    expectMark(mark, 60000, 0.5, 15.0, -0.5, 9.5);
+}
+
+std::string markOf(const std::string& m)
+{
+    return "25.02.2023 12:00:00.00  01:00:00.00 -00.30.00.00 001 " + m;
+}
+
+std::string fixture()
+{
+    return std::string(VOMAR_FIXTURES) + "/ssmas/K88_20240120.ssm";
+}
+
+std::vector<TSSMASHAED> readHeaders(const std::string& bytes)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.xml", bytes);
+    std::vector<TSSMASHAED> headers;
+    lHeadersSSMAS(folder / "a.xml", headers);
+    return headers;
+}
+
+// "add/telescope" of each record.
+Lines pairs(const std::vector<TSSMASHAED>& headers)
+{
+    Lines texts;
+    for (const TSSMASHAED& header : headers) {
+        texts.push_back(header.addtofilename + "/" + header.telescop);
+    }
+    return texts;
+}
+
+std::string record(const std::string& tag, const std::string& add, const std::string& telescop)
+{
+    return "<" + tag + "><addtofilename>" + add + "</addtofilename><telescop>" + telescop + "</telescop></" +
+           tag + ">";
+}
+
+} // namespace
+
+TEST(SsmasWriter, ThreeLinesAndABlockForEachTrack)
+{
+    TrackVtorichka first =
+        trackNamed("A", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5},
+                         {.date = 60001, .time = day(1, 2, 3.456), .RA = 187.5, .DE = 45.25, .m = 15.3}});
+    first.telescope = "T1";
+    first.HeadText2 = "100";
+    first.HeadText3 = "200";
+    TrackVtorichka second =
+        trackNamed("B", {{.date = 51544, .time = 0.25, .RA = 30.0, .DE = -1.0, .m = 10.0}});
+    second.telescope = "T2";
+    EXPECT_EQ(written({first, second}), "Measurements\n"
+                                        "T1\n"
+                                        "conversion\n"
+                                        "1\n"
+                                        "\n"
+                                        "#SSMAS   #INTER\n"
+                                        "100 200\n"
+                                        "   Data        UT           CU           DE      RMS  m\n"
+                                        "25.02.2023 12:00:00.00  01:00:00.00 -00.30.00.00 001 09.5\n"
+                                        "26.02.2023 01:02:03.46  12:30:00.00 45.15.00.00 001 15.3\n"
+                                        "2\n"
+                                        "\n"
+                                        "#SSMAS   #INTER\n"
+                                        "B B\n"
+                                        "   Data        UT           CU           DE      RMS  m\n"
+                                        "01.01.2000 06:00:00.00  02:00:00.00 -01.00.00.00 001 10.0\n");
+}
+
+TEST(SsmasWriter, EmptyNumbersOfAnObjectAreReplacedByItsName)
+{
+    const struct
+    {
+        const char* number2;
+        const char* number3;
+        const char* line;
+    } rows[] = {
+        {"", "", "N N"},           {"100", "", "100 N"},  {"", "200", "N 200"},
+        {"100", "200", "100 200"}, {" ", "2 0", "  2 0"},
+    };
+    for (const auto& [number2, number3, line] : rows) {
+        SCOPED_TRACE(line);
+        TrackVtorichka track = trackNamed("N", {});
+        track.NORAD = "28884";
+        track.originator = "O";
+        track.HeadText2 = number2;
+        track.HeadText3 = number3;
+        EXPECT_EQ(written({track}), "Measurements\ntelescope\nconversion\n1\n\n#SSMAS   #INTER\n" +
+                                        std::string(line) + "\n" + columnLine + "\n");
+    }
+}
+
+TEST(SsmasWriter, TextsStandAsTheyAre)
+{
+    TrackVtorichka track = trackNamed("2008 TC3", {});
+    track.telescope = "";
+    EXPECT_EQ(written({track}),
+              "Measurements\n\nconversion\n1\n\n#SSMAS   #INTER\n2008 TC3 2008 TC3\n" + columnLine + "\n");
+    EXPECT_EQ(written({TrackVtorichka{}}),
+              "Measurements\ntelescope\nconversion\n1\n\n#SSMAS   #INTER\n \n" + columnLine + "\n");
+}
+
+TEST(SsmasWriter, TrackWithoutMarksHasABlockWithoutMarks)
+{
+    const TrackVtorichka empty = trackNamed("E", {});
+    const TrackVtorichka full =
+        trackNamed("A", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5}});
+    EXPECT_EQ(written({empty, full, empty}), "Measurements\ntelescope\nconversion\n"
+                                             "1\n\n#SSMAS   #INTER\nE E\n" +
+                                                 columnLine + "\n2\n\n#SSMAS   #INTER\nA A\n" + columnLine +
+                                                 "\n" + markLine + "\n3\n\n#SSMAS   #INTER\nE E\n" +
+                                                 columnLine + "\n");
+}
+
+TEST(SsmasWriter, BlocksAreNumbered)
+{
+    const Tracks tracks(1200, trackNamed("A", {}));
+    std::string expected = "Measurements\ntelescope\nconversion\n";
+    for (int i = 1; i <= 1200; ++i) {
+        expected += std::to_string(i) + "\n\n#SSMAS   #INTER\nA A\n" + columnLine + "\n";
+    }
+    EXPECT_EQ(written(tracks), expected);
+}
+
+TEST(SsmasWriter, EmptyListMakesNoFile)
+{
+    const TemporaryFolder folder;
+    sSSMAS(folder / "new.ssm", Tracks{});
+    EXPECT_FALSE(exists(folder / "new.ssm"));
+
+    makeFile(folder / "old.ssm", "kept");
+    sSSMAS(folder / "old.ssm", Tracks{});
+    EXPECT_EQ(bytesOf(folder / "old.ssm"), "kept");
+
+    forUnwritablePaths([](const std::string& path) { EXPECT_NO_THROW(sSSMAS(path, Tracks{})); });
+}
+
+TEST(SsmasWriter, FileIsReplaced)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.ssm", std::string(10000, 'x'));
+    sSSMAS(folder / "a.ssm", Tracks{trackNamed("A", {})});
+    EXPECT_EQ(bytesOf(folder / "a.ssm"),
+              "Measurements\ntelescope\nconversion\n1\n\n#SSMAS   #INTER\nA A\n" + columnLine + "\n");
+}
+
+TEST(SsmasWriter, FailedWriteRaisesCode7)
+{
+    expectCode7([](const std::string& path) { sSSMAS(path, Tracks{trackNamed("A", {{}})}); });
+}
+
+TEST(SsmasWriter, DateHasFourDigitsOfTheYear)
+{
+    const struct
+    {
+        int date;
+        std::string text;
+    } rows[] = {
+        {60000, "25.02.2023"}, {51544, "01.01.2000"},  {49718, "01.01.1995"}, {88068, "31.12.2099"},
+        {0, "17.11.1858"},     {-315469, "25.02.995"}, {-677059, "25.02.5"},  {2147483647, "00.00.0"},
+    };
+    for (const auto& [date, text] : rows) {
+        SCOPED_TRACE(date);
+        EXPECT_EQ(writtenLine({.date = date}), text + " 00:00:00.00  00:00:00.00 00.00.00.00 001 00.0");
+    }
+}
+
+TEST(SsmasWriter, TimeIsRoundedWithoutCarry)
+{
+    const struct
+    {
+        double time;
+        std::string text;
+    } rows[] = {
+        {0.0, "00:00:00.00"},
+        {0.5, "12:00:00.00"},
+        {day(12, 34, 56.0), "12:34:56.00"},
+        {day(1, 2, 3.454), "01:02:03.45"},
+        {day(1, 2, 3.456), "01:02:03.46"},
+        {day(12, 34, 59.994), "12:34:59.99"},
+        {day(12, 34, 59.996), "12:34:60.00"},
+        {day(12, 59, 59.996), "12:59:60.00"},
+        {day(23, 59, 59.996), "23:59:60.00"},
+        // The "0" looks at the value: it stays before seconds that are rounded up to 10.
+        {day(12, 0, 9.994), "12:00:09.99"},
+        {day(12, 0, 9.996), "12:00:010.00"},
+        {day(12, 0, 10.004), "12:00:10.00"},
+        {60000.25, "06:00:00.00"},
+        {-0.25, "18:00:00.00"},
+        {1.0 - 5e-15, "24:00:00.00"},
+    };
+    for (const auto& [time, text] : rows) {
+        SCOPED_TRACE(time);
+        EXPECT_EQ(writtenLine({.date = 60000, .time = time}),
+                  "25.02.2023 " + text + "  00:00:00.00 00.00.00.00 001 00.0");
+    }
+}
+
+TEST(SsmasWriter, RightAscensionIsRoundedWithoutCarry)
+{
+    const struct
+    {
+        double RA;
+        std::string text;
+    } rows[] = {
+        {0.0, "00:00:00.00"},
+        {15.0, "01:00:00.00"},
+        {187.5, "12:30:00.00"},
+        {hours(1, 2, 3.456), "01:02:03.46"},
+        {hours(1, 0, 59.996), "01:00:60.00"},
+        {359.9999999, "23:59:60.00"},
+        {360.0, "24:00:00.00"},
+        // The "0" looks at the text, other than that of the time.
+        {hours(12, 5, 9.994), "12:05:09.99"},
+        {hours(12, 5, 9.996), "12:05:10.00"},
+        {-15.0, "-01:00:00.00"},
+    };
+    for (const auto& [RA, text] : rows) {
+        SCOPED_TRACE(RA);
+        EXPECT_EQ(writtenLine({.date = 60000, .RA = RA}),
+                  "25.02.2023 00:00:00.00  " + text + " 00.00.00.00 001 00.0");
+    }
+}
+
+TEST(SsmasWriter, DeclinationHasPointsAndASignOnlyBelowZero)
+{
+    const struct
+    {
+        double DE;
+        std::string text;
+    } rows[] = {
+        {0.0, "00.00.00.00"},
+        {-0.0, "00.00.00.00"},
+        {0.5, "00.30.00.00"},
+        {-0.5, "-00.30.00.00"},
+        {degrees(12, 5, 30.1234), "12.05.30.12"},
+        {-degrees(12, 5, 30.1234), "-12.05.30.12"},
+        {degrees(45, 0, 9.996), "45.00.10.00"},
+        {degrees(45, 0, 59.996), "45.00.60.00"},
+        {-89.9999999, "-89.59.60.00"},
+        {90.0, "90.00.00.00"},
+    };
+    for (const auto& [DE, text] : rows) {
+        SCOPED_TRACE(DE);
+        EXPECT_EQ(writtenLine({.date = 60000, .DE = DE}),
+                  "25.02.2023 00:00:00.00  00:00:00.00 " + text + " 001 00.0");
+    }
+}
+
+TEST(SsmasWriter, MagnitudeHasAZeroBelowTenUnlessItsTextIsTen)
+{
+    const struct
+    {
+        double m;
+        std::string text;
+    } rows[] = {
+        {15.3, "15.3"},
+        {9.5, "09.5"},
+        {9.94, "09.9"},
+        {9.96, "10.0"}, // other than in a telegram
+        {10.0, "10.0"},
+        {10.04, "10.0"},
+        {0.0, "00.0"},
+        {0.05, "00.1"},
+        {15.25, "15.2"}, // a tie goes to the even digit
+        {99.96, "100.0"},
+        // No handling of signs: the "0" stands before them.
+        {-0.0, "0-0.0"},
+        {-0.04, "0-0.0"},
+        {-1.2, "0-1.2"},
+        {-10.0, "0-10.0"},
+        {-12.34, "0-12.3"},
+    };
+    for (const auto& [m, text] : rows) {
+        SCOPED_TRACE(m);
+        EXPECT_EQ(writtenLine({.date = 60000, .m = m}),
+                  "25.02.2023 00:00:00.00  00:00:00.00 00.00.00.00 001 " + text);
+    }
+}
+
+TEST(SsmasWriter, ListOfManyMarks)
+{
+    TrackVtorichka track = trackNamed("A", {});
+    std::string expected =
+        "Measurements\ntelescope\nconversion\n1\n\n#SSMAS   #INTER\nA A\n" + columnLine + "\n";
+    for (int i = 0; i < 20000; ++i) {
+        track.Marks.push_back({.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = i % 10 * 0.1 + 15.0});
+        expected += markOf("15." + std::to_string(i % 10)) + "\n";
+    }
+    EXPECT_TRUE(written({track}) == expected);
+}
+
+TEST(SsmasReader, BlockIsATrack)
+{
+    const Tracks tracks = lckako_meas(
+        Lines{"Measurements", "T1", "conversion", "1", "", "#SSMAS   #INTER", "100 200", columnLine, markLine,
+              "26.02.2023 06:00:00.00  12:30:00.00 +45.15.00.00 001 15.3", "2", "", "#SSMAS   #INTER", "B B",
+              columnLine, "01.01.2000 18:00:00.00  02:00:00.00 -01.00.00.00 001 10.0"},
+        "MPC");
+    ASSERT_EQ(tracks.size(), 2u);
+    expectHead(tracks[0], "MPC", "T1", "100", "200");
+    ASSERT_EQ(tracks[0].Marks.size(), 2u);
+    expectTheMark(tracks[0].Marks[0]);
+    expectMark(tracks[0].Marks[1], 60001, 0.25, 187.5, 45.25, 15.3);
+    expectHead(tracks[1], "MPC", "T1", "B", "B");
+    ASSERT_EQ(tracks[1].Marks.size(), 1u);
+    expectMark(tracks[1].Marks[0], 51544, 0.75, 30.0, -1.0, 10.0);
+}
+
+TEST(SsmasReader, FileReadsLikeItsLines)
+{
+    const Tracks tracks =
+        readBytes("Measurements\r\nT1\t\r\nconversion\r\n1\r\n\r\n#SSMAS   #INTER\r\nA B\t\r\n" + columnLine +
+                  "\r\n" + markLine + "\t\r\n" + markLine);
+    ASSERT_EQ(tracks.size(), 1u);
+    expectObject(tracks[0], "A", "B", 2);
+    expectTheMark(tracks[0].Marks[0]);
+    expectTheMark(tracks[0].Marks[1]);
+}
+
+TEST(SsmasReader, NothingToRead)
+{
+    const TemporaryFolder folder;
+    EXPECT_TRUE(lckako_meas(Lines{}, "MPC").empty());
+    EXPECT_TRUE(lckako_meas(folder / "missing.ssm", "MPC").empty());
+    EXPECT_TRUE(lckako_meas(folder.path(), "MPC").empty());
+    EXPECT_TRUE(readBytes("").empty());
+}
+
+TEST(SsmasReader, SevenLinesAreNeeded)
+{
+    const Lines lines = {"A B", "A B", "A B", "A B", "A B", "A B"};
+    EXPECT_TRUE(lckako_meas(lines, "MPC").empty());
+    EXPECT_TRUE(readBytes("A B\nA B\nA B\nA B\nA B\nA B\n").empty());
+
+    const Tracks tracks = read({"A B"});
+    ASSERT_EQ(tracks.size(), 1u);
+    expectDefaultTrack(tracks[0]);
+}
+
+TEST(SsmasReader, FirstSixLinesGiveTheTelescopeOnly)
+{
+    const Tracks tracks =
+        lckako_meas(Lines{markLine, "K88 of the night ", "1 2", "3 4", markLine, "5 6", "A B", markLine},
+                    "MPC observatory");
+    ASSERT_EQ(tracks.size(), 1u);
+    expectHead(tracks[0], "MPC observatory", "K88 of the night ", "A", "B");
+    EXPECT_EQ(tracks[0].Marks.size(), 1u);
+
+    const Tracks empty = lckako_meas(Lines{"", "", "", "", "", "", "A B", markLine}, "");
+    ASSERT_EQ(empty.size(), 1u);
+    expectHead(empty[0], "", "", "A", "B");
+}
+
+TEST(SsmasReader, TwoWordsOpenAnObject)
+{
+    const struct
+    {
+        const char* line;
+        const char* name;
+        const char* number;
+    } rows[] = {
+        {"A B", "A", "B"},     {"A ", "A", ""}, {" B", "", "B"}, {" ", "", ""}, {"A\t1 B\t2", "A\t1", "B\t2"},
+        {"A B\r", "A", "B\r"},
+    };
+    for (const auto& [line, name, number] : rows) {
+        SCOPED_TRACE(line);
+        const Tracks tracks = read({line, columnLine, markLine});
+        ASSERT_EQ(tracks.size(), 1u);
+        expectObject(tracks[0], name, number, 1);
+    }
+}
+
+TEST(SsmasReader, LinesOfOtherCountsOpenNone)
+{
+    for (const char* line :
+         {"", "A", "A B ", "A  B", " A B", "  ", "A\tB", "2008 TC3 2008 TC3", "A B C D E F G H"})
+    {
+        SCOPED_TRACE(line);
+        EXPECT_TRUE(read({line, columnLine, markLine}).empty());
+    }
+}
+
+TEST(SsmasReader, LinesBeforeTheFirstObjectAreSkipped)
+{
+    const Tracks tracks = read({markLine, "x", "", columnLine, "a b c", "A B", columnLine, markLine});
+    ASSERT_EQ(tracks.size(), 1u);
+    expectObject(tracks[0], "A", "B", 1);
+}
+
+TEST(SsmasReader, ObjectWithoutMarksLeavesADefaultTrackInItsPlace)
+{
+    const Tracks tracks = read({"A A", columnLine, "2", "", "#SSMAS   #INTER", "B B", columnLine, markLine,
+                                "3", "", "#SSMAS   #INTER", "C C", columnLine});
+    ASSERT_EQ(tracks.size(), 3u);
+    expectDefaultTrack(tracks[0]);
+    expectObject(tracks[1], "B", "B", 1);
+    expectDefaultTrack(tracks[2]);
+}
+
+TEST(SsmasReader, ColumnLineIsNotNeeded)
+{
+    const Tracks tracks = read({"A A", markLine, markLine, "2", "B B", markLine});
+    ASSERT_EQ(tracks.size(), 2u);
+    expectObject(tracks[0], "A", "A", 2);
+    expectObject(tracks[1], "B", "B", 1);
+}
+
+TEST(SsmasReader, ShortLineWithAFirstItemClosesAnObjectThatHasMarks)
+{
+    for (const char* line : {"2", "END", "a b c", "a  ", "#SSMAS   #INTER", "a b c d e f", "a     "}) {
+        SCOPED_TRACE(line);
+        const Tracks tracks =
+            read({"A A", columnLine, markLine, line, markLine, columnLine, markLine, "B B", markLine});
+        ASSERT_EQ(tracks.size(), 2u);
+        expectObject(tracks[0], "A", "A", 1);
+        expectObject(tracks[1], "B", "B", 1);
+    }
+}
+
+TEST(SsmasReader, ShortLineWithoutAFirstItemClosesNothing)
+{
+    for (const char* line : {"", "  ", "   ", " a b", "     ", " b c d e f"}) {
+        SCOPED_TRACE(line);
+        const Tracks tracks = read({"A A", columnLine, markLine, line, markLine});
+        ASSERT_EQ(tracks.size(), 1u);
+        expectObject(tracks[0], "A", "A", 2);
+    }
+}
+
+TEST(SsmasReader, ShortLineClosesNothingBeforeTheFirstMark)
+{
+    for (const char* line : {"2", "END", "a b c", "#SSMAS   #INTER", "a b c d e f"}) {
+        SCOPED_TRACE(line);
+        const Tracks tracks = read({"A A", line, columnLine, line, markLine});
+        ASSERT_EQ(tracks.size(), 1u);
+        expectObject(tracks[0], "A", "A", 1);
+    }
+}
+
+TEST(SsmasReader, LinesOfMoreThanSevenItemsArePassedOver)
+{
+    for (const std::string& line : {columnLine, markLine + " ", markLine + " x", " " + markLine,
+                                    std::string("a b c d e f g h"), std::string("       ")})
+    {
+        SCOPED_TRACE(line);
+        const Tracks tracks = read({"A A", markLine, line, markLine});
+        ASSERT_EQ(tracks.size(), 1u);
+        expectObject(tracks[0], "A", "A", 2);
+    }
+}
+
+// A blank between time and right ascension that is missing leaves six items, which close the object.
+TEST(SsmasReader, MarkOfSixItemsClosesTheObject)
+{
+    const std::string six = "25.02.2023 12:00:00.00 01:00:00.00 -00.30.00.00 001 09.5";
+    const Tracks tracks = read({"A A", six, markLine, six, markLine});
+    ASSERT_EQ(tracks.size(), 1u);
+    expectObject(tracks[0], "A", "A", 1);
+}
+
+TEST(SsmasReader, SecondObjectStraightAfterMarksIsLostAndLeavesADefaultTrack)
+{
+    const Tracks tracks = read({"A A", columnLine, markLine, "B B", columnLine, markLine, markLine, "3", "",
+                                "#SSMAS   #INTER", "C C", columnLine, markLine});
+    ASSERT_EQ(tracks.size(), 3u);
+    expectObject(tracks[0], "A", "A", 1);
+    expectDefaultTrack(tracks[1]);
+    expectObject(tracks[2], "C", "C", 1);
+}
+
+TEST(SsmasReader, SecondObjectBeforeAnyMarkTakesTheMarks)
+{
+    const Tracks tracks = read({"A A", columnLine, "B C", columnLine, markLine});
+    ASSERT_EQ(tracks.size(), 2u);
+    expectDefaultTrack(tracks[0]);
+    expectObject(tracks[1], "B", "C", 1);
+}
+
+// The object line resets, so that the next one opens an object again.
+TEST(SsmasReader, EverySecondObjectOfAListWithoutNumbersIsLost)
+{
+    const Tracks tracks =
+        read({"A A", markLine, "B B", markLine, "C C", markLine, markLine, "D D", "E E", markLine});
+    ASSERT_EQ(tracks.size(), 5u);
+    expectObject(tracks[0], "A", "A", 1);
+    expectDefaultTrack(tracks[1]);
+    expectObject(tracks[2], "C", "C", 2);
+    expectDefaultTrack(tracks[3]);
+    expectObject(tracks[4], "E", "E", 1);
+}
+
+TEST(SsmasReader, NameWithABlankIsMissedWithItsMarks)
+{
+    const Tracks tracks =
+        read({"A A", columnLine, markLine, "2", "", "#SSMAS   #INTER", "2008 TC3 2008 TC3", columnLine,
+              markLine, markLine, "3", "", "#SSMAS   #INTER", "C C", columnLine, markLine});
+    ASSERT_EQ(tracks.size(), 2u);
+    expectObject(tracks[0], "A", "A", 1);
+    expectObject(tracks[1], "C", "C", 1);
+}
+
+TEST(SsmasReader, MarksOfANameWithABlankGoToAnObjectThatHadNone)
+{
+    const Tracks tracks = read(
+        {"A A", columnLine, "2", "", "#SSMAS   #INTER", "2008 TC3 2008 TC3", columnLine, markLine, markLine});
+    ASSERT_EQ(tracks.size(), 1u);
+    expectObject(tracks[0], "A", "A", 2);
+}
+
+TEST(SsmasReader, ObjectWithAnEmptyNameKeepsTheMarksBeforeIt)
+{
+    const Tracks tracks = read({"A A", markOf("01.0"), markOf("02.0"), " B", markOf("03.0"), " ",
+                                markOf("04.0"), "5", "C C", markOf("05.0")});
+    ASSERT_EQ(tracks.size(), 4u);
+    expectObject(tracks[0], "A", "A", 2);
+    expectObject(tracks[1], "", "B", 3);
+    expectObject(tracks[2], "", "", 4);
+    expectObject(tracks[3], "C", "C", 1);
+    for (std::size_t i = 0; i < 3; ++i) {
+        for (std::size_t k = 0; k < tracks[i].Marks.size(); ++k) {
+            expectMark(tracks[i].Marks[k], 60000, 0.5, 15.0, -0.5, static_cast<double>(k + 1));
+        }
+    }
+    expectMark(tracks[3].Marks[0], 60000, 0.5, 15.0, -0.5, 5.0);
+}
+
+TEST(SsmasReader, ObjectWithAnEmptyNameAndNoMarksOfItsOwnLeavesADefaultTrack)
+{
+    const Tracks tracks = read({"A A", markLine, " B", " C", markLine, " D"});
+    ASSERT_EQ(tracks.size(), 4u);
+    expectObject(tracks[0], "A", "A", 1);
+    expectDefaultTrack(tracks[1]);
+    expectObject(tracks[2], "", "C", 2);
+    expectDefaultTrack(tracks[3]);
+}
+
+// The object lines repeat 9,600, 9,601 ... 10,599 marks: 10,099,500 together.
+TEST(SsmasReader, MoreThanTenMillionRepeatedMarksRaise)
+{
+    Lines lines = {"A A"};
+    lines.insert(lines.end(), 9600, markLine);
+    for (int i = 0; i < 1000; ++i) {
+        lines.emplace_back(" B");
+        lines.push_back(markLine);
+    }
+    EXPECT_THROW(read(lines), std::length_error);
+}
+
+TEST(SsmasReader, RepeatedObjectsWithoutMarksOfTheirOwnDoNotCount)
+{
+    Lines lines = {"A A"};
+    lines.insert(lines.end(), 9600, markLine);
+    lines.insert(lines.end(), 2000, " B");
+    const Tracks tracks = read(lines);
+    ASSERT_EQ(tracks.size(), 2001u);
+    expectObject(tracks[0], "A", "A", 9600);
+    expectDefaultTrack(tracks[1]);
+    expectDefaultTrack(tracks[2000]);
+}
+
+TEST(SsmasReader, MarksThatAreRepeatedBelowTheLimitAreRead)
+{
+    Lines lines = {"A A"};
+    lines.insert(lines.end(), 2000, markLine);
+    for (int i = 0; i < 50; ++i) {
+        lines.emplace_back(" B");
+        lines.push_back(markLine);
+    }
+    const Tracks tracks = read(lines);
+    ASSERT_EQ(tracks.size(), 51u);
+    expectObject(tracks[0], "A", "A", 2000);
+    expectObject(tracks[1], "", "B", 2001);
+    expectObject(tracks[50], "", "B", 2050);
+}
+
+TEST(SsmasReader, DateOfAMark)
+{
+    const struct
+    {
+        const char* text;
+        int date;
+    } rows[] = {
+        {"25.02.2023", 60000},
+        {"01.01.2000", 51544},
+        {"1.1.2000", 51544},
+        {"31.02.2023", 60006},    // 3 March
+        {"25.02.2023.99", 60000}, // a fourth part is not looked at
+        {"25.02.5", -677059},
+        {"25.02", -678886}, // parts that are missing count as 0
+        {"25", 0},
+        {"", 0},
+        {"25.13.2023", 0},
+        {"2023-02-25", 0},
+        {"a.b.c", 0},
+    };
+    for (const auto& [text, date] : rows) {
+        SCOPED_TRACE(text);
+        expectMark(readMark(std::string(text) + " 12:00:00.00  01:00:00.00 -00.30.00.00 001 09.5"), date, 0.5,
+                   15.0, -0.5, 9.5);
+    }
+}
+
+TEST(SsmasReader, TimeOfAMark)
+{
+    const struct
+    {
+        const char* text;
+        double time;
+    } rows[] = {
+        {"12:00:00.00", 0.5},
+        {"12:34:56.789", day(12, 34, 56.789)},
+        {"12:34:60.00", day(12, 34, 60.0)},
+        {"12:00:010.00", day(12, 0, 10.0)},
+        {"24:00:00.00", 1.0},
+        {"6", 0.25},
+        {"06:00", 0.25},
+        {"06:00:00:59", 0.25},
+        {"", 0.0},
+        {"abc", 0.0},
+    };
+    for (const auto& [text, time] : rows) {
+        SCOPED_TRACE(text);
+        expectMark(readMark("25.02.2023 " + std::string(text) + "  01:00:00.00 -00.30.00.00 001 09.5"), 60000,
+                   time, 15.0, -0.5, 9.5);
+    }
+}
+
+TEST(SsmasReader, RightAscensionOfAMark)
+{
+    const struct
+    {
+        const char* text;
+        double RA;
+    } rows[] = {
+        {"01:00:00.00", 15.0},
+        {"12:34:56.78", hours(12, 34, 56.78)},
+        {"23:59:60.00", 360.0},
+        {"12.5", 12.5}, // no separator: degrees
+        {"12:30", -100.0},
+        {"12:30:00:00", -100.0},
+        {"", 0.0},
+        {"abc", 0.0},
+    };
+    for (const auto& [text, RA] : rows) {
+        SCOPED_TRACE(text);
+        expectMark(readMark("25.02.2023 12:00:00.00  " + std::string(text) + " -00.30.00.00 001 09.5"), 60000,
+                   0.5, RA, -0.5, 9.5);
+    }
+}
+
+TEST(SsmasReader, DeclinationOfAMarkLosesTheFractionOfItsSeconds)
+{
+    const struct
+    {
+        const char* text;
+        double DE;
+    } rows[] = {
+        {"-00.30.00.00", -0.5},
+        {"00.30.00.00", 0.5},
+        {"+00.30.00.00", 0.5},
+        {"45.23.28.99", degrees(45, 23, 28.0)},
+        {"-45.23.28.99", -degrees(45, 23, 28.0)},
+        {"-45:23:28.99", -degrees(45, 23, 28.99)},
+        {"12.30.15", 12.30}, // three parts: a number
+        {"12.5", 12.5},
+        {"12:30", -100.0},
+        {"", 0.0},
+        {"abc", 0.0},
+    };
+    for (const auto& [text, DE] : rows) {
+        SCOPED_TRACE(text);
+        expectMark(readMark("25.02.2023 12:00:00.00  01:00:00.00 " + std::string(text) + " 001 09.5"), 60000,
+                   0.5, 15.0, DE, 9.5);
+    }
+}
+
+TEST(SsmasReader, MagnitudeOfAMark)
+{
+    const struct
+    {
+        const char* text;
+        double m;
+    } rows[] = {
+        {"09.5", 9.5},  {"15.34", 15.34}, {"-1.2", -1.2}, {"0-1.2", 0.0}, // what -1.2 is written as
+        {"10.0", 10.0}, {"abc", 0.0},     {"", 0.0},      {"9.5\r", 9.5},
+    };
+    for (const auto& [text, m] : rows) {
+        SCOPED_TRACE(text);
+        expectMark(readMark(markOf(text)), 60000, 0.5, 15.0, -0.5, m);
+    }
+}
+
+TEST(SsmasReader, ThirdItemAndRmsOfAMarkAreNotRead)
+{
+    expectTheMark(readMark("25.02.2023 12:00:00.00 x 01:00:00.00 -00.30.00.00  09.5"));
+    expectTheMark(readMark("25.02.2023 12:00:00.00 99 01:00:00.00 -00.30.00.00 abc 09.5"));
+    // Six blanks are seven empty items.
+    expectMark(readMark("      "), 0, 0.0, 0.0, 0.0, 0.0);
+}
+
+TEST(Ssmas, WhatIsWrittenComesBack)
+{
+    TrackVtorichka first =
+        trackNamed("A", {{.date = 60000, .time = 0.5, .RA = 187.5, .DE = -0.5, .m = 9.5},
+                         {.date = 60001, .time = 0.25, .RA = 15.0, .DE = 45.25, .m = 15.3}});
+    first.originator = "O1";
+    first.telescope = "T1";
+    first.REFERENCE_FRAME = "B1950";
+    first.HeadText2 = "100";
+    first.HeadText3 = "200";
+    TrackVtorichka second = trackNamed("B", {{.date = 51544, .DE = -1.0}});
+    second.telescope = "T2";
+    const TemporaryFolder folder;
+    sSSMAS(folder / "a.ssm", Tracks{first, trackNamed("E", {}), second});
+    const Tracks tracks = lckako_meas(folder / "a.ssm", "MPC");
+    ASSERT_EQ(tracks.size(), 3u);
+    expectObject(tracks[0], "100", "200", 2);
+    expectMark(tracks[0].Marks[0], 60000, 0.5, 187.5, -0.5, 9.5);
+    expectMark(tracks[0].Marks[1], 60001, 0.25, 15.0, 45.25, 15.3);
+    expectDefaultTrack(tracks[1]);
+    expectObject(tracks[2], "B", "B", 1); // under the telescope of the first
+    expectMark(tracks[2].Marks[0], 51544, 0.0, 0.0, -1.0, 0.0);
+}
+
+TEST(Ssmas, PublishedNight)
+{
+    const Tracks tracks = lckako_meas(fixture(), "MPC");
+    ASSERT_EQ(tracks.size(), 1u);
+    expectHead(tracks[0], "MPC", "K88", "K24B01X", "K24B01X");
+    ASSERT_EQ(tracks[0].Marks.size(), 130u);
+    expectMark(tracks[0].Marks.front(), 60329, day(21, 48, 27.36), hours(7, 46, 28.66), degrees(45, 23, 28),
+               18.0);
+    expectMark(tracks[0].Marks.back(), 60330, day(0, 19, 18.45), hours(7, 31, 57.86), degrees(47, 43, 19),
+               12.7);
+    expectPublished(tracks[0].Marks, publishedMarks("K88", "20240120"),
+                    {.time = 0.005, .RA = 0.005, .DE = 1.0, .m = 0.05});
+}
+
+TEST(Ssmas, PublishedNightIsWrittenWithWholeArcsecondsAndWithoutPlusSigns)
+{
+    std::string expected = bytesOf(fixture());
+    for (std::size_t at = expected.find('+'); at != std::string::npos; at = expected.find('+')) {
+        expected.erase(at, 1);
+        expected.replace(at + std::string("45.23.28.").size(), 2, "00");
+    }
+    EXPECT_EQ(written(lckako_meas(fixture(), "MPC")), expected);
+}
+
+TEST(SsmasHeaders, ARecord)
+{
+    EXPECT_EQ(pairs(readHeaders("<?xml version=\"1.0\" ?><r>" + record("head", "add", "T1") + "</r>")),
+              Lines{"add/T1"});
+}
+
+TEST(SsmasHeaders, RecordsOfOneNameComeAsOftenAsThereAreRecords)
+{
+    const std::string two = record("a", "1", "A") + record("a", "2", "B");
+    EXPECT_EQ(pairs(readHeaders("<r>" + two + "</r>")), (Lines{"1/A", "2/B", "1/A", "2/B"}));
+    EXPECT_EQ(pairs(readHeaders("<r>" + two + record("a", "3", "C") + "</r>")),
+              (Lines{"1/A", "2/B", "3/C", "1/A", "2/B", "3/C", "1/A", "2/B", "3/C"}));
+}
+
+TEST(SsmasHeaders, RecordsOfDifferentNamesComeOnce)
+{
+    EXPECT_EQ(pairs(readHeaders("<r>" + record("a", "1", "A") + record("b", "2", "B") +
+                                record("c", "3", "C") + "</r>")),
+              (Lines{"1/A", "2/B", "3/C"}));
+}
+
+TEST(SsmasHeaders, NamesMayAlternate)
+{
+    EXPECT_EQ(pairs(readHeaders("<r>" + record("a", "1", "A") + record("b", "2", "B") +
+                                record("a", "3", "C") + "</r>")),
+              (Lines{"1/A", "3/C", "2/B", "1/A", "3/C"}));
+}
+
+TEST(SsmasHeaders, EachRecordStartsFresh)
+{
+    EXPECT_EQ(pairs(readHeaders("<r>" + record("a", "1", "A") +
+                                "<b><telescop>B</telescop></b><c><addtofilename>3</addtofilename></c>"
+                                "<d/><e><addtofilename/><telescop></telescop></e><f>text</f></r>")),
+              (Lines{"1/A", "/B", "3/", "/", "/", "/"}));
+}
+
+TEST(SsmasHeaders, ChildrenThatAreNoElementsArePassedOver)
+{
+    EXPECT_EQ(pairs(readHeaders("<r>text<!-- c -->" + record("a", "1", "A") + "<!-- c -->text</r>")),
+              Lines{"1/A"});
+}
+
+TEST(SsmasHeaders, BlanksAndEntitiesOfATextSurvive)
+{
+    TiXmlBase::SetCondenseWhiteSpace(true);
+    EXPECT_EQ(pairs(readHeaders("<r>" + record("a", "  a   b ", "&lt;T&amp;1&gt;") + "</r>")),
+              Lines{"  a   b /<T&1>"});
+    EXPECT_FALSE(TiXmlBase::IsWhiteSpaceCondensed());
+}
+
+TEST(SsmasHeaders, RecordsAreAppended)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.xml", "<r>" + record("a", "1", "A") + "</r>");
+    std::vector<TSSMASHAED> headers = {{"0", "Z"}};
+    lHeadersSSMAS(folder / "a.xml", headers);
+    lHeadersSSMAS(folder / "a.xml", headers);
+    EXPECT_EQ(pairs(headers), (Lines{"0/Z", "1/A", "1/A"}));
+}
+
+TEST(SsmasHeaders, NothingToReadLeavesTheList)
+{
+    const TemporaryFolder folder;
+    Lines paths = {folder / "missing.xml", folder.path()};
+    for (const char* bytes : {"", "no XML", "<?xml version=\"1.0\" ?>", "<r/>", "<r></r>", "<r>text</r>",
+                              "<r><!-- c --></r>", "<r><a>", "<r><a></r>"})
+    {
+        paths.push_back(folder / (std::to_string(paths.size()) + ".xml"));
+        makeFile(paths.back(), bytes);
+    }
+    for (const std::string& path : paths) {
+        SCOPED_TRACE(path);
+        std::vector<TSSMASHAED> headers = {{"0", "Z"}};
+        lHeadersSSMAS(path, headers);
+        EXPECT_EQ(pairs(headers), Lines{"0/Z"});
+    }
+}
+
+TEST(SsmasHeaders, AMillionRecordsAreTheMost)
+{
+    std::string children;
+    for (int i = 0; i < 1000; ++i) {
+        children += "<a/>";
+    }
+    EXPECT_EQ(readHeaders("<r>" + children + "</r>").size(), 1000000u);
+    EXPECT_EQ(readHeaders("<r>" + children + "<b/></r>").size(), 0u);
+    EXPECT_EQ(readHeaders("<r>" + children + "<a/></r>").size(), 0u);
+}
