@@ -97,11 +97,21 @@ private:
         }
     }
 
+    // A number entity reaches to the next ";", whatever stands between; the digits alone are looked at, from
+    // the end. Without a ";" the library stops.
+    void skipNumberEntity()
+    {
+        const char* const end = std::strchr(at + (at[2] == 'x' ? 3 : 2), ';');
+        at = end == nullptr ? at + std::strlen(at) : end + 1;
+    }
+
     // A lead byte takes its followers along whatever they are, a "<" included.
     void skipCharacter()
     {
         const auto byte = static_cast<unsigned char>(*at);
-        if (!utf8 || byte < 0xC2 || byte > 0xF4) {
+        if (byte == '&' && at[1] == '#' && at[2] != '\0') {
+            skipNumberEntity();
+        } else if (!utf8 || byte < 0xC2 || byte > 0xF4) {
             at += 1;
         } else if (byte < 0xE0) {
             at += 2;

@@ -8,13 +8,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
-#include <memory>
 #include <string>
-#include <vector>
 
 #include <tinyxml.h>
-
-#include <unistd.h>
 
 using namespace tavelinUtils;
 
@@ -621,7 +617,7 @@ TEST(XmlNesting, AnswersInTimeWhateverTheDocument)
             },
             20);
         EXPECT_FALSE(end.timedOut);
-        EXPECT_EQ(end.signal, 0) << end.output;
-        EXPECT_EQ(end.exitStatus, 0) << end.output;
+        EXPECT_EQ(end.signal, 0) << end.output.substr(0, 500);
+        EXPECT_EQ(end.exitStatus, 0) << end.output.substr(0, 500);
     }
 }
