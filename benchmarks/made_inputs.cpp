@@ -1,5 +1,7 @@
 #include "made_inputs.h"
 
+#include "formats/track_table.h"
+
 #include <cstdio>
 #include <fstream>
 #include <map>
@@ -139,4 +141,35 @@ void makeInput(const std::string& path, const std::string& word, long marks, lon
     if (!file) {
         throw std::runtime_error("no input could be made");
     }
+}
+
+void makeTrackTable(const std::string& path, long number, long tracks, long marksOfATrack, long names)
+{
+    Digits digits{12345 + static_cast<unsigned>(number)};
+    std::vector<tavelinUtils::TrackVtorichka> list(static_cast<std::size_t>(tracks));
+    const auto fraction = [&digits] { return digits.below(1000000) * 1e-6; };
+    for (long i = 0; i < tracks; ++i) {
+        auto& track = list[static_cast<std::size_t>(i)];
+        track.QRVName = "K" + std::to_string(1000000 + (number * tracks + i) % names);
+        track.MPCChecker = track.QRVName;
+        track.N = static_cast<int>(i);
+        track.V = fraction();
+        track.m_m = 15 + fraction();
+        track.Marks.resize(static_cast<std::size_t>(marksOfATrack));
+        track.InterBlobs.resize(track.Marks.size());
+        double time = fraction() * 0.5;
+        for (auto& mark : track.Marks) {
+            mark.date = 60000 + static_cast<int>(number);
+            mark.time = time += 0.001;
+            mark.RA = fraction() * 360;
+            mark.DE = fraction() * 180 - 90;
+            mark.m = 15 + fraction() * 5;
+            mark.SNRpeak = 10 + fraction();
+            mark.mEnsemble = 15 + fraction();
+            mark.X_f = fraction() * 4096;
+            mark.Y_f = fraction() * 4096;
+            mark.iF = static_cast<int>(digits.below(100));
+        }
+    }
+    tavelinUtils::sListTrack(path, path, "", list, "", true, true, tavelinUtils::getHeadTrack());
 }

@@ -7,3 +7,7 @@
 /// Makes a measurement file in the format of the word ("mea", "telegram", "tdm" or "ssmas"): so many marks,
 /// object by object, over nights of some hundred marks.
 void makeInput(const std::string& path, const std::string& word, long marks, long objects);
+
+/// Makes the track table of a series: so many tracks, of marks of one night, with the standard 62 columns and
+/// with names out of so many. `number` tells the series apart.
+void makeTrackTable(const std::string& path, long number, long tracks, long marksOfATrack, long names);

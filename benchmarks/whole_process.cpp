@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -153,9 +154,11 @@ struct Size
 
 struct Row
 {
-    const Work* work;
+    std::string name;
     Size size;
     Pair pair;
+    double ratioAsked;
+    double memoryAsked;
 };
 
 Row measured(const Folder& folder, const Work& work, Size size, int rounds)
@@ -172,9 +175,59 @@ Row measured(const Folder& folder, const Work& work, Size size, int rounds)
     const std::string written = std::to_string(fs::file_size(output));
     const Pair pair =
         runInTurn({VOMAR_TOOL, task},
-                  {YARDSTICK, input, std::to_string(size.marks), folder / "written", written}, rounds);
+                  {YARDSTICK, std::to_string(size.marks), folder / "written", written, input}, rounds);
     fs::remove(output);
-    return {&work, size, pair};
+    return {nameOf(work), size, pair, work.ratioAsked, work.memoryAsked};
+}
+
+// A report over the track tables of several series, each of which has a configuration of its own.
+struct Report
+{
+    const char* name;
+    const char* division; // toSeparateFile
+    const char* output;   // word of the format
+    long series;
+    long tracks; // of each series
+    long marks;  // of each track
+    long names;
+};
+
+constexpr double reportRatioAsked = 3.0;
+constexpr double reportMemoryAsked = 1400;
+
+Row measured(const Folder& folder, const Report& report, int rounds)
+{
+    const fs::path place = folder / "report";
+    fs::create_directories(place / "out");
+    std::vector<std::string> tables;
+    std::ofstream task(place / "task.xml");
+    task << "<task><out_dir>" << (place / "out").string()
+         << "</out_dir><outputextension>txt</outputextension>"
+         << "<inputformat>vomar</inputformat><outputformat>" << report.output
+         << "</outputformat><toSeparateFile>" << report.division << "</toSeparateFile><paths>";
+    for (long number = 0; number < report.series; ++number) {
+        const fs::path series = place / ("series" + std::to_string(number));
+        fs::create_directories(series / "tavelin/dataVO");
+        std::ofstream(series / "night.conf") << "<root><Service>asteroids</Service></root>";
+        tables.push_back((series / "tavelin/dataVO/table.txt").string());
+        makeTrackTable(tables.back(), number, report.tracks, report.marks, report.names);
+        task << "<seria><path>" << tables.back() << "</path></seria>";
+    }
+    task << "</paths></task>";
+    task.close();
+    const std::string taskPath = (place / "task.xml").string();
+    runOnce({VOMAR_TOOL, taskPath});
+    std::uintmax_t written = 0;
+    for (const auto& entry : fs::directory_iterator(place / "out")) {
+        written += entry.file_size();
+    }
+    const long marks = report.series * report.tracks * report.marks;
+    std::vector<std::string> yardstick{YARDSTICK, std::to_string(marks), folder / "written",
+                                       std::to_string(written)};
+    yardstick.insert(yardstick.end(), tables.begin(), tables.end());
+    const Pair pair = runInTurn({VOMAR_TOOL, taskPath}, yardstick, rounds);
+    fs::remove_all(place);
+    return {report.name, {marks, report.names}, pair, reportRatioAsked, reportMemoryAsked};
 }
 
 void print(const Row& row, double startSeconds, double startBytes)
@@ -183,12 +236,21 @@ void print(const Row& row, double startSeconds, double startBytes)
     const double seconds = std::max(row.pair.run.seconds - startSeconds, 1e-9);
     std::printf(
         "| %-17s | %9ld | %7ld | %8.1f | %11.3f | %11.0f | %7.1f | %10.0f | %5.0f | %5.2f | %5.1f |\n",
-        nameOf(*row.work).c_str(), row.size.marks, row.size.objects, row.pair.run.seconds * 1e3,
-        seconds / marks * 1e6, marks / row.pair.run.seconds, row.pair.run.bytes / 1e6,
-        (row.pair.run.bytes - startBytes) / marks, row.work->memoryAsked, row.pair.ratio,
-        row.work->ratioAsked);
+        row.name.c_str(), row.size.marks, row.size.objects, row.pair.run.seconds * 1e3, seconds / marks * 1e6,
+        marks / row.pair.run.seconds, row.pair.run.bytes / 1e6, (row.pair.run.bytes - startBytes) / marks,
+        row.memoryAsked, row.pair.ratio, row.ratioAsked);
     std::fflush(stdout);
 }
+
+constexpr Report quickReports[] = {{"report, mpc", "allobjects", "mpc", 2, 10, 20, 5}};
+constexpr Report reports[] = {
+    {"report, mpc", "allobjects", "mpc", 10, 500, 20, 5000},
+    {"report, aavso", "allobjects", "aavso", 10, 500, 20, 5000},
+    {"report, 500 series", "allobjects", "mpc", 500, 40, 20, 20000},
+    {"eachobject 5,000", "eachobject", "mpc", 10, 500, 5, 1000},
+    {"eachobject 20,000", "eachobject", "mpc", 10, 2000, 5, 1000},
+    {"eachobject 50,000", "eachobject", "mpc", 10, 5000, 5, 1000},
+};
 
 // The exponent of growth between two rows of which the second is the larger.
 double exponent(double smallWork, double largeWork, double smallSeconds, double largeSeconds)
@@ -242,6 +304,11 @@ void measureAll(bool quick)
                 nameOf(work).c_str(),
                 exponent(1e3, 5e4, secondsOf(rows, {100000, 1000}), secondsOf(rows, {100000, 50000})));
         }
+    }
+    for (const Report& report : quick ? std::vector<Report>(std::begin(quickReports), std::end(quickReports))
+                                      : std::vector<Report>(std::begin(reports), std::end(reports)))
+    {
+        print(measured(folder, report, quick ? 1 : 7), start.run.seconds, start.run.bytes);
     }
     std::printf(
         "| start: a task that asks for nothing %.2f ms, an empty program %.2f ms: ratio %.2f (asked: 1.2)\n",

@@ -13,14 +13,16 @@
 int main(int argc, char** argv)
 {
     using namespace tavelinUtils;
-    if (argc != 5) {
+    if (argc < 5) {
         return 2;
     }
-    const auto marks = std::strtoull(argv[2], nullptr, 10);
-    const auto bytes = std::strtoull(argv[4], nullptr, 10);
+    const auto marks = std::strtoull(argv[1], nullptr, 10);
+    const auto bytes = std::strtoull(argv[3], nullptr, 10);
     FileBytes input;
-    if (!readBytes(argv[1], input)) {
-        return 1;
+    for (int i = 4; i < argc; ++i) {
+        if (!readBytes(argv[i], input)) {
+            return 1;
+        }
     }
     static auto& list = *new std::vector<TRecLabelPervichka_File>;
     list.reserve(marks);
@@ -32,5 +34,5 @@ int main(int argc, char** argv)
     while (output.size() < bytes) {
         output += input.view().substr(0, bytes - output.size());
     }
-    return writeBytes(argv[3], "w", output) ? 0 : 1;
+    return writeBytes(argv[2], "w", output) ? 0 : 1;
 }

@@ -2,7 +2,14 @@
 
 #pragma once
 
+#include "config/configuration_sections.h"
+#include "config/key_table.h"
 #include "config/settings.h"
+#include "config/settings_frames.h"
+#include "config/settings_objects.h"
+#include "config/settings_reports.h"
+#include "config/settings_series.h"
+#include "config/user_configuration.h"
 #include "config/xml_document.h"
 #include "config/xml_nesting.h"
 #include "files/essentials.h"

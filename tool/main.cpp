@@ -25,12 +25,13 @@ std::string settledFolder(const TConvMea& task)
     return folder;
 }
 
+// The tracks are never taken down: the system frees what a run leaves faster than a million destructors do.
 TFuncRes runTask(const TConvMea& task)
 {
     if (task.inputformat == "vomar") {
-        return CreateMultiReport(task);
+        static auto& reports = *new std::vector<TrackList>;
+        return CreateMultiReport(task, reports);
     }
-    // Never taken down: the system frees what a run leaves faster than a million destructors do.
     static auto& tracks = *new std::vector<TrackVtorichka>;
     return converter(task, tracks);
 }

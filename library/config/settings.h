@@ -1,47 +1,46 @@
-// The settings of a series (Porogs: thresholds): names of its folders and files, telescope and site, report.
+// The settings of a series (Porogs: thresholds): names, places and numbers for the modules of the pipeline.
+//
+// A member is named by its key in the configuration, and its initialiser is the key's default: nothing else
+// tells it. So a new record and one read from a file that says nothing are the same.
 
 #pragma once
 
+#include "config/settings_frames.h"
+#include "config/settings_objects.h"
+#include "config/settings_reports.h"
+#include "config/settings_series.h"
 #include "files/series_names.h"
-#include "records/track.h"
+#include "records/enumerations.h"
 
 #include <string>
 
 namespace tavelinUtils {
 
-/// Telescope and site.
-struct TBasicSettings
-{
-    double PixelWidth = 0; ///< millimetres
-    double PixelHeight = 0;
-    double FocalLength = 0;
-    double PixelScale = 0;
-    std::string Telescope = "telescope";
-    std::string Filter{};
-    std::string Observatory = "observatory";
-    bool UseBinningFromHeader = false;
-    double Latitude = 0;
-    double Longitude = 0;
-    double Altitude = 0;
-    bool SiteKnown = false; ///< whether Longitude or Latitude is not 0
-};
-
-/// The report to the Minor Planet Center.
-struct TMPC
-{
-    TMPCReportHeader MPCHeader{};
-    std::string NumberingTracksInZoneMask1{};
-    std::string NumberingTracksInZoneMask2{};
-};
-
-/// The settings that the pipeline's modules get their names and thresholds from.
+/// All settings and thresholds. Large: pass it by reference.
 struct TPorogs
 {
     TSubfolders subfolders{};
     TOutput output{};
     TExtension extension{};
+    TExe exe{};
     TBasicSettings basicSettings{};
+    TFiltersID filtersID{};
+    THeaderKeys headerKeys{};
+    TZunek zunek{};
+    TInput input{};
     TMPC mpc{};
+    TMasterFrame masterFrame{};
+    TCurves curves{};
+    TFitt fitt{};
+    TQRVDIntraframeThresh intraThresh{};
+    TAstro astro{};
+    TDevPhoto devPhoto{};
+    TVO vo{};
+    TInterIC interIC{};
+    TInterSat interSat{};
+    TStacking stacking{};
+    std::string Version{};
+    TService Service = TService::unknown;
 };
 
 } // namespace tavelinUtils

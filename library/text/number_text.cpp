@@ -213,7 +213,7 @@ void appendInt(std::string& out, int value)
 void appendTwoDigits(std::string& out, int value)
 {
     if (value >= 0 && value < 100) {
-        out.append(digitPairs + value * 2, 2);
+        out.append(&digitPairs[static_cast<std::size_t>(value) * 2], 2);
         return;
     }
     if (value < 0) {
