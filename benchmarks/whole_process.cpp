@@ -175,7 +175,7 @@ Row measured(const Folder& folder, const Work& work, Size size, int rounds)
     const std::string written = std::to_string(fs::file_size(output));
     const Pair pair =
         runInTurn({VOMAR_TOOL, task},
-                  {YARDSTICK, std::to_string(size.marks), folder / "written", written, input}, rounds);
+                  {YARDSTICK, std::to_string(size.marks), folder / "written", "1", written, input}, rounds);
     fs::remove(output);
     return {nameOf(work), size, pair, work.ratioAsked, work.memoryAsked};
 }
@@ -218,12 +218,14 @@ Row measured(const Folder& folder, const Report& report, int rounds)
     const std::string taskPath = (place / "task.xml").string();
     runOnce({VOMAR_TOOL, taskPath});
     std::uintmax_t written = 0;
+    std::size_t files = 0;
     for (const auto& entry : fs::directory_iterator(place / "out")) {
         written += entry.file_size();
+        ++files;
     }
     const long marks = report.series * report.tracks * report.marks;
-    std::vector<std::string> yardstick{YARDSTICK, std::to_string(marks), folder / "written",
-                                       std::to_string(written)};
+    std::vector<std::string> yardstick{YARDSTICK, std::to_string(marks), (place / "written").string(),
+                                       std::to_string(files), std::to_string(written)};
     yardstick.insert(yardstick.end(), tables.begin(), tables.end());
     const Pair pair = runInTurn({VOMAR_TOOL, taskPath}, yardstick, rounds);
     fs::remove_all(place);

@@ -5,6 +5,7 @@
 #include "files/essentials.h"
 #include "records/mark.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
 #include <string>
@@ -13,13 +14,14 @@
 int main(int argc, char** argv)
 {
     using namespace tavelinUtils;
-    if (argc < 5) {
+    if (argc < 6) {
         return 2;
     }
     const auto marks = std::strtoull(argv[1], nullptr, 10);
-    const auto bytes = std::strtoull(argv[3], nullptr, 10);
+    const auto files = std::max(std::strtoull(argv[3], nullptr, 10), 1ULL);
+    const auto bytes = std::strtoull(argv[4], nullptr, 10) / files;
     FileBytes input;
-    for (int i = 4; i < argc; ++i) {
+    for (int i = 5; i < argc; ++i) {
         if (!readBytes(argv[i], input)) {
             return 1;
         }
@@ -34,5 +36,10 @@ int main(int argc, char** argv)
     while (output.size() < bytes) {
         output += input.view().substr(0, bytes - output.size());
     }
-    return writeBytes(argv[2], "w", output) ? 0 : 1;
+    for (std::size_t file = 0; file < files; ++file) {
+        if (!writeBytes(argv[2] + std::to_string(file), "w", output)) {
+            return 1;
+        }
+    }
+    return 0;
 }

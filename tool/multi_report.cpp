@@ -139,7 +139,7 @@ std::optional<std::string> baseName(const TConvMea& task, const TrackList& repor
 
 std::optional<std::string> fileName(const TConvMea& task, const TrackList& report, std::size_t number)
 {
-    const std::optional<std::string> base = baseName(task, report, number);
+    std::optional<std::string> base = baseName(task, report, number);
     if (!base || !task.longname) {
         return base;
     }
@@ -175,17 +175,27 @@ TFuncRes CreateMultiReport(const TConvMea& task, std::vector<TrackList>& reports
     if (withoutMarks) {
         result.Code = -1;
     }
+    const bool eachObject = task.toSeparateFile == "eachobject";
     for (std::size_t number = 0; number < reports.size(); ++number) {
-        const std::optional<std::string> name = fileName(task, reports[number], number);
+        TrackList& report = reports[number];
+        if (eachObject) {
+            // Joined one at a time, so that the memory of one serves the next.
+            TrackList object;
+            object.push_back(joined(std::move(report)));
+            report = std::move(object);
+        }
+        const std::optional<std::string> name = fileName(task, report, number);
         if (!name) {
             result.Code = -1;
             continue;
         }
         // The point stands here: the extension of a report's task is bare.
         const std::string output = task.out_dir + *name + "." + task.outputextension;
-        SelectFormatAndSave(output, task.outputformat,
-                            reports[number]); // the description lists the paths tried
+        SelectFormatAndSave(output, task.outputformat, report); // the description lists the paths tried
         result.Description += output + ";";
+        if (eachObject) {
+            report = {};
+        }
     }
     return result;
 }

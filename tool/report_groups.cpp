@@ -58,36 +58,6 @@ TrackVtorichka stretchOf(TrackVtorichka& track, Range range)
     return stretch;
 }
 
-// The joined track of one object: its tracks in the order of their series.
-TrackVtorichka joined(std::vector<TrackVtorichka>&& tracks)
-{
-    // Later tracks stand in front, and the sort keeps the order of equal times.
-    struct Place
-    {
-        double time;
-        TRecLabelPervichka_File* mark;
-    };
-    std::vector<Place> places;
-    std::vector<TInterBlob> interBlobs;
-    for (auto track = tracks.rbegin(); track != tracks.rend(); ++track) {
-        for (TRecLabelPervichka_File& mark : track->Marks) {
-            places.push_back({mark.date + mark.time, &mark});
-        }
-        interBlobs.insert(interBlobs.end(), track->InterBlobs.begin(), track->InterBlobs.end());
-    }
-    std::stable_sort(places.begin(), places.end(),
-                     [](const Place& a, const Place& b) { return a.time < b.time; });
-    Marks marks;
-    marks.reserve(places.size());
-    for (const Place& place : places) {
-        marks.push_back(std::move(*place.mark));
-    }
-    TrackVtorichka track = std::move(tracks.front());
-    track.Marks = std::move(marks);
-    track.InterBlobs = std::move(interBlobs);
-    return track;
-}
-
 // The place of each object in the order of first occurrence.
 class ObjectIndex
 {
@@ -132,24 +102,59 @@ std::vector<TrackList> stretchesOf(std::vector<TrackList>&& series, double inter
 std::vector<TrackList> objectsOf(std::vector<TrackList>&& series)
 {
     ObjectIndex index;
-    std::vector<TrackList> reports;
+    std::vector<std::size_t> places;
+    std::vector<std::size_t> counts;
+    for (const TrackList& tracks : series) {
+        for (const TrackVtorichka& track : tracks) {
+            places.push_back(index.placeOf(track));
+            counts.resize(std::max(counts.size(), places.back() + 1));
+            ++counts[places.back()];
+        }
+    }
+    std::vector<TrackList> reports(counts.size());
+    for (std::size_t i = 0; i < reports.size(); ++i) {
+        reports[i].reserve(counts[i]);
+    }
+    auto place = places.begin();
     for (TrackList& tracks : series) {
         for (TrackVtorichka& track : tracks) {
-            const std::size_t place = index.placeOf(track);
-            if (place == reports.size()) {
-                reports.emplace_back();
-            }
-            reports[place].push_back(std::move(track));
+            reports[*place++].push_back(std::move(track));
         }
-    }
-    for (TrackList& report : reports) {
-        if (report.size() > 1) {
-            TrackVtorichka track = joined(std::move(report));
-            report.clear();
-            report.push_back(std::move(track));
-        }
+        tracks = {}; // the heads that are left behind are large
     }
     return reports;
+}
+
+TrackVtorichka joined(TrackList&& tracks)
+{
+    if (tracks.size() == 1) {
+        return std::move(tracks.front());
+    }
+    // Later tracks stand in front, and the sort keeps the order of equal times.
+    struct Place
+    {
+        double time;
+        TRecLabelPervichka_File* mark;
+    };
+    std::vector<Place> places;
+    std::vector<TInterBlob> interBlobs;
+    for (auto track = tracks.rbegin(); track != tracks.rend(); ++track) {
+        for (TRecLabelPervichka_File& mark : track->Marks) {
+            places.push_back({mark.date + mark.time, &mark});
+        }
+        interBlobs.insert(interBlobs.end(), track->InterBlobs.begin(), track->InterBlobs.end());
+    }
+    std::stable_sort(places.begin(), places.end(),
+                     [](const Place& a, const Place& b) { return a.time < b.time; });
+    Marks marks;
+    marks.reserve(places.size());
+    for (const Place& place : places) {
+        marks.push_back(std::move(*place.mark));
+    }
+    TrackVtorichka track = std::move(tracks.front());
+    track.Marks = std::move(marks);
+    track.InterBlobs = std::move(interBlobs);
+    return track;
 }
 
 std::vector<TrackList> allOf(std::vector<TrackList>&& series)

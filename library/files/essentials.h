@@ -7,8 +7,11 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -131,6 +134,32 @@ std::size_t cutParts(std::string_view text, char separator, std::array<std::stri
             return count;
         }
         text.remove_prefix(end + 1);
+    }
+}
+
+/// Hands the position of each separator in a text to a function. Looks at eight bytes at a time, which for
+/// the short fields of a table is a few times as fast as one search for each.
+template <class Use>
+void forEachSeparator(std::string_view text, char separator, Use use)
+{
+    constexpr std::uint64_t ones = 0x0101010101010101;
+    constexpr std::uint64_t lowBits = 0x7f * ones;
+    const std::uint64_t wanted = ones * static_cast<unsigned char>(separator);
+    std::size_t at = 0;
+    for (; at + sizeof wanted <= text.size(); at += sizeof wanted) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, text.data() + at, sizeof bytes);
+        bytes ^= wanted;
+        // The high bit of each byte that is 0 now, and of no other.
+        std::uint64_t found = ~(((bytes & lowBits) + lowBits) | bytes | lowBits);
+        for (; found != 0; found &= found - 1) {
+            use(at + static_cast<std::size_t>(std::countr_zero(found)) / 8);
+        }
+    }
+    for (; at < text.size(); ++at) {
+        if (text[at] == separator) {
+            use(at);
+        }
     }
 }
 

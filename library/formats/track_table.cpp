@@ -232,18 +232,22 @@ constexpr TableColumn furtherColumns[] = {
 constexpr TableColumn readFirst[] = {ofTrack<&Head::QRVName>("Name")};
 constexpr TableColumn readLast[] = {ofTrack<&Head::V_ra, 3>("mRA"), ofTrack<&Head::V_de, 3>("mDE")};
 
-// Cuts a line at tabs; one that ends in a tab has an empty last field.
-void cutFields(std::string_view line, std::vector<std::string_view>& fields)
+// Cuts a line at tabs; one that ends in a tab has an empty last field. Returns how many fields there are; the
+// list keeps them in front and only grows.
+std::size_t cutFields(std::string_view line, std::vector<std::string_view>& fields)
 {
-    fields.clear();
-    for (;;) {
-        const std::size_t end = line.find('\t');
-        fields.push_back(line.substr(0, end));
-        if (end == std::string_view::npos) {
-            return;
+    std::size_t count = 0;
+    std::size_t begin = 0;
+    const auto keep = [&](std::size_t end) {
+        if (count == fields.size()) {
+            fields.resize(count * 2 + 1);
         }
-        line.remove_prefix(end + 1);
-    }
+        fields[count++] = line.substr(begin, end - begin);
+        begin = end + 1;
+    };
+    forEachSeparator(line, '\t', keep);
+    keep(line.size());
+    return count;
 }
 
 // The names of a header's columns; an empty header has none.
@@ -252,7 +256,7 @@ std::vector<std::string> columnNames(std::string_view header)
     std::vector<std::string> names;
     if (!header.empty()) {
         std::vector<std::string_view> descriptions;
-        cutFields(header, descriptions);
+        descriptions.resize(cutFields(header, descriptions));
         for (const std::string_view description : descriptions) {
             names.emplace_back(description.substr(0, description.find(':')));
         }
@@ -299,10 +303,10 @@ public:
         track.Marks.reserve(count);
         track.InterBlobs.resize(count);
         for (std::size_t i = 0; i < count; ++i) {
-            cutFields(lines[i], fields);
+            const std::size_t fieldCount = cutFields(lines[i], fields);
             const Reading to{track, track.Marks.emplace_back(), track.InterBlobs[i], days};
             for (const ReadColumn& column : columns) {
-                if (column.place < fields.size()) {
+                if (column.place < fieldCount) {
                     column.read(to, fields[column.place]);
                 }
             }
@@ -467,7 +471,6 @@ std::vector<TrackVtorichka> lListTrack(std::string path)
         return {};
     }
     std::vector<std::string_view> lines;
-    lines.reserve(countLines(file.view()));
     forEachLine(file.view(), [&lines](std::string_view line) { lines.push_back(line); });
     std::vector<TrackVtorichka> tracks = tracksOf(lines);
     for (TrackVtorichka& track : tracks) {

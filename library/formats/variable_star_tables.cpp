@@ -233,7 +233,7 @@ void sV_C_FormatMuniwin(std::string path, std::string filter, std::vector<TLocPh
 std::string setHeadV_C(int count)
 {
     std::string header;
-    for (int i = 0; i < count - 1; ++i) {
+    for (int i = 0; i < count; ++i) {
         for (int j = i + 1; j < count; ++j) {
             header += starName(i) + "-" + starName(j) + "\t";
         }

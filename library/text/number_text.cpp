@@ -149,9 +149,6 @@ bool isBelowTen(std::string_view number)
 
 std::string_view withoutLeadingSpace(std::string_view text)
 {
-    if (!text.empty() && text.front() > ' ') {
-        return text; // as nearly all are
-    }
     return text.substr(std::min(text.find_first_not_of(whiteSpace), text.size()));
 }
 
@@ -244,7 +241,9 @@ void appendPaddedLeft(std::string& out, std::string_view text, std::size_t width
 
 double toDouble(std::string_view text)
 {
-    text = withoutLeadingSpace(text);
+    if (!text.empty() && text.front() <= ' ') {
+        text = withoutLeadingSpace(text);
+    }
     if (text.empty()) {
         return 0;
     }
@@ -276,7 +275,7 @@ double toDouble(std::string_view text)
         return readByLibrary(text);
     }
     double magnitude = static_cast<double>(number);
-    if (decimals > 0) {
+    if (decimals > 0 && number != 0) {
         magnitude /= exactPowers[decimals];
     }
     return negative ? -magnitude : magnitude;
