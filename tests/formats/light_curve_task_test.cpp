@@ -1,11 +1,9 @@
 #include "formats/light_curve_task.h"
 
-#include "support/no_room.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <type_traits>
