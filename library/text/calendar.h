@@ -61,7 +61,8 @@ long Now();
 std::chrono::system_clock::time_point GetNow();
 double GetDiff(std::chrono::system_clock::time_point begin, std::chrono::system_clock::time_point end);
 
-/// Local date and time of seconds since the epoch; zeros where the system knows none or the year does not fit.
+/// Local date and time of seconds since the epoch; zeros where the system knows none or the year does not
+/// fit.
 void SysToDateTime(long time, int& year, int& month, int& day, int& hour, int& minute, int& second);
 
 /// Local date and time of this moment, the seconds whole.
