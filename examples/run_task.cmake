@@ -1,9 +1,9 @@
 # Runs a task file by the built tool in a fresh copy of this folder, and fails unless the run printed nothing,
-# its result says code 0, and its output is there and not empty.
+# its result says code 0, and its output holds the words, an expression.
 
 file(REMOVE_RECURSE ${COPY})
 file(MAKE_DIRECTORY ${COPY}/out)
-file(GLOB files ${EXAMPLES}/*.mea ${EXAMPLES}/*.xml)
+file(GLOB files ${EXAMPLES}/*.mea ${EXAMPLES}/*.tel ${EXAMPLES}/*.tdm ${EXAMPLES}/*.ssm ${EXAMPLES}/*.xml)
 file(COPY ${files} DESTINATION ${COPY})
 
 execute_process(COMMAND ${TOOL} ${TASK} WORKING_DIRECTORY ${COPY}
@@ -21,7 +21,7 @@ endif()
 if(NOT EXISTS ${COPY}/${OUTPUT})
     message(FATAL_ERROR "${TASK}: no output ${OUTPUT}")
 endif()
-file(SIZE ${COPY}/${OUTPUT} size)
-if(size EQUAL 0)
-    message(FATAL_ERROR "${TASK}: ${OUTPUT} is empty")
+file(READ ${COPY}/${OUTPUT} output)
+if(NOT output MATCHES "${WORDS}")
+    message(FATAL_ERROR "${TASK}: ${OUTPUT} does not hold ${WORDS}:\n${output}")
 endif()

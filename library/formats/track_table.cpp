@@ -38,12 +38,14 @@ struct Writing
     LastAnswer<int, std::string>& dates;
 };
 
-// A column: its description, who writes it, who reads it.
+// A column: its description, who writes it, who reads it, and whether it is one of the head's, which stand on
+// every line of a track.
 struct TableColumn
 {
     std::string_view description;
     void (*write)(std::string& out, const Writing& from);
     void (*read)(const Reading& to, std::string_view field);
+    bool ofHead = false;
 
     constexpr std::string_view name() const
     {
@@ -99,7 +101,8 @@ constexpr TableColumn ofTrack(std::string_view description)
             [](std::string& out, const Writing& from) { appendValue<decimals>(out, from.track.*member); },
             [](const Reading& to, std::string_view field) {
                 to.track.*member = valueOf<MemberType<member>>(field);
-            }};
+            },
+            true};
 }
 
 // A text that stands for other tools and is never read back.
@@ -201,7 +204,8 @@ constexpr TableColumn standardColumns[] = {
     ofMark<&Mark::iB>("iB:Int"),
     ofMark<&Mark::QRVID>("QRVID:Text"),
     {"TrMade:Text", [](std::string& out, const Writing& from) { out += HowMakeToStr(from.track.TrMade); },
-     [](const Reading& to, std::string_view field) { to.track.TrMade = StrToHowMake(std::string(field)); }},
+     [](const Reading& to, std::string_view field) { to.track.TrMade = StrToHowMake(std::string(field)); },
+     true},
     zero("NEORatio:Float"),
     zero("AccurRaDe:Float:arcsec"),
     zero("MPC_RMS:Float"),
@@ -271,13 +275,14 @@ struct ReadColumn
     void (*read)(const Reading& to, std::string_view field);
 };
 
-// The columns of a header that something reads, in the order of reading.
-std::vector<ReadColumn> readColumns(const std::vector<std::string>& names)
+// The columns of a header that something reads, of the head or of the marks, in the order of reading.
+std::vector<ReadColumn> readColumns(const std::vector<std::string>& names, bool ofHead)
 {
     std::vector<ReadColumn> columns;
     const auto look = [&](const auto& rows) {
         for (const TableColumn& row : rows) {
-            const int place = row.read == nullptr ? -1 : GetDataID(names, std::string(row.name()));
+            const bool isWanted = row.read != nullptr && row.ofHead == ofHead;
+            const int place = isWanted ? GetDataID(names, std::string(row.name())) : -1;
             if (place >= 0) {
                 columns.push_back({static_cast<std::size_t>(place), row.read});
             }
@@ -294,7 +299,7 @@ std::vector<ReadColumn> readColumns(const std::vector<std::string>& names)
 class TrackLines
 {
 public:
-    explicit TrackLines(std::string_view header) : columns(readColumns(columnNames(header)))
+    explicit TrackLines(std::string_view header) : TrackLines(columnNames(header))
     {
     }
 
@@ -302,20 +307,49 @@ public:
     {
         track.Marks.reserve(count);
         track.InterBlobs.resize(count);
+        std::size_t fieldCount = 0;
         for (std::size_t i = 0; i < count; ++i) {
-            const std::size_t fieldCount = cutFields(lines[i], fields);
-            const Reading to{track, track.Marks.emplace_back(), track.InterBlobs[i], days};
-            for (const ReadColumn& column : columns) {
-                if (column.place < fieldCount) {
-                    column.read(to, fields[column.place]);
-                }
-            }
+            track.Marks.emplace_back();
+            fieldCount = cutFields(lines[i], fields);
+            readFields(markColumns, fieldCount, track, i);
         }
         track.NMarks = static_cast<int>(count);
+        if (count == 0) {
+            return;
+        }
+        // The last line wins, and so it is read alone where it has all that the head wants.
+        if (fieldCount > lastHeadPlace) {
+            readFields(headColumns, fieldCount, track, count - 1);
+        } else {
+            for (std::size_t i = 0; i < count; ++i) {
+                readFields(headColumns, cutFields(lines[i], fields), track, i);
+            }
+        }
     }
 
 private:
-    std::vector<ReadColumn> columns;
+    explicit TrackLines(const std::vector<std::string>& names)
+        : markColumns(readColumns(names, false)), headColumns(readColumns(names, true))
+    {
+        for (const ReadColumn& column : headColumns) {
+            lastHeadPlace = std::max(lastHeadPlace, column.place);
+        }
+    }
+
+    void readFields(const std::vector<ReadColumn>& columns, std::size_t fieldCount, TrackVtorichka& track,
+                    std::size_t index)
+    {
+        const Reading to{track, track.Marks[index], track.InterBlobs[index], days};
+        for (const ReadColumn& column : columns) {
+            if (column.place < fieldCount) {
+                column.read(to, fields[column.place]);
+            }
+        }
+    }
+
+    std::vector<ReadColumn> markColumns;
+    std::vector<ReadColumn> headColumns;
+    std::size_t lastHeadPlace = 0;
     std::vector<std::string_view> fields;
     LastAnswer<std::string, int> days;
 };

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <set>
 #include <string>
@@ -52,6 +53,10 @@ TEST(Runs, EachGivesItsExpectedFiles)
     const std::set<std::string> names = runsWithATask();
     EXPECT_TRUE(names.contains("mea_to_mpc"));
     EXPECT_TRUE(names.contains("mea_to_mea"));
+    EXPECT_TRUE(names.contains("report_eachobject_mpc"));
+    EXPECT_TRUE(names.contains("report_eachgroup_tdm"));
+    EXPECT_TRUE(names.contains("report_eachseria_mea"));
+    EXPECT_TRUE(names.contains("report_allobjects_mpc"));
     for (const std::string& name : names) {
         SCOPED_TRACE(name);
         expectRun(std::string(VOMAR_RUNS) + "/" + name);

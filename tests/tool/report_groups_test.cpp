@@ -1,0 +1,670 @@
+#include "report_groups.h"
+
+#include "support/tracks.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <limits>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+using namespace tavelinUtils;
+
+namespace {
+
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+using Marks = std::vector<TRecLabelPervichka_File>;
+
+// A mark on the day 60000, known by its number.
+TRecLabelPervichka_File markAt(double time, int number)
+{
+    TRecLabelPervichka_File mark;
+    mark.date = 60000;
+    mark.time = time;
+    mark.iB = number;
+    return mark;
+}
+
+// Marks numbered from 0, so many minutes after the beginning of the day.
+Marks marksAtMinutes(const std::vector<double>& minutes)
+{
+    Marks marks;
+    for (std::size_t i = 0; i < minutes.size(); ++i) {
+        marks.push_back(markAt(minutes[i] / 1440.0, static_cast<int>(i)));
+    }
+    return marks;
+}
+
+std::vector<int> numbersOf(const Marks& marks)
+{
+    std::vector<int> numbers;
+    for (const auto& mark : marks) {
+        numbers.push_back(mark.iB);
+    }
+    return numbers;
+}
+
+TrackVtorichka trackOf(const std::string& name, const std::string& series, Marks marks)
+{
+    TrackVtorichka track = trackNamed(name, std::move(marks));
+    track.Series = series;
+    return track;
+}
+
+// A whole list of lists in one text, so that a difference shows where it is.
+std::string described(const std::vector<TrackList>& lists)
+{
+    std::string text;
+    for (const TrackList& list : lists) {
+        text += "[";
+        for (const TrackVtorichka& track : list) {
+            text += " " + track.QRVName + "/" + track.Series + "/" + track.SourceFile + " marks";
+            for (const auto& mark : track.Marks) {
+                text += " " + std::to_string(mark.iB);
+            }
+            text += " inter";
+            for (const auto& inter : track.InterBlobs) {
+                text += " " + std::to_string(static_cast<int>(inter.m_MPC));
+            }
+            text += " candidates";
+            for (const auto& candidate : track.Candidates) {
+                text += " " + candidate;
+            }
+            text += " cast";
+            for (const auto& cast : track.Cast) {
+                text += " " + cast;
+            }
+        }
+        text += " ]\n";
+    }
+    return text;
+}
+
+// The numbers of the marks of each stretch of one track.
+std::vector<std::vector<int>> stretches(Marks marks, double interval)
+{
+    bool withoutMarks = false;
+    std::vector<std::vector<int>> numbers;
+    for (const TrackList& list : stretchesOf({{trackOf("A", "R", std::move(marks))}}, interval, withoutMarks))
+    {
+        EXPECT_EQ(list.size(), 1U);
+        numbers.push_back(numbersOf(list.at(0).Marks));
+    }
+    EXPECT_FALSE(withoutMarks);
+    return numbers;
+}
+
+using Numbers = std::vector<std::vector<int>>;
+
+// Objects one pair at a time, as an operator would join them by hand.
+std::vector<TrackList> joinedPairByPair(const std::vector<TrackList>& series)
+{
+    std::vector<TrackList> reports;
+    for (const TrackList& tracks : series) {
+        for (const TrackVtorichka& track : tracks) {
+            reports.push_back({track});
+        }
+    }
+    for (std::size_t i = 0; i + 1 < reports.size(); ++i) {
+        for (std::size_t j = i + 1; j < reports.size();) {
+            TrackVtorichka& first = reports[i][0];
+            const TrackVtorichka& second = reports[j][0];
+            if (first.QRVName == second.QRVName && first.Series == second.Series) {
+                first.Marks.insert(first.Marks.begin(), second.Marks.begin(), second.Marks.end());
+                first.InterBlobs.insert(first.InterBlobs.begin(), second.InterBlobs.begin(),
+                                        second.InterBlobs.end());
+                reports.erase(reports.begin() + static_cast<std::ptrdiff_t>(j));
+                std::stable_sort(first.Marks.begin(), first.Marks.end(), SortTrackByTime);
+            } else {
+                ++j;
+            }
+        }
+    }
+    return reports;
+}
+
+// Cuts a track by ranges of which only the last one knows its end.
+std::vector<TrackList> cutRangeByRange(const std::vector<TrackList>& series, double interval)
+{
+    std::vector<TrackList> reports;
+    for (const TrackList& tracks : series) {
+        for (const TrackVtorichka& track : tracks) {
+            const int n = static_cast<int>(track.Marks.size());
+            if (n == 0) {
+                continue;
+            }
+            std::vector<std::pair<int, int>> ranges{{0, n}};
+            for (int k = 0; k <= n - 2; ++k) {
+                const auto& mark = track.Marks[static_cast<std::size_t>(k)];
+                const auto& next = track.Marks[static_cast<std::size_t>(k) + 1];
+                const double gap = ((next.date + next.time) - mark.date - mark.time) * 1440.0;
+                if (gap >= interval) {
+                    ranges.back().second = k;
+                    ranges.emplace_back(k + 1, n - 1);
+                }
+            }
+            for (const auto& [first, end] : ranges) {
+                TrackVtorichka piece;
+                static_cast<THeadTrVtor&>(piece) = track;
+                piece.Marks.assign(track.Marks.begin() + first, track.Marks.begin() + end);
+                reports.push_back({piece});
+            }
+        }
+    }
+    return reports;
+}
+
+// Small cases full of equal names, equal times and tracks without marks.
+class RandomSeries
+{
+public:
+    explicit RandomSeries(unsigned seed) : engine(seed)
+    {
+    }
+
+    std::vector<TrackList> next()
+    {
+        int number = 0;
+        int source = 0;
+        std::vector<TrackList> series(upTo(4));
+        for (TrackList& tracks : series) {
+            tracks.resize(upTo(7));
+            for (TrackVtorichka& track : tracks) {
+                track.QRVName = std::string(1, static_cast<char>('A' + upTo(2)));
+                track.Series = upTo(3) == 0 ? "V" : "R";
+                track.SourceFile = std::to_string(source++);
+                const std::size_t marks = upTo(6);
+                for (std::size_t i = 0; i < marks; ++i) {
+                    track.Marks.push_back(markAt(static_cast<double>(upTo(5)) / 8.0, number++));
+                    track.Marks.back().date += static_cast<int>(upTo(1));
+                }
+                const std::size_t inter = upTo(3);
+                for (std::size_t i = 0; i < inter; ++i) {
+                    track.InterBlobs.push_back({.m_MPC = static_cast<double>(number++)});
+                }
+                track.Candidates.assign(upTo(1), "c" + track.SourceFile);
+                track.Cast.assign(upTo(1), "k" + track.SourceFile);
+            }
+        }
+        return series;
+    }
+
+    // 0 up to the limit and with it.
+    std::size_t upTo(std::size_t limit)
+    {
+        return engine() % (limit + 1);
+    }
+
+private:
+    std::mt19937 engine;
+};
+
+double secondsOf(const std::vector<TrackList>& series, std::size_t objects)
+{
+    std::vector<TrackList> taken = series;
+    const auto begin = std::chrono::steady_clock::now();
+    const std::vector<TrackList> lists = objectsOf(std::move(taken));
+    const std::chrono::duration<double> lasted = std::chrono::steady_clock::now() - begin;
+    EXPECT_EQ(lists.size(), objects);
+    return lasted.count();
+}
+
+// Twenty thousand tracks of one mark each, over two series, with so many names.
+std::vector<TrackList> manyTracks(std::size_t names)
+{
+    std::vector<TrackList> series(2);
+    for (std::size_t i = 0; i < 20000; ++i) {
+        const int number = static_cast<int>(i);
+        series[i % 2].push_back(trackOf("N" + std::to_string(i % names), "R",
+                                        {markAt(static_cast<double>(i * 7919 % 20000) / 20000.0, number)}));
+    }
+    return series;
+}
+
+} // namespace
+
+// Stretches of a track.
+
+TEST(ReportGroups, TrackWithoutGapKeepsAllItsMarks)
+{
+    EXPECT_EQ(stretches(marksAtMinutes({0, 10, 20, 30, 40, 50}), 30.0), (Numbers{{0, 1, 2, 3, 4, 5}}));
+}
+
+TEST(ReportGroups, EachStretchOfACutTrackLosesItsLastMark)
+{
+    EXPECT_EQ(stretches(marksAtMinutes({0, 10, 20, 120, 130, 140}), 30.0), (Numbers{{0, 1}, {3, 4}}));
+}
+
+TEST(ReportGroups, EveryGapCuts)
+{
+    EXPECT_EQ(stretches(marksAtMinutes({0, 10, 120, 130, 140, 240, 250}), 30.0), (Numbers{{0}, {2, 3}, {5}}));
+}
+
+TEST(ReportGroups, CutBehindTheFirstMarkLeavesAnEmptyStretch)
+{
+    EXPECT_EQ(stretches(marksAtMinutes({0, 100, 110, 120}), 30.0), (Numbers{{}, {1, 2}}));
+}
+
+TEST(ReportGroups, CutBeforeTheLastMarkLeavesAnEmptyStretch)
+{
+    EXPECT_EQ(stretches(marksAtMinutes({0, 10, 20, 120}), 30.0), (Numbers{{0, 1}, {}}));
+}
+
+TEST(ReportGroups, TwoMarksApartLeaveTwoEmptyStretches)
+{
+    EXPECT_EQ(stretches(marksAtMinutes({0, 100}), 30.0), (Numbers{{}, {}}));
+}
+
+TEST(ReportGroups, OneMarkIsAStretch)
+{
+    EXPECT_EQ(stretches(marksAtMinutes({0}), 30.0), (Numbers{{0}}));
+    EXPECT_EQ(stretches(marksAtMinutes({0}), 0.0), (Numbers{{0}}));
+}
+
+TEST(ReportGroups, MarksLessThanTheIntervalApartStayTogether)
+{
+    EXPECT_EQ(stretches({markAt(0.25, 0), markAt(0.25 + 29.9 / 1440.0, 1)}, 30.0), (Numbers{{0, 1}}));
+}
+
+TEST(ReportGroups, MarksTheIntervalApartAreCut)
+{
+    EXPECT_EQ(stretches({markAt(0.25, 0), markAt(0.5, 1)}, 360.0), (Numbers{{}, {}}));
+    EXPECT_EQ(stretches({markAt(0.25, 0), markAt(0.5, 1)}, 360.1), (Numbers{{0, 1}}));
+}
+
+TEST(ReportGroups, ExactlyThirtyMinutesAreCut)
+{
+    // Without a day in front the gap is 1.0 / 48.0, and 1440.0 times that is exactly 30.
+    Marks marks{markAt(0.0, 0), markAt(1.0 / 48.0, 1)};
+    marks[0].date = 0;
+    marks[1].date = 0;
+    EXPECT_EQ(stretches(marks, 30.0), (Numbers{{}, {}}));
+}
+
+TEST(ReportGroups, HalfHoursOfTheDayAreCutAsTheirSumsComeOut)
+{
+    // The day takes part in the sum, so half an hour is a little more or less than 30 minutes.
+    const struct
+    {
+        double first;
+        double second;
+        bool cut;
+    } rows[] = {
+        {12.5 / 24.0, 13.0 / 24.0, false}, // 29.9999999965
+        {12.0 / 24.0, 12.5 / 24.0, true},  // 30.0000000035
+        {13.0 / 24.0, 13.5 / 24.0, true},  // 30.0000000035
+        {14.0 / 24.0, 14.5 / 24.0, false}, // 29.9999999965
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.first * 24.0);
+        for (const int date : {55504, 60000, 61365}) {
+            Marks marks{markAt(row.first, 0), markAt(row.second, 1)};
+            marks[0].date = date;
+            marks[1].date = date;
+            EXPECT_EQ(stretches(marks, 30.0), row.cut ? (Numbers{{}, {}}) : (Numbers{{0, 1}}));
+        }
+    }
+}
+
+TEST(ReportGroups, GapRunsOverMidnight)
+{
+    Marks marks{markAt(0.96875, 0), markAt(0.984375, 1), markAt(0.0078125, 2), markAt(0.015625, 3)};
+    marks[2].date = 60001;
+    marks[3].date = 60001;
+    EXPECT_EQ(stretches(marks, 45.0), (Numbers{{0, 1, 2, 3}}));
+    EXPECT_EQ(stretches(marks, 33.75), (Numbers{{0}, {2}}));
+}
+
+TEST(ReportGroups, IntervalZeroLeavesNoMarks)
+{
+    EXPECT_EQ(stretches(marksAtMinutes({0, 10, 20, 30}), 0.0), (Numbers{{}, {}, {}, {}}));
+}
+
+TEST(ReportGroups, IntervalZeroCutsBetweenEqualTimes)
+{
+    EXPECT_EQ(stretches(marksAtMinutes({10, 10}), 0.0), (Numbers{{}, {}}));
+}
+
+TEST(ReportGroups, NegativeGapDoesNotCut)
+{
+    EXPECT_EQ(stretches(marksAtMinutes({50, 10, 0}), 0.0), (Numbers{{0, 1, 2}}));
+    EXPECT_EQ(stretches(marksAtMinutes({500, 10, 20}), 30.0), (Numbers{{0, 1, 2}}));
+}
+
+TEST(ReportGroups, NegativeIntervalCutsAtGapsAboveIt)
+{
+    EXPECT_EQ(stretches(marksAtMinutes({100, 80, 20, 10}), -30.0), (Numbers{{}, {1}, {}}));
+}
+
+TEST(ReportGroups, WhatIsNoNumberDoesNotCut)
+{
+    EXPECT_EQ(stretches(marksAtMinutes({0, 1000}), notANumber), (Numbers{{0, 1}}));
+    EXPECT_EQ(stretches({markAt(0.0, 0), markAt(notANumber, 1), markAt(0.5, 2)}, 30.0), (Numbers{{0, 1, 2}}));
+}
+
+TEST(ReportGroups, StretchHoldsHeadAndMarksAlone)
+{
+    for (const double second : {0.01, 0.5}) {
+        SCOPED_TRACE(second);
+        TrackVtorichka track =
+            trackOf("A", "R", {markAt(0.0, 0), markAt(second, 1), markAt(second + 0.01, 2)});
+        track.NORAD = "12345";
+        track.MPCChecker = "K13A01A";
+        track.telescope = "T1";
+        track.originator = "origin";
+        track.REFERENCE_FRAME = "EME2000";
+        track.ObsCode = "ABC";
+        track.SourceFile = "table.txt";
+        track.N = 7;
+        track.NMarks = 3;
+        track.V = 1.5;
+        track.MPCHeader.COD = "I41";
+        track.MPCHeader.HeaderOn = false;
+        track.ResidFirst.List1 = {1.0, 2.0};
+        track.InterBlobs.resize(3);
+        track.Candidates = std::vector<std::string>{"a", "b", "c"};
+        track.Cast = std::vector<std::string>{"d", "e", "f"};
+
+        bool withoutMarks = false;
+        const std::vector<TrackList> lists = stretchesOf({{track}}, 60.0, withoutMarks);
+        ASSERT_EQ(lists.size(), second < 0.1 ? 1U : 2U);
+        for (const TrackList& list : lists) {
+            ASSERT_EQ(list.size(), 1U);
+            const TrackVtorichka& piece = list[0];
+            EXPECT_EQ(piece.QRVName, "A");
+            EXPECT_EQ(piece.Series, "R");
+            EXPECT_EQ(piece.NORAD, "12345");
+            EXPECT_EQ(piece.MPCChecker, "K13A01A");
+            EXPECT_EQ(piece.telescope, "T1");
+            EXPECT_EQ(piece.originator, "origin");
+            EXPECT_EQ(piece.REFERENCE_FRAME, "EME2000");
+            EXPECT_EQ(piece.ObsCode, "ABC");
+            EXPECT_EQ(piece.SourceFile, "table.txt");
+            EXPECT_EQ(piece.N, 7);
+            EXPECT_EQ(piece.NMarks, 3);
+            EXPECT_EQ(piece.V, 1.5);
+            EXPECT_EQ(piece.MPCHeader.COD, "I41");
+            EXPECT_FALSE(piece.MPCHeader.HeaderOn);
+            EXPECT_EQ(piece.ResidFirst.List1, (std::vector<double>{1.0, 2.0}));
+            EXPECT_TRUE(piece.InterBlobs.empty());
+            EXPECT_TRUE(piece.Candidates.empty());
+            EXPECT_TRUE(piece.Cast.empty());
+        }
+    }
+}
+
+TEST(ReportGroups, MarkOfAStretchIsTheWholeMark)
+{
+    Marks marks = marksAtMinutes({0, 10});
+    marks[1].RA = 15.0;
+    marks[1].m = 9.5;
+    marks[1].filtr = "V";
+    marks[1].CHART = "X1";
+    marks[1].LinkList = {1, 2};
+    bool withoutMarks = false;
+    const std::vector<TrackList> lists = stretchesOf({{trackNamed("A", marks)}}, 30.0, withoutMarks);
+    ASSERT_EQ(lists.size(), 1U);
+    const TRecLabelPervichka_File& mark = lists[0].at(0).Marks.at(1);
+    EXPECT_EQ(double(mark.RA), 15.0);
+    EXPECT_EQ(double(mark.m), 9.5);
+    EXPECT_EQ(std::string(mark.filtr), "V");
+    EXPECT_EQ(std::string(mark.CHART), "X1");
+    EXPECT_EQ(std::vector<int>(mark.LinkList), (std::vector<int>{1, 2}));
+}
+
+TEST(ReportGroups, StretchesStandInTheOrderOfSeriesAndTracks)
+{
+    bool withoutMarks = false;
+    const std::vector<TrackList> lists = stretchesOf(
+        {{trackOf("B", "R", marksAtMinutes({0, 10, 100, 110})), trackOf("A", "R", marksAtMinutes({0, 10}))},
+         {},
+         {trackOf("B", "R", marksAtMinutes({0}))}},
+        30.0, withoutMarks);
+    EXPECT_EQ(described(lists), "[ B/R/ marks 0 inter candidates cast ]\n"
+                                "[ B/R/ marks 2 inter candidates cast ]\n"
+                                "[ A/R/ marks 0 1 inter candidates cast ]\n"
+                                "[ B/R/ marks 0 inter candidates cast ]\n");
+    EXPECT_FALSE(withoutMarks);
+}
+
+TEST(ReportGroups, TrackWithoutMarksGivesNoStretchAndSetsTheFlag)
+{
+    bool withoutMarks = false;
+    const std::vector<TrackList> lists =
+        stretchesOf({{trackOf("A", "R", {}), trackOf("B", "R", marksAtMinutes({0}))}}, 30.0, withoutMarks);
+    EXPECT_EQ(described(lists), "[ B/R/ marks 0 inter candidates cast ]\n");
+    EXPECT_TRUE(withoutMarks);
+}
+
+TEST(ReportGroups, EmptyStretchIsNoTrackWithoutMarks)
+{
+    bool withoutMarks = false;
+    EXPECT_EQ(stretchesOf({{trackOf("A", "R", marksAtMinutes({0, 100}))}}, 30.0, withoutMarks).size(), 2U);
+    EXPECT_FALSE(withoutMarks);
+}
+
+TEST(ReportGroups, NoTracksGiveNoStretches)
+{
+    bool withoutMarks = false;
+    EXPECT_TRUE(stretchesOf({}, 30.0, withoutMarks).empty());
+    EXPECT_TRUE(stretchesOf({{}, {}}, 30.0, withoutMarks).empty());
+    EXPECT_FALSE(withoutMarks);
+}
+
+TEST(ReportGroups, StretchesAreThoseOfTheRanges)
+{
+    RandomSeries cases(20101104);
+    for (int i = 0; i < 400; ++i) {
+        SCOPED_TRACE(i);
+        const std::vector<TrackList> series = cases.next();
+        for (const double interval : {-1e9, -180.0, 0.0, 180.0, 181.0, 1440.0, 1e9}) {
+            std::vector<TrackList> taken = series;
+            bool withoutMarks = false;
+            EXPECT_EQ(described(stretchesOf(std::move(taken), interval, withoutMarks)),
+                      described(cutRangeByRange(series, interval)));
+        }
+    }
+}
+
+// Objects.
+
+TEST(ReportGroups, TracksOfEqualNameAndSeriesAreOneObject)
+{
+    const std::vector<TrackList> lists =
+        objectsOf({{trackOf("A", "R", marksAtMinutes({0, 10}))}, {trackOf("A", "R", {markAt(0.5, 7)})}});
+    EXPECT_EQ(described(lists), "[ A/R/ marks 0 1 7 inter candidates cast ]\n");
+}
+
+TEST(ReportGroups, TracksOfOneSeriesAreJoinedToo)
+{
+    const std::vector<TrackList> lists =
+        objectsOf({{trackOf("A", "R", {markAt(0.5, 1)}), trackOf("A", "R", {markAt(0.25, 2)})}});
+    EXPECT_EQ(described(lists), "[ A/R/ marks 2 1 inter candidates cast ]\n");
+}
+
+TEST(ReportGroups, AnotherSeriesOrNameIsAnotherObject)
+{
+    const std::vector<TrackList> lists =
+        objectsOf({{trackOf("A", "R", {markAt(0.5, 1)}), trackOf("a", "R", {markAt(0.5, 2)})},
+                   {trackOf("A", "V", {markAt(0.5, 3)}), trackOf("A ", "R", {markAt(0.5, 4)}),
+                    trackOf("", "AR", {markAt(0.5, 5)})}});
+    EXPECT_EQ(described(lists), "[ A/R/ marks 1 inter candidates cast ]\n"
+                                "[ a/R/ marks 2 inter candidates cast ]\n"
+                                "[ A/V/ marks 3 inter candidates cast ]\n"
+                                "[ A /R/ marks 4 inter candidates cast ]\n"
+                                "[ /AR/ marks 5 inter candidates cast ]\n");
+}
+
+TEST(ReportGroups, NameAndSeriesAreComparedApart)
+{
+    const std::vector<TrackList> lists = objectsOf(
+        {{trackOf("AB", "C", {}), trackOf("A", "BC", {}), trackOf("ABC", "", {}), trackOf("", "ABC", {}),
+          trackOf(std::string("A\0", 2), "BC", {}), trackOf("A\nB", "C", {}), trackOf("A", "\nBC", {}),
+          trackOf("A", std::string("\0BC", 3), {})}});
+    EXPECT_EQ(lists.size(), 8U);
+}
+
+TEST(ReportGroups, ObjectsStandWhereTheyFirstOccur)
+{
+    const std::vector<TrackList> lists =
+        objectsOf({{trackOf("C", "R", {markAt(0.1, 0)}), trackOf("A", "R", {markAt(0.1, 1)})},
+                   {trackOf("B", "R", {markAt(0.2, 2)}), trackOf("A", "R", {markAt(0.2, 3)})},
+                   {trackOf("A", "R", {markAt(0.3, 4)}), trackOf("C", "R", {markAt(0.3, 5)})}});
+    EXPECT_EQ(described(lists), "[ C/R/ marks 0 5 inter candidates cast ]\n"
+                                "[ A/R/ marks 1 3 4 inter candidates cast ]\n"
+                                "[ B/R/ marks 2 inter candidates cast ]\n");
+}
+
+TEST(ReportGroups, OfEqualTimesTheLaterSeriesComesFirst)
+{
+    const std::vector<TrackList> lists = objectsOf({{trackOf("A", "R", {markAt(0.5, 10), markAt(0.5, 11)})},
+                                                    {trackOf("A", "R", {markAt(0.5, 20), markAt(0.5, 21)})},
+                                                    {trackOf("A", "R", {markAt(0.5, 30), markAt(0.5, 31)})}});
+    EXPECT_EQ(described(lists), "[ A/R/ marks 30 31 20 21 10 11 inter candidates cast ]\n");
+}
+
+TEST(ReportGroups, TimesOfThreeSeriesAreOneOrder)
+{
+    const std::vector<TrackList> lists =
+        objectsOf({{trackOf("A", "R", {markAt(0.75, 10), markAt(0.25, 11)})},
+                   {trackOf("A", "R", {markAt(0.5, 20), markAt(0.25, 21)})},
+                   {trackOf("A", "R", {markAt(0.5, 30), markAt(0.75, 31)})}});
+    EXPECT_EQ(described(lists), "[ A/R/ marks 21 11 30 20 31 10 inter candidates cast ]\n");
+}
+
+TEST(ReportGroups, TimeOfAMarkIsDayAndFraction)
+{
+    TRecLabelPervichka_File early = markAt(0.9, 1);
+    TRecLabelPervichka_File late = markAt(0.1, 2);
+    late.date = 60001;
+    // A fraction above 1 counts as it stands.
+    TRecLabelPervichka_File between = markAt(1.05, 3);
+    const std::vector<TrackList> lists =
+        objectsOf({{trackOf("A", "R", {late}), trackOf("A", "R", {between, early})}});
+    EXPECT_EQ(described(lists), "[ A/R/ marks 1 3 2 inter candidates cast ]\n");
+}
+
+TEST(ReportGroups, TrackThatIsNotJoinedKeepsTheOrderOfItsMarks)
+{
+    const std::vector<TrackList> lists =
+        objectsOf({{trackOf("A", "R", {markAt(0.5, 0), markAt(0.25, 1)}), trackOf("B", "R", {})}});
+    EXPECT_EQ(described(lists), "[ A/R/ marks 0 1 inter candidates cast ]\n"
+                                "[ B/R/ marks inter candidates cast ]\n");
+}
+
+TEST(ReportGroups, JoiningATrackWithoutMarksOrdersTheOthers)
+{
+    const std::vector<TrackList> lists =
+        objectsOf({{trackOf("A", "R", {markAt(0.5, 0), markAt(0.25, 1)}), trackOf("A", "R", {})}});
+    EXPECT_EQ(described(lists), "[ A/R/ marks 1 0 inter candidates cast ]\n");
+}
+
+TEST(ReportGroups, HeadOfTheFirstTrackIsTheHeadOfTheObject)
+{
+    TrackVtorichka first = trackOf("A", "R", {markAt(0.5, 0)});
+    first.telescope = "T1";
+    first.MPCHeader.COD = "I41";
+    first.SourceFile = "first";
+    first.NMarks = 1;
+    first.N = 4;
+    TrackVtorichka second = trackOf("A", "R", {markAt(0.25, 1), markAt(0.75, 2)});
+    second.telescope = "T2";
+    second.MPCHeader.COD = "I42";
+    second.SourceFile = "second";
+    second.NMarks = 2;
+    second.N = 5;
+    const std::vector<TrackList> lists = objectsOf({{first}, {second}});
+    ASSERT_EQ(lists.size(), 1U);
+    const TrackVtorichka& object = lists[0].at(0);
+    EXPECT_EQ(object.telescope, "T1");
+    EXPECT_EQ(object.MPCHeader.COD, "I41");
+    EXPECT_EQ(object.SourceFile, "first");
+    EXPECT_EQ(object.NMarks, 1);
+    EXPECT_EQ(object.N, 4);
+    EXPECT_EQ(numbersOf(object.Marks), (std::vector<int>{1, 0, 2}));
+}
+
+TEST(ReportGroups, InterBlobsOfLaterTracksStandInFrontUnsorted)
+{
+    TrackVtorichka first = trackOf("A", "R", {markAt(0.1, 0), markAt(0.2, 1)});
+    first.InterBlobs = {{.m_MPC = 10}, {.m_MPC = 11}};
+    TrackVtorichka second = trackOf("A", "R", {markAt(0.3, 2), markAt(0.4, 3)});
+    second.InterBlobs = {{.m_MPC = 20}, {.m_MPC = 21}};
+    TrackVtorichka third = trackOf("A", "R", {});
+    third.InterBlobs = {{.m_MPC = 30}};
+    const std::vector<TrackList> lists = objectsOf({{first, second}, {third}});
+    EXPECT_EQ(described(lists), "[ A/R/ marks 0 1 2 3 inter 30 20 21 10 11 candidates cast ]\n");
+}
+
+TEST(ReportGroups, CandidatesAndCastAreNotJoined)
+{
+    TrackVtorichka first = trackOf("A", "R", {markAt(0.1, 0)});
+    first.Candidates = std::vector<std::string>{"c1"};
+    first.Cast = std::vector<std::string>{"k1"};
+    TrackVtorichka second = trackOf("A", "R", {markAt(0.2, 1)});
+    second.Candidates = std::vector<std::string>{"c2"};
+    second.Cast = std::vector<std::string>{"k2"};
+    const std::vector<TrackList> lists = objectsOf({{first}, {second}});
+    EXPECT_EQ(described(lists), "[ A/R/ marks 0 1 inter candidates c1 cast k1 ]\n");
+}
+
+TEST(ReportGroups, NoTracksGiveNoObjects)
+{
+    EXPECT_TRUE(objectsOf({}).empty());
+    EXPECT_TRUE(objectsOf({{}, {}}).empty());
+}
+
+TEST(ReportGroups, ObjectsAreThoseThatPairsGive)
+{
+    RandomSeries cases(20101106);
+    for (int i = 0; i < 600; ++i) {
+        SCOPED_TRACE(i);
+        const std::vector<TrackList> series = cases.next();
+        std::vector<TrackList> taken = series;
+        EXPECT_EQ(described(objectsOf(std::move(taken))), described(joinedPairByPair(series)));
+    }
+}
+
+TEST(ReportGroups, TwentyThousandTracksAreGroupedInASecondOrTwo)
+{
+    for (const std::size_t names : {std::size_t{1}, std::size_t{3}, std::size_t{200}, std::size_t{20000}}) {
+        SCOPED_TRACE(names);
+        EXPECT_LT(secondsOf(manyTracks(names), names), 4.0);
+    }
+}
+
+TEST(ReportGroups, MarksOfManyTracksAreInTheOrderOfTime)
+{
+    const std::vector<TrackList> lists = objectsOf(manyTracks(1));
+    ASSERT_EQ(lists.size(), 1U);
+    const Marks& marks = lists[0].at(0).Marks;
+    ASSERT_EQ(marks.size(), 20000U);
+    EXPECT_TRUE(std::is_sorted(marks.begin(), marks.end(), SortTrackByTime));
+}
+
+// All tracks.
+
+TEST(ReportGroups, AllTracksAreOneListInTheirOrder)
+{
+    TrackVtorichka first = trackOf("A", "R", {markAt(0.5, 0), markAt(0.25, 1)});
+    first.InterBlobs = {{.m_MPC = 10}};
+    first.Candidates = std::vector<std::string>{"c1"};
+    first.Cast = std::vector<std::string>{"k1"};
+    const std::vector<TrackList> lists =
+        allOf({{first, trackOf("B", "R", {})}, {}, {trackOf("A", "R", {markAt(0.1, 2)})}});
+    EXPECT_EQ(described(lists), "[ A/R/ marks 0 1 inter 10 candidates c1 cast k1"
+                                " B/R/ marks inter candidates cast"
+                                " A/R/ marks 2 inter candidates cast ]\n");
+}
+
+TEST(ReportGroups, AllOfNoTracksIsOneEmptyList)
+{
+    EXPECT_EQ(described(allOf({})), "[ ]\n");
+    EXPECT_EQ(described(allOf({{}, {}})), "[ ]\n");
+}
