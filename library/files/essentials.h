@@ -177,4 +177,18 @@ inline std::size_t countLines(std::string_view bytes)
     return static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1;
 }
 
+/// Hands each line of a file to a reading that takes lines one after the other, after it has reserved room
+/// for them. False for a file that cannot be read.
+template <class Reading>
+bool readLines(const std::string& path, Reading& reading)
+{
+    FileBytes file;
+    if (!readBytes(path, file)) {
+        return false;
+    }
+    reading.reserve(countLines(file.view()));
+    forEachLine(file.view(), [&reading](std::string_view line) { reading.add(line); });
+    return true;
+}
+
 } // namespace tavelinUtils

@@ -196,16 +196,12 @@ std::vector<TrackVtorichka> lMEATrack(const std::vector<std::string>& lines, std
 
 std::vector<TrackVtorichka> plMEATrack(std::string path, std::string originator)
 {
-    MeaLines reading;
-    {
-        FileBytes file;
-        if (!readBytes(path, file)) {
-            return {};
-        }
-        std::setlocale(LC_NUMERIC, "C");
-        reading.reserve(countLines(file.view()));
-        forEachLine(file.view(), [&reading](std::string_view line) { reading.add(line); });
+    if (!FileExists(path)) {
+        return {};
     }
+    std::setlocale(LC_NUMERIC, "C");
+    MeaLines reading;
+    readLines(path, reading);
     return reading.tracks(originator);
 }
 

@@ -304,14 +304,7 @@ std::vector<TrackVtorichka> lMPC(const std::vector<std::string>& lines)
 std::vector<TrackVtorichka> lMPC(std::string path)
 {
     ReportLines reading;
-    {
-        FileBytes file;
-        if (!readBytes(path, file)) {
-            return {};
-        }
-        reading.reserve(countLines(file.view()));
-        forEachLine(file.view(), [&reading](std::string_view line) { reading.add(line); });
-    }
+    readLines(path, reading); // a missing file has no lines
     return reading.tracks();
 }
 

@@ -219,14 +219,7 @@ std::vector<TrackVtorichka> lckako_meas(const std::vector<std::string>& lines, s
 std::vector<TrackVtorichka> lckako_meas(std::string path, std::string observatory)
 {
     ReportLines reading(std::move(observatory));
-    {
-        FileBytes file;
-        if (!readBytes(path, file)) {
-            return {};
-        }
-        reading.reserve(countLines(file.view()));
-        forEachLine(file.view(), [&reading](std::string_view line) { reading.add(line); });
-    }
+    readLines(path, reading); // a missing file has no lines
     return reading.takeTracks();
 }
 

@@ -216,14 +216,7 @@ void readEpoch(std::string_view text, EpochDays& days, int& date, double& time)
 std::vector<TrackVtorichka> lTDM(std::string path)
 {
     MessageLines reading;
-    {
-        FileBytes file;
-        if (!readBytes(path, file)) {
-            return {};
-        }
-        reading.reserve(countLines(file.view()));
-        forEachLine(file.view(), [&reading](std::string_view line) { reading.add(line); });
-    }
+    readLines(path, reading); // a missing file has no lines
     return reading.takeTracks();
 }
 

@@ -169,14 +169,7 @@ std::vector<TrackVtorichka> lTelegramma(const std::vector<std::string>& lines)
 std::vector<TrackVtorichka> lTelegramma(std::string path)
 {
     TelegramLines reading;
-    {
-        FileBytes file;
-        if (!readBytes(path, file)) {
-            return {};
-        }
-        reading.reserve(countLines(file.view()));
-        forEachLine(file.view(), [&reading](std::string_view line) { reading.add(line); });
-    }
+    readLines(path, reading); // a missing file has no lines
     return reading.takeTracks();
 }
 

@@ -708,3 +708,73 @@ TEST(CountLines, IsNeverBelowTheLines)
     EXPECT_EQ(countLines("a\n"), 2u);
     EXPECT_EQ(countLines("a\r\n\nb"), 3u);
 }
+
+TEST(CutParts, GivesWhatTheTokeniserGivesWithTheSeparatorBehind)
+{
+    struct Row
+    {
+        std::string text;
+        std::size_t count;
+        std::string first, second;
+    };
+    const Row rows[] = {
+        {"", 1, "", "?"},         {" ", 2, "", ""},         {"a", 1, "a", "?"},     {"a ", 2, "a", ""},
+        {" a", 2, "", "a"},       {"a b", 2, "a", "b"},     {"a b c", 3, "a", "b"}, {"  ", 3, "", ""},
+        {"a  b c d", 5, "a", ""}, {"a\tb", 1, "a\tb", "?"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.text);
+        std::array<std::string_view, 2> parts{"?", "?"};
+        EXPECT_EQ(cutParts(row.text, ' ', parts), row.count);
+        EXPECT_EQ(parts[0], row.first);
+        EXPECT_EQ(parts[1], row.second);
+    }
+}
+
+TEST(ForEachSeparator, FindsEachOneWhereverItStands)
+{
+    // Bytes beside the separator's value, and with their high bit set, lie in wait for a look at eight at
+    // once.
+    const std::string letters = std::string("\t\t\ta\x08\x0a\x89\x8a\xff") + '\0';
+    unsigned state = 7;
+    for (int i = 0; i < 20000; ++i) {
+        std::string text;
+        for (int length = i % 40; length > 0; --length) {
+            state = state * 1664525U + 1013904223U;
+            text += letters[(state >> 16) % letters.size()];
+        }
+        std::vector<std::size_t> expected;
+        for (std::size_t at = text.find('\t'); at != std::string::npos; at = text.find('\t', at + 1)) {
+            expected.push_back(at);
+        }
+        std::vector<std::size_t> found;
+        forEachSeparator(text, '\t', [&found](std::size_t at) { found.push_back(at); });
+        ASSERT_EQ(found, expected) << i;
+    }
+}
+
+TEST(ReadLines, ReservesRoomAndGivesEachLine)
+{
+    struct Lines
+    {
+        std::size_t room = 0;
+        std::vector<std::string> taken;
+
+        void reserve(std::size_t count)
+        {
+            room = count;
+        }
+        void add(std::string_view line)
+        {
+            taken.emplace_back(line);
+        }
+    };
+    const TemporaryFolder folder;
+    makeFile(folder / "a.txt", "one\r\n\ntwo\t\n three");
+    Lines lines;
+    EXPECT_TRUE(readLines(folder / "a.txt", lines));
+    EXPECT_GE(lines.room, 4U);
+    EXPECT_EQ(lines.taken, (std::vector<std::string>{"one", "", "two", " three"}));
+    EXPECT_FALSE(readLines(folder / "none.txt", lines));
+    EXPECT_EQ(lines.taken.size(), 4U);
+}

@@ -498,3 +498,14 @@ TEST(PackedSeconds, TextThatEndsBeforeTheTwoCharactersIsOutOfRange)
     EXPECT_THROW(packedSeconds("01", 4), std::out_of_range);
     EXPECT_THROW(packedSeconds("", 0), std::out_of_range);
 }
+
+TEST(PackedAngles, HaveNeitherSeparatorNorPoint)
+{
+    std::string text = "a.b ";
+    tavelinUtils::appendPackedRA(text, 15.0, 4);
+    text += ' ';
+    tavelinUtils::appendPackedDE(text, -0.5, 2);
+    text += ' ';
+    tavelinUtils::appendPackedDE(text, 12.0916666, 0);
+    EXPECT_EQ(text, "a.b 0100000000 -00300000 120530");
+}
