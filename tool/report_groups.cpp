@@ -138,11 +138,11 @@ TrackVtorichka joined(TrackList&& tracks)
     };
     std::vector<Place> places;
     std::vector<TInterBlob> interBlobs;
-    for (auto track = tracks.rbegin(); track != tracks.rend(); ++track) {
-        for (TRecLabelPervichka_File& mark : track->Marks) {
+    for (std::size_t i = tracks.size(); i-- > 0;) {
+        for (TRecLabelPervichka_File& mark : tracks[i].Marks) {
             places.push_back({mark.date + mark.time, &mark});
         }
-        interBlobs.insert(interBlobs.end(), track->InterBlobs.begin(), track->InterBlobs.end());
+        interBlobs.insert(interBlobs.end(), tracks[i].InterBlobs.begin(), tracks[i].InterBlobs.end());
     }
     std::stable_sort(places.begin(), places.end(),
                      [](const Place& a, const Place& b) { return a.time < b.time; });
