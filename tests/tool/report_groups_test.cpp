@@ -17,6 +17,18 @@ using namespace tavelinUtils;
 
 namespace {
 
+/// The objects of series, each joined into its one track, as a report writes them.
+std::vector<TrackList> joinedObjects(std::vector<TrackList>&& series)
+{
+    std::vector<TrackList> objects = objectsOf(std::move(series));
+    for (TrackList& object : objects) {
+        TrackList one;
+        one.push_back(joined(std::move(object)));
+        object = std::move(one);
+    }
+    return objects;
+}
+
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 using Marks = std::vector<TRecLabelPervichka_File>;
@@ -209,7 +221,7 @@ double secondsOf(const std::vector<TrackList>& series, std::size_t objects)
 {
     std::vector<TrackList> taken = series;
     const auto begin = std::chrono::steady_clock::now();
-    const std::vector<TrackList> lists = objectsOf(std::move(taken));
+    const std::vector<TrackList> lists = joinedObjects(std::move(taken));
     const std::chrono::duration<double> lasted = std::chrono::steady_clock::now() - begin;
     EXPECT_EQ(lists.size(), objects);
     return lasted.count();
@@ -477,23 +489,23 @@ TEST(ReportGroups, StretchesAreThoseOfTheRanges)
 TEST(ReportGroups, TracksOfEqualNameAndSeriesAreOneObject)
 {
     const std::vector<TrackList> lists =
-        objectsOf({{trackOf("A", "R", marksAtMinutes({0, 10}))}, {trackOf("A", "R", {markAt(0.5, 7)})}});
+        joinedObjects({{trackOf("A", "R", marksAtMinutes({0, 10}))}, {trackOf("A", "R", {markAt(0.5, 7)})}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 0 1 7 inter candidates cast ]\n");
 }
 
 TEST(ReportGroups, TracksOfOneSeriesAreJoinedToo)
 {
     const std::vector<TrackList> lists =
-        objectsOf({{trackOf("A", "R", {markAt(0.5, 1)}), trackOf("A", "R", {markAt(0.25, 2)})}});
+        joinedObjects({{trackOf("A", "R", {markAt(0.5, 1)}), trackOf("A", "R", {markAt(0.25, 2)})}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 2 1 inter candidates cast ]\n");
 }
 
 TEST(ReportGroups, AnotherSeriesOrNameIsAnotherObject)
 {
     const std::vector<TrackList> lists =
-        objectsOf({{trackOf("A", "R", {markAt(0.5, 1)}), trackOf("a", "R", {markAt(0.5, 2)})},
-                   {trackOf("A", "V", {markAt(0.5, 3)}), trackOf("A ", "R", {markAt(0.5, 4)}),
-                    trackOf("", "AR", {markAt(0.5, 5)})}});
+        joinedObjects({{trackOf("A", "R", {markAt(0.5, 1)}), trackOf("a", "R", {markAt(0.5, 2)})},
+                       {trackOf("A", "V", {markAt(0.5, 3)}), trackOf("A ", "R", {markAt(0.5, 4)}),
+                        trackOf("", "AR", {markAt(0.5, 5)})}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 1 inter candidates cast ]\n"
                                 "[ a/R/ marks 2 inter candidates cast ]\n"
                                 "[ A/V/ marks 3 inter candidates cast ]\n"
@@ -503,7 +515,7 @@ TEST(ReportGroups, AnotherSeriesOrNameIsAnotherObject)
 
 TEST(ReportGroups, NameAndSeriesAreComparedApart)
 {
-    const std::vector<TrackList> lists = objectsOf(
+    const std::vector<TrackList> lists = joinedObjects(
         {{trackOf("AB", "C", {}), trackOf("A", "BC", {}), trackOf("ABC", "", {}), trackOf("", "ABC", {}),
           trackOf(std::string("A\0", 2), "BC", {}), trackOf("A\nB", "C", {}), trackOf("A", "\nBC", {}),
           trackOf("A", std::string("\0BC", 3), {})}});
@@ -513,9 +525,9 @@ TEST(ReportGroups, NameAndSeriesAreComparedApart)
 TEST(ReportGroups, ObjectsStandWhereTheyFirstOccur)
 {
     const std::vector<TrackList> lists =
-        objectsOf({{trackOf("C", "R", {markAt(0.1, 0)}), trackOf("A", "R", {markAt(0.1, 1)})},
-                   {trackOf("B", "R", {markAt(0.2, 2)}), trackOf("A", "R", {markAt(0.2, 3)})},
-                   {trackOf("A", "R", {markAt(0.3, 4)}), trackOf("C", "R", {markAt(0.3, 5)})}});
+        joinedObjects({{trackOf("C", "R", {markAt(0.1, 0)}), trackOf("A", "R", {markAt(0.1, 1)})},
+                       {trackOf("B", "R", {markAt(0.2, 2)}), trackOf("A", "R", {markAt(0.2, 3)})},
+                       {trackOf("A", "R", {markAt(0.3, 4)}), trackOf("C", "R", {markAt(0.3, 5)})}});
     EXPECT_EQ(described(lists), "[ C/R/ marks 0 5 inter candidates cast ]\n"
                                 "[ A/R/ marks 1 3 4 inter candidates cast ]\n"
                                 "[ B/R/ marks 2 inter candidates cast ]\n");
@@ -523,18 +535,19 @@ TEST(ReportGroups, ObjectsStandWhereTheyFirstOccur)
 
 TEST(ReportGroups, OfEqualTimesTheLaterSeriesComesFirst)
 {
-    const std::vector<TrackList> lists = objectsOf({{trackOf("A", "R", {markAt(0.5, 10), markAt(0.5, 11)})},
-                                                    {trackOf("A", "R", {markAt(0.5, 20), markAt(0.5, 21)})},
-                                                    {trackOf("A", "R", {markAt(0.5, 30), markAt(0.5, 31)})}});
+    const std::vector<TrackList> lists =
+        joinedObjects({{trackOf("A", "R", {markAt(0.5, 10), markAt(0.5, 11)})},
+                       {trackOf("A", "R", {markAt(0.5, 20), markAt(0.5, 21)})},
+                       {trackOf("A", "R", {markAt(0.5, 30), markAt(0.5, 31)})}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 30 31 20 21 10 11 inter candidates cast ]\n");
 }
 
 TEST(ReportGroups, TimesOfThreeSeriesAreOneOrder)
 {
     const std::vector<TrackList> lists =
-        objectsOf({{trackOf("A", "R", {markAt(0.75, 10), markAt(0.25, 11)})},
-                   {trackOf("A", "R", {markAt(0.5, 20), markAt(0.25, 21)})},
-                   {trackOf("A", "R", {markAt(0.5, 30), markAt(0.75, 31)})}});
+        joinedObjects({{trackOf("A", "R", {markAt(0.75, 10), markAt(0.25, 11)})},
+                       {trackOf("A", "R", {markAt(0.5, 20), markAt(0.25, 21)})},
+                       {trackOf("A", "R", {markAt(0.5, 30), markAt(0.75, 31)})}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 21 11 30 20 31 10 inter candidates cast ]\n");
 }
 
@@ -546,14 +559,14 @@ TEST(ReportGroups, TimeOfAMarkIsDayAndFraction)
     // A fraction above 1 counts as it stands.
     TRecLabelPervichka_File between = markAt(1.05, 3);
     const std::vector<TrackList> lists =
-        objectsOf({{trackOf("A", "R", {late}), trackOf("A", "R", {between, early})}});
+        joinedObjects({{trackOf("A", "R", {late}), trackOf("A", "R", {between, early})}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 1 3 2 inter candidates cast ]\n");
 }
 
 TEST(ReportGroups, TrackThatIsNotJoinedKeepsTheOrderOfItsMarks)
 {
     const std::vector<TrackList> lists =
-        objectsOf({{trackOf("A", "R", {markAt(0.5, 0), markAt(0.25, 1)}), trackOf("B", "R", {})}});
+        joinedObjects({{trackOf("A", "R", {markAt(0.5, 0), markAt(0.25, 1)}), trackOf("B", "R", {})}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 0 1 inter candidates cast ]\n"
                                 "[ B/R/ marks inter candidates cast ]\n");
 }
@@ -561,7 +574,7 @@ TEST(ReportGroups, TrackThatIsNotJoinedKeepsTheOrderOfItsMarks)
 TEST(ReportGroups, JoiningATrackWithoutMarksOrdersTheOthers)
 {
     const std::vector<TrackList> lists =
-        objectsOf({{trackOf("A", "R", {markAt(0.5, 0), markAt(0.25, 1)}), trackOf("A", "R", {})}});
+        joinedObjects({{trackOf("A", "R", {markAt(0.5, 0), markAt(0.25, 1)}), trackOf("A", "R", {})}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 1 0 inter candidates cast ]\n");
 }
 
@@ -579,7 +592,7 @@ TEST(ReportGroups, HeadOfTheFirstTrackIsTheHeadOfTheObject)
     second.SourceFile = "second";
     second.NMarks = 2;
     second.N = 5;
-    const std::vector<TrackList> lists = objectsOf({{first}, {second}});
+    const std::vector<TrackList> lists = joinedObjects({{first}, {second}});
     ASSERT_EQ(lists.size(), 1U);
     const TrackVtorichka& object = lists[0].at(0);
     EXPECT_EQ(object.telescope, "T1");
@@ -598,7 +611,7 @@ TEST(ReportGroups, InterBlobsOfLaterTracksStandInFrontUnsorted)
     second.InterBlobs = {{.m_MPC = 20}, {.m_MPC = 21}};
     TrackVtorichka third = trackOf("A", "R", {});
     third.InterBlobs = {{.m_MPC = 30}};
-    const std::vector<TrackList> lists = objectsOf({{first, second}, {third}});
+    const std::vector<TrackList> lists = joinedObjects({{first, second}, {third}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 0 1 2 3 inter 30 20 21 10 11 candidates cast ]\n");
 }
 
@@ -610,14 +623,14 @@ TEST(ReportGroups, CandidatesAndCastAreNotJoined)
     TrackVtorichka second = trackOf("A", "R", {markAt(0.2, 1)});
     second.Candidates = std::vector<std::string>{"c2"};
     second.Cast = std::vector<std::string>{"k2"};
-    const std::vector<TrackList> lists = objectsOf({{first}, {second}});
+    const std::vector<TrackList> lists = joinedObjects({{first}, {second}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 0 1 inter candidates c1 cast k1 ]\n");
 }
 
 TEST(ReportGroups, NoTracksGiveNoObjects)
 {
-    EXPECT_TRUE(objectsOf({}).empty());
-    EXPECT_TRUE(objectsOf({{}, {}}).empty());
+    EXPECT_TRUE(joinedObjects({}).empty());
+    EXPECT_TRUE(joinedObjects({{}, {}}).empty());
 }
 
 TEST(ReportGroups, ObjectsAreThoseThatPairsGive)
@@ -627,7 +640,7 @@ TEST(ReportGroups, ObjectsAreThoseThatPairsGive)
         SCOPED_TRACE(i);
         const std::vector<TrackList> series = cases.next();
         std::vector<TrackList> taken = series;
-        EXPECT_EQ(described(objectsOf(std::move(taken))), described(joinedPairByPair(series)));
+        EXPECT_EQ(described(joinedObjects(std::move(taken))), described(joinedPairByPair(series)));
     }
 }
 
@@ -641,7 +654,7 @@ TEST(ReportGroups, TwentyThousandTracksAreGroupedInASecondOrTwo)
 
 TEST(ReportGroups, MarksOfManyTracksAreInTheOrderOfTime)
 {
-    const std::vector<TrackList> lists = objectsOf(manyTracks(1));
+    const std::vector<TrackList> lists = joinedObjects(manyTracks(1));
     ASSERT_EQ(lists.size(), 1U);
     const Marks& marks = lists[0].at(0).Marks;
     ASSERT_EQ(marks.size(), 20000U);
@@ -667,4 +680,21 @@ TEST(ReportGroups, AllOfNoTracksIsOneEmptyList)
 {
     EXPECT_EQ(described(allOf({})), "[ ]\n");
     EXPECT_EQ(described(allOf({{}, {}})), "[ ]\n");
+}
+
+TEST(ReportGroups, ObjectIsTheListOfItsTracksUntilItIsJoined)
+{
+    std::vector<TrackList> series(2);
+    for (const char* name : {"A", "B"}) {
+        tavelinUtils::TrackVtorichka track;
+        track.QRVName = name;
+        series[0].push_back(track);
+        series[1].push_back(track);
+    }
+    const std::vector<TrackList> objects = objectsOf(std::move(series));
+    ASSERT_EQ(objects.size(), 2U);
+    ASSERT_EQ(objects[0].size(), 2U);
+    EXPECT_EQ(objects[0][1].QRVName, "A");
+    ASSERT_EQ(objects[1].size(), 2U);
+    EXPECT_EQ(objects[1][0].QRVName, "B");
 }
