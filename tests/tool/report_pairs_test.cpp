@@ -23,7 +23,9 @@ std::size_t linesWith(const std::string& text, const std::function<bool(const st
     std::istringstream lines(text);
     std::size_t count = 0;
     for (std::string line; std::getline(lines, line);) {
-        count += isWanted(line) ? 1 : 0;
+        if (isWanted(line)) {
+            ++count;
+        }
     }
     return count;
 }
