@@ -1410,3 +1410,50 @@ TEST(MultiReportTool, TableOfAShortPathIsReadAndHasNoSeriesName)
     EXPECT_EQ(bench.written(), (Names{"AST1000.txt", "result.xml"}));
     EXPECT_NE(resultOf(bench / "out/result.xml").find("<Code>-1</Code>"), std::string::npos);
 }
+
+TEST(MultiReportTool, TwoPointsInTheNameOfAnObjectLeadOutOfTheFolder)
+{
+    ToolBench bench(nameless("../A") + nameless("..") + nameless("Z"));
+    expectQuietEnd(bench.run({{"toSeparateFile", "eachobject"}, {"longname", "false"}}, tableOfTool));
+    EXPECT_EQ(bench.written(), (Names{"...txt", "Z.txt", "result.xml"}));
+    EXPECT_TRUE(exists(bench / "A.txt"));
+}
+
+TEST(MultiReportTool, NameOf300CharactersEndsTheRun)
+{
+    ToolBench bench(nameless("A") + nameless(std::string(300, 'n')) + nameless("Z"));
+    const ChildEnd end = bench.run({{"toSeparateFile", "eachobject"}, {"longname", "false"}}, tableOfTool);
+    EXPECT_FALSE(end.timedOut);
+    EXPECT_EQ(end.signal, SIGABRT);
+    EXPECT_EQ(bench.written(), (Names{"A.txt"}));
+}
+
+TEST(MultiReport, BrokenTablesGiveWhatTheyHold)
+{
+    struct Row
+    {
+        const char* what;
+        std::string bytes;
+        std::size_t tracks;
+    };
+    const Row rows[] = {
+        {"empty", "", 0},
+        {"version alone", "v2\n", 0},
+        {"header alone", "v2\nQRVName:Text\tm:Float\n", 0},
+        {"unknown columns", "x\ty:Int\n1\t2\n---\n", 1},
+        {"short lines", "v2\nQRVName:Text\tm:Float\nA\n\n---\n", 1},
+        {"no end of a track", "v2\nQRVName:Text\nA\nB\n", 1},
+        {"ends alone", "v2\nQRVName:Text\n---\n---\n", 2},
+        {"huge numbers", "iF:Int\tm:Float\n99999999999999999999\t1e999\n---\n", 1},
+        {"binary", std::string("\0\xff\x01\t\xfe\n\0\n---\n", 11), 1},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        Bench bench;
+        bench.task.outputformat = "tdm.xml";
+        bench.add("s1", "");
+        makeFile(bench.task.paths.back().path, row.bytes);
+        ASSERT_EQ(bench.tracks().size(), 1U);
+        EXPECT_EQ(bench.tracks().front().size(), row.tracks);
+    }
+}
