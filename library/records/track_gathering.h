@@ -132,7 +132,6 @@ public:
     /// The tracks with their marks; the sequence is empty afterwards.
     std::vector<TrackVtorichka> takeTracks()
     {
-        heads.shrink_to_fit();
         std::size_t next = 0;
         for (std::size_t i = 0; i < heads.size(); ++i) {
             heads[i].Marks.reserve(ends[i] - next);
