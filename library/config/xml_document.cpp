@@ -19,7 +19,6 @@ constexpr int mostAttributes = 10000;
 // bytes behind the text move with its end.
 void normalizeLineEnds(FileBytes& file)
 {
-    constexpr std::size_t spareBytes = 8;
     char* to = file.bytes.get();
     const char* const end = to + file.size;
     for (const char* from = to; from != end; ++from) {
@@ -29,7 +28,7 @@ void normalizeLineEnds(FileBytes& file)
         }
     }
     file.size = static_cast<std::size_t>(to - file.bytes.get());
-    std::fill_n(to, spareBytes, '\0');
+    std::fill_n(to, FileBytes::spareBytes, '\0');
 }
 
 TiXmlElement* childOf(TiXmlElement* parent, const std::string& key)

@@ -12,8 +12,7 @@
 namespace tavelinUtils {
 namespace {
 
-// Behind the bytes of a file, so that a scanner may look a few bytes ahead at its end.
-constexpr std::size_t spareBytes = 8;
+constexpr std::size_t spareBytes = FileBytes::spareBytes;
 
 struct CloseFile
 {

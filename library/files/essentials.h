@@ -77,6 +77,9 @@ std::string NowToDateTime(std::string separator);
 /// The bytes of a file.
 struct FileBytes
 {
+    /// Zero bytes behind the last, so that a scanner may look a few bytes ahead at the end.
+    static constexpr std::size_t spareBytes = 8;
+
     std::unique_ptr<char[]> bytes;
     std::size_t size = 0;
 
