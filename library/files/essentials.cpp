@@ -14,22 +14,6 @@ namespace {
 
 constexpr std::size_t spareBytes = FileBytes::spareBytes;
 
-struct CloseFile
-{
-    void operator()(std::FILE* file) const
-    {
-        std::fclose(file);
-    }
-};
-using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
-
-std::size_t sizeOf(std::FILE* file)
-{
-    struct stat status = {};
-    const bool known = fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode);
-    return known ? static_cast<std::size_t>(status.st_size) : 0;
-}
-
 std::string behindLastOf(const std::string& path, const std::string& separators)
 {
     const std::size_t last = path.find_last_of(separators);
@@ -143,13 +127,32 @@ void stayForever()
     }
 }
 
+OpenFile openForReading(const std::string& path)
+{
+    OpenFile file(fopen(path, "rb"));
+    struct stat status = {};
+    if (file && fstat(fileno(file.get()), &status) == 0 && S_ISDIR(status.st_mode)) {
+        file = nullptr;
+    }
+    if (file) {
+        std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    }
+    return file;
+}
+
+std::size_t sizeOf(std::FILE* file)
+{
+    struct stat status = {};
+    const bool known = fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode);
+    return known ? static_cast<std::size_t>(status.st_size) : 0;
+}
+
 bool readBytes(const std::string& path, FileBytes& file)
 {
-    const OpenFile stream(fopen(path, "rb"));
+    const OpenFile stream = openForReading(path);
     if (!stream) {
         return false;
     }
-    std::setvbuf(stream.get(), nullptr, _IONBF, 0);
     // One byte more than the file is said to hold, so that its end is met without a second round.
     std::size_t room = sizeOf(stream.get()) + 1;
     FileBytes read{std::make_unique_for_overwrite<char[]>(room + spareBytes), 0};

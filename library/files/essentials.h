@@ -74,6 +74,24 @@ std::string NowToDateTime(std::string separator);
 /// compilers.
 [[noreturn]] void stayForever();
 
+struct CloseFile
+{
+    void operator()(std::FILE* file) const
+    {
+        std::fclose(file);
+    }
+};
+
+/// A stream that closes itself.
+using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
+
+/// Opens a file for reading as one stream of bytes, without a buffer of the stream's own. A null pointer
+/// where it cannot be opened, or is a folder.
+OpenFile openForReading(const std::string& path);
+
+/// The size of an open file in bytes; 0 for what is no regular file.
+std::size_t sizeOf(std::FILE* file);
+
 /// The bytes of a file.
 struct FileBytes
 {

@@ -71,8 +71,7 @@ void rewriteText(const std::string& path, std::string_view text)
 void writeText(const std::string& path, std::string_view text)
 {
     if (!writeBytes(path, "w", text)) {
-        const TFuncRes failure = GetErrCode(7, path);
-        throw TavelinException(failure.Comment, failure.Description, failure.Code);
+        throwErrCode(7, path);
     }
 }
 

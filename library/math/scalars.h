@@ -1,7 +1,8 @@
-// Scalars: fractions, integers out of doubles, and the test for a number.
+// Scalars: fractions and rounding, comparison, angular differences, and the indexes of flat arrays.
 
 #pragma once
 
+#include <map>
 #include <string>
 
 namespace tavelinMath {
@@ -18,5 +19,59 @@ bool IsNumber(const std::string& text);
 /// A double cut to an integer: towards zero, 0 for not-a-number, and the nearest end of the range for
 /// what does not fit.
 int cutToInt(double x);
+
+/// The floor of x + 0.5: 2.5 gives 3, -2.5 gives -2. What does not fit gives the nearest end of the range.
+int RoundInt(double x);
+
+/// The nearest whole number, halves away from zero: 2.5 gives 3.0, -2.5 gives -3.0.
+double RoundDouble(double x);
+
+/// Whether two numbers differ by at most eps.
+bool IsEquals(double a, double b, double eps);
+
+/// Whether two numbers differ by less than the double epsilon, 2.220446049250313e-16, whatever their size.
+bool IsEquals(double a, double b);
+
+/// Whether the lowest bit is 0.
+bool IsEven(int value);
+bool IsEven(unsigned long value);
+
+/// Degrees to radians, and back.
+double ToRadian(double degrees);
+double ToDegree(double radians);
+
+/// A difference of right ascensions in degrees as arc seconds on the sky at a declination in degrees.
+double RaDelta(double a, double b, double declination);
+
+/// A difference of declinations in degrees as arc seconds.
+double DeDelta(double a, double b);
+
+/// A fraction of n, cut to an integer, but not below `least`; an n below `least` itself.
+int GetCountData(int n, int least, double fraction);
+
+/// The position of a key in the order of the map, from 0; -1 where it is missing.
+int GetMapCount(const std::map<std::string, int>& map, std::string key);
+
+/// The place of a column x and a row y in an array that is stored row by row; -1 out of range.
+int Ind2DTo1D(const int& x, const int& y, const int& width, const int& height);
+
+/// The opposite. There is no check of the range; a width of 0 gives 0 and 0.
+void Ind1DTo2D(const int& index, const int& width, int& x, int& y);
+
+/// The place of the element i, j where i is the slow index; -1 out of range.
+int Ind2DTo1D_(const int& i, const int& j, const int& sizeI, const int& sizeJ);
+
+/// The opposite. There is no check of the range; a size of 0 gives 0 and 0.
+void Ind1DTo2D_(const int& index, const int& sizeJ, int& i, int& j);
+
+/// The place of the element i, j, k where i is the slowest index; -1 out of range.
+int Ind3DTo1D_(const int& i, const int& j, const int& k, const int& sizeI, const int& sizeJ,
+               const int& sizeK);
+
+/// The opposite. There is no check of the range; a size of 0 gives 0 for what it divides.
+void Ind1DTo3D_(const int& index, const int& sizeJ, const int& sizeK, int& i, int& j, int& k);
+
+/// An order of numbers in which not-a-number stands behind all others.
+bool isBelowNanLast(double a, double b);
 
 } // namespace tavelinMath

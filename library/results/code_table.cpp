@@ -221,4 +221,10 @@ TFuncRes GetErrCode(int code, std::string description)
     return result;
 }
 
+void throwErrCode(int code, const std::string& description)
+{
+    const TFuncRes failure = GetErrCode(code, description);
+    throw TavelinException(failure.Comment, failure.Description, failure.Code);
+}
+
 } // namespace tavelinUtils

@@ -16,4 +16,7 @@ std::string GetTextCode(int code);
 /// becomes a copy of the comment.
 TFuncRes GetErrCode(int code, std::string description);
 
+/// Throws the TavelinException that is made of the same result.
+[[noreturn]] void throwErrCode(int code, const std::string& description);
+
 } // namespace tavelinUtils

@@ -1,0 +1,40 @@
+// Histograms, and the search for their peak.
+
+#pragma once
+
+#include <vector>
+
+namespace tavelinUtils {
+
+/// One bin.
+struct THisto
+{
+    double Lo = 0; ///< included
+    double Hi = 0; ///< excluded
+    int Count = 0;
+    std::vector<int> Ind{}; ///< which values it holds
+};
+
+} // namespace tavelinUtils
+
+namespace tavelinMath {
+
+using tavelinUtils::THisto;
+
+/// The histogram of values between the smallest and the largest, which come back sorted; a bin's indexes are
+/// those of the sorted list. Bins exclude their upper limit, so the largest value is in none, unless rounding
+/// puts it into the last. No values, or fewer than one bin, give an empty histogram. Not-a-number counts as
+/// the largest, and then nothing is in a bin.
+std::vector<THisto> calcGisto(std::vector<double>& values, int bins);
+
+/// The histogram of the values about the peak: of each histogram the values in the first greatest bin and its
+/// two neighbours make the next, `iterations` times over. A peak in the first or the last bin moves one
+/// inwards, and where no bin beats the first, the peak of the pass before stays, at first the first bin. The
+/// values are not changed. An `iterations` of -1 or less gives an empty histogram, and so does a pass that
+/// has no values left.
+std::vector<THisto> calcGistoIteratio(const std::vector<double>& values, int bins, int iterations);
+
+/// Adds a value to the first bin that holds it. A value in no bin changes nothing.
+void PutDataToHisto(double value, int index, std::vector<THisto>& histogram);
+
+} // namespace tavelinMath

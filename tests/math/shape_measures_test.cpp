@@ -1,0 +1,836 @@
+#include "math/shape_measures.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <type_traits>
+#include <vector>
+
+using namespace tavelinMath;
+using tavelinUtils::sortpixelX;
+using tavelinUtils::sortpixelY;
+using tavelinUtils::TObjKontur;
+
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr int lowest = std::numeric_limits<int>::min();
+constexpr int highest = std::numeric_limits<int>::max();
+
+using Pixels = std::vector<pixel>;
+using Places = std::vector<pixelD>;
+
+struct Centre
+{
+    double weightedX = -7, weightedY = -7, meanX = -7, meanY = -7;
+};
+
+template <class List>
+Centre centreOf(const List& pixels, double background)
+{
+    Centre centre;
+    cMathAndWeightXY(pixels, background, centre.weightedX, centre.weightedY, centre.meanX, centre.meanY);
+    return centre;
+}
+
+void expectCentre(const Centre& centre, double weightedX, double weightedY, double meanX, double meanY)
+{
+    EXPECT_DOUBLE_EQ(centre.weightedX, weightedX);
+    EXPECT_DOUBLE_EQ(centre.weightedY, weightedY);
+    EXPECT_DOUBLE_EQ(centre.meanX, meanX);
+    EXPECT_DOUBLE_EQ(centre.meanY, meanY);
+}
+
+// Every number of the shape differs from what a measurement could give.
+strob_params markedShape()
+{
+    strob_params shape;
+    shape.StrobA = 101;
+    shape.StrobB = 102;
+    shape.Length = 103;
+    shape.Width = 104;
+    shape.XWeight = 105;
+    shape.YWeight = 106;
+    shape.XMean = 107;
+    shape.YMean = 108;
+    shape.XBox = 109;
+    shape.YBox = 110;
+    shape.Mxy = 111;
+    shape.Mxx = 112;
+    shape.Myy = 113;
+    shape.Angle = 114;
+    shape.Exc = 115;
+    shape.StrobTail = 116;
+    shape.StrobList = {1.5, 2.5};
+    return shape;
+}
+
+// What no moment touches.
+void expectRestIsMarked(const strob_params& shape)
+{
+    EXPECT_EQ(shape.Length, 103);
+    EXPECT_EQ(shape.Width, 104);
+    EXPECT_EQ(shape.XWeight, 105);
+    EXPECT_EQ(shape.YWeight, 106);
+    EXPECT_EQ(shape.XMean, 107);
+    EXPECT_EQ(shape.YMean, 108);
+    EXPECT_EQ(shape.XBox, 109);
+    EXPECT_EQ(shape.YBox, 110);
+    EXPECT_EQ(shape.StrobTail, 116);
+    EXPECT_EQ(shape.StrobList, (std::vector<double>{1.5, 2.5}));
+}
+
+strob_params momentsOf(Pixels pixels, double centreX, double centreY)
+{
+    strob_params shape = markedShape();
+    cMoments(pixels, centreX, centreY, shape);
+    expectRestIsMarked(shape);
+    return shape;
+}
+
+double lengthOf(Pixels pixels)
+{
+    return calcLength(pixels);
+}
+
+// The keys of pixels, by which a list tells its order.
+std::vector<double> keysOf(const Pixels& pixels)
+{
+    std::vector<double> keys;
+    for (const pixel& one : pixels) {
+        keys.push_back(one.A);
+    }
+    return keys;
+}
+
+// Weights above the smallest value: 1 (its own would be 0), 4, 2, 3.
+const Pixels fourPixels{{10, 20, 5.0, 1}, {12, 21, 9.0, 2}, {11, 20, 7.0, 3}, {13, 22, 8.0, 4}};
+
+TObjKontur objectOf(const Pixels& area, const Pixels& contour)
+{
+    TObjKontur object;
+    object.Kind = 0;
+    object.X = 31;
+    object.Y = 32;
+    object.Value = 33.5;
+    object.ValueA = 34.5;
+    object.ValueB = 35.5;
+    object.Index = 36;
+    object.Contour = contour;
+    object.Area = area;
+    object.XWeight = 11.0;
+    object.YWeight = 21.0;
+    object.XMean = 12.0;
+    object.YMean = 22.0;
+    object.Width = 41.0;
+    object.Length = 42.0;
+    object.Angle = 43.0;
+    object.Exc = 44.0;
+    return object;
+}
+
+} // namespace
+
+static_assert(std::is_same_v<decltype(&cMoments), void (*)(Pixels&, double, double, strob_params&)>);
+static_assert(std::is_same_v<decltype(&calcLength), double (*)(Pixels&)>);
+static_assert(std::is_same_v<decltype(&calcEccentricityInternal), strob_params (*)(TObjKontur&)>);
+static_assert(std::is_same_v<decltype(&CalcEccentricity), void (*)(std::vector<TObjKontur>&)>);
+static_assert(std::is_same_v<decltype(&cWeightXY), void (*)(const Places&, double&, double&)>);
+static_assert(std::is_same_v<decltype(&calcPSFbrightness), double (*)(const double&, const double&)>);
+static_assert(
+    std::is_same_v<decltype(&calcGaussRadius), double (*)(const double&, const double&, const double&)>);
+static_assert(std::is_same_v<decltype(&sortpixelX), bool (*)(const pixel&, const pixel&)>);
+static_assert(std::is_same_v<decltype(&sortpixelY), bool (*)(const pixel&, const pixel&)>);
+static_assert(std::is_same_v<strob_params, tavelinUtils::strob_params>);
+static_assert(std::is_same_v<decltype(strob_params::StrobList), std::vector<double>>);
+
+TEST(ShapeRecord, NumbersFollowEachOtherInTheirOrder)
+{
+    const struct
+    {
+        const char* name;
+        std::size_t place, expected;
+    } rows[] = {
+        {"StrobA", offsetof(strob_params, StrobA), 0},
+        {"StrobB", offsetof(strob_params, StrobB), 8},
+        {"Length", offsetof(strob_params, Length), 16},
+        {"Width", offsetof(strob_params, Width), 24},
+        {"XWeight", offsetof(strob_params, XWeight), 32},
+        {"YWeight", offsetof(strob_params, YWeight), 40},
+        {"XMean", offsetof(strob_params, XMean), 48},
+        {"YMean", offsetof(strob_params, YMean), 56},
+        {"XBox", offsetof(strob_params, XBox), 64},
+        {"YBox", offsetof(strob_params, YBox), 72},
+        {"Mxy", offsetof(strob_params, Mxy), 80},
+        {"Mxx", offsetof(strob_params, Mxx), 88},
+        {"Myy", offsetof(strob_params, Myy), 96},
+        {"Angle", offsetof(strob_params, Angle), 104},
+        {"Exc", offsetof(strob_params, Exc), 112},
+        {"StrobTail", offsetof(strob_params, StrobTail), 120},
+        {"StrobList", offsetof(strob_params, StrobList), 128},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(row.place, row.expected);
+    }
+}
+
+TEST(ShapeRecord, NewShapeIsZeroAndEmpty)
+{
+    const strob_params shape;
+    for (const double number : {shape.StrobA, shape.StrobB, shape.Length, shape.Width, shape.XWeight,
+                                shape.YWeight, shape.XMean, shape.YMean, shape.XBox, shape.YBox, shape.Mxy,
+                                shape.Mxx, shape.Myy, shape.Angle, shape.Exc, shape.StrobTail})
+    {
+        EXPECT_EQ(number, 0.0);
+    }
+    EXPECT_TRUE(shape.StrobList.empty());
+}
+
+TEST(ShapeCentre, PlacesWeighWhatTheyHaveAboveTheBackground)
+{
+    expectCentre(centreOf(Places{{1.0, 2.0, 3.0, 0}, {4.0, 6.0, 5.0, 0}}, 2.0), 3.25, 5.0, 2.5, 4.0);
+    expectCentre(centreOf(Places{{1.5, 2.0, 3.0, 0}, {4.0, 6.5, 5.0, 0}}, 0.0), 3.0625, 4.8125, 2.75, 4.25);
+}
+
+TEST(ShapeCentre, PlacesOfNoOrNegativeWeightWeighThat)
+{
+    // Weights 0 and 2.
+    expectCentre(centreOf(Places{{1.0, 2.0, 3.0, 0}, {4.0, 6.0, 5.0, 0}}, 3.0), 4.0, 6.0, 2.5, 4.0);
+    // Weights -3 and -1.
+    expectCentre(centreOf(Places{{1.0, 2.0, 3.0, 0}, {4.0, 6.0, 5.0, 0}}, 6.0), 1.75, 3.0, 2.5, 4.0);
+    // Weights -1 and 3.
+    expectCentre(centreOf(Places{{1.0, 2.0, 3.0, 0}, {4.0, 6.0, 7.0, 0}}, 4.0), 5.5, 8.0, 2.5, 4.0);
+}
+
+TEST(ShapeCentre, PlacesWhoseWeightsCancelHaveNoWeightedCentre)
+{
+    // Weights -1 and 1: 3 and 4 over 0.
+    expectCentre(centreOf(Places{{1.0, 2.0, 3.0, 0}, {4.0, 6.0, 5.0, 0}}, 4.0), infinity, infinity, 2.5, 4.0);
+    const Centre none = centreOf(Places{{1.0, 2.0, 3.0, 0}, {4.0, 6.0, 3.0, 0}}, 3.0);
+    EXPECT_TRUE(std::isnan(none.weightedX));
+    EXPECT_TRUE(std::isnan(none.weightedY));
+    EXPECT_EQ(none.meanX, 2.5);
+    EXPECT_EQ(none.meanY, 4.0);
+}
+
+TEST(ShapeCentre, PixelsWeighWhatTheyHaveAboveTheBackground)
+{
+    expectCentre(centreOf(Pixels{{1, 2, 3.0, 0}, {4, 6, 5.0, 0}}, 2.0), 3.25, 5.0, 2.5, 4.0);
+    // Weights 0.25 and 0.75: less than 1 is kept as long as it is positive.
+    expectCentre(centreOf(Pixels{{1, 2, 3.25, 0}, {5, 6, 3.75, 0}}, 3.0), 4.0, 5.0, 3.0, 4.0);
+}
+
+TEST(ShapeCentre, PixelsOfNoOrNegativeWeightWeighOne)
+{
+    // Weights 0 and 3.
+    expectCentre(centreOf(Pixels{{1, 2, 3.0, 0}, {5, 6, 6.0, 0}}, 3.0), 4.0, 5.0, 3.0, 4.0);
+    // Weights -100 and 3.
+    expectCentre(centreOf(Pixels{{1, 2, -97.0, 0}, {5, 6, 6.0, 0}}, 3.0), 4.0, 5.0, 3.0, 4.0);
+    // Weights -1 and 1, and two of 0.
+    expectCentre(centreOf(Pixels{{1, 2, 3.0, 0}, {4, 6, 5.0, 0}}, 4.0), 2.5, 4.0, 2.5, 4.0);
+    expectCentre(centreOf(Pixels{{1, 2, 3.0, 0}, {4, 6, 3.0, 0}}, 3.0), 2.5, 4.0, 2.5, 4.0);
+}
+
+TEST(ShapeCentre, NoPixelsHaveNoCentre)
+{
+    for (const Centre& centre : {centreOf(Pixels{}, 1.0), centreOf(Places{}, 1.0)}) {
+        EXPECT_TRUE(std::isnan(centre.weightedX));
+        EXPECT_TRUE(std::isnan(centre.weightedY));
+        EXPECT_TRUE(std::isnan(centre.meanX));
+        EXPECT_TRUE(std::isnan(centre.meanY));
+    }
+}
+
+TEST(ShapeCentre, BrightnessThatIsNoNumberSpoilsTheWeightedCentreOnly)
+{
+    const Centre whole = centreOf(Pixels{{1, 2, notANumber, 0}, {3, 4, 5.0, 0}}, 0.0);
+    EXPECT_TRUE(std::isnan(whole.weightedX));
+    EXPECT_TRUE(std::isnan(whole.weightedY));
+    EXPECT_EQ(whole.meanX, 2.0);
+    EXPECT_EQ(whole.meanY, 3.0);
+    EXPECT_TRUE(std::isnan(centreOf(Places{{1.0, 2.0, infinity, 0}}, 0.0).weightedX));
+    EXPECT_TRUE(std::isnan(centreOf(Pixels{{1, 2, 5.0, 0}}, notANumber).weightedX));
+    EXPECT_EQ(centreOf(Pixels{{highest, lowest, 5.0, 0}, {highest, lowest, 5.0, 0}}, 0.0).meanX,
+              2147483647.0);
+}
+
+TEST(ShapeCentre, CentreWithoutBackgroundWeighsByBrightness)
+{
+    double x = 0, y = 0;
+    cWeightXY({{1.0, 2.0, 1.0, 0}, {4.0, 6.0, 3.0, 0}}, x, y);
+    EXPECT_DOUBLE_EQ(x, 3.25);
+    EXPECT_DOUBLE_EQ(y, 5.0);
+    // Weights 0 and -1 are taken as they are.
+    cWeightXY({{1.0, 2.0, 0.0, 0}, {4.0, 6.0, -1.0, 0}, {6.0, 9.0, 3.0, 0}}, x, y);
+    EXPECT_DOUBLE_EQ(x, 7.0);
+    EXPECT_DOUBLE_EQ(y, 10.5);
+    cWeightXY({}, x, y);
+    EXPECT_TRUE(std::isnan(x));
+    EXPECT_TRUE(std::isnan(y));
+}
+
+TEST(ShapeBrightness, MeanOfTheValues)
+{
+    EXPECT_DOUBLE_EQ(cMathBr(Pixels{{9, 9, 1.0, 5}, {9, 9, 2.0, 5}, {9, 9, 6.0, 5}}), 3.0);
+    EXPECT_DOUBLE_EQ(cMathBr(Places{{9.0, 9.0, 1.5, 5}, {9.0, 9.0, -4.0, 5}}), -1.25);
+    EXPECT_EQ(cMathBr(Pixels{{9, 9, 7.0, 5}}), 7.0);
+    EXPECT_EQ(cMathBr(Pixels{}), 0.0);
+    EXPECT_EQ(cMathBr(Places{}), 0.0);
+    EXPECT_TRUE(std::isnan(cMathBr(Pixels{{0, 0, notANumber, 0}})));
+    EXPECT_EQ(cMathBr(Places{{0, 0, infinity, 0}, {0, 0, 1.0, 0}}), infinity);
+}
+
+TEST(ShapeBrightness, VolumeUnderAGaussian)
+{
+    EXPECT_DOUBLE_EQ(calcPSFbrightness(1.0, 1.0), 6.283185307179586);
+    EXPECT_DOUBLE_EQ(calcPSFbrightness(2.0, 3.0), 75.39822368615503);
+    EXPECT_DOUBLE_EQ(calcPSFbrightness(-2.0, 3.0), 75.39822368615503);
+    EXPECT_DOUBLE_EQ(calcPSFbrightness(0.5, -10.0), -15.707963267948966);
+    EXPECT_EQ(calcPSFbrightness(0.0, 3.0), 0.0);
+    EXPECT_TRUE(std::isnan(calcPSFbrightness(notANumber, 1.0)));
+}
+
+TEST(ShapeBrightness, RadiusAtWhichAGaussianFallsToALevel)
+{
+    // e squared over 1: ln 2 apart, so two sigma.
+    EXPECT_DOUBLE_EQ(calcGaussRadius(3.0, 7.38905609893065, 1.0), 6.0);
+    EXPECT_DOUBLE_EQ(calcGaussRadius(-3.0, 7.38905609893065, 1.0), 6.0);
+    // Half the peak at sigma times the root of 2 ln 2.
+    EXPECT_DOUBLE_EQ(calcGaussRadius(1.0, 2.0, 1.0), 1.1774100225154747);
+    EXPECT_EQ(calcGaussRadius(3.0, 5.0, 5.0), 0.0);
+}
+
+TEST(ShapeBrightness, LevelsThatAGaussianDoesNotReach)
+{
+    EXPECT_TRUE(std::isnan(calcGaussRadius(3.0, 5.0, 6.0)));
+    EXPECT_TRUE(std::isnan(calcGaussRadius(3.0, -5.0, 1.0)));
+    EXPECT_TRUE(std::isnan(calcGaussRadius(3.0, 0.0, 0.0)));
+    EXPECT_EQ(calcGaussRadius(3.0, 5.0, 0.0), infinity);
+    EXPECT_TRUE(std::isnan(calcGaussRadius(notANumber, 5.0, 1.0)));
+}
+
+TEST(ShapeMoments, FewerThanTwoPixelsChangeNothing)
+{
+    for (const Pixels& pixels : {Pixels{}, Pixels{{5, 6, 7.0, 8}}}) {
+        const strob_params shape = momentsOf(pixels, 1.0, 2.0);
+        EXPECT_EQ(shape.StrobA, 101);
+        EXPECT_EQ(shape.StrobB, 102);
+        EXPECT_EQ(shape.Mxy, 111);
+        EXPECT_EQ(shape.Mxx, 112);
+        EXPECT_EQ(shape.Myy, 113);
+        EXPECT_EQ(shape.Angle, 114);
+        EXPECT_EQ(shape.Exc, 115);
+    }
+}
+
+TEST(ShapeMoments, TwoPixelsOfARowLieAtNoAngle)
+{
+    const strob_params shape = momentsOf({{0, 3, 5.0, 0}, {2, 3, 5.0, 0}}, 1.0, 3.0);
+    EXPECT_EQ(shape.StrobA, 0.0);
+    EXPECT_EQ(shape.StrobB, 0.0);
+    EXPECT_EQ(shape.Mxx, 2.0);
+    EXPECT_EQ(shape.Mxy, 0.0);
+    EXPECT_EQ(shape.Myy, 0.0);
+    EXPECT_EQ(shape.Exc, 1.0);
+    EXPECT_EQ(shape.Angle, 0.0);
+}
+
+TEST(ShapeMoments, TwoPixelsOfAColumnStandAtARightAngle)
+{
+    const strob_params shape = momentsOf({{3, 0, 5.0, 0}, {3, 2, 5.0, 0}}, 3.0, 1.0);
+    EXPECT_EQ(shape.Mxx, 0.0);
+    EXPECT_EQ(shape.Mxy, 0.0);
+    EXPECT_EQ(shape.Myy, 2.0);
+    EXPECT_EQ(shape.Exc, 1.0);
+    EXPECT_DOUBLE_EQ(shape.Angle, 90.0);
+}
+
+TEST(ShapeMoments, AngleOfASlopingLine)
+{
+    const strob_params rising = momentsOf({{0, 0, 5.0, 0}, {4, 2, 5.0, 0}}, 2.0, 1.0);
+    EXPECT_EQ(rising.Mxx, 8.0);
+    EXPECT_EQ(rising.Mxy, 4.0);
+    EXPECT_EQ(rising.Myy, 2.0);
+    EXPECT_EQ(rising.Exc, 1.0);
+    EXPECT_DOUBLE_EQ(rising.Angle, 26.56505117707799);
+    const strob_params falling = momentsOf({{0, 2, 5.0, 0}, {4, 0, 5.0, 0}}, 2.0, 1.0);
+    EXPECT_EQ(falling.Mxy, -4.0);
+    EXPECT_DOUBLE_EQ(falling.Angle, -26.56505117707799);
+    // Steeper than half a right angle.
+    const strob_params steep = momentsOf({{0, 0, 5.0, 0}, {2, 4, 5.0, 0}}, 1.0, 2.0);
+    EXPECT_DOUBLE_EQ(steep.Angle, 63.43494882292201);
+}
+
+// A diagonal line is long, and its angle is none the less not set.
+TEST(ShapeMoments, EqualMomentsLeaveTheAngle)
+{
+    const strob_params diagonal = momentsOf({{0, 0, 5.0, 0}, {2, 2, 5.0, 0}}, 1.0, 1.0);
+    EXPECT_EQ(diagonal.Mxx, 2.0);
+    EXPECT_EQ(diagonal.Mxy, 2.0);
+    EXPECT_EQ(diagonal.Myy, 2.0);
+    EXPECT_EQ(diagonal.Exc, 1.0);
+    EXPECT_EQ(diagonal.Angle, 114);
+    const strob_params cross =
+        momentsOf({{1, 0, 5.0, 0}, {-1, 0, 5.0, 0}, {0, 1, 5.0, 0}, {0, -1, 5.0, 0}}, 0.0, 0.0);
+    EXPECT_EQ(cross.Mxx, 2.0);
+    EXPECT_EQ(cross.Mxy, 0.0);
+    EXPECT_EQ(cross.Myy, 2.0);
+    EXPECT_EQ(cross.Exc, 0.0);
+    EXPECT_EQ(cross.Angle, 114);
+}
+
+TEST(ShapeMoments, PixelsInTheCentreHaveNoEccentricity)
+{
+    const strob_params shape = momentsOf({{4, 5, 1.0, 0}, {4, 5, 9.0, 0}}, 4.0, 5.0);
+    EXPECT_EQ(shape.Mxx, 0.0);
+    EXPECT_EQ(shape.Mxy, 0.0);
+    EXPECT_EQ(shape.Myy, 0.0);
+    EXPECT_EQ(shape.Exc, 0.0);
+    EXPECT_EQ(shape.Angle, 114);
+    EXPECT_EQ(shape.StrobA, 0.0);
+    EXPECT_EQ(shape.StrobB, 0.0);
+}
+
+TEST(ShapeMoments, SmallestBrightnessCountsAsOne)
+{
+    // -5, 3, 0 count as 1, 9, 6.
+    const strob_params shape = momentsOf({{1, 1, -5.0, 0}, {2, 0, 3.0, 0}, {0, 3, 0.0, 0}}, 0.0, 0.0);
+    EXPECT_EQ(shape.Mxx, 37.0);
+    EXPECT_EQ(shape.Mxy, 1.0);
+    EXPECT_EQ(shape.Myy, 55.0);
+    // The root of 18 squared and 4 is 18.110770276274835.
+    EXPECT_DOUBLE_EQ(shape.Exc, 0.5735464003095859);
+    EXPECT_DOUBLE_EQ(shape.Angle, 86.82990412704505);
+}
+
+TEST(ShapeMoments, SumsAreNotDividedByTheBrightness)
+{
+    const strob_params shape = momentsOf(fourPixels, 11.0, 21.0);
+    EXPECT_EQ(shape.Mxx, 22.0);
+    EXPECT_EQ(shape.Mxy, 9.0);
+    EXPECT_EQ(shape.Myy, 8.0);
+    EXPECT_DOUBLE_EQ(shape.Exc, 0.9293610002222602);
+    EXPECT_DOUBLE_EQ(shape.Angle, 26.0625081744509);
+}
+
+TEST(ShapeMoments, CallersPixelsStay)
+{
+    Pixels pixels{{1, 1, -5.0, 4}, {0, 0, 3.0, 5}, {2, 2, 0.0, 6}};
+    strob_params shape;
+    cMoments(pixels, 0.0, 0.0, shape);
+    ASSERT_EQ(pixels.size(), 3u);
+    EXPECT_EQ(pixels[0].C, -5.0);
+    EXPECT_EQ(pixels[1].C, 3.0);
+    EXPECT_EQ(pixels[2].C, 0.0);
+    EXPECT_EQ(keysOf(pixels), (std::vector<double>{4, 5, 6}));
+}
+
+TEST(ShapeMoments, OddNumbersEndInNotANumber)
+{
+    EXPECT_TRUE(std::isnan(momentsOf(fourPixels, notANumber, 21.0).Mxx));
+    EXPECT_TRUE(std::isnan(momentsOf(fourPixels, infinity, 21.0).Exc));
+    EXPECT_TRUE(std::isnan(momentsOf({{0, 0, infinity, 0}, {2, 0, infinity, 0}}, 1.0, 0.0).Mxx));
+    EXPECT_TRUE(std::isnan(momentsOf({{0, 0, 1.0, 0}, {2, 0, notANumber, 0}}, 1.0, 0.0).Mxx));
+    EXPECT_EQ(momentsOf({{lowest, 0, 1.0, 0}, {highest, 0, 1.0, 0}}, -0.5, 0.0).Exc, 1.0);
+}
+
+TEST(ShapeLength, OrdersAreDescending)
+{
+    const pixel low{1, 9, 0, 0}, high{2, 3, 0, 0};
+    EXPECT_TRUE(sortpixelX(high, low));
+    EXPECT_FALSE(sortpixelX(low, high));
+    EXPECT_FALSE(sortpixelX(low, low));
+    EXPECT_TRUE(sortpixelY(low, high));
+    EXPECT_FALSE(sortpixelY(high, low));
+    EXPECT_FALSE(sortpixelY(low, low));
+}
+
+TEST(ShapeLength, NoPixelsAndOnePixelHaveNone)
+{
+    EXPECT_EQ(lengthOf({}), 0.0);
+    EXPECT_EQ(lengthOf({{5, 6, 1.0, 0}}), 0.0);
+    EXPECT_EQ(lengthOf({{5, 6, 1.0, 0}, {5, 6, 2.0, 0}}), 0.0);
+}
+
+TEST(ShapeLength, DistanceBetweenTheEnds)
+{
+    EXPECT_EQ(lengthOf({{0, 0, 1.0, 0}, {3, 4, 1.0, 0}}), 5.0);
+    EXPECT_EQ(lengthOf({{3, -4, 1.0, 0}, {1, -2, 1.0, 0}, {0, 0, 1.0, 0}}), 5.0);
+    EXPECT_EQ(lengthOf({{4, 0, 1.0, 0}, {-6, 0, 1.0, 0}, {0, 0, 1.0, 0}}), 10.0);
+}
+
+TEST(ShapeLength, GreaterOfBothSortsCounts)
+{
+    // By X the ends are (10,5) and (0,5), by Y (5,9) and (4,0).
+    EXPECT_EQ(lengthOf({{10, 5, 1.0, 0}, {5, 9, 1.0, 0}, {4, 0, 1.0, 0}, {0, 5, 1.0, 0}}), 10.0);
+    // By X (5,9) and (0,6), by Y (5,9) and (2,0).
+    EXPECT_DOUBLE_EQ(lengthOf({{5, 9, 1.0, 0}, {2, 0, 1.0, 0}, {0, 6, 1.0, 0}}), 9.486832980505138);
+}
+
+TEST(ShapeLength, TiesOfTheSecondSortStandAsTheFirstLeftThem)
+{
+    // By X: (10,0) (10,8) (0,0), 10 apart. By Y then (10,8) (10,0) (0,0), and not (10,8) (0,0) (10,0).
+    EXPECT_DOUBLE_EQ(lengthOf({{0, 0, 1.0, 0}, {10, 0, 1.0, 0}, {10, 8, 1.0, 0}}), 12.806248474865697);
+}
+
+TEST(ShapeLength, TiesOfTheFirstSortStandAsTheyCame)
+{
+    // The end of the list by X is (10,0) or (10,8), as one stands before the other; (0,3) is the other end.
+    EXPECT_DOUBLE_EQ(lengthOf({{10, 0, 1.0, 0}, {10, 8, 1.0, 0}, {0, 3, 1.0, 0}}), 10.44030650891055);
+    EXPECT_DOUBLE_EQ(lengthOf({{10, 8, 1.0, 0}, {10, 0, 1.0, 0}, {0, 3, 1.0, 0}}), 11.180339887498949);
+}
+
+TEST(ShapeLength, PixelsComeBackByYThenByXThenAsTheyCame)
+{
+    Pixels pixels{{1, 5, 0, 1},  {9, 2, 0, 2}, {3, 5, 0, 3}, {3, 5, 0, 4},
+                  {-2, 7, 0, 5}, {4, 2, 0, 6}, {1, 5, 0, 7}};
+    calcLength(pixels);
+    EXPECT_EQ(keysOf(pixels), (std::vector<double>{5, 3, 4, 1, 7, 2, 6}));
+}
+
+// The squares are summed in 32 bits, the last of which is the sign.
+TEST(ShapeLength, SumOfTheSquaresWraps)
+{
+    const struct
+    {
+        int dx, dy;
+        double length;
+    } rows[] = {
+        {40000, 0, 40000.0},
+        {0, 40000, 40000.0},
+        {46340, 0, 46340.0},
+        {0, 46340, 46340.0},
+        {40000, 20000, 44721.35954999579},
+        {65536, 0, 0.0},
+        {0, 65536, 0.0},
+        {65537, 0, 362.0400530328102}, // 131073
+        {65536, 3, 3.0},               // 9
+        {65536, 65536, 0.0},
+        {100000, 0, 37550.83764711514},     // 10000000000 - 2 * 4294967296 = 1410065408
+        {60000, 40000, 30083.761466944256}, // 5200000000 - 4294967296 = 905032704
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.dx << ", " << row.dy);
+        EXPECT_DOUBLE_EQ(lengthOf({{0, 0, 1.0, 0}, {row.dx, row.dy, 1.0, 0}}), row.length);
+        EXPECT_DOUBLE_EQ(lengthOf({{row.dx, row.dy, 1.0, 0}, {0, 0, 1.0, 0}}), row.length);
+    }
+}
+
+TEST(ShapeLength, NegativeSumHasNoRoot)
+{
+    const struct
+    {
+        int dx, dy;
+    } rows[] = {
+        {46341, 0},                   // 2147488281 - 4294967296
+        {0, 46341},   {32768, 32768}, // 2147483648 - 4294967296
+        {50000, 0},                   // 2500000000 - 4294967296
+        {60000, 100},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.dx << ", " << row.dy);
+        EXPECT_TRUE(std::isnan(lengthOf({{0, 0, 1.0, 0}, {row.dx, row.dy, 1.0, 0}})));
+    }
+}
+
+TEST(ShapeLength, DifferenceBeyondTheRangeWrapsToo)
+{
+    EXPECT_EQ(lengthOf({{lowest, 0, 1.0, 0}, {highest, 0, 1.0, 0}}), 1.0);
+    EXPECT_EQ(lengthOf({{0, lowest, 1.0, 0}, {0, highest, 1.0, 0}}), 1.0);
+    EXPECT_EQ(lengthOf({{lowest, 0, 1.0, 0}, {0, 0, 1.0, 0}}), 0.0);
+}
+
+TEST(ShapeOfObject, CentresAreThoseAboveTheSmallestBrightness)
+{
+    TObjKontur object = objectOf(fourPixels, {});
+    const strob_params shape = calcEccentricityInternal(object);
+    EXPECT_DOUBLE_EQ(shape.XWeight, 11.9);
+    EXPECT_DOUBLE_EQ(shape.YWeight, 21.0);
+    EXPECT_DOUBLE_EQ(shape.XMean, 11.5);
+    EXPECT_DOUBLE_EQ(shape.YMean, 20.75);
+}
+
+TEST(ShapeOfObject, MomentsAreTakenAboutTheWeightedCentre)
+{
+    TObjKontur object = objectOf(fourPixels, {});
+    const strob_params shape = calcEccentricityInternal(object);
+    EXPECT_DOUBLE_EQ(shape.Mxx, 10.93);
+    EXPECT_DOUBLE_EQ(shape.Mxy, 9.0);
+    EXPECT_DOUBLE_EQ(shape.Myy, 8.0);
+    EXPECT_NEAR(shape.Exc, 0.9906321067448414, 1e-12);
+    EXPECT_NEAR(shape.Angle, 40.3773042002729, 1e-12);
+    EXPECT_EQ(shape.StrobA, 0.0);
+    EXPECT_EQ(shape.StrobB, 0.0);
+    EXPECT_EQ(shape.StrobTail, 0.0);
+    EXPECT_TRUE(shape.StrobList.empty());
+}
+
+TEST(ShapeOfObject, LengthAndBoxAreThoseOfTheArea)
+{
+    TObjKontur object = objectOf(fourPixels, {{100, 200, 1.0, 0}, {0, 0, 1.0, 0}});
+    const strob_params shape = calcEccentricityInternal(object);
+    EXPECT_DOUBLE_EQ(shape.Length, 3.605551275463989); // (13,22) to (10,20)
+    EXPECT_EQ(shape.XBox, 11.5);
+    EXPECT_EQ(shape.YBox, 21.0);
+}
+
+TEST(ShapeOfObject, BoxOfNegativePlacesAndOddExtents)
+{
+    TObjKontur object = objectOf({{-3, 4, 1.0, 0}, {2, -7, 1.0, 0}, {0, 0, 1.0, 0}}, {});
+    const strob_params shape = calcEccentricityInternal(object);
+    EXPECT_EQ(shape.XBox, -0.5);
+    EXPECT_EQ(shape.YBox, -1.5);
+}
+
+TEST(ShapeOfObject, StoredCentreIsTakenWhereTheKindSaysSo)
+{
+    TObjKontur object = objectOf(fourPixels, {{12, 24, 1.0, 0}, {16, 22, 1.0, 0}, {15, 26, 1.0, 0}});
+    object.Kind = 1;
+    const strob_params shape = calcEccentricityInternal(object);
+    EXPECT_EQ(shape.XWeight, 11.0);
+    EXPECT_EQ(shape.YWeight, 21.0);
+    EXPECT_EQ(shape.XMean, 12.0);
+    EXPECT_EQ(shape.YMean, 22.0);
+    EXPECT_EQ(shape.Mxx, 22.0);
+    EXPECT_EQ(shape.Mxy, 9.0);
+    EXPECT_EQ(shape.Myy, 8.0);
+    EXPECT_DOUBLE_EQ(shape.Exc, 0.9293610002222602);
+    EXPECT_DOUBLE_EQ(shape.Angle, 26.0625081744509);
+    EXPECT_EQ(shape.Width, 5.0); // (12,24) is 2 from the plain centre
+    EXPECT_EQ(object.XWeight, 11.0);
+    EXPECT_EQ(object.YWeight, 21.0);
+    EXPECT_EQ(object.XMean, 12.0);
+    EXPECT_EQ(object.YMean, 22.0);
+}
+
+TEST(ShapeOfObject, StoredCentreWithoutWeightedXIsNotTaken)
+{
+    TObjKontur object = objectOf(fourPixels, {});
+    object.Kind = 1;
+    object.XWeight = 0.0;
+    const strob_params shape = calcEccentricityInternal(object);
+    EXPECT_DOUBLE_EQ(shape.XWeight, 11.9);
+    EXPECT_DOUBLE_EQ(shape.YWeight, 21.0);
+    EXPECT_DOUBLE_EQ(shape.XMean, 11.5);
+    EXPECT_DOUBLE_EQ(shape.YMean, 20.75);
+}
+
+TEST(ShapeOfObject, StoredWeightedYMayBeZero)
+{
+    TObjKontur object = objectOf(fourPixels, {});
+    object.Kind = 1;
+    object.YWeight = 0.0;
+    const strob_params shape = calcEccentricityInternal(object);
+    EXPECT_EQ(shape.XWeight, 11.0);
+    EXPECT_EQ(shape.YWeight, 0.0);
+    EXPECT_EQ(shape.XMean, 12.0);
+    EXPECT_EQ(shape.YMean, 22.0);
+}
+
+TEST(ShapeOfObject, StoredCentreOfAnotherKindIsNotTaken)
+{
+    for (const int kind : {0, 2, -1}) {
+        SCOPED_TRACE(kind);
+        TObjKontur object = objectOf(fourPixels, {});
+        object.Kind = kind;
+        EXPECT_DOUBLE_EQ(calcEccentricityInternal(object).XWeight, 11.9);
+    }
+}
+
+TEST(ShapeOfObject, PlainCentreWithAZeroIsReplacedAsAPair)
+{
+    const struct
+    {
+        double x, y;
+    } stored[] = {{0.0, 22.0}, {12.0, 0.0}, {0.0, 0.0}, {-0.0, 22.0}};
+    for (const auto& plain : stored) {
+        SCOPED_TRACE(testing::Message() << plain.x << ", " << plain.y);
+        TObjKontur object = objectOf(fourPixels, {{11, 24, 1.0, 0}, {20, 22, 1.0, 0}});
+        object.Kind = 1;
+        object.XMean = plain.x;
+        object.YMean = plain.y;
+        const strob_params shape = calcEccentricityInternal(object);
+        EXPECT_EQ(shape.XMean, 11.0);
+        EXPECT_EQ(shape.YMean, 21.0);
+        EXPECT_EQ(shape.Width, 7.0); // (11,24) is 3 from the weighted centre
+        EXPECT_EQ(object.XMean, 11.0);
+        EXPECT_EQ(object.YMean, 21.0);
+    }
+}
+
+// A row 0 has a plain centre of Y 0, though it was measured.
+TEST(ShapeOfObject, MeasuredPlainCentreWithAZeroIsReplacedToo)
+{
+    TObjKontur object = objectOf({{10, 0, 5.0, 0}, {12, 0, 9.0, 0}, {11, 0, 7.0, 0}}, {});
+    const strob_params shape = calcEccentricityInternal(object);
+    EXPECT_DOUBLE_EQ(shape.XWeight, 11.428571428571429);
+    EXPECT_DOUBLE_EQ(shape.XMean, 11.428571428571429);
+    EXPECT_EQ(shape.YMean, 0.0);
+    EXPECT_DOUBLE_EQ(shape.Mxx, 4.224489795918368);
+    EXPECT_EQ(shape.Exc, 1.0);
+    EXPECT_EQ(shape.Angle, 0.0);
+}
+
+TEST(ShapeOfObject, WidthIsTwiceTheNearestOutlineAndOne)
+{
+    TObjKontur object =
+        objectOf({{10, 20, 5.0, 0}, {12, 20, 5.0, 0}}, {{8, 24, 1.0, 0}, {14, 24, 1.0, 0}, {11, 26, 1.0, 0}});
+    EXPECT_EQ(calcEccentricityInternal(object).Width, 11.0); // 5 from (11,20)
+    object.Contour.push_back({11, 20, 1.0, 0});
+    EXPECT_EQ(calcEccentricityInternal(object).Width, 1.0);
+}
+
+TEST(ShapeOfObject, WidthWithoutOutlineIsOne)
+{
+    TObjKontur object = objectOf(fourPixels, {});
+    EXPECT_EQ(calcEccentricityInternal(object).Width, 1.0);
+    EXPECT_EQ(object.Width, 1.0);
+}
+
+TEST(ShapeOfObject, WrittenBackAreShapeAndCentreOnly)
+{
+    TObjKontur object = objectOf(fourPixels, {{13, 22, 1.5, 1}, {10, 20, 2.5, 2}});
+    const strob_params shape = calcEccentricityInternal(object);
+    // (10,20) is the root of 2.8125 from (11.5,20.75), (13,22) that of 3.8125.
+    EXPECT_DOUBLE_EQ(shape.Width, 4.354101966249685);
+    EXPECT_DOUBLE_EQ(object.Width, shape.Width);
+    EXPECT_DOUBLE_EQ(object.Length, 3.605551275463989);
+    EXPECT_NEAR(object.Angle, 40.3773042002729, 1e-12);
+    EXPECT_NEAR(object.Exc, 0.9906321067448414, 1e-12);
+    EXPECT_DOUBLE_EQ(object.XWeight, 11.9);
+    EXPECT_DOUBLE_EQ(object.YWeight, 21.0);
+    EXPECT_DOUBLE_EQ(object.XMean, 11.5);
+    EXPECT_DOUBLE_EQ(object.YMean, 20.75);
+    EXPECT_EQ(object.Kind, 0);
+    EXPECT_EQ(object.X, 31);
+    EXPECT_EQ(object.Y, 32);
+    EXPECT_EQ(object.Value, 33.5);
+    EXPECT_EQ(object.ValueA, 34.5);
+    EXPECT_EQ(object.ValueB, 35.5);
+    EXPECT_EQ(object.Index, 36);
+    EXPECT_EQ(keysOf(object.Contour), (std::vector<double>{1, 2}));
+    // The area stands by Y, then by X, both descending, with the values that it had.
+    EXPECT_EQ(keysOf(object.Area), (std::vector<double>{4, 2, 3, 1}));
+    EXPECT_EQ(object.Area[0].C, 8.0);
+    EXPECT_EQ(object.Area[3].C, 5.0);
+}
+
+TEST(ShapeOfObject, AngleThatNoMomentSetsIsZero)
+{
+    TObjKontur object = objectOf({{1, 1, 5.0, 0}, {3, 3, 5.0, 0}}, {});
+    const strob_params shape = calcEccentricityInternal(object);
+    EXPECT_EQ(shape.Angle, 0.0);
+    EXPECT_EQ(shape.Exc, 1.0);
+    EXPECT_EQ(object.Angle, 0.0);
+}
+
+TEST(ShapeOfObject, OnePixelHasACentreAndNoShape)
+{
+    TObjKontur object = objectOf({{7, 8, 100.0, 0}}, {{7, 8, 100.0, 0}});
+    const strob_params shape = calcEccentricityInternal(object);
+    EXPECT_EQ(shape.XWeight, 7.0);
+    EXPECT_EQ(shape.YWeight, 8.0);
+    EXPECT_EQ(shape.XMean, 7.0);
+    EXPECT_EQ(shape.YMean, 8.0);
+    EXPECT_EQ(shape.XBox, 7.0);
+    EXPECT_EQ(shape.YBox, 8.0);
+    EXPECT_EQ(shape.Length, 0.0);
+    EXPECT_EQ(shape.Width, 1.0);
+    EXPECT_EQ(shape.Exc, 0.0);
+    EXPECT_EQ(object.Exc, 0.0);
+    EXPECT_EQ(object.Angle, 0.0);
+}
+
+TEST(ShapeOfObject, EmptyAreaHasNoCentre)
+{
+    TObjKontur object = objectOf({}, {});
+    const strob_params shape = calcEccentricityInternal(object);
+    EXPECT_TRUE(std::isnan(shape.XWeight));
+    EXPECT_TRUE(std::isnan(shape.YWeight));
+    EXPECT_TRUE(std::isnan(shape.XMean));
+    EXPECT_TRUE(std::isnan(shape.YMean));
+    EXPECT_EQ(shape.Length, 0.0);
+    EXPECT_EQ(shape.Width, 1.0);
+    EXPECT_EQ(shape.XBox, 0.0);
+    EXPECT_EQ(shape.YBox, 0.0);
+    EXPECT_EQ(shape.Mxx, 0.0);
+    EXPECT_EQ(shape.Exc, 0.0);
+    EXPECT_TRUE(std::isnan(object.XWeight));
+    EXPECT_TRUE(std::isnan(object.YMean));
+    EXPECT_EQ(object.Width, 1.0);
+    EXPECT_EQ(object.Length, 0.0);
+    EXPECT_EQ(object.Angle, 0.0);
+    EXPECT_EQ(object.Exc, 0.0);
+}
+
+TEST(ShapeOfObject, EmptyAreaKeepsAStoredCentre)
+{
+    TObjKontur object = objectOf({}, {{12, 25, 1.0, 0}});
+    object.Kind = 1;
+    const strob_params shape = calcEccentricityInternal(object);
+    EXPECT_EQ(shape.XWeight, 11.0);
+    EXPECT_EQ(shape.XMean, 12.0);
+    EXPECT_EQ(shape.Width, 7.0);
+    EXPECT_EQ(shape.Length, 0.0);
+    EXPECT_EQ(shape.XBox, 0.0);
+    EXPECT_EQ(object.YWeight, 21.0);
+    EXPECT_EQ(object.Exc, 0.0);
+}
+
+TEST(ShapeOfObject, OddNumbersAreMeasuredToo)
+{
+    TObjKontur lost = objectOf({}, {{12, 25, 1.0, 0}});
+    EXPECT_TRUE(std::isnan(calcEccentricityInternal(lost).XMean));
+    TObjKontur dark = objectOf({{1, 2, notANumber, 0}, {5, 2, 3.0, 0}}, {{1, 2, 1.0, 0}});
+    EXPECT_EQ(calcEccentricityInternal(dark).Length, 4.0);
+    TObjKontur bright = objectOf({{1, 2, infinity, 0}, {5, 2, 3.0, 0}}, {{1, 2, 1.0, 0}});
+    EXPECT_EQ(calcEccentricityInternal(bright).XBox, 3.0);
+    TObjKontur wide = objectOf({{lowest, 2, 1.0, 0}, {highest, 2, 3.0, 0}}, {{highest, lowest, 1.0, 0}});
+    EXPECT_EQ(calcEccentricityInternal(wide).YBox, 2.0);
+}
+
+TEST(ShapesOfObjects, EachIsMeasuredAndNumbered)
+{
+    std::vector<TObjKontur> objects{objectOf(fourPixels, {}), objectOf({{7, 8, 1.0, 0}}, {}),
+                                    objectOf({}, {})};
+    CalcEccentricity(objects);
+    ASSERT_EQ(objects.size(), 3u);
+    EXPECT_EQ(objects[0].Index, 0);
+    EXPECT_EQ(objects[1].Index, 1);
+    EXPECT_EQ(objects[2].Index, 2);
+    EXPECT_DOUBLE_EQ(objects[0].XWeight, 11.9);
+    EXPECT_DOUBLE_EQ(objects[0].Length, 3.605551275463989);
+    EXPECT_NEAR(objects[0].Angle, 40.3773042002729, 1e-12);
+    EXPECT_EQ(objects[1].XWeight, 7.0);
+    EXPECT_EQ(objects[1].YMean, 8.0);
+    EXPECT_TRUE(std::isnan(objects[2].XWeight));
+    EXPECT_EQ(objects[2].Width, 1.0);
+}
+
+TEST(ShapesOfObjects, SecondValueOfZeroTakesTheFirst)
+{
+    std::vector<TObjKontur> objects(4, objectOf({{7, 8, 1.0, 0}}, {}));
+    objects[0].ValueB = 0.0;
+    objects[1].ValueB = -2.0;
+    objects[2].ValueB = -0.0;
+    objects[3].ValueB = notANumber;
+    CalcEccentricity(objects);
+    EXPECT_EQ(objects[0].ValueB, 34.5);
+    EXPECT_EQ(objects[1].ValueB, -2.0);
+    EXPECT_EQ(objects[2].ValueB, 34.5);
+    EXPECT_TRUE(std::isnan(objects[3].ValueB));
+    for (const TObjKontur& object : objects) {
+        EXPECT_EQ(object.ValueA, 34.5);
+    }
+}
+
+TEST(ShapesOfObjects, NoObjects)
+{
+    std::vector<TObjKontur> objects;
+    CalcEccentricity(objects);
+    EXPECT_TRUE(objects.empty());
+}
