@@ -21,25 +21,13 @@ using namespace tavelinUtils;
 constexpr double minutesOfDay = 1440.0;
 constexpr double radians = 3.14159265358979323846 / 180.0;
 
-struct Brightness
+std::vector<double> magnitudesOf(const TrackVtorichka& track)
 {
-    double mean = 0;
-    double spread = 0; // root of the mean square about the mean
-};
-
-Brightness brightnessOf(const TrackVtorichka& track)
-{
-    const auto count = static_cast<double>(track.Marks.size());
-    Brightness brightness;
+    std::vector<double> magnitudes;
     for (const TRecLabelPervichka_File& mark : track.Marks) {
-        brightness.mean += mark.m / count;
+        magnitudes.push_back(mark.m);
     }
-    double squares = 0;
-    for (const TRecLabelPervichka_File& mark : track.Marks) {
-        squares += (mark.m - brightness.mean) * (mark.m - brightness.mean);
-    }
-    brightness.spread = std::sqrt(squares / count);
-    return brightness;
+    return magnitudes;
 }
 
 // Arcseconds between two marks, good for the short ways of one night.
@@ -59,11 +47,13 @@ std::string rowOf(const TrackVtorichka& track)
     // Marks stand in the order of the file, which need not be that of time.
     const auto [first, last] = std::minmax_element(track.Marks.begin(), track.Marks.end(), SortTrackByTime);
     const double minutes = ((last->date + last->time) - (first->date + first->time)) * minutesOfDay;
-    const Brightness brightness = brightnessOf(track);
+    const std::vector<double> magnitudes = magnitudesOf(track);
+    const double mean = tavelinMath::CalculateAverage(magnitudes);
+    const double spread = tavelinMath::CalculateSKO(magnitudes, mean);
     const std::string motion = minutes > 0 ? Str9(wayBetween(*first, *last) / minutes, 3) : "-";
     return Format(track.QRVName, std::ios_base::left, 8) +
-           column(IntToStr(static_cast<int>(track.Marks.size())), 6) + column(Str9(brightness.mean, 2), 8) +
-           column(Str9(brightness.spread, 2), 8) + column(Str9(minutes, 1), 9) + column(motion, 12);
+           column(IntToStr(static_cast<int>(track.Marks.size())), 6) + column(Str9(mean, 2), 8) +
+           column(Str9(spread, 2), 8) + column(Str9(minutes, 1), 9) + column(motion, 12);
 }
 
 std::vector<std::string> tableOf(const std::vector<TrackVtorichka>& tracks)

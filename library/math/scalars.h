@@ -52,7 +52,8 @@ int GetCountData(int n, int least, double fraction);
 /// The position of a key in the order of the map, from 0; -1 where it is missing.
 int GetMapCount(const std::map<std::string, int>& map, std::string key);
 
-/// The place of a column x and a row y in an array that is stored row by row; -1 out of range.
+/// The place of a column x and a row y in an array that is stored row by row; -1 out of range. Places beyond
+/// 32 bits keep the lowest 32, here and in the two functions like it.
 int Ind2DTo1D(const int& x, const int& y, const int& width, const int& height);
 
 /// The opposite. There is no check of the range; a width of 0 gives 0 and 0.

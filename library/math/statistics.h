@@ -90,8 +90,9 @@ unsigned long FindMinInd(const std::vector<double>& values);
 double cMinC(std::vector<pixel>& pixels);
 
 /// The median by the rule that measurements of the pipeline were tuned with: of an odd number of values the
-/// one above the middle (3 of 1, 2, 3), of an even number the mean of that and the one before it. The mean of
-/// two, the value of one, 0.0 of none. The list is reordered; not-a-number counts as the largest.
+/// one above the middle (3 of 1, 2, 3), of an even number the mean of the upper one of the two middle values
+/// and of the one that stands behind it when that was selected. The mean of two, the value of one, 0.0 of
+/// none. The list is reordered; not-a-number counts as the largest.
 double Median(std::vector<double>& values);
 
 /// The lower median: 2 of 1, 2, 3 and of 1, 2, 3, 4. Fewer than three values give the first as it stands,
