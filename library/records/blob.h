@@ -161,8 +161,17 @@ struct TRecPeak
 {
     inline static int idCounter = 0;
 
-    int id = idCounter++;
+    int id = nextId();
     int BlobNumber = 0;
+
+private:
+    // Goes on at the lowest number behind the highest.
+    static int nextId()
+    {
+        const int id = idCounter;
+        idCounter = static_cast<int>(static_cast<unsigned>(idCounter) + 1U);
+        return id;
+    }
 };
 
 /// A fitted blob as the stages work with it; `VihodFullBranch_file` is its form on disk. Building one counts

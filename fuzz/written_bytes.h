@@ -1,0 +1,38 @@
+// What a writer makes of a fuzz input that was read, as bytes that can be read once more.
+
+#pragma once
+
+#include "files/essentials.h"
+#include "input_file.h"
+
+#include <cstddef>
+#include <string>
+
+/// The bytes that `write(path)` leaves in a file.
+template <class Write>
+std::string bytesWritten(Write write)
+{
+    const std::uint8_t none = 0;
+    const InputFile file(&none, 0);
+    write(file.path());
+    tavelinUtils::FileBytes bytes;
+    mustHold(tavelinUtils::readBytes(file.path(), bytes));
+    return std::string(bytes.view());
+}
+
+/// A file in memory that holds what was written.
+class WrittenFile : public InputFile
+{
+public:
+    explicit WrittenFile(const std::string& bytes)
+        : InputFile(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size())
+    {
+    }
+};
+
+/// Lists that are written again: a count is believed without a record behind it, and long lists of empty
+/// records take the time that other inputs need.
+inline bool isShort(std::size_t size)
+{
+    return size <= 2048;
+}
