@@ -1,0 +1,118 @@
+#include "formats/horizons.h"
+
+#include "files/essentials.h"
+#include "text/angle_text.h"
+#include "text/date_text.h"
+#include "text/number_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+
+namespace tavelinUtils {
+namespace {
+
+constexpr std::string_view tableStart = "$$SOE";
+constexpr std::string_view tableEnd = "$$EOE";
+
+// A line of the table, 0-based. The columns are those of the observer quantities 1, 4, 9 and 47 with
+// fractions of seconds; a table of other quantities is read by the same positions.
+struct Column
+{
+    std::size_t first;
+    std::size_t width;
+};
+constexpr Column date{1, 11};
+constexpr Column time{13, 12};
+constexpr Column rightAscension{30, 11};
+constexpr Column declination{42, 11};
+constexpr Column magnitude{79, 6};
+constexpr Column speed{95, 10};
+constexpr Column positionAngle{107, 10};
+
+using Lines = std::vector<std::string_view>;
+using Dates = LastAnswer<std::string, int>;
+
+// Raises where the line ends before the column.
+std::string_view cut(std::string_view line, Column column)
+{
+    return line.substr(column.first, column.width);
+}
+
+// The first three parts of a text; a part that is not there is empty.
+std::array<std::string_view, 3> threeParts(std::string_view text, char separator)
+{
+    std::array<std::string_view, 3> parts;
+    cutParts(text, separator, parts);
+    return parts;
+}
+
+// "2022-Sep-01". Raises where the month is none.
+int dateOf(std::string_view text)
+{
+    static const std::map<std::string, std::string> months = GetMonthCount();
+    const auto [year, month, day] = threeParts(text, '-');
+    return DateToMJD(std::string(year), months.at(std::string(month)), std::string(day));
+}
+
+void addLine(TrackVtorichka& track, std::string_view line, Dates& dates)
+{
+    TRecLabelPervichka_File mark;
+    mark.date = dates.to(cut(line, date), dateOf);
+    mark.time = timeToDay(cut(line, time), ':');
+    const auto [hours, minutes, seconds] = threeParts(cut(line, rightAscension), ' ');
+    mark.RA = raOf(hours, minutes, seconds);
+    const auto [degrees, arcminutes, arcseconds] = threeParts(cut(line, declination), ' ');
+    mark.DE = deOf(degrees, arcminutes, arcseconds);
+    mark.m = toDouble(cut(line, magnitude));
+    track.V = toDouble(cut(line, speed)); // the head has one value for the track: that of the last line
+    track.PA = toDouble(cut(line, positionAngle));
+    track.Marks.push_back(std::move(mark));
+}
+
+int readTable(const Lines& lines, TrackVtorichka& track)
+{
+    const auto start = std::find(lines.begin(), lines.end(), tableStart);
+    const auto end = std::find(lines.begin(), lines.end(), tableEnd);
+    if (start == lines.end() || end < start) {
+        return -1;
+    }
+    // Lines too short for the last column end the reading, so there is no room to be made for them.
+    const auto isWhole = [](std::string_view line) { return line.size() >= positionAngle.first; };
+    track.Marks.reserve(track.Marks.size() +
+                        static_cast<std::size_t>(std::count_if(start + 1, end, isWhole)));
+    Dates dates;
+    for (auto line = start + 1; line != end; ++line) {
+        addLine(track, *line, dates);
+    }
+    return end == lines.end() ? -1 : 0; // what was read up to there stays
+}
+
+} // namespace
+
+std::map<std::string, std::string> GetMonthCount()
+{
+    return {{"Jan", "01"}, {"Feb", "02"}, {"Mar", "03"}, {"Apr", "04"}, {"May", "05"}, {"Jun", "06"},
+            {"Jul", "07"}, {"Aug", "08"}, {"Sep", "09"}, {"Oct", "10"}, {"Nov", "11"}, {"Dec", "12"}};
+}
+
+int lHorizons(const std::vector<std::string>& lines, TrackVtorichka& track)
+{
+    return readTable(Lines(lines.begin(), lines.end()), track);
+}
+
+int lHorizons(std::string path, TrackVtorichka& track)
+{
+    FileBytes file;
+    if (!readBytes(path, file)) {
+        return -1;
+    }
+    Lines lines;
+    lines.reserve(countLines(file.view()));
+    forEachLine(file.view(), [&lines](std::string_view line) { lines.push_back(line); });
+    return readTable(lines, track);
+}
+
+} // namespace tavelinUtils

@@ -1,0 +1,144 @@
+#include "formats/reference_positions.h"
+
+#include "files/essentials.h"
+#include "text/date_text.h"
+#include "text/number_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+
+namespace tavelinUtils {
+namespace {
+
+// A line of the table of fixed columns, 0-based.
+struct Column
+{
+    std::size_t first;
+    std::size_t width;
+};
+constexpr Column date{27, 10};
+constexpr Column time{38, 13};
+constexpr Column rightAscension{72, 10};
+constexpr Column declination{85, 10};
+
+constexpr std::string_view namePrefix = "radec_";
+constexpr double degreesOfHour = 15.0;
+
+using Dates = LastAnswer<std::string, int>;
+
+// Empty where the line ends before the column: these lists report nothing, a short line neither.
+std::string_view cut(std::string_view line, Column column)
+{
+    return line.substr(std::min(column.first, line.size()), column.width);
+}
+
+std::string upTo(const std::string& text, char separator)
+{
+    return text.substr(0, text.find(separator));
+}
+
+int dateOf(std::string_view text)
+{
+    return DateToMJD(std::string(text), "-");
+}
+
+// Takes the lines of a table one after the other.
+class TableLines
+{
+public:
+    explicit TableLines(TrackVtorichka& target) : track(target)
+    {
+    }
+
+    void reserve(std::size_t lines)
+    {
+        track.Marks.reserve(track.Marks.size() + lines);
+    }
+
+    void add(std::string_view line)
+    {
+        if (!columnLineSeen) {
+            columnLineSeen = true;
+            return;
+        }
+        TRecLabelPervichka_File mark;
+        mark.date = dates.to(cut(line, date), dateOf);
+        mark.time = timeToDay(cut(line, time), ':');
+        mark.RA = toDouble(cut(line, rightAscension));
+        mark.DE = toDouble(cut(line, declination));
+        track.Marks.push_back(std::move(mark));
+    }
+
+private:
+    TrackVtorichka& track;
+    bool columnLineSeen = false;
+    Dates dates;
+};
+
+// Takes the lines of a list of reference measurements one after the other.
+class ReferenceLines
+{
+public:
+    explicit ReferenceLines(TrackVtorichka& target) : track(target)
+    {
+    }
+
+    void reserve(std::size_t lines)
+    {
+        track.Marks.reserve(track.Marks.size() + lines);
+    }
+
+    void add(std::string_view line)
+    {
+        if (line.starts_with('#')) {
+            return;
+        }
+        std::array<std::string_view, 3> items;
+        cutParts(line, ' ', items);
+        const auto [epoch, hours, degrees] = items;
+        TRecLabelPervichka_File mark;
+        readEpoch(epoch, mark);
+        mark.RA = toDouble(hours) * degreesOfHour;
+        mark.DE = toDouble(degrees);
+        track.Marks.push_back(std::move(mark));
+    }
+
+private:
+    void readEpoch(std::string_view epoch, TRecLabelPervichka_File& mark)
+    {
+        if (epoch.ends_with('T')) {
+            epoch.remove_suffix(1); // nothing stands behind it, so it parts nothing
+        }
+        std::array<std::string_view, 2> parts;
+        if (cutParts(epoch, 'T', parts) == parts.size()) {
+            mark.date = dates.to(parts[0], dateOf);
+            mark.time = timeToDay(parts[1], ':');
+        }
+    }
+
+    TrackVtorichka& track;
+    Dates dates;
+};
+
+} // namespace
+
+void loadAMU(std::string path, TrackVtorichka& track)
+{
+    track.NORAD = upTo(ExtractFileName(path, Slash), '_');
+    track.ResidFile = path;
+    TableLines reading(track);
+    readLines(path, reading); // a missing file has no lines
+}
+
+void loadEtalonAMU(std::string path, TrackVtorichka& track)
+{
+    track.NORAD = upTo(replace(ExtractFileName(path, Slash), std::string(namePrefix), ""), '-');
+    track.ResidFile = path;
+    ReferenceLines reading(track);
+    readLines(path, reading); // a missing file has no lines
+}
+
+} // namespace tavelinUtils

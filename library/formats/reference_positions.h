@@ -1,0 +1,25 @@
+// Lists of reference positions: two text files that tell where an object was, its name in that of the file.
+//
+// The name of the object is a part of the file's name. A file that is missing has no lines, and nothing
+// tells; the head is filled all the same. What is not there is empty and counts as 0.
+
+#pragma once
+
+#include "records/track.h"
+
+#include <string>
+
+namespace tavelinUtils {
+
+/// Appends a mark for each line behind the first to the track. Date, time, right ascension and declination,
+/// in degrees, stand in fixed columns; the rest of a line that is too short for one counts as 0. Sets NORAD
+/// to what stands before the first "_" of the file's name, and ResidFile to the path.
+void loadAMU(std::string path, TrackVtorichka& track);
+
+/// Appends a mark for each line that does not begin with "#" to the track: epoch, right ascension in hours,
+/// declination in degrees, parted by one blank each. An epoch that its "T" does not part into two leaves date
+/// and time at 0. Sets NORAD to what stands before the first "-" of the file's name without its "radec_", and
+/// ResidFile to the path.
+void loadEtalonAMU(std::string path, TrackVtorichka& track);
+
+} // namespace tavelinUtils

@@ -1,0 +1,158 @@
+#include "formats/residual_report.h"
+
+#include "files/essentials.h"
+#include "files/text_files.h"
+#include "text/angle_text.h"
+#include "text/date_text.h"
+#include "text/number_text.h"
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <string_view>
+
+namespace tavelinUtils {
+namespace {
+
+constexpr std::string_view statisticsColumns = "mean\trms";
+constexpr std::string_view markColumns =
+    "dateTtime\tday\tsign\tresRA\tresDE\tfi\tlen\tRAoDec\tDEoDec\tRAo\tDEo\tRAc\tDEc\txo\tyo\txc\tyc";
+constexpr std::string_view noSign = "         ";
+constexpr std::string_view largeSign = "    !    ";
+constexpr double largeResidual = 2.0; // arcseconds
+constexpr double arcseconds = 3600.0;
+constexpr std::size_t usualLineLength = 240;
+
+using DateTexts = LastAnswer<int, std::string>;
+
+void appendNumber(std::string& out, double value, int decimals)
+{
+    appendFixed(out, value, decimals);
+    out += '\t';
+}
+
+void appendStatistics(std::string& out, std::string_view label, double mean, double rms)
+{
+    out += label;
+    appendNumber(out, mean, 2);
+    appendFixed(out, rms, 2);
+    out += '\n';
+}
+
+void appendPosition(std::string& out, double rightAscension, double declination)
+{
+    appendRA(out, rightAscension, 3, ":");
+    out += '\t';
+    appendDE(out, declination, 2, ":");
+    out += '\t';
+}
+
+// Seventeen fields, each with a tab behind it, the last one too.
+void appendMark(std::string& out, const TRecLabelPervichka_File& mark, DateTexts& dates)
+{
+    // Neither the cosine of the declination nor the step from 360 to 0 degrees is looked at.
+    const double residualRA = arcseconds * (mark.RA - mark.RefValue4);
+    const double residualDE = arcseconds * (mark.DE - mark.RefValue5);
+    const bool isLarge = std::abs(residualRA) > largeResidual || std::abs(residualDE) > largeResidual;
+    out += dates.to(int{mark.date}, [](int date) { return MJDToDate(date, "-"); });
+    out += 'T';
+    appendTime(out, mark.time, 6, ":");
+    out += '\t';
+    appendNumber(out, mark.time, 10);
+    out += isLarge ? largeSign : noSign;
+    out += '\t';
+    appendNumber(out, residualRA, 2);
+    appendNumber(out, residualDE, 2);
+    appendNumber(out, mark.Angle, 2);
+    appendNumber(out, mark.Length, 2);
+    appendNumber(out, mark.RA, 10);
+    appendNumber(out, mark.DE, 10);
+    appendPosition(out, mark.RA, mark.DE);
+    appendPosition(out, mark.RefValue4, mark.RefValue5);
+    for (const double pixels : {double{mark.X_f}, double{mark.Y_f}, double{mark.X_bf}, double{mark.Y_bf}}) {
+        out += FloatToStr(pixels);
+        out += '\t';
+    }
+    out += '\n';
+}
+
+std::string residualsOf(const TrackVtorichka& track)
+{
+    std::string text;
+    text.reserve((track.Marks.size() + 2) * usualLineLength);
+    text += statisticsColumns;
+    text += '\n';
+    appendStatistics(text, "RA: ", track.DispX, track.LymX);
+    appendStatistics(text, "DE: ", track.DispY, track.LymY);
+    text += markColumns;
+    text += '\n';
+    DateTexts dates;
+    for (const TRecLabelPervichka_File& mark : track.Marks) {
+        appendMark(text, mark, dates);
+    }
+    return text;
+}
+
+// The part of the source's path that names the set of measurements; empty in a shorter path.
+std::string_view setOf(std::string_view sourceFile)
+{
+    std::array<std::string_view, 7> parts;
+    cutParts(sourceFile, Slash.front(), parts);
+    return parts.back();
+}
+
+std::string pathOf(const std::string& folder, const std::string& name, const TrackVtorichka& track)
+{
+    const TRecLabelPervichka_File& first = track.Marks.front();
+    std::string path = folder + Slash + track.NORAD + " " + MJDToDate(first.date, "-") + " " +
+                       DayToTime(first.time, 0, "-") + "_etalon-" + ExtractFileName(track.ResidFile, Slash) +
+                       "_result-";
+    path += setOf(track.SourceFile);
+    return path + "_" + name + ".resid";
+}
+
+// A mean above 0 has a sign, one of 0 has none.
+void appendMean(std::string& out, std::string_view label, double mean, double rms)
+{
+    out += label;
+    if (mean > 0.0) {
+        out += '+';
+    }
+    appendNumber(out, mean, 2);
+    appendNumber(out, rms, 2);
+}
+
+void appendSummary(std::string& out, const TrackVtorichka& track, const std::string& path)
+{
+    out += "NObs: ";
+    out += std::to_string(track.Marks.size());
+    appendMean(out, "\tRA\t", track.DispX, track.LymX);
+    appendMean(out, "DE\t", track.DispY, track.LymY);
+    out += ExtractFileName(path, Slash);
+    out += '\n';
+}
+
+} // namespace
+
+void SaveResidAMU(std::string folder, std::string name, const std::vector<TrackVtorichka>& tracks)
+{
+    std::string summary = name;
+    summary += '\t';
+    summary += statisticsColumns;
+    summary += '\n';
+    for (std::size_t i = 0; i < tracks.size(); ++i) {
+        const TrackVtorichka& track = tracks[i];
+        if (track.Marks.empty()) {
+            continue;
+        }
+        const std::string path = pathOf(folder, name, track);
+        writeText(path, residualsOf(track));
+        appendSummary(summary, track, path);
+        if (i + 1 < tracks.size() && tracks[i + 1].NORAD != track.NORAD) {
+            summary += '\n';
+        }
+    }
+    writeText(folder + Slash + name + ".result", summary);
+}
+
+} // namespace tavelinUtils
