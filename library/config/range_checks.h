@@ -25,7 +25,9 @@ TFuncRes lConfig(std::string path, TExe& exe);
 
 /// Loads the settings of a series and the paths of the programs, and tells each step in the log; an empty log
 /// path is none. The configuration is the file of the given path or, where that does not exist, the one that
-/// GetSeriaConfig finds in the series. Element sets are read only where asked for.
+/// GetSeriaConfig finds in the series. Element sets are read only where asked for. A program that the program
+/// configuration does not name has its standard name; without a program folder Java is "java" and the others
+/// have none.
 ///
 /// The result is that of the program configuration, which an empty program folder leaves out, or that of
 /// LoadUserConfXML; on a failure of the first the settings of the series are not read. Where there is no

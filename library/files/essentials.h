@@ -158,6 +158,28 @@ std::size_t cutParts(std::string_view text, char separator, std::array<std::stri
     }
 }
 
+/// The first three parts of a text, by the rule of cutParts; a part that is not there is empty.
+inline std::array<std::string_view, 3> threeParts(std::string_view text, char separator)
+{
+    std::array<std::string_view, 3> parts;
+    cutParts(text, separator, parts);
+    return parts;
+}
+
+/// A field of fixed place in a line, 0-based.
+struct LineColumn
+{
+    std::size_t first;
+    std::size_t width;
+};
+
+/// The text of a field. Throws std::out_of_range where the line ends before the field; where it ends within
+/// the field, the text is shorter.
+inline std::string_view cutColumn(std::string_view line, LineColumn column)
+{
+    return line.substr(column.first, column.width);
+}
+
 /// Hands the position of each separator in a text to a function. Looks at eight bytes at a time, which for
 /// the short fields of a table is a few times as fast as one search for each.
 template <class Use>

@@ -6,7 +6,6 @@
 #include "text/number_text.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <string_view>
 #include <utility>
@@ -19,35 +18,16 @@ constexpr std::string_view tableEnd = "$$EOE";
 
 // A line of the table, 0-based. The columns are those of the observer quantities 1, 4, 9 and 47 with
 // fractions of seconds; a table of other quantities is read by the same positions.
-struct Column
-{
-    std::size_t first;
-    std::size_t width;
-};
-constexpr Column date{1, 11};
-constexpr Column time{13, 12};
-constexpr Column rightAscension{30, 11};
-constexpr Column declination{42, 11};
-constexpr Column magnitude{79, 6};
-constexpr Column speed{95, 10};
-constexpr Column positionAngle{107, 10};
+constexpr LineColumn date{1, 11};
+constexpr LineColumn time{13, 12};
+constexpr LineColumn rightAscension{30, 11};
+constexpr LineColumn declination{42, 11};
+constexpr LineColumn magnitude{79, 6};
+constexpr LineColumn speed{95, 10};
+constexpr LineColumn positionAngle{107, 10};
 
 using Lines = std::vector<std::string_view>;
 using Dates = LastAnswer<std::string, int>;
-
-// Raises where the line ends before the column.
-std::string_view cut(std::string_view line, Column column)
-{
-    return line.substr(column.first, column.width);
-}
-
-// The first three parts of a text; a part that is not there is empty.
-std::array<std::string_view, 3> threeParts(std::string_view text, char separator)
-{
-    std::array<std::string_view, 3> parts;
-    cutParts(text, separator, parts);
-    return parts;
-}
 
 // "2022-Sep-01". Raises where the month is none.
 int dateOf(std::string_view text)
@@ -60,15 +40,15 @@ int dateOf(std::string_view text)
 void addLine(TrackVtorichka& track, std::string_view line, Dates& dates)
 {
     TRecLabelPervichka_File mark;
-    mark.date = dates.to(cut(line, date), dateOf);
-    mark.time = timeToDay(cut(line, time), ':');
-    const auto [hours, minutes, seconds] = threeParts(cut(line, rightAscension), ' ');
+    mark.date = dates.to(cutColumn(line, date), dateOf);
+    mark.time = timeToDay(cutColumn(line, time), ':');
+    const auto [hours, minutes, seconds] = threeParts(cutColumn(line, rightAscension), ' ');
     mark.RA = raOf(hours, minutes, seconds);
-    const auto [degrees, arcminutes, arcseconds] = threeParts(cut(line, declination), ' ');
+    const auto [degrees, arcminutes, arcseconds] = threeParts(cutColumn(line, declination), ' ');
     mark.DE = deOf(degrees, arcminutes, arcseconds);
-    mark.m = toDouble(cut(line, magnitude));
-    track.V = toDouble(cut(line, speed)); // the head has one value for the track: that of the last line
-    track.PA = toDouble(cut(line, positionAngle));
+    mark.m = toDouble(cutColumn(line, magnitude));
+    track.V = toDouble(cutColumn(line, speed)); // the head has one value for the track: that of the last line
+    track.PA = toDouble(cutColumn(line, positionAngle));
     track.Marks.push_back(std::move(mark));
 }
 

@@ -8,7 +8,6 @@
 #include "text/number_text.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <string_view>
@@ -31,18 +30,13 @@ constexpr HeaderLine headerLines[] = {
 
 // An observation line, 0-based. Columns 12-14 and 77-79 have no row: nothing reads them, and the station of
 // a track comes from the COD line of the header.
-struct Column
-{
-    std::size_t first;
-    std::size_t width;
-};
-constexpr Column nameColumn{0, 12};
-constexpr Column dateColumn{15, 10};
-constexpr Column dayFraction{25, 7};
-constexpr Column rightAscension{32, 12};
-constexpr Column declination{44, 12};
-constexpr Column magnitude{65, 5};
-constexpr Column band{70, 7};
+constexpr LineColumn nameColumn{0, 12};
+constexpr LineColumn dateColumn{15, 10};
+constexpr LineColumn dayFraction{25, 7};
+constexpr LineColumn rightAscension{32, 12};
+constexpr LineColumn declination{44, 12};
+constexpr LineColumn magnitude{65, 5};
+constexpr LineColumn band{70, 7};
 constexpr std::size_t lineLength = 80;
 
 constexpr std::size_t permanentNumberLength = 5;
@@ -135,11 +129,6 @@ void appendComparison(std::string& out, const TRecLabelPervichka_File& ephemeris
     out += ')';
 }
 
-std::string_view cut(std::string_view line, Column column)
-{
-    return line.substr(column.first, column.width);
-}
-
 // A text without its blanks.
 std::string packed(std::string_view text)
 {
@@ -148,32 +137,19 @@ std::string packed(std::string_view text)
     return rest;
 }
 
-// The first three items of a text; an item that is not there is empty.
-std::array<std::string_view, 3> threeItems(std::string_view text)
-{
-    std::array<std::string_view, 3> items;
-    std::size_t count = 0;
-    forEachToken(text, ' ', [&](std::string_view item) {
-        if (count < items.size()) {
-            items[count++] = item;
-        }
-    });
-    return items;
-}
-
 TMPCMea observationOf(std::string_view line, Dates& dates)
 {
     TMPCMea observation;
-    observation.Name = packed(cut(line, nameColumn));
-    observation.date = dates.to(cut(line, dateColumn),
+    observation.Name = packed(cutColumn(line, nameColumn));
+    observation.date = dates.to(cutColumn(line, dateColumn),
                                 [](std::string_view text) { return DateToMJD(std::string(text), " "); });
-    observation.time = toDouble(std::string("0").append(packed(cut(line, dayFraction))));
-    const auto [hours, minutes, seconds] = threeItems(cut(line, rightAscension));
+    observation.time = toDouble(std::string("0").append(packed(cutColumn(line, dayFraction))));
+    const auto [hours, minutes, seconds] = threeParts(cutColumn(line, rightAscension), ' ');
     observation.RA = raOf(hours, minutes, seconds);
-    const auto [degrees, arcminutes, arcseconds] = threeItems(cut(line, declination));
+    const auto [degrees, arcminutes, arcseconds] = threeParts(cutColumn(line, declination), ' ');
     observation.DE = deOf(degrees, arcminutes, arcseconds);
-    observation.m = toDouble(packed(cut(line, magnitude)));
-    observation.filtr = packed(cut(line, band));
+    observation.m = toDouble(packed(cutColumn(line, magnitude)));
+    observation.filtr = packed(cutColumn(line, band));
     return observation;
 }
 

@@ -14,15 +14,10 @@ namespace tavelinUtils {
 namespace {
 
 // A line of the table of fixed columns, 0-based.
-struct Column
-{
-    std::size_t first;
-    std::size_t width;
-};
-constexpr Column date{27, 10};
-constexpr Column time{38, 13};
-constexpr Column rightAscension{72, 10};
-constexpr Column declination{85, 10};
+constexpr LineColumn date{27, 10};
+constexpr LineColumn time{38, 13};
+constexpr LineColumn rightAscension{72, 10};
+constexpr LineColumn declination{85, 10};
 
 constexpr std::string_view namePrefix = "radec_";
 constexpr double degreesOfHour = 15.0;
@@ -30,7 +25,7 @@ constexpr double degreesOfHour = 15.0;
 using Dates = LastAnswer<std::string, int>;
 
 // Empty where the line ends before the column: these lists report nothing, a short line neither.
-std::string_view cut(std::string_view line, Column column)
+std::string_view cut(std::string_view line, LineColumn column)
 {
     return line.substr(std::min(column.first, line.size()), column.width);
 }
@@ -96,9 +91,7 @@ public:
         if (line.starts_with('#')) {
             return;
         }
-        std::array<std::string_view, 3> items;
-        cutParts(line, ' ', items);
-        const auto [epoch, hours, degrees] = items;
+        const auto [epoch, hours, degrees] = threeParts(line, ' ');
         TRecLabelPervichka_File mark;
         readEpoch(epoch, mark);
         mark.RA = toDouble(hours) * degreesOfHour;

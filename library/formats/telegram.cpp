@@ -36,12 +36,7 @@ enum MarkWord : std::size_t
 };
 
 // The tenths of a magnitude in its field; the three characters before it are not read.
-struct Column
-{
-    std::size_t first;
-    std::size_t width;
-};
-constexpr Column tenths{3, 3};
+constexpr LineColumn tenths{3, 3};
 
 using DateTexts = LastAnswer<int, std::string>;
 
@@ -108,7 +103,7 @@ private:
         mark.time = packedTime(words[time]);
         mark.RA = packedRA(words[rightAscension]);
         mark.DE = packedDE(words[declination]);
-        mark.m = toDouble(words[magnitude].substr(tenths.first, tenths.width)) / 10.0;
+        mark.m = toDouble(cutColumn(words[magnitude], tenths)) / 10.0;
         return mark;
     }
 

@@ -261,9 +261,8 @@ int DateToMJD(std::string text, std::string separator)
 
 double timeToDay(std::string_view text, char separator)
 {
-    std::array<std::string_view, 3> parts;
-    cutParts(text, separator, parts);
-    return TimeToDay(toInt(parts[0]), toInt(parts[1]), toDouble(parts[2]));
+    const auto [hour, minute, second] = threeParts(text, separator);
+    return TimeToDay(toInt(hour), toInt(minute), toDouble(second));
 }
 
 double TimeToDay(std::string text, std::string separator)
