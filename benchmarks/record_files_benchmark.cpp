@@ -26,7 +26,8 @@ constexpr std::size_t million = 1000000;
 class TemporaryFile
 {
 public:
-    TemporaryFile() : name("/tmp/record_files_" + std::to_string(getpid()) + ".bin")
+    TemporaryFile()
+        : name(std::filesystem::temp_directory_path() / ("record_files_" + std::to_string(getpid())))
     {
     }
     ~TemporaryFile()
