@@ -48,7 +48,8 @@ struct TConvMea
 };
 
 /// Reads a task file. False, with the task untouched, where it cannot be loaded; a key that is missing or
-/// empty leaves its member as it was. The name of the root element is not looked at.
+/// empty leaves its member as it was, but `paths`, which are replaced also by none. The name of the root
+/// element is not looked at.
 bool ltaskconv(std::string path, TConvMea& task);
 
 /// The series below the child `key` of an element; none where there is no such child, or its first "seria"

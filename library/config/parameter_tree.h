@@ -50,7 +50,8 @@ struct ParameterElement
 /// An element that holds others, in their order.
 ParameterElement branch(std::string name, std::initializer_list<ParameterElement> children);
 
-/// An element that holds one element named by the item for each text; without a text it stands empty.
+/// An element that holds one element named by the item for each text; without a text it stands empty. No text
+/// may be empty: the reader of such a list never returns.
 ParameterElement textList(std::string name, std::string item, const std::vector<std::string>& texts);
 
 /// Replaces the file by a document of the root. 0 where it was saved, 1 where not. Values go in as

@@ -114,18 +114,22 @@ TtavelinXmlDocument::TtavelinXmlDocument(std::string path) : TiXmlDocument(path.
 
 bool TtavelinXmlDocument::LoadFile()
 {
-    FileBytes file;
-    if (!readBytes(fileName, file)) {
-        return false;
+    try {
+        FileBytes file;
+        if (!readBytes(fileName, file)) {
+            return false;
+        }
+        normalizeLineEnds(file);
+        if (goesBeyond(file.bytes.get(), deepestLevel, mostAttributes)) {
+            return false;
+        }
+        Clear();
+        SetTabSize(0); // no rows and columns of errors, which nobody looks at
+        Parse(file.bytes.get(), nullptr, TIXML_ENCODING_UNKNOWN);
+        return !Error() && RootElement() != nullptr;
+    } catch (const std::exception&) {
+        return false; // a file that the memory does not hold fails as a broken one does
     }
-    normalizeLineEnds(file);
-    if (goesBeyond(file.bytes.get(), deepestLevel, mostAttributes)) {
-        return false;
-    }
-    Clear();
-    SetTabSize(0); // no rows and columns of errors, which nobody looks at
-    Parse(file.bytes.get(), nullptr, TIXML_ENCODING_UNKNOWN);
-    return !Error() && RootElement() != nullptr;
 }
 
 bool TtavelinXmlDocument::SaveFile()

@@ -100,11 +100,13 @@ void appendResidual(std::string& out, double residual)
 
 std::string_view residualFlag(const TRecLabelPervichka_File& residuals)
 {
-    const double larger = std::max(std::abs(residuals.RefValue4), std::abs(residuals.RefValue5));
-    if (larger > 2.0) {
+    const auto oneExceeds = [&residuals](double limit) {
+        return std::abs(residuals.RefValue4) > limit || std::abs(residuals.RefValue5) > limit;
+    };
+    if (oneExceeds(2.0)) {
         return "!!";
     }
-    return larger > 1.0 ? " !" : "  ";
+    return oneExceeds(1.0) ? " !" : "  ";
 }
 
 // Residuals and position of the ephemeris; the time alone is that of the observed mark.

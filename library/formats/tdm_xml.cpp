@@ -213,6 +213,7 @@ void appendSegment(DocumentFile& file, const TrackVtorichka& track, const Shape&
 
 bool saveDocument(const std::string& path, const std::vector<TrackVtorichka>& tracks, const Shape& shape)
 {
+    TiXmlBase::SetCondenseWhiteSpace(false); // as whoever writes or reads an XML file leaves the library
     DocumentFile file(path);
     file.text += shape.declaration;
     file.text += shape.root;

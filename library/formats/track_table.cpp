@@ -539,7 +539,9 @@ void sTrack(std::string path, std::string source, std::string prefix, std::strin
     std::string text;
     const std::string name = shownName(track, givenName, source, prefix, suffix, number, longName);
     TrackWriter(header).append(text, track, name, number);
-    appendText(path, text);
+    if (!text.empty()) {
+        appendText(path, text); // a track without marks opens nothing
+    }
 }
 
 void sHeadTrack(std::string path, bool flag, std::string header)

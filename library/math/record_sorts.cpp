@@ -33,29 +33,45 @@ void arrange(std::vector<Record>& records, const Index& index)
     records = std::move(arranged);
 }
 
+// The order of keys: element k is the place of the k-th.
+template <class Key>
+Index ascendingOrder(const std::vector<Key>& keys)
+{
+    Index index;
+    QuickSort(keys, index);
+    return index;
+}
+
+// The ascending order walked from its end. A descending sort would leave ties in another order.
+Index reversedOrder(const std::vector<double>& keys)
+{
+    const Index index = ascendingOrder(keys);
+    return {index.rbegin(), index.rend()};
+}
+
+Index descendingOrder(const std::vector<double>& keys)
+{
+    Index index;
+    QuickSortDown(keys, index);
+    return index;
+}
+
 template <class Record, class KeyOf>
 void sortAscending(std::vector<Record>& records, KeyOf keyOf)
 {
-    Index index;
-    QuickSort(keysOf(records, keyOf), index);
-    arrange(records, index);
+    arrange(records, ascendingOrder(keysOf(records, keyOf)));
 }
 
-// The index of the ascending sort walked from its end. A descending sort would leave ties in another order.
 template <class Record, class KeyOf>
 void sortReversed(std::vector<Record>& records, KeyOf keyOf)
 {
-    Index index;
-    QuickSort(keysOf(records, keyOf), index);
-    arrange(records, Index(index.rbegin(), index.rend()));
+    arrange(records, reversedOrder(keysOf(records, keyOf)));
 }
 
 template <class Record, class KeyOf>
 void sortDescending(std::vector<Record>& records, KeyOf keyOf)
 {
-    Index index;
-    QuickSortDown(keysOf(records, keyOf), index);
-    arrange(records, index);
+    arrange(records, descendingOrder(keysOf(records, keyOf)));
 }
 
 double distanceBetween(double x1, double y1, double x2, double y2)
@@ -96,9 +112,7 @@ void SortSizeTDown(std::vector<unsigned long>& values)
 
 std::vector<unsigned long> SortByResMNK(std::vector<double> residuals)
 {
-    Index index;
-    QuickSort(keysOf(residuals, [](double residual) { return std::abs(residual); }), index);
-    return index;
+    return ascendingOrder(keysOf(residuals, [](double residual) { return std::abs(residual); }));
 }
 
 void SortPixByX(std::vector<pixel>& pixels)

@@ -91,7 +91,8 @@ double widthAbout(double x, double y, const std::vector<pixel>& contour)
     constexpr double leastWidth = 0.001;
     double nearest = std::numeric_limits<double>::infinity();
     for (const pixel& point : contour) {
-        nearest = std::min(nearest, std::sqrt(squareOf(point.X - x) + squareOf(point.Y - y)));
+        // Not-a-number, the distance from a centre that is none, comes through.
+        nearest = std::min(std::sqrt(squareOf(point.X - x) + squareOf(point.Y - y)), nearest);
     }
     if (contour.empty()) {
         return onePixel;

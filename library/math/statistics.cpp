@@ -13,8 +13,6 @@
 namespace tavelinMath {
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-
 bool isMasked(const std::vector<bool>& mask, std::size_t place)
 {
     return place < mask.size() && mask[place];
@@ -56,7 +54,7 @@ double maskedMean(int n, const double* values, const bool* mask, unsigned long& 
             ++count;
         }
     }
-    return count == 0 ? notANumber : sum / static_cast<double>(count);
+    return sum / static_cast<double>(count); // zero over zero where none is left
 }
 
 template <class Value>

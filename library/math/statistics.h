@@ -65,8 +65,8 @@ void BracData(std::vector<pixel>& pixels, double upper, double lower);
 
 /// Iterative sigma clipping of a block of width times height values, which is not changed: mean and sigma of
 /// what the clip before the last left. Stops where sigma changes by no more than eps, or after the given
-/// number of iterations. An eps of 1000.0 or more, or 0 iterations, asks for no clipping: sigma is -1.0 and
-/// mean stays as it was. With nothing left both are not-a-number.
+/// number of iterations; a negative number makes one. An eps of 1000.0 or more, or 0 iterations, asks for no
+/// clipping: sigma is -1.0 and mean stays as it was. With nothing left both are not-a-number.
 void pcMathSKO(int width, int height, double* values, int iterations, double k, double eps, double& mean,
                double& sigma);
 

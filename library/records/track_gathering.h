@@ -139,6 +139,8 @@ public:
                 setMeasured(heads[i].Marks.emplace_back(), marks[next]);
             }
         }
+        ends.clear();
+        marks.clear();
         return std::exchange(heads, {});
     }
 

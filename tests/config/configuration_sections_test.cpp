@@ -102,7 +102,7 @@ template <class Reader>
 void expectNeverReturns(Reader reader, const std::string& inside, const std::string& section)
 {
     SCOPED_TRACE(inside);
-    const ChildEnd end = runInChild([&] { read(reader, inside, section); }, 2.0);
+    const ChildEnd end = runInChild([&] { read(reader, inside, section); }, endlessAfter);
     EXPECT_TRUE(end.timedOut);
 }
 

@@ -205,7 +205,7 @@ TEST(KeyTable, AnEmptyItemOfAListNeverReturns)
          {"<Rooms><string/></Rooms>", "<Rooms><string>one</string><string></string></Rooms>"})
     {
         SCOPED_TRACE(inside);
-        const ChildEnd end = runInChild([inside] { lampOf(inside); }, 2.0);
+        const ChildEnd end = runInChild([inside] { lampOf(inside); }, endlessAfter);
         EXPECT_TRUE(end.timedOut);
     }
 }

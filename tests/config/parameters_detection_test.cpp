@@ -498,7 +498,7 @@ TEST(DetectionParameters, ListWithAnEmptyItemIsWalkedForEver)
             Texts frames;
             lThresFitting(folder / "a.xml", frames);
         },
-        2.0);
+        endlessAfter);
     EXPECT_TRUE(end.timedOut) << end.output;
 }
 

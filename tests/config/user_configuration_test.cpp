@@ -1059,7 +1059,7 @@ TEST(UserConfiguration, AnEmptyItemOfAListNeverReturns)
                 TPorogs porogs;
                 LoadUserConfXML(folder / "a.conf", porogs, true);
             },
-            2.0);
+            endlessAfter);
         EXPECT_TRUE(end.timedOut);
     }
 }

@@ -275,12 +275,13 @@ TEST(Representatives, NegativeCountEmptiesTheList)
 TEST(Representatives, FileWithoutACountEmptiesTheList)
 {
     const TemporaryFolder folder;
-    for (const std::size_t size : {0u, 4u, 7u}) {
+    for (const std::size_t size : {0u, 3u, 4u, 7u}) {
         SCOPED_TRACE(size);
         makeFile(folder / "a.bin", int32s({12, 3}).substr(0, size));
         Representatives list = before;
         int frames = 77;
         EXPECT_EQ(lIndVKBin(folder / "a.bin", frames, list), 0);
+        EXPECT_EQ(frames, size < 4 ? 77 : 12);
         EXPECT_TRUE(list.empty());
     }
 }

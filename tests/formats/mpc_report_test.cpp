@@ -542,6 +542,8 @@ TEST(MpcComparison, FlagTellsTheGreaterOfTheFirstTwoResiduals)
         {0.0, -2.0000001, 0.0, "   !!    0.00 -2.00  0.00"},
         {1.5, -2.5, 0.0, "   !!    1.50 -2.50  0.00"},
         {-2.5, 1.5, 0.0, "   !!   -2.50  1.50  0.00"},
+        {std::numeric_limits<double>::quiet_NaN(), 3.0, 0.0, "   !!     nan  3.00  0.00"},
+        {1.5, std::numeric_limits<double>::quiet_NaN(), 0.0, "    !    1.50   nan  0.00"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.block);

@@ -220,7 +220,9 @@ TEST(ReferencePositions, SecondBlankIsAnEmptyItem)
 
 TEST(ReferencePositions, EpochThatDoesNotPartIntoTwoLeavesDateAndTime)
 {
-    for (const char* epoch : {"60369.25", "2024-02-29", "2024-02-29T", "2024-02-29t06:00:00", ""}) {
+    for (const char* epoch :
+         {"60369.25", "2024-02-29", "2024-02-29T", "2024-02-29t06:00:00", "2024-02-29T06:00:00T1", ""})
+    {
         SCOPED_TRACE(epoch);
         expectMark(onlyMark(etalonTrack(std::string(epoch) + " 1.0 2.0\n")), 0, 0.0, 15.0, 2.0);
     }

@@ -623,6 +623,16 @@ TEST(TdmXmlReader, BlanksOfANameSurvive)
     EXPECT_FALSE(TiXmlBase::IsWhiteSpaceCondensed());
 }
 
+TEST(TdmXmlWriter, CondensingOfBlanksIsOffBehindIt)
+{
+    const TemporaryFolder folder;
+    for (const auto write : {sTDMxml, sTDMPOLxml}) {
+        TiXmlBase::SetCondenseWhiteSpace(true);
+        EXPECT_TRUE(write(folder / "a.xml", {}));
+        EXPECT_FALSE(TiXmlBase::IsWhiteSpaceCondensed());
+    }
+}
+
 TEST(TdmXmlReader, EntitiesOfANameAreRead)
 {
     const TrackVtorichka track = readBytes(messageOf("<metadata><PARTICIPANT_2>&lt;R&amp;D&gt; &quot;a&quot; "

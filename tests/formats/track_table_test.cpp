@@ -922,6 +922,13 @@ TEST(TrackTable, LinesOfATrackAreAppended)
     EXPECT_EQ(bytesOf(folder / "a.txt"), "before\n1\t3\tX\tX\t\n2\t3\tX\tX\t\n1\t4\tY\tY\t\n2\t4\tY\tY\t\n");
 }
 
+TEST(TrackTable, TrackWithoutMarksOpensNoFile)
+{
+    const TemporaryFolder folder;
+    sTrack(folder / "a.txt", "", "", "", 1, false, Track(), "A", "iB:Int", false);
+    EXPECT_FALSE(exists(folder / "a.txt"));
+}
+
 TEST(TrackTable, UnknownColumnsOfAHeaderAreWrittenAsZero)
 {
     EXPECT_EQ(writtenLines(trackNamed("A", {{.iB = 1}}), "Mood:Text\tiB\t:Int\tMood"), "0\t1\t0\t0\t\n");

@@ -785,6 +785,7 @@ TEST(ShapeOfObject, OddNumbersAreMeasuredToo)
 {
     TObjKontur lost = objectOf({}, {{12, 25, 1.0, 0}});
     EXPECT_TRUE(std::isnan(calcEccentricityInternal(lost).XMean));
+    EXPECT_TRUE(std::isnan(lost.Width));
     TObjKontur dark = objectOf({{1, 2, notANumber, 0}, {5, 2, 3.0, 0}}, {{1, 2, 1.0, 0}});
     EXPECT_EQ(calcEccentricityInternal(dark).Length, 4.0);
     TObjKontur bright = objectOf({{1, 2, infinity, 0}, {5, 2, 3.0, 0}}, {{1, 2, 1.0, 0}});

@@ -416,6 +416,7 @@ TEST(Statistics, ClippingGoesOnUntilSigmaStaysOrThePassesAreDone)
         {1000, 30.82, 11.0, firstSigma},
         {1000, 999.9, 11.0, firstSigma},
         {7, -1.0, 0.0, 0.0},
+        {-1, 0.0, 11.0, firstSigma}, // reached from the first pass on
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << row.iterations << " passes, eps " << row.eps);

@@ -93,4 +93,7 @@ TEST(TrackSequence, MarksGoToTheTrackThatWasAddedLast)
     EXPECT_EQ(marksOf(tracks), (std::vector<std::string>{"a: 1", ":", "c: 2 3"}));
     EXPECT_EQ(tracks[2].NORAD, "n");
     EXPECT_TRUE(sequence.empty());
+    sequence.addTrack().QRVName = "d";
+    sequence.addMark({4, 0, 0, 0, 0});
+    EXPECT_EQ(marksOf(sequence.takeTracks()), (std::vector<std::string>{"d: 4"}));
 }

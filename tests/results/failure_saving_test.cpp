@@ -202,7 +202,7 @@ TEST_F(FailureSaving, SourceInTheOtherSpellingIsCutToo)
     EXPECT_EQ(filesBelow(folder.path()), Names{"r/LOG_a.xml"});
 }
 
-TEST_F(FailureSaving, ResultThatIsALogOfThatNameIsSavedOnce)
+TEST_F(FailureSaving, ResultThatIsTheLogItselfHoldsTheFailureAlone)
 {
     makeFile(folder / "r/LOG_a.xml", "an older result");
     SaveExceptLogCode(folder / "s/a.fit", folder / "r/LOG_a.xml", lostFrame());

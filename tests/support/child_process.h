@@ -15,6 +15,9 @@ struct ChildEnd
     std::string output{};  ///< what it printed, to both streams
 };
 
+/// The seconds after which a walk that still runs counts as endless; one that ends does so in milliseconds.
+inline constexpr double endlessAfter = 1.0;
+
 /// Runs a program with arguments in a folder ("" for the present one) and waits for it, at most the seconds.
 ChildEnd runProgram(const std::string& program, const std::vector<std::string>& arguments,
                     const std::string& folder = "", double seconds = 60);

@@ -539,7 +539,8 @@ TEST(Main, LaterSeriesWithoutAnyNodeNeverEnds)
 {
     Bench bench;
     makeFile(bench / "task.xml", taskWith({{"paths", "<seria><path>a</path></seria><seria/>"}}));
-    const ChildEnd end = runProgram(VOMAR_TOOL, std::vector<std::string>{"task.xml"}, bench.path(), 2.0);
+    const ChildEnd end =
+        runProgram(VOMAR_TOOL, std::vector<std::string>{"task.xml"}, bench.path(), endlessAfter);
     EXPECT_TRUE(end.timedOut) << end.output;
     EXPECT_EQ(bench.files(), (Names{"night.mea", "task.xml"}));
 }

@@ -112,7 +112,7 @@ std::vector<TSeria2> seriesOf(const std::string& inside, const std::string& key 
 
 void expectEndlessWalk(const std::string& inside)
 {
-    const ChildEnd end = runInChild([&] { seriesOf(inside); }, 2.0);
+    const ChildEnd end = runInChild([&] { seriesOf(inside); }, endlessAfter);
     EXPECT_TRUE(end.timedOut) << inside << end.output;
 }
 
