@@ -7,7 +7,6 @@
 #include "text/date_text.h"
 #include "text/number_text.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <string_view>
