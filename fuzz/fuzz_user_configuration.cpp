@@ -1,5 +1,6 @@
-// User configuration: any bytes give settings or a failed load.
+// Configurations of a series and of the programs: any bytes give settings or a failed load.
 
+#include "config/range_checks.h"
 #include "config/settings.h"
 #include "config/user_configuration.h"
 #include "config/xml_document.h"
@@ -41,5 +42,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         const TFuncRes result = LoadUserConfXML(file.path(), porogs, true);
         mustHold(result.Code == 0 || result.Code == 139);
     }
+    TExe programs;
+    const TFuncRes result = lConfig(file.path(), programs);
+    mustHold(result.Code == 0 || result.Code == 139);
     return 0;
 }

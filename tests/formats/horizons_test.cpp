@@ -197,6 +197,18 @@ TEST(Horizons, MarksBeforeALineThatIsTooShortStay)
     EXPECT_EQ(int{track.Marks[0].date}, 60369);
 }
 
+TEST(Horizons, LineThatEndsBeforeTheAngleHasSetTheSpeed)
+{
+    TrackVtorichka track;
+    track.V = 3.0;
+    track.PA = 4.0;
+    EXPECT_THROW(lHorizons(Lines{"$$SOE", with(leapDay, 95, "      12.5").substr(0, 106), "$$EOE"}, track),
+                 std::out_of_range);
+    EXPECT_DOUBLE_EQ(track.V, 12.5);
+    EXPECT_DOUBLE_EQ(track.PA, 4.0);
+    EXPECT_TRUE(track.Marks.empty());
+}
+
 TEST(Horizons, WhatIsNoNumberCountsAsZero)
 {
     std::string line = leapDay;
