@@ -11,8 +11,6 @@
 namespace tavelinUtils {
 namespace {
 
-constexpr int written = 0;
-constexpr int notWritten = 1;
 constexpr int notRead = 2;
 
 // Images whose gaps are zero, whatever the gaps of the records hold.
@@ -66,7 +64,7 @@ int writeBlobLists(const std::string& path, const std::vector<Record>& records)
         file.writeCount(record.Items.size());
         file.write(record.Items);
     }
-    return file.close() ? written : notWritten;
+    return resultOf(file.close());
 }
 
 template <class Record>
@@ -162,7 +160,7 @@ int sHoughtStrob(std::string path, const std::vector<THOKTrack>& tracks)
     for (const THOKTrack& track : tracks) {
         file.write(std::array{track.Value1, track.Value2, track.Value3, track.Value4, track.Value5});
     }
-    return file.close() ? written : notWritten;
+    return resultOf(file.close());
 }
 
 } // namespace tavelinUtils

@@ -10,8 +10,6 @@
 namespace tavelinUtils {
 namespace {
 
-constexpr int written = 0;
-constexpr int notWritten = 1;
 constexpr int notRead = 1;
 
 // What a file holds of a pixel, and of the place of an object.
@@ -72,7 +70,7 @@ int sBadPix(std::string path, const std::vector<pixel>& pixels)
     for (const pixel& bad : pixels) {
         file.write(StoredPlace{bad.X, bad.Y});
     }
-    return file.close() ? written : notWritten;
+    return resultOf(file.close());
 }
 
 int lBadPix(std::string path, std::vector<pixel>& pixels)

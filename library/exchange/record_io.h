@@ -71,6 +71,12 @@ private:
     bool good;
 };
 
+/// What the writers with a result return: 0, or 1 for a file that could not be written.
+inline int resultOf(bool written)
+{
+    return written ? 0 : 1;
+}
+
 /// A file of records with counts, read from its front.
 class RecordReader
 {

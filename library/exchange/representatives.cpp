@@ -9,8 +9,6 @@
 namespace tavelinUtils {
 namespace {
 
-constexpr int written = 0;
-constexpr int notWritten = 1;
 constexpr int notRead = 1;
 
 // What a file of members holds of an entry.
@@ -61,7 +59,7 @@ int sIndVKBin(std::string path, int frames, const std::vector<TRepresent>& repre
             file.write(StoredEntry{entry.FrameNumber, entry.BlobIndex});
         }
     }
-    return file.close() ? written : notWritten;
+    return resultOf(file.close());
 }
 
 int lIndVKBin(std::string path, int& frames, std::vector<TRepresent>& representatives)
@@ -99,7 +97,7 @@ int sXYIndVKBin(std::string path, const std::vector<TRepresent>& representatives
     for (const TRepresent& representative : representatives) {
         file.write(StoredPosition{representative.X, representative.Y});
     }
-    return file.close() ? written : notWritten;
+    return resultOf(file.close());
 }
 
 int lXYIndVKBin(std::string path, std::vector<TRepresent>& representatives)

@@ -26,12 +26,6 @@ constexpr std::string_view trackTableColumns[] = {
     "Draw:Bool",
 };
 
-void appendColumn(std::string& out, double value, int decimals)
-{
-    appendFixed(out, value, decimals);
-    out += '\t';
-}
-
 void appendMark(std::string& out, const TRecLabelPervichka_File& mark, std::string_view object)
 {
     appendColumn(out, MJDtoJD(mark.date) + mark.time, 7);

@@ -25,16 +25,10 @@ constexpr std::size_t usualLineLength = 240;
 
 using DateTexts = LastAnswer<int, std::string>;
 
-void appendNumber(std::string& out, double value, int decimals)
-{
-    appendFixed(out, value, decimals);
-    out += '\t';
-}
-
 void appendStatistics(std::string& out, std::string_view label, double mean, double rms)
 {
     out += label;
-    appendNumber(out, mean, 2);
+    appendColumn(out, mean, 2);
     appendFixed(out, rms, 2);
     out += '\n';
 }
@@ -58,15 +52,15 @@ void appendMark(std::string& out, const TRecLabelPervichka_File& mark, DateTexts
     out += 'T';
     appendTime(out, mark.time, 6, ":");
     out += '\t';
-    appendNumber(out, mark.time, 10);
+    appendColumn(out, mark.time, 10);
     out += isLarge ? largeSign : noSign;
     out += '\t';
-    appendNumber(out, residualRA, 2);
-    appendNumber(out, residualDE, 2);
-    appendNumber(out, mark.Angle, 2);
-    appendNumber(out, mark.Length, 2);
-    appendNumber(out, mark.RA, 10);
-    appendNumber(out, mark.DE, 10);
+    appendColumn(out, residualRA, 2);
+    appendColumn(out, residualDE, 2);
+    appendColumn(out, mark.Angle, 2);
+    appendColumn(out, mark.Length, 2);
+    appendColumn(out, mark.RA, 10);
+    appendColumn(out, mark.DE, 10);
     appendPosition(out, mark.RA, mark.DE);
     appendPosition(out, mark.RefValue4, mark.RefValue5);
     for (const double pixels : {double{mark.X_f}, double{mark.Y_f}, double{mark.X_bf}, double{mark.Y_bf}}) {
@@ -118,8 +112,8 @@ void appendMean(std::string& out, std::string_view label, double mean, double rm
     if (mean > 0.0) {
         out += '+';
     }
-    appendNumber(out, mean, 2);
-    appendNumber(out, rms, 2);
+    appendColumn(out, mean, 2);
+    appendColumn(out, rms, 2);
 }
 
 void appendSummary(std::string& out, const TrackVtorichka& track, const std::string& path)

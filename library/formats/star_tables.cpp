@@ -30,12 +30,6 @@ int starOf(const TRepresent& match)
     return match.Items[1].BlobIndex;
 }
 
-void appendNumber(std::string& out, double value, int decimals)
-{
-    appendFixed(out, value, decimals);
-    out += '\t';
-}
-
 void appendLastNumber(std::string& out, double value, int decimals)
 {
     appendFixed(out, value, decimals);
@@ -48,8 +42,8 @@ void appendStar(std::string& out, const TRecCat2& star)
     out += '\t';
     out += star.Name;
     out += '\t';
-    appendNumber(out, star.RA, 5);
-    appendNumber(out, star.DE, 5);
+    appendColumn(out, star.RA, 5);
+    appendColumn(out, star.DE, 5);
     appendRA(out, star.RA, 2, ":");
     out += '\t';
     appendDE(out, star.DE, 1, ":");
@@ -59,12 +53,12 @@ void appendStar(std::string& out, const TRecCat2& star)
 
 void appendMatch(std::string& out, const TRecLabelPervichka_File& blob, const TRecLabelPervichka_File& star)
 {
-    appendNumber(out, blob.X_bf, 3);
-    appendNumber(out, blob.Y_bf, 3);
-    appendNumber(out, star.RA, 6);
-    appendNumber(out, star.DE, 6);
-    appendNumber(out, star.X_bf, 3);
-    appendNumber(out, star.Y_bf, 3);
+    appendColumn(out, blob.X_bf, 3);
+    appendColumn(out, blob.Y_bf, 3);
+    appendColumn(out, star.RA, 6);
+    appendColumn(out, star.DE, 6);
+    appendColumn(out, star.X_bf, 3);
+    appendColumn(out, star.Y_bf, 3);
     appendLastNumber(out, star.m, 3);
 }
 
@@ -111,8 +105,8 @@ void sBlobs(std::string path, const std::vector<TRecTRI>& points)
     for (std::size_t i = 0; i < points.size(); ++i) {
         text += std::to_string(i);
         text += '\t';
-        appendNumber(text, points[i].X, 1);
-        appendNumber(text, points[i].Y, 1);
+        appendColumn(text, points[i].X, 1);
+        appendColumn(text, points[i].Y, 1);
         appendLastNumber(text, points[i].Value9, 1);
     }
     writeText(path, text);

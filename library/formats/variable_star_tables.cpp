@@ -14,12 +14,6 @@
 namespace tavelinUtils {
 namespace {
 
-void appendColumn(std::string& out, double value, int decimals)
-{
-    appendFixed(out, value, decimals);
-    out += '\t';
-}
-
 void appendLastColumn(std::string& out, double value, int decimals)
 {
     appendFixed(out, value, decimals);

@@ -191,6 +191,12 @@ void appendFixed(std::string& out, double value, int precision)
     }
 }
 
+void appendColumn(std::string& out, double value, int precision)
+{
+    appendFixed(out, value, precision);
+    out += '\t';
+}
+
 void appendFixedTwoDigits(std::string& out, double value, int precision)
 {
     const std::size_t begin = out.size();

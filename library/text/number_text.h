@@ -80,6 +80,9 @@ int toInt(std::string_view text);
 /// Appends what Str9 gives.
 void appendFixed(std::string& out, double value, int precision);
 
+/// Appends what Str9 gives, and a tab.
+void appendColumn(std::string& out, double value, int precision);
+
 /// Appends what Str9 gives, with a "0" in front where the number in that rounded text is below 10.0. So
 /// a negative number has the "0" before its sign.
 void appendFixedTwoDigits(std::string& out, double value, int precision);
