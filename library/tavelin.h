@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "base/stored_index.h"
 #include "config/configuration_sections.h"
 #include "config/developer_settings.h"
 #include "config/key_table.h"
@@ -47,6 +48,7 @@
 #include "formats/tdm.h"
 #include "formats/tdm_xml.h"
 #include "formats/telegram.h"
+#include "formats/track_gathering.h"
 #include "formats/track_table.h"
 #include "formats/variable_star_tables.h"
 #include "math/histogram.h"
@@ -64,9 +66,7 @@
 #include "records/mark.h"
 #include "records/photo_blob.h"
 #include "records/pixel.h"
-#include "records/stored_index.h"
 #include "records/track.h"
-#include "records/track_gathering.h"
 #include "results/code_table.h"
 #include "results/failure_saving.h"
 #include "results/result.h"

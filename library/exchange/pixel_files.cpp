@@ -1,7 +1,7 @@
 #include "exchange/pixel_files.h"
 
+#include "base/stored_index.h"
 #include "exchange/record_io.h"
-#include "records/stored_index.h"
 #include "results/code_table.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "exchange/representatives.h"
 
+#include "base/stored_index.h"
 #include "exchange/record_io.h"
 #include "files/file_operations.h"
-#include "records/stored_index.h"
 
 #include <cstddef>
 

@@ -1,7 +1,7 @@
 #include "formats/star_tables.h"
 
+#include "base/stored_index.h"
 #include "files/text_files.h"
-#include "records/stored_index.h"
 #include "text/angle_text.h"
 #include "text/number_text.h"
 

@@ -2,7 +2,7 @@
 
 #include "files/essentials.h"
 #include "files/text_files.h"
-#include "records/track_gathering.h"
+#include "formats/track_gathering.h"
 #include "text/date_text.h"
 #include "text/number_text.h"
 

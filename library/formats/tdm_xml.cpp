@@ -3,7 +3,7 @@
 #include "config/xml_document.h"
 #include "files/essentials.h"
 #include "formats/tdm.h"
-#include "records/track_gathering.h"
+#include "formats/track_gathering.h"
 #include "text/number_text.h"
 
 #include <cstddef>

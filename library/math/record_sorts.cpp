@@ -1,6 +1,6 @@
 #include "math/record_sorts.h"
 
-#include "records/stored_index.h"
+#include "base/stored_index.h"
 
 #include <cmath>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "math/series_measures.h"
 
+#include "base/stored_index.h"
 #include "math/scalars.h"
-#include "records/stored_index.h"
 
 #include <algorithm>
 #include <cmath>

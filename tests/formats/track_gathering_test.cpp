@@ -1,4 +1,4 @@
-#include "records/track_gathering.h"
+#include "formats/track_gathering.h"
 
 #include <gtest/gtest.h>
 
