@@ -1,9 +1,9 @@
 // Files of a million records, against one read of the file and the building of the records.
 
+#include "base/bytes.h"
 #include "exchange/blob_files.h"
 #include "exchange/pixel_files.h"
 #include "exchange/representatives.h"
-#include "files/essentials.h"
 #include "records/blob_conversions.h"
 
 #include <benchmark/benchmark.h>

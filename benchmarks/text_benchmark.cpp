@@ -1,5 +1,6 @@
 // Texts of numbers, angles and times, and the tokeniser.
 
+#include "base/numbers.h"
 #include "files/essentials.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"

@@ -2,7 +2,7 @@
 // the input once, builds as many default marks in a list with room reserved, and writes as many bytes as the
 // output has. It takes nothing down at its end, as the tool does not.
 
-#include "files/essentials.h"
+#include "base/bytes.h"
 #include "records/mark.h"
 
 #include <algorithm>

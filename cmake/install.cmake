@@ -3,8 +3,13 @@ include(CMakePackageConfigHelpers)
 
 install(TARGETS vomar RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(TARGETS tavelin ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(DIRECTORY library/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tavelin
-        FILES_MATCHING PATTERN "*.h")
+# The public headers are those that the header of the whole library names.
+file(STRINGS library/tavelin.h public_headers REGEX "^#include \"")
+list(TRANSFORM public_headers REPLACE "^#include \"(.*)\"$" "\\1")
+foreach(header IN LISTS public_headers ITEMS tavelin.h)
+    get_filename_component(folder ${header} DIRECTORY)
+    install(FILES library/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tavelin/${folder})
+endforeach()
 install(FILES packaging/vomar.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
 configure_package_config_file(packaging/tavelinConfig.cmake.in

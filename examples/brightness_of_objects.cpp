@@ -4,7 +4,7 @@
 //   brightness_of_objects H21_20160611.mea              prints the table
 //   brightness_of_objects H21_20160611.mea table.txt    writes it to a file
 
-#include <tavelin.h>
+#include <tavelin/tavelin.h>
 
 #include <algorithm>
 #include <cmath>

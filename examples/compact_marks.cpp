@@ -3,7 +3,7 @@
 //
 //   compact_marks K88_20240120.mea marks.bin
 
-#include <tavelin.h>
+#include <tavelin/tavelin.h>
 
 #include <algorithm>
 #include <cstddef>

@@ -3,7 +3,7 @@
 //
 //   first_program K88_20240120.mea
 
-#include <tavelin.h>
+#include <tavelin/tavelin.h>
 
 #include <cstdio>
 #include <string>

@@ -1,5 +1,7 @@
 // Texts: any text and any number goes through the conversions, and numbers are those of the C library.
 
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "files/essentials.h"
 #include "input_file.h"
 #include "text/angle_text.h"

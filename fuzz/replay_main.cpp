@@ -1,6 +1,6 @@
 // Hands each file of the folders and files named by the arguments to the fuzz target that it is linked with.
 
-#include "files/essentials.h"
+#include "base/bytes.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -2,7 +2,8 @@
 
 #pragma once
 
-#include "files/essentials.h"
+#include "base/bytes.h"
+
 #include "input_file.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 #include "task.h"
 
-#include "files/essentials.h"
-#include "text/number_text.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
 
 #include <string_view>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "config/configuration_sections.h"
 
+#include "base/numbers.h"
 #include "config/key_table.h"
-#include "text/number_text.h"
 
 #include <algorithm>
 #include <cstddef>

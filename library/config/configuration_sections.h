@@ -6,8 +6,8 @@
 
 #pragma once
 
-#include "config/settings.h"
-#include "config/xml_document.h"
+#include "settings.h"
+#include "xml_document.h"
 
 #include <string>
 #include <utility>

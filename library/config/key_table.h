@@ -10,7 +10,7 @@
 
 #pragma once
 
-#include "config/xml_document.h"
+#include "xml_document.h"
 
 #include <cstddef>
 #include <string>

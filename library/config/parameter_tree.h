@@ -18,7 +18,7 @@
 
 #pragma once
 
-#include "config/xml_document.h"
+#include "xml_document.h"
 
 #include <initializer_list>
 #include <optional>

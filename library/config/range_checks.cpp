@@ -1,9 +1,11 @@
 #include "config/range_checks.h"
 
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "config/user_configuration.h"
 #include "config/xml_document.h"
 #include "files/essentials.h"
-#include "files/file_operations.h"
+#include "files/paths.h"
 #include "files/series_layout.h"
 #include "results/code_table.h"
 #include "results/result_files.h"

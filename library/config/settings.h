@@ -5,12 +5,12 @@
 
 #pragma once
 
-#include "config/settings_frames.h"
-#include "config/settings_objects.h"
-#include "config/settings_reports.h"
-#include "config/settings_series.h"
-#include "files/series_names.h"
-#include "records/enumerations.h"
+#include "../files/series_names.h"
+#include "../records/enumerations.h"
+#include "settings_frames.h"
+#include "settings_objects.h"
+#include "settings_reports.h"
+#include "settings_series.h"
 
 #include <string>
 

@@ -2,9 +2,9 @@
 
 #pragma once
 
-#include "records/element_set.h"
-#include "records/enumerations.h"
-#include "text/bad_areas.h"
+#include "../records/element_set.h"
+#include "../records/enumerations.h"
+#include "../text/bad_areas.h"
 
 #include <string>
 #include <vector>

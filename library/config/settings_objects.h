@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "records/element_set.h"
-#include "records/enumerations.h"
+#include "../records/element_set.h"
+#include "../records/enumerations.h"
 
 #include <string>
 #include <vector>

@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "records/enumerations.h"
-#include "records/track.h"
+#include "../records/enumerations.h"
+#include "../records/track.h"
 
 #include <string>
 

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "records/enumerations.h"
+#include "../records/enumerations.h"
 
 #include <string>
 #include <vector>

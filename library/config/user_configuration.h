@@ -11,8 +11,8 @@
 
 #pragma once
 
-#include "config/settings.h"
-#include "results/result.h"
+#include "../results/result.h"
+#include "settings.h"
 
 #include <string>
 

@@ -1,11 +1,14 @@
 #include "config/xml_document.h"
 
+#include "base/bytes.h"
+#include "base/numbers.h"
 #include "config/xml_nesting.h"
-#include "files/essentials.h"
 #include "text/number_text.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <memory>
+#include <thread>
 
 namespace tavelinUtils {
 namespace {
@@ -310,6 +313,13 @@ void writeRecord(TiXmlElement*& parent, std::string key, int value, std::string 
 void writeRecord(TiXmlElement*& parent, std::string key, double value, std::string comment)
 {
     linkRecord(parent, key, value, comment);
+}
+
+void stayForever()
+{
+    for (;;) {
+        std::this_thread::sleep_for(std::chrono::hours(1));
+    }
 }
 
 } // namespace tavelinUtils

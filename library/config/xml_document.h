@@ -84,4 +84,8 @@ void writeRecord(TiXmlElement*& parent, std::string key, bool value, std::string
 void writeRecord(TiXmlElement*& parent, std::string key, int value, std::string comment);
 void writeRecord(TiXmlElement*& parent, std::string key, double value, std::string comment);
 
+/// Never returns. For walks that stay on an element by contract: a loop without effect is none to the
+/// compilers.
+[[noreturn]] void stayForever();
+
 } // namespace tavelinUtils

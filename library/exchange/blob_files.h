@@ -5,8 +5,8 @@
 
 #pragma once
 
-#include "records/blob.h"
-#include "records/disk_records.h"
+#include "../records/blob.h"
+#include "../records/disk_records.h"
 
 #include <string>
 #include <vector>

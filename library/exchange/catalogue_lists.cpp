@@ -1,7 +1,10 @@
 #include "exchange/catalogue_lists.h"
 
+#include "base/bytes.h"
+#include "base/lines.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "config/key_table.h"
-#include "files/essentials.h"
 #include "files/text_files.h"
 #include "text/number_text.h"
 

@@ -1,7 +1,9 @@
 #include "exchange/pixel_files.h"
 
+#include "base/bytes.h"
 #include "base/stored_index.h"
 #include "exchange/record_io.h"
+#include "files/essentials.h"
 #include "results/code_table.h"
 
 #include <algorithm>

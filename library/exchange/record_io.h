@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include "files/essentials.h"
+#include "../base/bytes.h"
 
 #include <cstddef>
 #include <cstdio>
@@ -34,7 +34,7 @@ inline std::optional<std::size_t> headCount(int count, std::size_t fileSize)
 class RecordWriter
 {
 public:
-    explicit RecordWriter(const std::string& path) : file(fopen(path, "wb")), good(file != nullptr)
+    explicit RecordWriter(const std::string& path) : file(openFile(path, "wb")), good(file != nullptr)
     {
     }
 

@@ -2,7 +2,8 @@
 
 #include "base/stored_index.h"
 #include "exchange/record_io.h"
-#include "files/file_operations.h"
+#include "files/essentials.h"
+#include "files/paths.h"
 
 #include <cstddef>
 

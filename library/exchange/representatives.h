@@ -7,7 +7,7 @@
 
 #pragma once
 
-#include "records/blob.h"
+#include "../records/blob.h"
 
 #include <string>
 #include <vector>

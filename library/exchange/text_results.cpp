@@ -1,5 +1,9 @@
 #include "exchange/text_results.h"
 
+#include "base/bytes.h"
+#include "base/lines.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "exchange/record_io.h"
 #include "files/essentials.h"
 #include "files/text_files.h"

@@ -6,10 +6,10 @@
 
 #pragma once
 
-#include "records/blob.h"
-#include "records/element_set.h"
-#include "records/pixel.h"
-#include "results/result.h"
+#include "../records/blob.h"
+#include "../records/element_set.h"
+#include "../records/pixel.h"
+#include "../results/result.h"
 
 #include <string>
 #include <vector>

@@ -1,18 +1,17 @@
 #include "files/essentials.h"
 
+#include "base/bytes.h"
+#include "base/lines.h"
+#include "base/tokens.h"
+
 #include <algorithm>
-#include <chrono>
-#include <cstring>
 #include <ctime>
-#include <thread>
 
 #include <sys/stat.h>
 #include <sys/time.h>
 
 namespace tavelinUtils {
 namespace {
-
-constexpr std::size_t spareBytes = FileBytes::spareBytes;
 
 std::string behindLastOf(const std::string& path, const std::string& separators)
 {
@@ -66,7 +65,7 @@ std::FILE* fopen(std::string path, std::string mode)
 
 bool FileExists(std::string path)
 {
-    return OpenFile(fopen(path, "rb")) != nullptr;
+    return canBeOpened(path);
 }
 
 bool DirectoryExists(std::string path)
@@ -82,20 +81,8 @@ void Pars9(std::string text, std::vector<std::string>& tokens, std::string separ
     if (text.empty()) {
         return;
     }
-    // A longer separator is appended even where the text ends in it, which makes one more empty token.
-    if (separator.size() != 1 || text.back() != separator.front()) {
-        text += separator;
-    }
     tokens.clear();
-    if (separator.empty()) {
-        return;
-    }
-    std::size_t begin = 0;
-    for (std::size_t end = text.find(separator); end != std::string::npos; end = text.find(separator, begin))
-    {
-        tokens.push_back(text.substr(begin, end - begin));
-        begin = end + separator.size();
-    }
+    forEachToken(text, separator, [&tokens](std::string_view token) { tokens.emplace_back(token); });
 }
 
 void mytrim_r(std::string& text)
@@ -118,71 +105,6 @@ std::string NowToDateTimeLin()
 std::string NowToDateTime(std::string /*separator*/)
 {
     return NowToDateTimeLin();
-}
-
-void stayForever()
-{
-    for (;;) {
-        std::this_thread::sleep_for(std::chrono::hours(1));
-    }
-}
-
-OpenFile openForReading(const std::string& path)
-{
-    OpenFile file(fopen(path, "rb"));
-    struct stat status = {};
-    if (file && fstat(fileno(file.get()), &status) == 0 && S_ISDIR(status.st_mode)) {
-        file = nullptr;
-    }
-    if (file) {
-        std::setvbuf(file.get(), nullptr, _IONBF, 0);
-    }
-    return file;
-}
-
-std::size_t sizeOf(std::FILE* file)
-{
-    struct stat status = {};
-    const bool known = fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode);
-    return known ? static_cast<std::size_t>(status.st_size) : 0;
-}
-
-bool readBytes(const std::string& path, FileBytes& file)
-{
-    const OpenFile stream = openForReading(path);
-    if (!stream) {
-        return false;
-    }
-    // One byte more than the file is said to hold, so that its end is met without a second round.
-    std::size_t room = sizeOf(stream.get()) + 1;
-    FileBytes read{std::make_unique_for_overwrite<char[]>(room + spareBytes), 0};
-    while (const std::size_t count =
-               std::fread(read.bytes.get() + read.size, 1, room - read.size, stream.get())) {
-        read.size += count;
-        if (read.size == room) {
-            room *= 2;
-            auto larger = std::make_unique_for_overwrite<char[]>(room + spareBytes);
-            std::memcpy(larger.get(), read.bytes.get(), read.size);
-            read.bytes = std::move(larger);
-        }
-    }
-    if (std::ferror(stream.get()) != 0) {
-        return false;
-    }
-    std::memset(read.bytes.get() + read.size, 0, spareBytes);
-    file = std::move(read);
-    return true;
-}
-
-bool writeBytes(const std::string& path, const std::string& mode, std::string_view bytes)
-{
-    OpenFile stream(fopen(path, mode));
-    if (!stream) {
-        return false;
-    }
-    std::setvbuf(stream.get(), nullptr, _IONBF, 0);
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stream.get()) == bytes.size();
-    return std::fclose(stream.release()) == 0 && written;
 }
 
 } // namespace tavelinUtils

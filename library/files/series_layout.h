@@ -5,9 +5,8 @@
 
 #pragma once
 
-#include "config/settings.h"
-#include "files/file_operations.h"
-#include "files/series_names.h"
+#include "../config/settings.h"
+#include "series_names.h"
 
 #include <string>
 

@@ -1,6 +1,8 @@
 #include "files/text_files.h"
 
-#include "files/essentials.h"
+#include "base/bytes.h"
+#include "base/lines.h"
+#include "base/numbers.h"
 #include "results/code_table.h"
 #include "text/number_text.h"
 

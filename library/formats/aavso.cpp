@@ -1,5 +1,6 @@
 #include "formats/aavso.h"
 
+#include "base/numbers.h"
 #include "files/text_files.h"
 #include "text/calendar.h"
 #include "text/number_text.h"

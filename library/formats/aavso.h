@@ -10,8 +10,8 @@
 
 #pragma once
 
-#include "records/photo_blob.h"
-#include "records/track.h"
+#include "../records/photo_blob.h"
+#include "../records/track.h"
 
 #include <string>
 #include <vector>

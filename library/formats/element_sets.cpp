@@ -1,6 +1,7 @@
 #include "formats/element_sets.h"
 
-#include "files/essentials.h"
+#include "base/bytes.h"
+#include "base/lines.h"
 #include "files/text_files.h"
 
 #include <cstddef>

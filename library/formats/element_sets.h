@@ -6,7 +6,7 @@
 
 #pragma once
 
-#include "records/element_set.h"
+#include "../records/element_set.h"
 
 #include <string>
 #include <vector>

@@ -1,5 +1,8 @@
 #include "formats/fast_object_parameters.h"
 
+#include "base/bytes.h"
+#include "base/lines.h"
+#include "base/numbers.h"
 #include "exchange/blob_files.h"
 #include "exchange/record_io.h"
 #include "files/essentials.h"

@@ -8,8 +8,8 @@
 
 #pragma once
 
-#include "config/settings.h"
-#include "records/blob.h"
+#include "../config/settings.h"
+#include "../records/blob.h"
 
 #include <string>
 #include <vector>

@@ -1,9 +1,12 @@
 #include "formats/horizons.h"
 
-#include "files/essentials.h"
+#include "base/bytes.h"
+#include "base/last_answer.h"
+#include "base/lines.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
-#include "text/number_text.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -27,7 +30,6 @@ constexpr LineColumn speed{95, 10};
 constexpr LineColumn positionAngle{107, 10};
 
 using Lines = std::vector<std::string_view>;
-using Dates = LastAnswer<std::string, int>;
 
 // "2022-Sep-01". Raises where the month is none.
 int dateOf(std::string_view text)
@@ -37,10 +39,10 @@ int dateOf(std::string_view text)
     return DateToMJD(std::string(year), months.at(std::string(month)), std::string(day));
 }
 
-void addLine(TrackVtorichka& track, std::string_view line, Dates& dates)
+void addLine(TrackVtorichka& track, std::string_view line, DayNumbers& dates)
 {
     TRecLabelPervichka_File mark;
-    mark.date = dates.to(cutColumn(line, date), dateOf);
+    mark.date = dates.answerTo(cutColumn(line, date), dateOf);
     mark.time = timeToDay(cutColumn(line, time), ':');
     const auto [hours, minutes, seconds] = threeParts(cutColumn(line, rightAscension), ' ');
     mark.RA = raOf(hours, minutes, seconds);
@@ -63,7 +65,7 @@ int readTable(const Lines& lines, TrackVtorichka& track)
     const auto isWhole = [](std::string_view line) { return line.size() >= positionAngle.first; };
     track.Marks.reserve(track.Marks.size() +
                         static_cast<std::size_t>(std::count_if(start + 1, end, isWhole)));
-    Dates dates;
+    DayNumbers dates;
     for (auto line = start + 1; line != end; ++line) {
         addLine(track, *line, dates);
     }

@@ -1,8 +1,8 @@
 #include "formats/light_curve.h"
 
+#include "base/numbers.h"
 #include "files/text_files.h"
 #include "text/calendar.h"
-#include "text/number_text.h"
 
 #include <cstddef>
 #include <string_view>

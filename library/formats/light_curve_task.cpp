@@ -1,7 +1,8 @@
 #include "formats/light_curve_task.h"
 
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "config/xml_document.h"
-#include "files/essentials.h"
 #include "text/angle_text.h"
 #include "text/number_text.h"
 

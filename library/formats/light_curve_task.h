@@ -2,9 +2,9 @@
 
 #pragma once
 
-#include "config/settings.h"
-#include "records/blob.h"
-#include "records/photo_blob.h"
+#include "../config/settings.h"
+#include "../records/blob.h"
+#include "../records/photo_blob.h"
 
 #include <string>
 #include <utility>

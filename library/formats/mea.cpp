@@ -1,11 +1,13 @@
 #include "formats/mea.h"
 
+#include "base/last_answer.h"
+#include "base/lines.h"
+#include "base/numbers.h"
 #include "files/essentials.h"
 #include "files/text_files.h"
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
-#include "text/number_text.h"
 
 #include <array>
 #include <clocale>
@@ -78,7 +80,7 @@ public:
         }
         Tokens tokens;
         if (cutTokens(line, tokens)) {
-            gathering.add(tokens[name], {dates.to(tokens[date], packedDate), packedTime(tokens[time]),
+            gathering.add(tokens[name], {dates.answerTo(tokens[date], packedDate), packedTime(tokens[time]),
                                          packedRA(tokens[rightAscension]), packedDE(tokens[declination]),
                                          toDouble(tokens[magnitude])});
         }
@@ -99,11 +101,9 @@ public:
 private:
     bool siteSeen = false;
     std::string telescope;
-    LastAnswer<std::string, int> dates;
+    DayNumbers dates;
     TrackGathering<MeasuredMark> gathering;
 };
-
-using DateTexts = LastAnswer<int, std::string>;
 
 // Two digits before the point; the sign stands in front of the padding: -01.20.
 void appendMagnitude(std::string& out, double m)
@@ -123,7 +123,7 @@ void appendPosition(std::string& out, const std::string& object, const TRecLabel
 {
     appendPaddedRight(out, object, nameWidth);
     out += ' ';
-    out += dates.to(int{mark.date}, MJDToDateMEA);
+    out += dates.answerTo(int{mark.date}, MJDToDateMEA);
     out += ' ';
     appendTimeMEA(out, mark.time, 3, false);
     out += "0 ";

@@ -6,7 +6,7 @@
 
 #pragma once
 
-#include "records/track.h"
+#include "../records/track.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,9 @@
 #include "formats/mpc_report.h"
 
-#include "files/essentials.h"
+#include "base/last_answer.h"
+#include "base/lines.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "files/text_files.h"
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
@@ -44,9 +47,6 @@ constexpr std::string_view markTable =
     "N:Int\tNBl:Int\tdate:Date\ttime:Time\tName:Text\tRA:Float:deg\tDE:Float:deg\tm:Float:mag";
 constexpr std::string_view markTableEnd = "\tNEORatio:Float\tDraw:Bool";
 
-using DateTexts = LastAnswer<int, std::string>;
-using Dates = LastAnswer<std::string, int>;
-
 // A permanent number stands at the left of its columns, a provisional designation at their right.
 void appendName(std::string& out, std::string_view name)
 {
@@ -70,7 +70,7 @@ void appendObservation(std::string& out, std::string_view name, std::string_view
 {
     appendName(out, name);
     out += "  C";
-    out += dates.to(int{mark.date}, [](int date) { return MJDToDate(date, " "); });
+    appendDate(out, dates, mark.date, " ");
     appendDayFraction(out, mark.time);
     out += ' ';
     appendRA(out, mark.RA, 2, " ");
@@ -138,12 +138,12 @@ std::string packed(std::string_view text)
     return rest;
 }
 
-TMPCMea observationOf(std::string_view line, Dates& dates)
+TMPCMea observationOf(std::string_view line, DayNumbers& dates)
 {
     TMPCMea observation;
     observation.Name = packed(cutColumn(line, nameColumn));
-    observation.date = dates.to(cutColumn(line, dateColumn),
-                                [](std::string_view text) { return DateToMJD(std::string(text), " "); });
+    observation.date = dates.answerTo(
+        cutColumn(line, dateColumn), [](std::string_view text) { return DateToMJD(std::string(text), " "); });
     observation.time = toDouble(std::string("0").append(packed(cutColumn(line, dayFraction))));
     const auto [hours, minutes, seconds] = threeParts(cutColumn(line, rightAscension), ' ');
     observation.RA = raOf(hours, minutes, seconds);
@@ -197,7 +197,7 @@ public:
 
 private:
     TMPCReportHeader header;
-    Dates dates;
+    DayNumbers dates;
     TrackGathering<TMPCMea> gathering;
 };
 
@@ -287,7 +287,7 @@ std::vector<TrackVtorichka> lMPC(std::string path)
 
 TMPCMea ParsMPCMea(std::string line)
 {
-    Dates dates;
+    DayNumbers dates;
     return observationOf(line, dates);
 }
 

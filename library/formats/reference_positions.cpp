@@ -1,5 +1,9 @@
 #include "formats/reference_positions.h"
 
+#include "base/last_answer.h"
+#include "base/lines.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "files/essentials.h"
 #include "text/date_text.h"
 #include "text/number_text.h"
@@ -21,8 +25,6 @@ constexpr LineColumn declination{85, 10};
 
 constexpr std::string_view namePrefix = "radec_";
 constexpr double degreesOfHour = 15.0;
-
-using Dates = LastAnswer<std::string, int>;
 
 // Empty where the line ends before the column: these lists report nothing, a short line neither.
 std::string_view cut(std::string_view line, LineColumn column)
@@ -60,7 +62,7 @@ public:
             return;
         }
         TRecLabelPervichka_File mark;
-        mark.date = dates.to(cut(line, date), dateOf);
+        mark.date = dates.answerTo(cut(line, date), dateOf);
         mark.time = timeToDay(cut(line, time), ':');
         mark.RA = toDouble(cut(line, rightAscension));
         mark.DE = toDouble(cut(line, declination));
@@ -70,7 +72,7 @@ public:
 private:
     TrackVtorichka& track;
     bool columnLineSeen = false;
-    Dates dates;
+    DayNumbers dates;
 };
 
 // Takes the lines of a list of reference measurements one after the other.
@@ -93,27 +95,19 @@ public:
         }
         const auto [epoch, hours, degrees] = threeParts(line, ' ');
         TRecLabelPervichka_File mark;
-        readEpoch(epoch, mark);
+        int day = 0;
+        double dayFraction = 0;
+        readEpoch(epoch, days, day, dayFraction);
+        mark.date = day;
+        mark.time = dayFraction;
         mark.RA = toDouble(hours) * degreesOfHour;
         mark.DE = toDouble(degrees);
         track.Marks.push_back(std::move(mark));
     }
 
 private:
-    void readEpoch(std::string_view epoch, TRecLabelPervichka_File& mark)
-    {
-        if (epoch.ends_with('T')) {
-            epoch.remove_suffix(1); // nothing stands behind it, so it parts nothing
-        }
-        std::array<std::string_view, 2> parts;
-        if (cutParts(epoch, 'T', parts) == parts.size()) {
-            mark.date = dates.to(parts[0], dateOf);
-            mark.time = timeToDay(parts[1], ':');
-        }
-    }
-
     TrackVtorichka& track;
-    Dates dates;
+    DayNumbers days;
 };
 
 } // namespace

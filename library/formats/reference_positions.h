@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include "records/track.h"
+#include "../records/track.h"
 
 #include <string>
 

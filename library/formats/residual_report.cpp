@@ -1,5 +1,8 @@
 #include "formats/residual_report.h"
 
+#include "base/last_answer.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "files/essentials.h"
 #include "files/text_files.h"
 #include "text/angle_text.h"
@@ -22,8 +25,6 @@ constexpr std::string_view largeSign = "    !    ";
 constexpr double largeResidual = 2.0; // arcseconds
 constexpr double arcseconds = 3600.0;
 constexpr std::size_t usualLineLength = 240;
-
-using DateTexts = LastAnswer<int, std::string>;
 
 void appendStatistics(std::string& out, std::string_view label, double mean, double rms)
 {
@@ -48,7 +49,7 @@ void appendMark(std::string& out, const TRecLabelPervichka_File& mark, DateTexts
     const double residualRA = arcseconds * (mark.RA - mark.RefValue4);
     const double residualDE = arcseconds * (mark.DE - mark.RefValue5);
     const bool isLarge = std::abs(residualRA) > largeResidual || std::abs(residualDE) > largeResidual;
-    out += dates.to(int{mark.date}, [](int date) { return MJDToDate(date, "-"); });
+    appendDate(out, dates, mark.date, "-");
     out += 'T';
     appendTime(out, mark.time, 6, ":");
     out += '\t';

@@ -1,7 +1,10 @@
 #include "formats/ssmas.h"
 
+#include "base/last_answer.h"
+#include "base/lines.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "config/xml_document.h"
-#include "files/essentials.h"
 #include "files/text_files.h"
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
@@ -129,7 +132,7 @@ private:
     void addMark(const Items& items)
     {
         MeasuredMark mark;
-        mark.date = dates.to(items[dateItem], dateOf);
+        mark.date = dates.answerTo(items[dateItem], dateOf);
         mark.time = timeToDay(items[timeItem], ':');
         mark.RA = raToDecimal(items[rightAscension]);
         mark.DE = deToDecimal(items[declination]);
@@ -159,7 +162,7 @@ private:
     std::vector<MeasuredMark> marks;
     std::vector<TrackVtorichka> tracks;
     std::vector<Span> spans; // of each track
-    LastAnswer<std::string, int> dates;
+    DayNumbers dates;
 };
 
 // The "0" looks at the value, but not where the text came to 10.0 by rounding.
@@ -172,9 +175,9 @@ void appendMagnitude(std::string& out, double m)
     out += text;
 }
 
-void appendMark(std::string& out, const TRecLabelPervichka_File& mark, LastAnswer<int, std::string>& dates)
+void appendMark(std::string& out, const TRecLabelPervichka_File& mark, DateTexts& dates)
 {
-    out += dates.to(int{mark.date}, MJDToDateTEL);
+    out += dates.answerTo(int{mark.date}, MJDToDateTEL);
     out += ' ';
     appendTimeTEL(out, mark.time);
     out += "  ";
@@ -233,7 +236,7 @@ void sSSMAS(std::string path, const std::vector<TrackVtorichka>& tracks)
     appendLine(text, title);
     appendLine(text, tracks.front().telescope);
     appendLine(text, kind);
-    LastAnswer<int, std::string> dates;
+    DateTexts dates;
     std::size_t number = 0;
     for (const TrackVtorichka& track : tracks) {
         appendBlockHead(text, track, ++number);

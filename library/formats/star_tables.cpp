@@ -1,9 +1,9 @@
 #include "formats/star_tables.h"
 
+#include "base/numbers.h"
 #include "base/stored_index.h"
 #include "files/text_files.h"
 #include "text/angle_text.h"
-#include "text/number_text.h"
 
 #include <cstddef>
 #include <string_view>

@@ -1,10 +1,12 @@
 #include "formats/tdm.h"
 
-#include "files/essentials.h"
+#include "base/last_answer.h"
+#include "base/lines.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "files/text_files.h"
 #include "formats/track_gathering.h"
 #include "text/date_text.h"
-#include "text/number_text.h"
 
 #include <array>
 #include <cstddef>
@@ -124,7 +126,7 @@ private:
     std::string telescope;
     std::string object;
     MeasuredMark mark;
-    EpochDays days;
+    DayNumbers days;
     TrackSequence tracks;
 };
 
@@ -137,15 +139,15 @@ void appendLine(std::string& out, std::string_view key, std::string_view value)
 }
 
 void appendEpochLine(std::string& out, std::string_view key, const TRecLabelPervichka_File& mark,
-                     EpochDates& dates)
+                     DateTexts& dates)
 {
     out += key;
     out += separator;
-    appendEpoch(out, mark, dates);
+    appendEpoch(out, dates, mark.date, mark.time);
     out += '\n';
 }
 
-void appendMetadata(std::string& out, const TrackVtorichka& track, EpochDates& dates)
+void appendMetadata(std::string& out, const TrackVtorichka& track, DateTexts& dates)
 {
     out += "META_START\n";
     appendLine(out, "TIME_SYSTEM", "UTC");
@@ -171,7 +173,7 @@ void appendDataLine(std::string& out, std::string_view key, std::string_view epo
     out += '\n';
 }
 
-void appendData(std::string& out, const TrackVtorichka& track, EpochDates& dates)
+void appendData(std::string& out, const TrackVtorichka& track, DateTexts& dates)
 {
     out += "DATA_START\n";
     std::string epoch;
@@ -179,7 +181,7 @@ void appendData(std::string& out, const TrackVtorichka& track, EpochDates& dates
         fetchAhead(track.Marks, i);
         const TRecLabelPervichka_File& mark = track.Marks[i];
         epoch.clear();
-        appendEpoch(epoch, mark, dates);
+        appendEpoch(epoch, dates, mark.date, mark.time);
         appendDataLine(out, "ANGLE_1", epoch, mark.RA, 7);
         appendDataLine(out, "ANGLE_2", epoch, mark.DE, 7);
         appendDataLine(out, "MAG", epoch, mark.m, 4);
@@ -192,25 +194,6 @@ void appendData(std::string& out, const TrackVtorichka& track, EpochDates& dates
 std::string creationDate()
 {
     return NowToDateTimeWin(false, "T");
-}
-
-void appendEpoch(std::string& out, const TRecLabelPervichka_File& mark, EpochDates& dates)
-{
-    out += dates.to(int{mark.date}, [](int date) { return MJDToDate(date, "-"); });
-    out += 'T';
-    appendTime(out, mark.time, 5, ":");
-}
-
-void readEpoch(std::string_view text, EpochDays& days, int& date, double& time)
-{
-    if (text.ends_with('T')) {
-        text.remove_suffix(1); // nothing stands behind it, so it parts nothing
-    }
-    std::array<std::string_view, 2> parts;
-    if (cutParts(text, 'T', parts) == parts.size()) {
-        date = days.to(parts[0], [](std::string_view day) { return DateToMJD(std::string(day), "-"); });
-        time = timeToDay(parts[1], ':');
-    }
 }
 
 std::vector<TrackVtorichka> lTDM(std::string path)
@@ -231,7 +214,7 @@ void sTDM(std::string path, const std::vector<TrackVtorichka>& tracks)
     appendLine(text, "CCSDS_TDM_VERS", "1.0");
     appendLine(text, "CREATION_DATE", creationDate());
     appendLine(text, "ORIGINATOR", tracks.front().originator);
-    EpochDates dates;
+    DateTexts dates;
     for (const TrackVtorichka& track : tracks) {
         if (!track.Marks.empty()) {
             appendMetadata(text, track, dates);

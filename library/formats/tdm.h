@@ -17,11 +17,9 @@
 
 #pragma once
 
-#include "records/track.h"
-#include "text/calendar.h"
+#include "../records/track.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace tavelinUtils {
@@ -35,19 +33,6 @@ std::vector<TrackVtorichka> lTDM(std::string path);
 /// has no segment. An empty list makes no file. Throws TavelinException with code 7 and the path for a
 /// file that cannot be written.
 void sTDM(std::string path, const std::vector<TrackVtorichka>& tracks);
-
-/// The date texts of epochs: a night of marks shares one.
-using EpochDates = LastAnswer<int, std::string>;
-
-/// Appends the epoch of a mark: "2023-02-25T12:00:00.00000".
-void appendEpoch(std::string& out, const TRecLabelPervichka_File& mark, EpochDates& dates);
-
-/// The days of epochs that were read.
-using EpochDays = LastAnswer<std::string, int>;
-
-/// Reads an epoch into a whole MJD and the fraction of the day. A text that a "T" does not part into two
-/// leaves both as they were.
-void readEpoch(std::string_view text, EpochDays& days, int& date, double& time);
 
 /// The file's creation date: this system carries none, and writes zeros.
 std::string creationDate();

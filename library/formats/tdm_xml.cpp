@@ -1,10 +1,12 @@
 #include "formats/tdm_xml.h"
 
+#include "base/bytes.h"
+#include "base/last_answer.h"
+#include "base/numbers.h"
 #include "config/xml_document.h"
-#include "files/essentials.h"
 #include "formats/tdm.h"
 #include "formats/track_gathering.h"
-#include "text/number_text.h"
+#include "text/date_text.h"
 
 #include <cstddef>
 #include <cstdio>
@@ -34,21 +36,13 @@ constexpr Shape markShape{"<?xml version=\"1.0\" ?>\n", "<tdm>\n", "2, 1", "APPA
 class DocumentFile
 {
 public:
-    explicit DocumentFile(const std::string& path) : file(fopen(path, "w"))
+    explicit DocumentFile(const std::string& path) : file(openFile(path, "w"))
     {
-        if (file != nullptr) {
-            std::setvbuf(file, nullptr, _IONBF, 0);
+        if (file) {
+            std::setvbuf(file.get(), nullptr, _IONBF, 0);
             text.reserve(pieceLength + longestAddition);
         }
     }
-    ~DocumentFile()
-    {
-        if (file != nullptr) {
-            std::fclose(file);
-        }
-    }
-    DocumentFile(const DocumentFile&) = delete;
-    DocumentFile& operator=(const DocumentFile&) = delete;
 
     std::string text;
 
@@ -64,10 +58,7 @@ public:
     bool close()
     {
         flush();
-        if (file == nullptr || std::fclose(std::exchange(file, nullptr)) != 0) {
-            return false;
-        }
-        return complete;
+        return file && std::fclose(file.release()) == 0 && complete;
     }
 
 private:
@@ -76,12 +67,11 @@ private:
 
     void flush()
     {
-        complete =
-            complete && file != nullptr && std::fwrite(text.data(), 1, text.size(), file) == text.size();
+        complete = complete && file && std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
         text.clear();
     }
 
-    std::FILE* file;
+    OpenFile file;
     bool complete = true;
 };
 
@@ -111,10 +101,10 @@ std::string escaped(const std::string& text)
     return out;
 }
 
-std::string epochOf(const TRecLabelPervichka_File& mark, EpochDates& dates)
+std::string epochOf(const TRecLabelPervichka_File& mark, DateTexts& dates)
 {
     std::string epoch;
-    appendEpoch(epoch, mark, dates);
+    appendEpoch(epoch, dates, mark.date, mark.time);
     return epoch;
 }
 
@@ -126,7 +116,7 @@ void appendHeader(std::string& out, const std::vector<TrackVtorichka>& tracks)
     appendIndented(out, 1, "</header>\n");
 }
 
-void appendMetadata(std::string& out, const TrackVtorichka& track, const Shape& shape, EpochDates& dates)
+void appendMetadata(std::string& out, const TrackVtorichka& track, const Shape& shape, DateTexts& dates)
 {
     appendIndented(out, 3, "<metadata>\n");
     appendElement(out, 4, "TIME_SYSTEM", "UTC");
@@ -188,7 +178,7 @@ void appendMark(std::string& out, std::string& epoch, const TRecLabelPervichka_F
     out += observationEnd;
 }
 
-void appendSegment(DocumentFile& file, const TrackVtorichka& track, const Shape& shape, EpochDates& dates)
+void appendSegment(DocumentFile& file, const TrackVtorichka& track, const Shape& shape, DateTexts& dates)
 {
     std::string& out = file.text;
     appendIndented(out, 2, "<segment>\n");
@@ -199,7 +189,7 @@ void appendSegment(DocumentFile& file, const TrackVtorichka& track, const Shape&
         fetchAhead(track.Marks, i);
         const TRecLabelPervichka_File& mark = track.Marks[i];
         epoch.clear();
-        appendEpoch(epoch, mark, dates);
+        appendEpoch(epoch, dates, mark.date, mark.time);
         if (shape.observationPerValue) {
             appendValues(out, epoch, mark);
         } else {
@@ -221,7 +211,7 @@ bool saveDocument(const std::string& path, const std::vector<TrackVtorichka>& tr
     if (countMarks(tracks) == 0) {
         appendIndented(file.text, 1, "<body />\n");
     } else {
-        EpochDates dates;
+        DateTexts dates;
         appendIndented(file.text, 1, "<body>\n");
         for (const TrackVtorichka& track : tracks) {
             if (!track.Marks.empty()) {
@@ -268,7 +258,7 @@ void GetTDMObservations(TiXmlElement* element, std::string tagName,
 {
     constexpr double noMagnitude = -1000.0;
     marks.reserve(marks.size() + countObservations(element, tagName.c_str()));
-    EpochDays days;
+    DayNumbers days;
     std::string epoch;
     MeasuredMark mark; // lives across the observations: what one does not say stays
     mark.m = noMagnitude;

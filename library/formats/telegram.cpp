@@ -1,11 +1,13 @@
 #include "formats/telegram.h"
 
-#include "files/essentials.h"
+#include "base/last_answer.h"
+#include "base/lines.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "files/text_files.h"
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
-#include "text/number_text.h"
 
 #include <array>
 #include <cstddef>
@@ -37,8 +39,6 @@ enum MarkWord : std::size_t
 
 // The tenths of a magnitude in its field; the three characters before it are not read.
 constexpr LineColumn tenths{3, 3};
-
-using DateTexts = LastAnswer<int, std::string>;
 
 // Takes the lines of a file one after the other.
 class TelegramLines
@@ -99,7 +99,7 @@ private:
     MeasuredMark markOf(const Words& words)
     {
         MeasuredMark mark;
-        mark.date = dates.to(words[date], packedDate);
+        mark.date = dates.answerTo(words[date], packedDate);
         mark.time = packedTime(words[time]);
         mark.RA = packedRA(words[rightAscension]);
         mark.DE = packedDE(words[declination]);
@@ -111,7 +111,7 @@ private:
     THeadTrVtor head;
     std::vector<MeasuredMark> block;
     TrackSequence tracks;
-    LastAnswer<std::string, int> dates;
+    DayNumbers dates;
 };
 
 void appendHead(std::string& out, const TrackVtorichka& track)
@@ -138,7 +138,7 @@ void appendMagnitude(std::string& out, double m)
 
 void appendMark(std::string& out, const TRecLabelPervichka_File& mark, DateTexts& dates)
 {
-    out += dates.to(int{mark.date}, MJDToDateMEA);
+    out += dates.answerTo(int{mark.date}, MJDToDateMEA);
     out += ' ';
     appendTimeMEA(out, mark.time, 2, true);
     out += ' ';

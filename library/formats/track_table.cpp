@@ -1,5 +1,10 @@
 #include "formats/track_table.h"
 
+#include "base/bytes.h"
+#include "base/last_answer.h"
+#include "base/lines.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "files/essentials.h"
 #include "files/text_files.h"
 #include "text/date_text.h"
@@ -28,14 +33,14 @@ struct Reading
     TrackVtorichka& track;
     TRecLabelPervichka_File& mark;
     TInterBlob& interBlob;
-    LastAnswer<std::string, int>& days;
+    DayNumbers& days;
 };
 struct Writing
 {
     const TrackVtorichka& track;
     const TRecLabelPervichka_File& mark;
     const TInterBlob& interBlob;
-    LastAnswer<int, std::string>& dates;
+    DateTexts& dates;
 };
 
 // A column: its description, who writes it, who reads it, and whether it is one of the head's, which stand on
@@ -132,12 +137,10 @@ constexpr TableColumn standardColumns[] = {
      nullptr},
     ofTrack<&Head::QRVName>("QRVName:Text"),
     {"date:Date",
-     [](std::string& out, const Writing& from) {
-         out += from.dates.to(int{from.mark.date}, [](int date) { return MJDToDate(date, "-"); });
-     },
+     [](std::string& out, const Writing& from) { appendDate(out, from.dates, from.mark.date, "-"); },
      [](const Reading& to, std::string_view field) {
          to.mark.date =
-             to.days.to(field, [](std::string_view day) { return DateToMJD(std::string(day), "-"); });
+             to.days.answerTo(field, [](std::string_view day) { return DateToMJD(std::string(day), "-"); });
      }},
     {"time:Time", [](std::string& out, const Writing& from) { appendTime(out, from.mark.time, 7, ":"); },
      [](const Reading& to, std::string_view field) { to.mark.time = timeToDay(field, ':'); }},
@@ -351,7 +354,7 @@ private:
     std::vector<ReadColumn> headColumns;
     std::size_t lastHeadPlace = 0;
     std::vector<std::string_view> fields;
-    LastAnswer<std::string, int> days;
+    DayNumbers days;
 };
 
 std::vector<TrackVtorichka> tracksOf(const std::vector<std::string_view>& lines)
@@ -418,7 +421,7 @@ public:
 
     /// What the column gives without a name and number from outside.
     static void appendData(std::string& out, const TableColumn* column, const TrackVtorichka& track,
-                           std::size_t index, LastAnswer<int, std::string>& dates)
+                           std::size_t index, DateTexts& dates)
     {
         static const TRecLabelPervichka_File newMark;
         static const TInterBlob newBlob;
@@ -454,7 +457,7 @@ private:
 
     std::vector<std::string> names;
     std::vector<const TableColumn*> columns; // a null pointer for a name that is not known
-    LastAnswer<int, std::string> dates;
+    DateTexts dates;
 };
 
 std::string shownName(const TrackVtorichka& track, const std::string& givenName, const std::string& source,
@@ -569,7 +572,7 @@ std::string getHeadTrack()
 std::string GetDataTrack(THeadTrack column, const TrackVtorichka& track, int index)
 {
     std::string text;
-    LastAnswer<int, std::string> dates;
+    DateTexts dates;
     const std::size_t mark = index < 0 ? track.Marks.size() : static_cast<std::size_t>(index);
     TrackWriter::appendData(text, columnNamed(column.Name), track, mark, dates);
     return text;

@@ -1,10 +1,11 @@
 #include "formats/variable_star_tables.h"
 
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "files/essentials.h"
 #include "files/text_files.h"
 #include "math/scalars.h"
 #include "text/calendar.h"
-#include "text/number_text.h"
 
 #include <array>
 #include <cmath>
@@ -138,7 +139,7 @@ void lVarSLightCurvesVO(std::string path, bool withHeader, std::vector<TLocPhoto
         cutParts(lines[first + i], '\t', items);
         const double time = toDouble(items[0]);
         TRecLabelPervichka_File& mark = blobs[i].Mark;
-        mark.date = tavelinMath::cutToInt(std::floor(time));
+        mark.date = cutToInt(std::floor(time));
         mark.time = tavelinMath::Frac(time);
         mark.mEnsemble = toDouble(items[1]);
     }

@@ -6,8 +6,8 @@
 
 #pragma once
 
-#include "records/photo_blob.h"
-#include "records/track.h"
+#include "../records/photo_blob.h"
+#include "../records/track.h"
 
 #include <string>
 #include <vector>

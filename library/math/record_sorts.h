@@ -5,10 +5,10 @@
 
 #pragma once
 
-#include "math/quick_sort.h"
-#include "records/blob.h"
-#include "records/disk_records.h"
-#include "records/photo_blob.h"
+#include "../records/blob.h"
+#include "../records/disk_records.h"
+#include "../records/photo_blob.h"
+#include "quick_sort.h"
 
 #include <vector>
 

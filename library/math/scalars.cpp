@@ -1,5 +1,7 @@
 #include "math/scalars.h"
 
+#include "base/numbers.h"
+
 #include <cmath>
 #include <cstdint>
 #include <iterator>
@@ -48,24 +50,9 @@ bool IsNumber(const std::string& text)
     return !text.empty() && text.find_first_not_of("-+.,0123456789") == std::string::npos;
 }
 
-int cutToInt(double x)
-{
-    if (std::isnan(x)) {
-        return 0;
-    }
-    if (x <= std::numeric_limits<int>::min()) {
-        return std::numeric_limits<int>::min();
-    }
-    if (x >= std::numeric_limits<int>::max()) {
-        return std::numeric_limits<int>::max();
-    }
-    return static_cast<int>(x);
-}
-
-// Halves go up here, and away from zero in RoundDouble.
 int RoundInt(double x)
 {
-    return cutToInt(std::floor(x + 0.5));
+    return tavelinUtils::cutToInt(std::floor(x + 0.5));
 }
 
 double RoundDouble(double x)
@@ -118,7 +105,7 @@ int GetCountData(int n, int least, double fraction)
     if (n < least) {
         return n;
     }
-    const int count = cutToInt(n * fraction);
+    const int count = tavelinUtils::cutToInt(n * fraction);
     return count < least ? least : count;
 }
 

@@ -16,10 +16,6 @@ double Frac(const double& x);
 /// an empty text is no number.
 bool IsNumber(const std::string& text);
 
-/// A double cut to an integer: towards zero, 0 for not-a-number, and the nearest end of the range for
-/// what does not fit.
-int cutToInt(double x);
-
 /// The floor of x + 0.5: 2.5 gives 3, -2.5 gives -2. What does not fit gives the nearest end of the range.
 int RoundInt(double x);
 

@@ -1,7 +1,7 @@
 #include "math/series_measures.h"
 
+#include "base/numbers.h"
 #include "base/stored_index.h"
-#include "math/scalars.h"
 
 #include <algorithm>
 #include <cmath>
@@ -136,7 +136,7 @@ void cDistAndVelo(int columns, int rows, double a, double f, double b, double c,
 
 int CalcDeltaUTC(double longitude)
 {
-    return cutToInt(cutToInt(longitude) / 15.0);
+    return tavelinUtils::cutToInt(tavelinUtils::cutToInt(longitude) / 15.0);
 }
 
 void iICtoBlob(const std::vector<TRepresent>& representatives, std::vector<THeadBlobs>& frames)

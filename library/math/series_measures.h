@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "records/blob.h"
+#include "../records/blob.h"
 
 #include <vector>
 

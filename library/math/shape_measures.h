@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "records/blob.h"
-#include "records/pixel.h"
+#include "../records/blob.h"
+#include "../records/pixel.h"
 
 #include <cstddef>
 #include <vector>

@@ -6,7 +6,7 @@
 
 #pragma once
 
-#include "records/pixel.h"
+#include "../records/pixel.h"
 
 #include <vector>
 

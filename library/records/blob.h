@@ -5,8 +5,8 @@
 
 #pragma once
 
-#include "records/pixel.h"
-#include "records/track.h"
+#include "pixel.h"
+#include "track.h"
 
 #include <cstddef>
 #include <string>

@@ -1,6 +1,6 @@
 #include "records/blob_conversions.h"
 
-#include "math/scalars.h"
+#include "base/numbers.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -352,7 +352,7 @@ VihodFullBranch_file VihodExt_To_VihodFullBranch(const VihodExt& record)
 {
     VihodFullBranch_file image;
     copyFittedFields(record, image);
-    image.AstrobCount = tavelinMath::cutToInt(record.AstrobCount);
+    image.AstrobCount = cutToInt(record.AstrobCount);
     image.PeakType = PeakTypeToInt(record.PeakType);
     image.TypeBlob = TypeBlobToInt(record.TypeBlob);
     image.BlobCode = BlobErrorCodeToInt(record.BlobCode);

@@ -5,8 +5,8 @@
 
 #pragma once
 
-#include "records/blob.h"
-#include "records/disk_records.h"
+#include "blob.h"
+#include "disk_records.h"
 
 #include <vector>
 

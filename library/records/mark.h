@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "records/enumerations.h"
+#include "enumerations.h"
 
 #include <cstddef>
 #include <string>

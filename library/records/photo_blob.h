@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "records/blob.h"
+#include "blob.h"
 
 namespace tavelinUtils {
 

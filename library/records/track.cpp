@@ -1,7 +1,5 @@
 #include "records/track.h"
 
-#include "math/quick_sort.h"
-
 namespace tavelinUtils {
 
 void SetNilHeadTrack(TrackVtorichka& track)
@@ -20,7 +18,7 @@ void SetNilHeadTrack(TrackVtorichka& track)
 
 bool SortTrackByName(const TrackVtorichka& a, const TrackVtorichka& b)
 {
-    return mycomp(a.MPCChecker, b.MPCChecker);
+    return a.MPCChecker < b.MPCChecker;
 }
 
 std::size_t countMarks(const std::vector<TrackVtorichka>& tracks)

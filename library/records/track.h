@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "records/enumerations.h"
-#include "records/mark.h"
+#include "enumerations.h"
+#include "mark.h"
 
 #include <cstddef>
 #include <string>

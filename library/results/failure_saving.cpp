@@ -1,7 +1,7 @@
 #include "results/failure_saving.h"
 
 #include "files/essentials.h"
-#include "files/file_operations.h"
+#include "files/paths.h"
 #include "results/code_table.h"
 #include "results/result_files.h"
 

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "results/result.h"
+#include "result.h"
 
 #include <string>
 

@@ -1,5 +1,6 @@
 #include "results/result_files.h"
 
+#include "base/bytes.h"
 #include "config/xml_document.h"
 #include "files/essentials.h"
 #include "results/code_table.h"

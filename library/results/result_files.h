@@ -18,7 +18,7 @@
 
 #pragma once
 
-#include "results/result.h"
+#include "result.h"
 
 #include <string>
 #include <vector>

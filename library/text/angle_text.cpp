@@ -1,8 +1,7 @@
 #include "text/angle_text.h"
 
-#include "files/essentials.h"
-#include "math/scalars.h"
-#include "text/number_text.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
 
 #include <array>
 #include <cmath>
@@ -23,9 +22,9 @@ struct Sexagesimal
 
 Sexagesimal sexagesimalOf(double value)
 {
-    const int whole = tavelinMath::cutToInt(value);
+    const int whole = cutToInt(value);
     const double minutes = (value - whole) * 60.0;
-    const int minute = tavelinMath::cutToInt(minutes);
+    const int minute = cutToInt(minutes);
     return {whole, minute, (minutes - minute) * 60.0};
 }
 

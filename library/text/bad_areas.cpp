@@ -1,5 +1,6 @@
 #include "text/bad_areas.h"
 
+#include "base/numbers.h"
 #include "math/scalars.h"
 #include "results/code_table.h"
 #include "text/number_text.h"

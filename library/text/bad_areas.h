@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "results/result.h"
+#include "../results/result.h"
 
 #include <string>
 #include <vector>

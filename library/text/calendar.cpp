@@ -1,5 +1,6 @@
 #include "text/calendar.h"
 
+#include "base/numbers.h"
 #include "math/scalars.h"
 #include "text/number_text.h"
 
@@ -70,9 +71,9 @@ void DayToTime(double day, int& hour, int& minute, double& second)
     // The guard and the rounded hours keep 12:00:00 from coming out as 11:59:59.999.
     constexpr double guard = 1e-14;
     const double hours = SetPrecision((tavelinMath::Frac(day) + guard) * 24.0, 12);
-    hour = tavelinMath::cutToInt(hours);
+    hour = cutToInt(hours);
     const double minutes = (hours - hour) * 60.0;
-    minute = tavelinMath::cutToInt(minutes);
+    minute = cutToInt(minutes);
     second = (minutes - minute) * 60.0;
 }
 
@@ -92,7 +93,7 @@ TDateTime MJDToDateTime(double mjd)
 
 int DateToMJD(std::string year, std::string month, std::string day)
 {
-    return tavelinMath::cutToInt(YMDToMJD(toInt(year), toInt(month), toInt(day)));
+    return cutToInt(YMDToMJD(toInt(year), toInt(month), toInt(day)));
 }
 
 long Now()

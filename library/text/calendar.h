@@ -72,28 +72,4 @@ TDateTime NowToCode();
 /// The MJD of this moment's local date and time.
 double NowToMJD();
 
-/// Keeps the last answer of a costly conversion. Neighbouring marks share their night, so that the calendar
-/// runs once for each new date.
-template <class Question, class Answer>
-class LastAnswer
-{
-public:
-    /// The answer to a question: the kept one where the question is that of the last call.
-    template <class Asked, class Convert>
-    const Answer& to(const Asked& question, Convert convert)
-    {
-        if (!known || question != lastQuestion) {
-            answer = convert(question);
-            lastQuestion = Question(question);
-            known = true;
-        }
-        return answer;
-    }
-
-private:
-    bool known = false;
-    Question lastQuestion{};
-    Answer answer{};
-};
-
 } // namespace tavelinUtils

@@ -1,13 +1,16 @@
 #include "text/date_text.h"
 
-#include "files/essentials.h"
+#include "base/last_answer.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
 #include "math/scalars.h"
 #include "text/angle_text.h"
 #include "text/number_text.h"
 
 #include <algorithm>
 #include <array>
-#include <vector>
+#include <cstddef>
+#include <string>
 
 namespace tavelinUtils {
 namespace {
@@ -88,13 +91,17 @@ void appendCarriedTime(std::string& out, TimeOfDay time, int precision, std::str
     out += seconds;
 }
 
-// The first three parts of a text; a part that is not there is empty.
-std::array<std::string, 3> threeParts(const std::string& text, const std::string& separator)
+// The first three parts of a text at a separator of any length; a part that is not there is empty.
+std::array<std::string, 3> partsAt(const std::string& text, const std::string& separator)
 {
-    std::vector<std::string> tokens;
-    Pars9(text + separator, tokens, separator);
-    tokens.resize(3);
-    return {std::move(tokens[0]), std::move(tokens[1]), std::move(tokens[2])};
+    std::array<std::string, 3> parts;
+    std::size_t count = 0;
+    forEachToken(text + separator, separator, [&](std::string_view part) {
+        if (count < parts.size()) {
+            parts[count++] = part;
+        }
+    });
+    return parts;
 }
 
 } // namespace
@@ -192,7 +199,7 @@ std::string MJDToDateTEL(double mjd)
 int packedDate(std::string_view text)
 {
     const std::string_view year = text.substr(4, 2);
-    return tavelinMath::cutToInt(
+    return cutToInt(
         YMDToMJD(toInt(std::string("20").append(year)), toInt(text.substr(2, 2)), toInt(text.substr(0, 2))));
 }
 
@@ -255,7 +262,7 @@ std::string DateOfNight(double mjd, double offsetHours, std::string separator)
 
 int DateToMJD(std::string text, std::string separator)
 {
-    const auto [year, month, day] = threeParts(text, separator);
+    const auto [year, month, day] = partsAt(text, separator);
     return DateToMJD(year, month, day);
 }
 
@@ -267,7 +274,7 @@ double timeToDay(std::string_view text, char separator)
 
 double TimeToDay(std::string text, std::string separator)
 {
-    const auto [hour, minute, second] = threeParts(text, separator);
+    const auto [hour, minute, second] = partsAt(text, separator);
     return TimeToDay(toInt(hour), toInt(minute), toDouble(second));
 }
 
@@ -298,6 +305,30 @@ std::string NowToDateTimeWin(bool fraction, std::string middleSeparator, std::st
 std::string NowToDate(std::string separator)
 {
     return DateToStr(0, 0, 0, separator);
+}
+
+void appendDate(std::string& out, DateTexts& dates, int date, const char* separator)
+{
+    out += dates.answerTo(date, [separator](int day) { return MJDToDate(day, separator); });
+}
+
+void appendEpoch(std::string& out, DateTexts& dates, int date, double time)
+{
+    appendDate(out, dates, date, "-");
+    out += 'T';
+    appendTime(out, time, 5, ":");
+}
+
+void readEpoch(std::string_view text, DayNumbers& days, int& date, double& time)
+{
+    if (text.ends_with('T')) {
+        text.remove_suffix(1); // nothing follows it, so it separates nothing
+    }
+    std::array<std::string_view, 2> parts;
+    if (cutParts(text, 'T', parts) == parts.size()) {
+        date = days.answerTo(parts[0], [](std::string_view day) { return DateToMJD(std::string(day), "-"); });
+        time = timeToDay(parts[1], ':');
+    }
 }
 
 } // namespace tavelinUtils

@@ -5,12 +5,15 @@
 
 #pragma once
 
-#include "text/calendar.h"
+#include "calendar.h"
 
 #include <string>
 #include <string_view>
 
 namespace tavelinUtils {
+
+class DateTexts; // of base/last_answer.h, as the next
+class DayNumbers;
 
 /// Hour, minute and seconds with the separator between them and seconds rounded to the precision. Seconds
 /// that round up to 60 are carried into the minutes, these into the hours, and hour 24 becomes 0; the date
@@ -100,5 +103,15 @@ void appendTimeTEL(std::string& out, double day);
 int packedDate(std::string_view text);
 double packedTime(std::string_view text);
 double timeToDay(std::string_view text, char separator);
+
+/// Appends what MJDToDate gives of a whole MJD. The memo serves one separator.
+void appendDate(std::string& out, DateTexts& dates, int date, const char* separator);
+
+/// Appends an epoch of a tracking message: "2023-02-25T12:00:00.00000".
+void appendEpoch(std::string& out, DateTexts& dates, int date, double time);
+
+/// Reads an epoch into a whole MJD and the fraction of the day. A text that a "T" does not part into two
+/// leaves both as they were.
+void readEpoch(std::string_view text, DayNumbers& days, int& date, double& time);
 
 } // namespace tavelinUtils

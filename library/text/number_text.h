@@ -70,34 +70,4 @@ void DeleteLastSymbol(std::string& text, std::string set);
 /// of them.
 std::string DelForbiddenSymbols(std::string text, std::string replacement);
 
-/// The number at the front of a text, as `strtod` reads it: leading white space is skipped, the longest
-/// valid prefix counts, and a text without one gives 0.
-double toDouble(std::string_view text);
-
-/// The same for an integer, as `strtol` reads it in base 10, cut to 32 bits.
-int toInt(std::string_view text);
-
-/// Appends what Str9 gives.
-void appendFixed(std::string& out, double value, int precision);
-
-/// Appends what Str9 gives, and a tab.
-void appendColumn(std::string& out, double value, int precision);
-
-/// Appends what Str9 gives, with a "0" in front where the number in that rounded text is below 10.0. So
-/// a negative number has the "0" before its sign.
-void appendFixedTwoDigits(std::string& out, double value, int precision);
-
-/// Appends what IntToStr gives.
-void appendInt(std::string& out, int value);
-
-/// Appends what IntToStr gives, with a "0" in front of a value of at most 9.
-void appendTwoDigits(std::string& out, int value);
-
-/// Removes the first point that stands at or behind the position, where there is one.
-void erasePoint(std::string& out, std::size_t begin);
-
-/// Append a text padded with blanks on its right, or on its left, to the width.
-void appendPaddedRight(std::string& out, std::string_view text, std::size_t width);
-void appendPaddedLeft(std::string& out, std::string_view text, std::size_t width);
-
 } // namespace tavelinUtils

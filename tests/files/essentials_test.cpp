@@ -1,3 +1,6 @@
+#include "base/bytes.h"
+#include "base/lines.h"
+#include "base/tokens.h"
 #include "files/essentials.h"
 
 #include "support/temporary_folder.h"

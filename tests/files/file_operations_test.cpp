@@ -1,4 +1,5 @@
 #include "files/file_operations.h"
+#include "files/paths.h"
 
 #include "support/child_process.h"
 #include "support/temporary_folder.h"

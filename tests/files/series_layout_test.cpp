@@ -1,3 +1,4 @@
+#include "files/paths.h"
 #include "files/series_layout.h"
 
 #include "support/temporary_folder.h"

@@ -1,3 +1,4 @@
+#include "base/bytes.h"
 #include "formats/ssmas.h"
 
 #include "support/failed_writes.h"

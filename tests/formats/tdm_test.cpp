@@ -1,4 +1,7 @@
+#include "base/bytes.h"
+#include "base/last_answer.h"
 #include "formats/tdm.h"
+#include "text/date_text.h"
 
 #include "support/failed_writes.h"
 #include "support/measured_marks.h"
@@ -107,8 +110,8 @@ std::string dataOf(const std::string& epoch, const std::string& RA, const std::s
 std::string epochOf(const TRecLabelPervichka_File& mark)
 {
     std::string text;
-    EpochDates dates;
-    appendEpoch(text, mark, dates);
+    DateTexts dates;
+    appendEpoch(text, dates, mark.date, mark.time);
     return text;
 }
 
@@ -367,14 +370,14 @@ TEST(TdmEpoch, SecondsThatRoundUpTo60AreCarriedAndTheDateStays)
 TEST(TdmEpoch, IsAppendedAndDatesMayAlternate)
 {
     std::string text = "<";
-    EpochDates dates;
-    appendEpoch(text, {.date = 60000, .time = 0.5}, dates);
+    DateTexts dates;
+    appendEpoch(text, dates, 60000, 0.5);
     text += "|";
-    appendEpoch(text, {.date = 60000, .time = 0.25}, dates);
+    appendEpoch(text, dates, 60000, 0.25);
     text += "|";
-    appendEpoch(text, {.date = 0, .time = 0.25}, dates);
+    appendEpoch(text, dates, 0, 0.25);
     text += "|";
-    appendEpoch(text, {.date = 60000, .time = 0.75}, dates);
+    appendEpoch(text, dates, 60000, 0.75);
     EXPECT_EQ(text, "<2023-02-25T12:00:00.00000|2023-02-25T06:00:00.00000|1858-11-17T06:00:00.00000|"
                     "2023-02-25T18:00:00.00000");
 }
@@ -409,7 +412,7 @@ TEST(TdmEpoch, DateAndTimeAreRead)
         {"xTy", 0, 0.0},
         {"TT", 0, 0.0},
     };
-    EpochDays days;
+    DayNumbers days;
     for (const auto& [text, date, time] : rows) {
         SCOPED_TRACE(text);
         int readDate = 1;
@@ -424,7 +427,7 @@ TEST(TdmEpoch, DateAndTimeAreRead)
 
 TEST(TdmEpoch, TextThatIsNotTwoPartsLeavesDateAndTime)
 {
-    EpochDays days;
+    DayNumbers days;
     for (const char* text : {"", "T", "=", "2023-02-25", "2023-02-25T", "2023-02-25 12:00:00",
                              "2023-02-25t12:00:00", "12:00:00", "2023-02-25T12:00:00UTC", "TTT"})
     {

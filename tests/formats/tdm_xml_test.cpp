@@ -1,3 +1,4 @@
+#include "base/bytes.h"
 #include "formats/tdm_xml.h"
 
 #include "config/xml_document.h"

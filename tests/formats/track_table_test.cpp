@@ -1,3 +1,4 @@
+#include "base/bytes.h"
 #include "formats/track_table.h"
 
 #include "results/result.h"

@@ -1,3 +1,4 @@
+#include "base/numbers.h"
 #include "records/enumerations.h"
 
 #include <gtest/gtest.h>

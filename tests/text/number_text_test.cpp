@@ -1,3 +1,4 @@
+#include "base/numbers.h"
 #include "text/number_text.h"
 
 #include "support/child_process.h"

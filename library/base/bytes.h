@@ -1,0 +1,61 @@
+// Bytes of files: opening, whole files in and out, presence.
+
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tavelinUtils {
+
+/// Closes the stream of an OpenFile.
+struct CloseFile
+{
+    void operator()(std::FILE* file) const
+    {
+        std::fclose(file);
+    }
+};
+
+/// A stream that closes itself.
+using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
+
+/// Opens a file in a mode of the C library. A null pointer where that fails.
+OpenFile openFile(const std::string& path, const char* mode);
+
+/// Whether the path can be opened for reading, as a folder can too.
+bool canBeOpened(const std::string& path);
+
+/// Opens a file for reading as one stream of bytes, without a buffer of the stream's own. A null pointer
+/// where it cannot be opened, or is a folder.
+OpenFile openForReading(const std::string& path);
+
+/// The size of an open file in bytes; 0 for what is no regular file.
+std::size_t sizeOf(std::FILE* file);
+
+/// The bytes of a file.
+struct FileBytes
+{
+    /// Zero bytes behind the last, so that a scanner may look a few bytes ahead at the end.
+    static constexpr std::size_t spareBytes = 8;
+
+    std::unique_ptr<char[]> bytes;
+    std::size_t size = 0;
+
+    std::string_view view() const
+    {
+        return {bytes.get(), size};
+    }
+};
+
+/// Reads a file to its end in one step, with spare zero bytes behind the last. False when it cannot be
+/// opened or read, as with a folder; the target is then untouched.
+bool readBytes(const std::string& path, FileBytes& file);
+
+/// Opens a file in the mode and hands the bytes to the system in one write. False when opening, writing or
+/// closing fails.
+bool writeBytes(const std::string& path, const char* mode, std::string_view bytes);
+
+} // namespace tavelinUtils
