@@ -16,6 +16,8 @@ using tavelinUtils::TrackVtorichka;
 
 namespace {
 
+namespace resultCode = tavelinUtils::resultCode;
+
 TFuncRes handMade(int code, std::string comment, std::string description)
 {
     return TFuncRes{code, std::move(comment), std::move(description), {}};
@@ -43,7 +45,7 @@ TFuncRes converter(const TConvMea& task, std::vector<TrackVtorichka>& tracks)
 {
     const FormatWord* const input = formatWord(formatOpticMea_to_int(task.inputformat));
     if (input == nullptr) {
-        return handMade(-1, "unknown input format", "format_in");
+        return handMade(resultCode::runFailed, "unknown input format", "format_in");
     }
     tracks.clear();
     if (input->read != nullptr) {
@@ -51,7 +53,7 @@ TFuncRes converter(const TConvMea& task, std::vector<TrackVtorichka>& tracks)
             tracks = input->read(task.path_in, task.originator);
         } catch (...) {
             // The comment is the path too; a sentence about the format does not reach the log.
-            return handMade(-1, task.path_in, task.path_in);
+            return handMade(resultCode::runFailed, task.path_in, task.path_in);
         }
     }
     for (TrackVtorichka& track : tracks) {
@@ -60,17 +62,17 @@ TFuncRes converter(const TConvMea& task, std::vector<TrackVtorichka>& tracks)
     std::string name = tavelinUtils::ExtractOnlyFileName(task.path_in);
     if (task.autoname) {
         if (!hasFirstMark(tracks)) {
-            return handMade(-1, task.path_in, task.path_in);
+            return handMade(resultCode::runFailed, task.path_in, task.path_in);
         }
         name = CreateAutoName(tracks.front(), task.PARTICIPANT_1, tracks.front().QRVName);
     }
     // No point is put between: the extension of a task carries its own.
     const std::string output = task.out_dir + name + task.outputextension;
     if (output == task.path_in) {
-        return handMade(-3, "input file = output file", task.path_in + " = " + output);
+        return handMade(resultCode::outputIsInput, "input file = output file", task.path_in + " = " + output);
     }
     SelectFormatAndSave(output, task.outputformat, tracks); // the run reports the path it tried
-    return GetErrCode(0, output);
+    return GetErrCode(resultCode::success, output);
 }
 
 TFuncRes converter(std::string path_in, std::string out_dir, std::string outputextension,

@@ -8,6 +8,7 @@
 #include "formats/tdm.h"
 #include "formats/tdm_xml.h"
 #include "formats/telegram.h"
+#include "results/code_table.h"
 
 #include <cstddef>
 #include <iterator>
@@ -63,7 +64,7 @@ TFuncRes SelectFormatAndSave(std::string path, std::string format, std::vector<T
     TFuncRes result;
     const FormatWord* const row = formatWord(formatOpticMea_to_int(format));
     if (row == nullptr) {
-        result.Code = -2;
+        result.Code = tavelinUtils::resultCode::unknownOutputFormat;
         result.Comment = "unknown output format";
         result.Description = "format_out";
     } else {

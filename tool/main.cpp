@@ -45,7 +45,7 @@ int main(int argc, char** argv)
     const std::string path = argc == 2 ? argv[1] : defaultTask;
     TConvMea task;
     if (!ltaskconv(path, task)) {
-        SaveLogCode(argv[0] + std::string(".log"), GetErrCode(7, path));
+        SaveLogCode(argv[0] + std::string(".log"), GetErrCode(resultCode::unopenedFile, path));
         return 0;
     }
     task.out_dir = settledFolder(task);

@@ -8,6 +8,7 @@
 #include "files/paths.h"
 #include "format_words.h"
 #include "formats/track_table.h"
+#include "results/code_table.h"
 #include "text/number_text.h"
 
 #include <cstddef>
@@ -155,7 +156,7 @@ TFuncRes CreateMultiReport(const TConvMea& task, std::vector<TrackList>& reports
 {
     TFuncRes result;
     if (task.paths.empty()) {
-        result.Code = -1;
+        result.Code = resultCode::runFailed;
         result.Description = "paths.size() == 0";
         return result;
     }
@@ -167,13 +168,13 @@ TFuncRes CreateMultiReport(const TConvMea& task, std::vector<TrackList>& reports
     }
     result.Description.clear();
     if (task.whatSave == "object" && !keepObject(series, task.object)) {
-        result.Code = -1;
+        result.Code = resultCode::runFailed;
         return result;
     }
     bool withoutMarks = false;
     reports = dividedTracks(std::move(series), task, withoutMarks);
     if (withoutMarks) {
-        result.Code = -1;
+        result.Code = resultCode::runFailed;
     }
     const bool eachObject = task.toSeparateFile == "eachobject";
     for (std::size_t number = 0; number < reports.size(); ++number) {
@@ -186,7 +187,7 @@ TFuncRes CreateMultiReport(const TConvMea& task, std::vector<TrackList>& reports
         }
         const std::optional<std::string> name = fileName(task, report, number);
         if (!name) {
-            result.Code = -1;
+            result.Code = resultCode::runFailed;
             continue;
         }
         // The point stands here: the extension of a report's task is bare.

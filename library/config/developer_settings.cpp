@@ -174,7 +174,7 @@ void lDevelopFitting(std::string path, TDevelopFitting& settings)
 {
     ParameterFile file(path);
     if (file.root() == nullptr) {
-        throwErrCode(5, path);
+        throwErrCode(resultCode::unreadableFile, path);
     }
     readKeys(file.root(), fittingKeys, settings);
 }

@@ -40,7 +40,7 @@ int sParamFittXML(std::string path, const std::vector<std::string>& FitsList, st
 void lThresFitting(std::string path, std::vector<std::string>& FitsList)
 {
     if (!readParameters(path, {{"FitsList", &FitsList, "stringSubStract"}})) {
-        throwErrCode(FileExists(path) ? 5 : 1, path);
+        throwErrCode(FileExists(path) ? resultCode::unreadableFile : resultCode::noParameterFile, path);
     }
 }
 
@@ -187,7 +187,7 @@ int sHeadParams(std::string path, double FwhmMath, double FwhmSTD, double SigFit
                 double StepMath, double StepSTD, double RawMath, double RawSTD, TTypeFrame TypeFrame)
 {
     if (folderIsMissing(path)) {
-        throwErrCode(6, path);
+        throwErrCode(resultCode::noFolder, path);
     }
     return saveParameters(path, branch("HeadBlob", {{"FwhmMath", FwhmMath},
                                                     {"FwhmSTD", FwhmSTD},

@@ -103,7 +103,7 @@ void lThresADD(std::string path, std::string& AddType, std::string& BaseFit, std
                                {"FitsList", &FitsList, "string"},
                                {"ShiftList", &ShiftList, "dxdy"}}))
     {
-        throwErrCode(FileExists(path) ? 5 : 1, path);
+        throwErrCode(FileExists(path) ? resultCode::unreadableFile : resultCode::noParameterFile, path);
     }
 }
 

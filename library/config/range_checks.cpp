@@ -106,23 +106,23 @@ bool isListed(int value, std::string_view list)
 TFuncRes lConfig(std::string path, TExe& exe)
 {
     if (!FileExists(path)) {
-        return GetErrCode(138, path);
+        return GetErrCode(resultCode::noConfiguration, path);
     }
     TtavelinXmlDocument document(path);
     if (!document.LoadFile()) {
-        return GetErrCode(139, path);
+        return GetErrCode(resultCode::brokenConfiguration, path);
     }
     for (const Program& program : programs) {
         GetText(document.FirstChildElement(), program.key, exe.*program.path);
     }
-    return GetErrCode(0, "");
+    return GetErrCode(resultCode::success, "");
 }
 
 TPorogs LoadUserConf(std::string seriesFolder, std::string programFolder, std::string configPath,
                      std::string logPath, TFuncRes& result, bool loadTLE)
 {
     slog(logPath, "start load userConf");
-    result = GetErrCode(0, "");
+    result = GetErrCode(resultCode::success, "");
     TPorogs porogs;
     SetBlanks(porogs);
     porogs.exe.Java = "java";
@@ -131,18 +131,18 @@ TPorogs LoadUserConf(std::string seriesFolder, std::string programFolder, std::s
     if (!programFolder.empty()) {
         result = lConfig(programConfig, porogs.exe);
         nameMissingPrograms(porogs.exe);
-        if (result.Code != 0) {
+        if (result.Code != resultCode::success) {
             return porogs;
         }
     }
     const std::string config = seriesConfigurationOf(configPath, seriesFolder);
     slog(logPath, "userConf.Config = " + config);
     if (config.empty()) {
-        result = GetErrCode(123, "");
-        throwErrCode(123, "");
+        result = GetErrCode(resultCode::undeterminedConfiguration, "");
+        throwErrCode(resultCode::undeterminedConfiguration, "");
     }
     result = LoadUserConfXML(config, porogs, loadTLE);
-    if (result.Code == 0) {
+    if (result.Code == resultCode::success) {
         DelExtensionExe(porogs);
         CheckModulsForPaths(programFolder, porogs);
         slog(logPath, "end load userConf");
@@ -181,7 +181,7 @@ void CheckModulsForPaths(std::string folder, TPorogs& porogs)
 
 void SetCode142(std::string name, std::string range, TFuncRes& result)
 {
-    result.Code = 142;
+    result.Code = resultCode::settingOutOfRange;
     result.Description.append(name).append(" out of [").append(range).append("] ");
 }
 

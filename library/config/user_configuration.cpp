@@ -91,14 +91,14 @@ TFuncRes LoadUserConfXML(std::string path, TPorogs& porogs, bool loadTLE)
 {
     if (!FileExists(path)) {
         const std::string description = "Load user conf.=" + path;
-        return failure(138, description, description);
+        return failure(resultCode::noConfiguration, description, description);
     }
     TtavelinXmlDocument document(path);
     if (!document.LoadFile()) {
-        return failure(139, "Load user conf. " + path, path);
+        return failure(resultCode::brokenConfiguration, "Load user conf. " + path, path);
     }
     readSections(document.FirstChildElement(), porogs, loadTLE);
-    return GetErrCode(0, "");
+    return GetErrCode(resultCode::success, "");
 }
 
 } // namespace tavelinUtils

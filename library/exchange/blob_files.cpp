@@ -50,7 +50,7 @@ template <class Record>
 void saveFitted(const std::string& path, const std::vector<Record>& records)
 {
     if (!writeImages(path, records)) {
-        throwErrCode(7, path);
+        throwErrCode(resultCode::unopenedFile, path);
     }
 }
 

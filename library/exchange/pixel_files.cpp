@@ -175,7 +175,7 @@ std::vector<double> ReadArrayFromFileDbl(std::string path, int n)
 {
     const OpenFile file = openForReading(path);
     if (!file) {
-        throwErrCode(5, path);
+        throwErrCode(resultCode::unreadableFile, path);
     }
     std::vector<double> values(static_cast<std::size_t>(std::max(n, 0)));
     const std::size_t count = std::fread(values.data(), sizeof(double), values.size(), file.get());

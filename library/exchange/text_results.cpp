@@ -7,6 +7,7 @@
 #include "exchange/record_io.h"
 #include "files/essentials.h"
 #include "files/text_files.h"
+#include "results/code_table.h"
 #include "text/number_text.h"
 
 #include <array>
@@ -250,7 +251,7 @@ int lIniASTAP(std::string path, TFitHead& head)
 int lFisherTable(std::string path, [[maybe_unused]] double value, TFisherTable& table)
 {
     if (!FileExists(path)) {
-        return 4;
+        return resultCode::noFile;
     }
     FileBytes file;
     TFisherTable read;
@@ -265,7 +266,7 @@ int lFisherTable(std::string path, [[maybe_unused]] double value, TFisherTable& 
         }
     });
     if (!isReadable || count < 3) {
-        return 2;
+        return resultCode::emptyFile;
     }
     for (std::size_t i = 0; i < read.Columns.size(); ++i) {
         if (read.Columns[i] != 0.0) { // 0.0, and not the number that was handed in
@@ -273,7 +274,7 @@ int lFisherTable(std::string path, [[maybe_unused]] double value, TFisherTable& 
         }
     }
     table = std::move(read);
-    return 0;
+    return resultCode::success;
 }
 
 std::string DiffSysCoordSatToStr(TCoordSat differences)
@@ -300,7 +301,7 @@ TFuncRes LoadResultExe(std::string path)
 {
     TFuncRes result;
     if (!FileExists(path)) {
-        result.Code = -1;
+        result.Code = resultCode::noResultFile;
         result.Comment = noResultFile;
         result.Description = noResultFile;
         return result;

@@ -73,7 +73,7 @@ void rewriteText(const std::string& path, std::string_view text)
 void writeText(const std::string& path, std::string_view text)
 {
     if (!writeBytes(path, "w", text)) {
-        throwErrCode(7, path);
+        throwErrCode(resultCode::unopenedFile, path);
     }
 }
 

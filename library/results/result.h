@@ -12,7 +12,7 @@ namespace tavelinUtils {
 /// How an operation ended. A new record says that all is well.
 struct TFuncRes
 {
-    int Code = 0;                     ///< 0 for success; code_table.h lists the others
+    int Code = 0;                     ///< 0 for success; code_table.h names the others
     std::string Comment = "OK";       ///< the text of the code, or one set by hand
     std::string Description = "OK";   ///< what it is about, as a rule a path or a name
     std::vector<std::string> Details; ///< further lines of the operation; no result file shows them

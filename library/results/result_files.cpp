@@ -104,13 +104,13 @@ int sResXML(std::string path, std::vector<TFuncRes> results)
 TFuncRes lResXML(std::string path)
 {
     if (!FileExists(path)) {
-        return GetErrCode(-1, path);
+        return GetErrCode(resultCode::noResultFile, path);
     }
     TtavelinXmlDocument document(path);
     if (!document.LoadFile()) {
-        return GetErrCode(5, path);
+        return GetErrCode(resultCode::unreadableFile, path);
     }
-    TFuncRes result = GetErrCode(0, "");
+    TFuncRes result = GetErrCode(resultCode::success, "");
     TiXmlElement* element = document.FirstChildElement()->FirstChildElement("Result");
     for (; element != nullptr; element = element->NextSiblingElement("Result")) {
         readResult(element, result);
@@ -121,17 +121,17 @@ TFuncRes lResXML(std::string path)
 std::vector<TFuncRes> lArrResXML(std::string path)
 {
     if (!FileExists(path)) {
-        return {GetErrCode(-1, path)};
+        return {GetErrCode(resultCode::noResultFile, path)};
     }
     TtavelinXmlDocument document(path);
     if (!document.LoadFile()) {
-        return {GetErrCode(7, path)};
+        return {GetErrCode(resultCode::unopenedFile, path)};
     }
     std::vector<TFuncRes> results;
     TiXmlElement* const list = document.FirstChildElement("ResultsList");
     TiXmlElement* element = list == nullptr ? nullptr : list->FirstChildElement("Result");
     for (; element != nullptr; element = element->NextSiblingElement("Result")) {
-        results.push_back(GetErrCode(0, ""));
+        results.push_back(GetErrCode(resultCode::success, ""));
         readResult(element, results.back());
     }
     return results;

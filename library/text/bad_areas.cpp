@@ -51,8 +51,8 @@ void CheckBadAreaFrame(std::string name, std::string text, TFuncRes& result)
     bool ok = true;
     ParsBadAreaFrame(text, ok);
     if (!ok) {
-        result.Code = 142;
-        result.Comment = GetTextCode(142) + name;
+        result.Code = resultCode::settingOutOfRange;
+        result.Comment = GetTextCode(resultCode::settingOutOfRange) + name;
     }
 }
 

@@ -214,6 +214,31 @@ TEST(CodeTable, EveryCodeHasItsText)
     }
 }
 
+TEST(CodeTable, NamedCodesAreThoseOfTheirTexts)
+{
+    EXPECT_EQ(GetTextCode(resultCode::noResultFile), "result file not found");
+    EXPECT_EQ(GetTextCode(resultCode::success), "OK");
+    EXPECT_EQ(GetTextCode(resultCode::noParameterFile), "Parameter file does not exist");
+    EXPECT_EQ(GetTextCode(resultCode::emptyFile), "File_Is_Emty");
+    EXPECT_EQ(GetTextCode(resultCode::noFile), "File does not exist");
+    EXPECT_EQ(GetTextCode(resultCode::unreadableFile), "Failed to read parameter");
+    EXPECT_EQ(GetTextCode(resultCode::noFolder), "Directory does not exist");
+    EXPECT_EQ(GetTextCode(resultCode::unopenedFile), "Error opening file");
+    EXPECT_EQ(GetTextCode(resultCode::undeterminedConfiguration), "Error downloading configuration file.");
+    EXPECT_EQ(GetTextCode(resultCode::noConfiguration),
+              "Error loading configuration parameters, file missing: ");
+    EXPECT_EQ(GetTextCode(resultCode::brokenConfiguration), "Error loading configuration file, file broken.");
+    EXPECT_EQ(GetTextCode(resultCode::settingOutOfRange),
+              "These configuration file parameters are out of the range of acceptable values: ");
+}
+
+TEST(CodeTable, ConverterHasCodesOfItsOwn)
+{
+    EXPECT_EQ(resultCode::runFailed, -1);
+    EXPECT_EQ(resultCode::unknownOutputFormat, -2);
+    EXPECT_EQ(resultCode::outputIsInput, -3);
+}
+
 TEST(CodeTable, CodesWithoutARowAreUnknown)
 {
     std::map<int, const char*> known;
