@@ -44,7 +44,7 @@ std::string column(const std::string& text, int width)
 
 std::string rowOf(const TrackVtorichka& track)
 {
-    // Marks stand in the order of the file, which need not be that of time.
+    // Marks are in the order of the file, which need not be that of time.
     const auto [first, last] = std::minmax_element(track.Marks.begin(), track.Marks.end(), SortTrackByTime);
     const double minutes = ((last->date + last->time) - (first->date + first->time)) * minutesOfDay;
     const std::vector<double> magnitudes = magnitudesOf(track);

@@ -33,7 +33,7 @@ void list(const std::vector<TVOBlobFile>& marks)
     }
     std::printf("%zu marks, median magnitude %.2f\n", marks.size(), tavelinMath::Median2(magnitudes));
 
-    // The keys are sorted apart from the records; the index tells where each came from.
+    // The keys are sorted apart from the records; the index says where each came from.
     std::vector<unsigned long> index;
     QuickSort(magnitudes, index);
     index.resize(std::min<std::size_t>(index.size(), 3));

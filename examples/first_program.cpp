@@ -18,7 +18,7 @@ int main(int argc, char** argv)
     }
     const auto tracks = plMEATrack(argv[1], "observatory");
     if (tracks.empty()) {
-        // The reader tells neither of a missing file nor of one without a readable line.
+        // The reader reports neither a missing file nor one without a readable line.
         std::fprintf(stderr, "%s: nothing to read\n", argv[1]);
         return 1;
     }

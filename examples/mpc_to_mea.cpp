@@ -1,4 +1,4 @@
-// Makes a MEA file, which tasks convert further, out of a report to the Minor Planet Center.
+// Makes a MEA file, an input for tasks, from a report to the Minor Planet Center.
 //
 //   mpc_to_mea W85_20180216.mpc.txt out/W85_20180216.mea
 

@@ -30,7 +30,7 @@ set datafile separator tab
 object = 7
 unixTime(julianDate) = (julianDate - 2440587.5) * 86400
 
-# The objects in the order of the table, each once. Names may hold blanks, so tabs part them.
+# The objects in the order of the table, each once. Names may hold blanks, so tabs separate them.
 names = "\t"
 note(name) = (strstrt(names, "\t".name."\t") ? names : (names = names.name."\t"), 0)
 stats table skip 1 using (note(strcol(object))) nooutput
@@ -78,7 +78,7 @@ set ylabel sprintf('%s magnitude', brightness)
 set grid linetype 1 linewidth 0.5 linecolor rgb '#d8d8d8'
 set border linecolor rgb '#606060'
 
-# Seven colours that also those tell apart who do not see all of them, and with each round another point.
+# Seven colours that people with colour blindness can distinguish, and with each round another point.
 array colours[7] = ['#0072b2', '#d55e00', '#009e73', '#cc79a7', '#56b4e9', '#e69f00', '#000000']
 array points[4] = [7, 5, 9, 13]
 colour(i) = colours[(i - 1) % |colours| + 1]

@@ -1,5 +1,5 @@
 # Runs a report's task by the built tool in a fresh copy of this folder, and fails unless the run printed
-# nothing, its result says code 0 and lists the files in their order, these and no others stand in out/, and the
+# nothing, its result says code 0 and lists the files in their order, these and no others are in out/, and the
 # file OUTPUT holds the text.
 
 file(REMOVE_RECURSE ${COPY})
