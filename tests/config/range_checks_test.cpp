@@ -1,5 +1,6 @@
 #include "config/range_checks.h"
 
+#include "support/places.h"
 #include "support/settings_rows.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
@@ -408,8 +409,8 @@ TEST_F(UserConfLoading, ElementSetsAreReadWhereAskedFor)
 
 TEST_F(UserConfLoading, RealConfigurationOfASeriesIsLoadedWhole)
 {
-    std::filesystem::copy_file(std::string(VOMAR_FIXTURES) + "/configuration/asteroid_series.conf",
-                               folder / "series/own.conf", std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::copy_file(fixture("configuration/asteroid_series.conf"), folder / "series/own.conf",
+                               std::filesystem::copy_options::overwrite_existing);
     const TPorogs porogs = load(series, programFolder, "");
     EXPECT_EQ(result.Code, 0);
     expectDefaultsBut(porogs, seriesRowsAnd({{"exe.FindOrb", programFolder + "/orbits/fo"},

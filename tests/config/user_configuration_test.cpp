@@ -1,6 +1,7 @@
 #include "config/user_configuration.h"
 
 #include "support/child_process.h"
+#include "support/places.h"
 #include "support/settings_rows.h"
 #include "support/temporary_folder.h"
 
@@ -14,11 +15,6 @@
 using namespace tavelinUtils;
 
 namespace {
-
-std::string fixture(const std::string& name)
-{
-    return std::string(VOMAR_FIXTURES) + "/configuration/" + name;
-}
 
 /// What a load of a configuration with that inside of its root gives, over the settings given.
 TFuncRes load(const std::string& inside, TPorogs& porogs, bool loadTLE = true)
@@ -39,7 +35,7 @@ TPorogs loaded(const std::string& inside, bool loadTLE = true)
 TPorogs everyKey()
 {
     TPorogs porogs;
-    EXPECT_EQ(LoadUserConfXML(fixture("every_key.conf"), porogs, true).Code, 0);
+    EXPECT_EQ(LoadUserConfXML(fixture("configuration/every_key.conf"), porogs, true).Code, 0);
     return porogs;
 }
 
@@ -309,7 +305,7 @@ constexpr const char* sections[] = {
 TEST(UserConfiguration, EveryKeyOfEverySection)
 {
     TPorogs porogs;
-    expectResult(LoadUserConfXML(fixture("every_key.conf"), porogs, true), 0, "OK", "OK", {});
+    expectResult(LoadUserConfXML(fixture("configuration/every_key.conf"), porogs, true), 0, "OK", "OK", {});
     expectRows(
         settingRows(porogs),
         {
@@ -865,7 +861,7 @@ TEST(UserConfiguration, ASecondLoadAppendsNothing)
 {
     TPorogs porogs = everyKey();
     const SettingRows once = settingRows(porogs);
-    EXPECT_EQ(LoadUserConfXML(fixture("every_key.conf"), porogs, true).Code, 0);
+    EXPECT_EQ(LoadUserConfXML(fixture("configuration/every_key.conf"), porogs, true).Code, 0);
     expectRows(settingRows(porogs), once);
 }
 
@@ -1067,7 +1063,8 @@ TEST(UserConfiguration, AnEmptyItemOfAListNeverReturns)
 TEST(UserConfiguration, SeriesOfAsteroids)
 {
     TPorogs porogs;
-    expectResult(LoadUserConfXML(fixture("asteroid_series.conf"), porogs, true), 0, "OK", "OK", {});
+    expectResult(LoadUserConfXML(fixture("configuration/asteroid_series.conf"), porogs, true), 0, "OK", "OK",
+                 {});
     expectDefaultsBut(porogs, {{"Version", "1.0"},
                                {"Service", "1"},
                                {"basicSettings.Filter", "R"},
@@ -1085,7 +1082,8 @@ TEST(UserConfiguration, SeriesOfAsteroids)
 TEST(UserConfiguration, SeriesOfVariableStars)
 {
     TPorogs porogs;
-    expectResult(LoadUserConfXML(fixture("variable_star_series.conf"), porogs, true), 0, "OK", "OK", {});
+    expectResult(LoadUserConfXML(fixture("configuration/variable_star_series.conf"), porogs, true), 0, "OK",
+                 "OK", {});
     expectDefaultsBut(porogs, {{"Version", "1.0"},
                                {"Service", "3"},
                                {"basicSettings.Filter", "V"},

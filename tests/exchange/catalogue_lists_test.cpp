@@ -4,6 +4,7 @@
 #include "text/number_text.h"
 
 #include "support/failed_writes.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -24,11 +25,6 @@ const std::string columnLine =
     "N:Int\ttype:Text\tName:Text\tAUID:Text\tRA:Float:deg\tDE:Float:deg\tX:Float:pix\t"
     "Y:Float:pix\tConst:Text\tVarType:Text\tPeriod:Text\tMagRange:Text\tDraw:Bool";
 const std::string headLines = columnLine + "\nv2\n";
-
-std::string fixture(const std::string& name)
-{
-    return std::string(VOMAR_FIXTURES) + "/vsx/" + name;
-}
 
 /// A star with a value of its own in each field.
 TVSX phiPersei()
@@ -385,7 +381,7 @@ TEST(VsxShortList, ListWithoutStarsIsEmpty)
 TEST(VsxAnswer, KeysFillTheirFields)
 {
     std::vector<TVSX> stars;
-    EXPECT_TRUE(LoadVSXQuerry(fixture("answer_with_spectral_type.xml"), stars));
+    EXPECT_TRUE(LoadVSXQuerry(fixture("vsx/answer_with_spectral_type.xml"), stars));
     ASSERT_EQ(stars.size(), 1u);
     TVSX expected = phiPersei();
     expected.X = 0;
@@ -397,7 +393,7 @@ TEST(VsxAnswer, KeysFillTheirFields)
 TEST(VsxAnswer, RealAnswerOfTwentyTwoStars)
 {
     std::vector<TVSX> stars;
-    EXPECT_TRUE(LoadVSXQuerry(fixture("answer_of_22_stars.xml"), stars));
+    EXPECT_TRUE(LoadVSXQuerry(fixture("vsx/answer_of_22_stars.xml"), stars));
     ASSERT_EQ(stars.size(), 22u);
     const struct
     {
@@ -473,8 +469,8 @@ TEST(VsxAnswer, RealAnswerOfTwentyTwoStars)
 TEST(VsxAnswer, StarsAreAppended)
 {
     std::vector<TVSX> stars{TVSX{.Name = "kept"}};
-    EXPECT_TRUE(LoadVSXQuerry(fixture("answer_with_spectral_type.xml"), stars));
-    EXPECT_TRUE(LoadVSXQuerry(fixture("answer_with_spectral_type.xml"), stars));
+    EXPECT_TRUE(LoadVSXQuerry(fixture("vsx/answer_with_spectral_type.xml"), stars));
+    EXPECT_TRUE(LoadVSXQuerry(fixture("vsx/answer_with_spectral_type.xml"), stars));
     ASSERT_EQ(stars.size(), 3u);
     EXPECT_EQ(stars[0].Name, "kept");
     EXPECT_EQ(stars[1].Name, "phi Per");
@@ -486,7 +482,7 @@ TEST(VsxAnswer, AnswerWithoutStarsIsReadAndEmpty)
     for (const char* name : {"answer_without_stars.xml", "answer_with_values_in_attributes.xml"}) {
         SCOPED_TRACE(name);
         std::vector<TVSX> stars{TVSX{.Name = "kept"}};
-        EXPECT_TRUE(LoadVSXQuerry(fixture(name), stars));
+        EXPECT_TRUE(LoadVSXQuerry(fixture(std::string("vsx/") + name), stars));
         ASSERT_EQ(stars.size(), 1u);
         EXPECT_EQ(stars[0].Name, "kept");
     }
@@ -571,7 +567,7 @@ TEST(VsxAnswer, BlanksAndLettersOfATextStay)
 
 TEST(VsxAnswer, RootThatIsLoadedGivesItsStars)
 {
-    TtavelinXmlDocument document(fixture("answer_with_spectral_type.xml"));
+    TtavelinXmlDocument document(fixture("vsx/answer_with_spectral_type.xml"));
     ASSERT_TRUE(document.LoadFile());
     std::vector<TVSX> stars(1);
     GetVSXObjects(document.RootElement(), stars);
@@ -599,7 +595,7 @@ TEST(ChartStars, ColumnsFillTheirFields)
 
 TEST(ChartStars, RealChartOfSixteenStars)
 {
-    const std::vector<TRecVSP> stars = lVSP(fixture("comparison_stars_of_a_chart.txt"));
+    const std::vector<TRecVSP> stars = lVSP(fixture("vsx/comparison_stars_of_a_chart.txt"));
     const struct
     {
         const char* Label;

@@ -3,6 +3,7 @@
 #include "results/result_files.h"
 
 #include "support/failed_writes.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -21,11 +22,6 @@ namespace {
 using Texts = std::vector<std::string>;
 using Doubles = std::vector<double>;
 
-std::string fixture(const std::string& name)
-{
-    return std::string(VOMAR_FIXTURES) + "/astap/" + name;
-}
-
 /// The bytes that a writer makes over a longer file.
 template <class Write>
 std::string written(Write write)
@@ -34,15 +30,6 @@ std::string written(Write write)
     makeFile(folder / "a.txt", std::string(9000, 'x'));
     write(folder / "a.txt");
     return bytesOf(folder / "a.txt");
-}
-
-/// What a reader makes of a file of those bytes.
-template <class Read>
-auto readBy(Read read, const std::string& bytes)
-{
-    const TemporaryFolder folder;
-    makeFile(folder / "a.txt", bytes);
-    return read(folder / "a.txt");
 }
 
 /// The numbers of a file behind one that stands there.
@@ -439,7 +426,7 @@ TEST(TextResults, FileThatCannotBeReadIsEmpty)
 TEST(PlateSolution, RealSolutionFillsCentreAndMatrix)
 {
     TFitHead head = frameHead();
-    EXPECT_EQ(lIniASTAP(fixture("solved.ini"), head), 1);
+    EXPECT_EQ(lIniASTAP(fixture("astap/solved.ini"), head), 1);
     expectSolution(head, {254.23046742390622, -40.311880588850023, 3.5245253250848707e-4,
                           5.8334097357301367e-4, -5.8335417754934037e-4, 3.5236170894630648e-4});
 }
@@ -447,14 +434,14 @@ TEST(PlateSolution, RealSolutionFillsCentreAndMatrix)
 TEST(PlateSolution, LineEndsOfTwoBytesAreReadAlike)
 {
     TFitHead head = frameHead();
-    EXPECT_EQ(lIniASTAP(fixture("solved_line_ends_of_two_bytes.ini"), head), 1);
+    EXPECT_EQ(lIniASTAP(fixture("astap/solved_line_ends_of_two_bytes.ini"), head), 1);
     expectSolution(head, {315.41876883120699, 44.030690739232476, -2.5169979766509774e-4,
                           -1.9112853067279516e-3, -1.9128023414620393e-3, 2.5277105350825587e-4});
 }
 
 TEST(PlateSolution, OtherFirstLineLeavesTheHead)
 {
-    expectUnsolved(fixture("failed_behind_an_empty_line.ini"));
+    expectUnsolved(fixture("astap/failed_behind_an_empty_line.ini"));
     const std::string rest = "\nA=1\nA=2\nA=3\nA=4\nA=5\nA=6\nA=7\nA=8\nA=9\nA=10\nA=11\nA=12\n";
     for (const char* first : {"PLTSOLVD=F", "", "PLTSOLVD=T ", " PLTSOLVD=T", "PLTSOLVD = T", "pltsolvd=t",
                               "PLTSOLVD=TRUE", "PLTSOLVD=", "\nPLTSOLVD=T"})

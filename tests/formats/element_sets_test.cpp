@@ -1,6 +1,7 @@
 #include "formats/element_sets.h"
 
 #include "support/failed_writes.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -32,11 +33,6 @@ std::string written(const Sets& sets)
     const TemporaryFolder folder;
     s3LEstr(folder / "a.tle", sets);
     return bytesOf(folder / "a.tle");
-}
-
-Sets fixture(const std::string& name)
-{
-    return l3LEstr(std::string(VOMAR_FIXTURES) + "/element_sets/" + name);
 }
 
 void expectSets(const Sets& sets, const Sets& expected)
@@ -171,25 +167,25 @@ TEST(ElementSets, FileThatCannotBeWrittenIsCode7)
 
 TEST(ElementSets, RealListWithZeroHasItsNames)
 {
-    expectSets(fixture("names_with_zero.txt"),
+    expectSets(l3LEstr(fixture("element_sets/names_with_zero.txt")),
                {{"0 ISS (ZARYA)", stationLine1, stationLine2}, {"0 TIANGONG", palaceLine1, palaceLine2}});
 }
 
 TEST(ElementSets, RealListWithoutZeroHasNoNames)
 {
-    expectSets(fixture("names_without_zero.txt"),
+    expectSets(l3LEstr(fixture("element_sets/names_without_zero.txt")),
                {{"", stationLine1, stationLine2}, {"", palaceLine1, palaceLine2}});
 }
 
 TEST(ElementSets, ListIsWrittenAsItWasRead)
 {
-    const std::string path = std::string(VOMAR_FIXTURES) + "/element_sets/names_with_zero.txt";
+    const std::string path = fixture("element_sets/names_with_zero.txt");
     EXPECT_EQ(written(l3LEstr(path)), bytesOf(path));
 }
 
 TEST(ElementSets, RealListOfLinesThatEndInTwoBytesHasWholeLines)
 {
-    const Sets sets = fixture("line_ends_of_two_bytes.tle");
+    const Sets sets = l3LEstr(fixture("element_sets/line_ends_of_two_bytes.tle"));
     ASSERT_EQ(sets.size(), 27U);
     EXPECT_EQ(sets[0].Line0, "");
     EXPECT_EQ(sets[0].Line1, "1 25544U 98067A   24130.36689744  .00016024  00000+0  27777-3 0  9992");
@@ -205,7 +201,7 @@ TEST(ElementSets, RealListOfLinesThatEndInTwoBytesHasWholeLines)
 
 TEST(ElementSets, RealListWithRemarksKeepsWhatStandsBehindTheElements)
 {
-    const Sets sets = fixture("remarks_and_further_columns.tle");
+    const Sets sets = l3LEstr(fixture("element_sets/remarks_and_further_columns.tle"));
     ASSERT_EQ(sets.size(), 33U);
     EXPECT_EQ(sets[0].Line1, "1 00005U 58002B   00179.78495062  .00000023  00000-0  28098-4 0  4753");
     EXPECT_EQ(sets[0].Line2,

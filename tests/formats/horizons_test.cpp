@@ -1,5 +1,6 @@
 #include "formats/horizons.h"
 
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -30,11 +31,6 @@ const std::string autumn =
 std::string with(std::string line, std::size_t position, const std::string& text)
 {
     return line.replace(position, text.size(), text);
-}
-
-std::string fixture(const std::string& name)
-{
-    return std::string(VOMAR_FIXTURES) + "/horizons/" + name;
 }
 
 TrackVtorichka trackOf(const Lines& lines)
@@ -387,7 +383,7 @@ TEST(Horizons, MissingOrEmptyFileIsMinusOne)
 TEST(Horizons, RealTableOfTheseColumnsReadsAsItStands)
 {
     TrackVtorichka track;
-    EXPECT_EQ(lHorizons(fixture("fixed_columns.txt"), track), 0);
+    EXPECT_EQ(lHorizons(fixture("horizons/fixed_columns.txt"), track), 0);
     ASSERT_EQ(track.Marks.size(), 20U);
     for (int minute = 0; minute < 20; ++minute) {
         SCOPED_TRACE(minute);
@@ -406,7 +402,7 @@ TEST(Horizons, RealTableOfTheseColumnsReadsAsItStands)
 TEST(Horizons, TableOfOtherQuantitiesIsCutAtTheSameColumns)
 {
     TrackVtorichka track;
-    EXPECT_EQ(lHorizons(fixture("other_quantities.txt"), track), 0);
+    EXPECT_EQ(lHorizons(fixture("horizons/other_quantities.txt"), track), 0);
     ASSERT_EQ(track.Marks.size(), 2U);
     // The columns of the first line hold "00:00     00", "8.99 +05 57", "08.9  18.89" and "26.923".
     EXPECT_EQ(int{track.Marks[0].date}, 59009);
@@ -483,7 +479,7 @@ TEST(Horizons, RealTableOfShorterLinesIsOutOfRange)
     for (const char* name : {"lines_too_short.txt", "state_vectors.txt"}) {
         SCOPED_TRACE(name);
         TrackVtorichka track;
-        EXPECT_THROW(lHorizons(fixture(name), track), std::out_of_range);
+        EXPECT_THROW(lHorizons(fixture(std::string("horizons/") + name), track), std::out_of_range);
         EXPECT_TRUE(track.Marks.empty());
     }
 }

@@ -1,5 +1,6 @@
 #include "formats/light_curve_task.h"
 
+#include "support/sexagesimal.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -63,17 +64,6 @@ void expectNewTask(const TLCTask& task)
     EXPECT_EQ(task.telescope, "");
     EXPECT_EQ(task.type, "");
     EXPECT_EQ(task.magType, "DIF");
-}
-
-// A right ascension in degrees out of hours, a declination out of degrees.
-double hours(double hour, double minute, double second)
-{
-    return (hour + minute / 60.0 + second / 3600.0) * 15.0;
-}
-
-double degrees(double degree, double minute, double second)
-{
-    return degree + minute / 60.0 + second / 3600.0;
 }
 
 // The arguments of a note, with all that it takes in.

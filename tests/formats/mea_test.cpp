@@ -2,6 +2,8 @@
 
 #include "support/failed_writes.h"
 #include "support/measured_marks.h"
+#include "support/places.h"
+#include "support/sexagesimal.h"
 #include "support/temporary_folder.h"
 #include "support/tracks.h"
 
@@ -24,21 +26,6 @@ using Tracks = std::vector<TrackVtorichka>;
 
 const std::string site = "T1 2000.0 UTC";
 const std::string markLine = "12345   250223 1200000000 0100000000 -0030000000 001 09.50";
-
-double day(int hour, int minute, double second)
-{
-    return (second / 3600.0 + (minute / 60.0 + hour)) / 24.0;
-}
-
-double degrees(int whole, int minute, double second)
-{
-    return whole + minute / 60.0 + second / 3600.0;
-}
-
-double hours(int hour, int minute, double second)
-{
-    return degrees(hour, minute, second) * 15.0;
-}
 
 Tracks read(const Lines& markLines)
 {
@@ -220,8 +207,8 @@ TEST(MeaReader, ReadsTheFieldsOfAMark)
     const Tracks tracks = read({"12345   150923 2359598760 1234567891 -0812345678 001 15.37"});
     ASSERT_EQ(tracks.size(), 1U);
     ASSERT_EQ(tracks[0].Marks.size(), 1U);
-    expectMark(tracks[0].Marks[0], 60202, day(23, 59, 59.876), hours(12, 34, 56.7891),
-               -degrees(8, 12, 34.5678), 15.37);
+    expectMark(tracks[0].Marks[0],
+               {60202, day(23, 59, 59.876), hours(12, 34, 56.7891), -degrees(8, 12, 34.5678), 15.37});
 }
 
 TEST(MeaReader, ReadsDates)
@@ -360,7 +347,7 @@ TEST(MeaReader, SixthTokenMayBeAnything)
             read({std::string("12345 250223 1200000000 0100000000 -0030000000 ") + token + " 09.50"});
         ASSERT_EQ(tracks.size(), 1U);
         ASSERT_EQ(tracks[0].Marks.size(), 1U);
-        expectMark(tracks[0].Marks[0], 60000, 0.5, 15.0, -0.5, 9.5);
+        expectMark(tracks[0].Marks[0], {60000, 0.5, 15.0, -0.5, 9.5});
     }
 }
 
@@ -376,7 +363,7 @@ TEST(MeaReader, RunsOfBlanksActAsOne)
     ASSERT_EQ(tracks.size(), 1U);
     ASSERT_EQ(tracks[0].Marks.size(), 5U);
     for (const TRecLabelPervichka_File& mark : tracks[0].Marks) {
-        expectMark(mark, 60000, 0.5, 15.0, -0.5, 9.5);
+        expectMark(mark, {60000, 0.5, 15.0, -0.5, 9.5});
     }
 }
 
@@ -495,13 +482,13 @@ TEST(MeaReader, ShortTokensOfLinesThatArePassedOverDoNotMatter)
 
 TEST(MeaReader, ShortestTokensAreTaken)
 {
-    expectMark(readMark("250223", "120000", "010000", "-003000", "1"), 60000, 0.5, 15.0, -0.5, 1.0);
+    expectMark(readMark("250223", "120000", "010000", "-003000", "1"), {60000, 0.5, 15.0, -0.5, 1.0});
     EXPECT_NO_THROW(readMark("2502", "120000", "010000", "-003000", "1"));
 }
 
 TEST(MeaReader, TokensThatAreNoNumbersCountAsZero)
 {
-    expectMark(readMark("xxxxxx", "xxxxxx", "xxxxxx", "xxxxxxx", "x"), 0, 0.0, 0.0, 0.0, 0.0);
+    expectMark(readMark("xxxxxx", "xxxxxx", "xxxxxx", "xxxxxxx", "x"), {0, 0.0, 0.0, 0.0, 0.0});
 }
 
 // Reading: files.
@@ -515,8 +502,8 @@ TEST(MeaReader, ReadsAFile)
     ASSERT_EQ(tracks[1].Marks.size(), 1U);
     EXPECT_EQ(tracks[1].telescope, "T1");
     EXPECT_EQ(tracks[1].originator, "observatory");
-    expectMark(tracks[0].Marks[0], 60000, 0.5, 15.0, -0.5, 9.5);
-    expectMark(tracks[1].Marks[0], 60000, 0.25, 30.0, 1.5, -1.2);
+    expectMark(tracks[0].Marks[0], {60000, 0.5, 15.0, -0.5, 9.5});
+    expectMark(tracks[1].Marks[0], {60000, 0.25, 30.0, 1.5, -1.2});
 }
 
 TEST(MeaReader, LineEndingsOfBothKindsAndBlanksAtTheEndReadAlike)
@@ -526,7 +513,7 @@ TEST(MeaReader, LineEndingsOfBothKindsAndBlanksAtTheEndReadAlike)
         ASSERT_EQ(tracks.size(), 1U);
         EXPECT_EQ(tracks[0].telescope, "T1");
         ASSERT_EQ(tracks[0].Marks.size(), 2U);
-        expectMark(tracks[0].Marks[1], 60000, 0.5, 15.0, -0.5, 9.5);
+        expectMark(tracks[0].Marks[1], {60000, 0.5, 15.0, -0.5, 9.5});
     }
 }
 
@@ -582,8 +569,7 @@ TEST(MeaReader, MissingFileLeavesTheNumericLocale)
 
 TEST(MeaReader, ReadsANightOfInterleavedObjects)
 {
-    const Tracks tracks =
-        plMEATrack(std::string(VOMAR_FIXTURES) + "/mea/interleaved_objects.mea", "observatory");
+    const Tracks tracks = plMEATrack(fixture("mea/interleaved_objects.mea"), "observatory");
     ASSERT_EQ(namesOf(tracks), (std::vector<std::string>{"K11Ue6X", "Z4218", "K11V22U"}));
     for (const TrackVtorichka& track : tracks) {
         EXPECT_EQ(track.telescope, "926");
@@ -591,34 +577,36 @@ TEST(MeaReader, ReadsANightOfInterleavedObjects)
     }
     EXPECT_EQ(magnitudesOf(tracks[0]), (std::vector<double>{19.8, 19.7, 19.4}));
     EXPECT_EQ(magnitudesOf(tracks[2]), (std::vector<double>{20.0, 20.1, 19.9}));
-    expectMark(tracks[0].Marks[0], 56324, day(11, 50, 39.264), hours(10, 11, 33.39), degrees(24, 31, 26.0),
-               19.8);
-    expectMark(tracks[1].Marks[2], 56324, day(12, 37, 12.576), hours(10, 11, 31.36), degrees(24, 31, 35.0),
-               19.4);
-    expectMark(tracks[2].Marks[1], 56324, day(7, 5, 8.736), hours(9, 20, 40.53), degrees(5, 32, 24.8), 20.1);
+    expectMark(tracks[0].Marks[0],
+               {56324, day(11, 50, 39.264), hours(10, 11, 33.39), degrees(24, 31, 26.0), 19.8});
+    expectMark(tracks[1].Marks[2],
+               {56324, day(12, 37, 12.576), hours(10, 11, 31.36), degrees(24, 31, 35.0), 19.4});
+    expectMark(tracks[2].Marks[1],
+               {56324, day(7, 5, 8.736), hours(9, 20, 40.53), degrees(5, 32, 24.8), 20.1});
 }
 
 TEST(MeaReader, ReadsANightOfBothSignsOfDeclination)
 {
-    const Tracks tracks =
-        plMEATrack(std::string(VOMAR_FIXTURES) + "/mea/both_signs_of_declination.mea", "observatory");
+    const Tracks tracks = plMEATrack(fixture("mea/both_signs_of_declination.mea"), "observatory");
     ASSERT_EQ(namesOf(tracks), (std::vector<std::string>{"K11O59E", "K11WF0Z"}));
     ASSERT_EQ(tracks[0].Marks.size(), 3U);
     ASSERT_EQ(tracks[1].Marks.size(), 3U);
     EXPECT_EQ(tracks[0].telescope, "644");
-    expectMark(tracks[0].Marks[0], 54019, day(10, 16, 1.92), hours(2, 50, 1.19), -degrees(3, 0, 55.4), 20.7);
-    expectMark(tracks[0].Marks[2], 54019, day(10, 56, 33.216), hours(2, 50, 0.14), -degrees(3, 1, 2.5), 20.7);
-    expectMark(tracks[1].Marks[0], 54019, day(4, 9, 49.536), hours(0, 17, 2.3), degrees(20, 23, 32.4), 20.0);
-    expectMark(tracks[1].Marks[2], 54019, day(5, 10, 45.984), hours(0, 16, 59.78), degrees(20, 23, 29.0),
-               20.2);
+    expectMark(tracks[0].Marks[0],
+               {54019, day(10, 16, 1.92), hours(2, 50, 1.19), -degrees(3, 0, 55.4), 20.7});
+    expectMark(tracks[0].Marks[2],
+               {54019, day(10, 56, 33.216), hours(2, 50, 0.14), -degrees(3, 1, 2.5), 20.7});
+    expectMark(tracks[1].Marks[0],
+               {54019, day(4, 9, 49.536), hours(0, 17, 2.3), degrees(20, 23, 32.4), 20.0});
+    expectMark(tracks[1].Marks[2],
+               {54019, day(5, 10, 45.984), hours(0, 16, 59.78), degrees(20, 23, 29.0), 20.2});
 }
 
 // Writing.
 
 TEST(Mea, WritesTheSiteLineAndAMark)
 {
-    TrackVtorichka track =
-        trackNamed("12345", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5}});
+    TrackVtorichka track = trackNamed("12345", {theMark()});
     track.telescope = "T1";
     track.originator = "somebody";
     track.MPCChecker = "K23A01B";
@@ -853,9 +841,9 @@ TEST(Mea, NegativeDeclinationsComeBack)
     ASSERT_EQ(tracks[1].Marks.size(), 1U);
     EXPECT_EQ(tracks[0].telescope, "T1");
     EXPECT_EQ(tracks[1].telescope, "T1");
-    expectMark(tracks[0].Marks[0], 60000, 0.5, 15.0, -degrees(12, 5, 30.1234), 9.5);
-    expectMark(tracks[0].Marks[1], 60001, 0.25, hours(12, 34, 56.7891), -0.5, -1.2);
-    expectMark(tracks[1].Marks[0], 60001, 0.75, 30.0, -89.0, 20.25);
+    expectMark(tracks[0].Marks[0], {60000, 0.5, 15.0, -degrees(12, 5, 30.1234), 9.5});
+    expectMark(tracks[0].Marks[1], {60001, 0.25, hours(12, 34, 56.7891), -0.5, -1.2});
+    expectMark(tracks[1].Marks[0], {60001, 0.75, 30.0, -89.0, 20.25});
 }
 
 TEST(Mea, PositiveDeclinationsComeBackMisplaced)
@@ -910,8 +898,7 @@ TEST(Mea, TimesLoseWhatTheirSecondsAreCutBy)
 
 TEST(MeaWithEphemeris, WritesSevenFieldsBehindTheMagnitude)
 {
-    TrackVtorichka track =
-        trackNamed("12345", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5}});
+    TrackVtorichka track = trackNamed("12345", {theMark()});
     track.telescope = "T1";
     track.InterBlobs = {{.m_MPC = 17.0, .Value2 = 14.99, .Value3 = -0.4999}};
     EXPECT_EQ(
@@ -1030,12 +1017,11 @@ TEST(MeaWithEphemeris, FileThatCannotBeWrittenRaisesCode7)
 TEST(MeaWithEphemeris, ReadsBackAsPlainMea)
 {
     const TemporaryFolder folder;
-    TrackVtorichka track =
-        trackNamed("12345", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5}});
+    TrackVtorichka track = trackNamed("12345", {theMark()});
     track.telescope = "T1";
     sMEA_TLE(folder / "a.mea", {track});
     const Tracks tracks = plMEATrack(folder / "a.mea", "observatory");
     ASSERT_EQ(namesOf(tracks), std::vector<std::string>{"12345"});
     EXPECT_EQ(tracks[0].telescope, "T1");
-    expectMark(tracks[0].Marks[0], 60000, 0.5, 15.0, -0.5, 9.5);
+    expectMark(tracks[0].Marks[0], {60000, 0.5, 15.0, -0.5, 9.5});
 }

@@ -1,6 +1,9 @@
 #include "formats/mpc_report.h"
 
 #include "support/failed_writes.h"
+#include "support/measured_marks.h"
+#include "support/places.h"
+#include "support/sexagesimal.h"
 #include "support/temporary_folder.h"
 #include "support/tracks.h"
 
@@ -31,21 +34,6 @@ std::string withText(std::size_t column, const std::string& text)
     return line.replace(column - 1, text.size(), text);
 }
 
-double degrees(double whole, double minute, double second)
-{
-    return whole + minute / 60.0 + second / 3600.0;
-}
-
-double hours(double hour, double minute, double second)
-{
-    return degrees(hour, minute, second) * 15.0;
-}
-
-double day(int hour, int minute, double second)
-{
-    return (second / 3600.0 + (minute / 60.0 + hour)) / 24.0;
-}
-
 // Names of the tracks with the number of their marks.
 std::vector<std::string> outline(const Tracks& tracks)
 {
@@ -54,25 +42,6 @@ std::vector<std::string> outline(const Tracks& tracks)
         names.push_back(track.MPCChecker + " " + std::to_string(track.Marks.size()));
     }
     return names;
-}
-
-// A new mark with these values and nothing else.
-void expectMark(const TRecLabelPervichka_File& mark, int date, double time, double RA, double DE, double m,
-                const std::string& filtr)
-{
-    EXPECT_EQ(int(mark.date), date);
-    EXPECT_DOUBLE_EQ(double(mark.time), time);
-    EXPECT_DOUBLE_EQ(double(mark.RA), RA);
-    EXPECT_DOUBLE_EQ(double(mark.DE), DE);
-    EXPECT_DOUBLE_EQ(double(mark.m), m);
-    EXPECT_EQ(std::string(mark.filtr), filtr);
-    EXPECT_EQ(int(mark.iF), 0);
-    EXPECT_EQ(int(mark.LinkIndex), -1);
-    EXPECT_EQ(double(mark.RefValue1), -1.0);
-    EXPECT_EQ(double(mark.RefValue4), -1.0);
-    EXPECT_EQ(std::string(mark.mjd), "");
-    EXPECT_EQ(std::string(mark.MTYPE), "DIF");
-    EXPECT_EQ(std::string(mark.CNAME), "ENSEMBLE");
 }
 
 Tracks readFile(const std::string& bytes)
@@ -84,12 +53,7 @@ Tracks readFile(const std::string& bytes)
 
 Tracks readFixture(const std::string& name)
 {
-    return lMPC(std::string(VOMAR_FIXTURES) + "/mpc/" + name);
-}
-
-TRecLabelPervichka_File usualMark()
-{
-    return {.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5};
+    return lMPC(fixture("mpc/" + name));
 }
 
 TrackVtorichka checkedTrack(const std::string& name, std::vector<TRecLabelPervichka_File> marks)
@@ -205,8 +169,8 @@ TEST(MpcHeader, FlagsChangeNothing)
 
 TEST(MpcLine, HasEightyColumns)
 {
-    EXPECT_EQ(GetStringMPC("12345", "500", usualMark()), observation);
-    EXPECT_EQ(GetStringMPC("12345", "500", usualMark()).size(), 80U);
+    EXPECT_EQ(GetStringMPC("12345", "500", theMark()), observation);
+    EXPECT_EQ(GetStringMPC("12345", "500", theMark()).size(), 80U);
     EXPECT_EQ(GetStringMPC("K23A01B", "W85",
                            {.date = 60202,
                             .time = 0.123456,
@@ -240,7 +204,7 @@ TEST(MpcLine, NamesOfFiveCharactersStandLeftAndOthersRight)
     };
     for (const auto& [name, columns] : rows) {
         SCOPED_TRACE(name);
-        EXPECT_EQ(GetStringMPC(name, "500", usualMark()), columns + observation.substr(12));
+        EXPECT_EQ(GetStringMPC(name, "500", theMark()), columns + observation.substr(12));
     }
 }
 
@@ -256,7 +220,7 @@ TEST(MpcLine, FractionsOfADayHaveFiveDigitsAndNoCarry)
     };
     for (const auto& [time, columns] : rows) {
         SCOPED_TRACE(time);
-        TRecLabelPervichka_File mark = usualMark();
+        TRecLabelPervichka_File mark = theMark();
         mark.time = time;
         EXPECT_EQ(GetStringMPC("12345", "500", mark), withText(26, columns));
     }
@@ -264,7 +228,7 @@ TEST(MpcLine, FractionsOfADayHaveFiveDigitsAndNoCarry)
 
 TEST(MpcLine, FractionLosesItsFirstCharacterWhateverItIs)
 {
-    TRecLabelPervichka_File mark = usualMark();
+    TRecLabelPervichka_File mark = theMark();
     mark.time = 12.5;
     EXPECT_EQ(GetStringMPC("12345", "500", mark),
               "12345         C2023 02 252.50000 01 00 00.00 -00 30 00.0          09.5 R      500");
@@ -285,7 +249,7 @@ TEST(MpcLine, WritesDates)
     };
     for (const auto& [date, columns] : rows) {
         SCOPED_TRACE(date);
-        TRecLabelPervichka_File mark = usualMark();
+        TRecLabelPervichka_File mark = theMark();
         mark.date = date;
         EXPECT_EQ(GetStringMPC("12345", "500", mark), withText(16, columns));
     }
@@ -293,7 +257,7 @@ TEST(MpcLine, WritesDates)
 
 TEST(MpcLine, AnglesRoundWithoutACarry)
 {
-    TRecLabelPervichka_File mark = usualMark();
+    TRecLabelPervichka_File mark = theMark();
     mark.RA = 359.9999999;
     mark.DE = -9.99999999;
     EXPECT_EQ(GetStringMPC("12345", "500", mark),
@@ -306,7 +270,7 @@ TEST(MpcLine, AnglesRoundWithoutACarry)
 
 TEST(MpcLine, PositiveDeclinationHasNoSignAndALineOf79Columns)
 {
-    TRecLabelPervichka_File mark = usualMark();
+    TRecLabelPervichka_File mark = theMark();
     mark.DE = 0.5;
     const std::string line = GetStringMPC("12345", "500", mark);
     EXPECT_EQ(line, "12345         C2023 02 25.50000 01 00 00.00 00 30 00.0          09.5 R      500");
@@ -328,7 +292,7 @@ TEST(MpcLine, MagnitudesBelowTenInTheirRoundedTextAreFilledUp)
     };
     for (const auto& [m, columns] : rows) {
         SCOPED_TRACE(m);
-        TRecLabelPervichka_File mark = usualMark();
+        TRecLabelPervichka_File mark = theMark();
         mark.m = m;
         EXPECT_EQ(GetStringMPC("12345", "500", mark), withText(66, columns));
     }
@@ -344,19 +308,19 @@ TEST(MpcLine, NegativeMagnitudesAreFilledUpTooAndMoveTheRest)
                 {-0.0, "0-0.0"}, {-9.996, "0-10.0"}, {-12.3, "0-12.3"}};
     for (const auto& [m, text] : rows) {
         SCOPED_TRACE(text);
-        TRecLabelPervichka_File mark = usualMark();
+        TRecLabelPervichka_File mark = theMark();
         mark.m = m;
         EXPECT_EQ(GetStringMPC("12345", "500", mark),
                   observation.substr(0, 65) + text + observation.substr(69));
     }
-    TRecLabelPervichka_File mark = usualMark();
+    TRecLabelPervichka_File mark = theMark();
     mark.m = -1.0;
     EXPECT_EQ(GetStringMPC("12345", "500", mark).size(), 81U);
 }
 
 TEST(MpcLine, MagnitudeFromAHundredOnMovesTheRest)
 {
-    TRecLabelPervichka_File mark = usualMark();
+    TRecLabelPervichka_File mark = theMark();
     mark.m = 100.5;
     EXPECT_EQ(GetStringMPC("12345", "500", mark),
               "12345         C2023 02 25.50000 01 00 00.00 -00 30 00.0          100.5 R      500");
@@ -373,7 +337,7 @@ TEST(MpcLine, BandsStandInColumn71)
     };
     for (const auto& [band, columns] : rows) {
         SCOPED_TRACE(band);
-        TRecLabelPervichka_File mark = usualMark();
+        TRecLabelPervichka_File mark = theMark();
         mark.filtr = band;
         EXPECT_EQ(GetStringMPC("12345", "500", mark), observation.substr(0, 70) + columns + "500");
     }
@@ -383,7 +347,7 @@ TEST(MpcLine, CodeStandsAsItIs)
 {
     for (const char* code : {"W85", "", "G", "F51X", "a code"}) {
         SCOPED_TRACE(code);
-        EXPECT_EQ(GetStringMPC("12345", code, usualMark()), observation.substr(0, 77) + code);
+        EXPECT_EQ(GetStringMPC("12345", code, theMark()), observation.substr(0, 77) + code);
     }
 }
 
@@ -398,7 +362,7 @@ TEST(MpcLine, WritesWhatIsNoNumberAsItIs)
 
 TEST(MpcReport, WritesTheHeaderAndTheMarks)
 {
-    TrackVtorichka track = trackNamed("12345", {usualMark(), {.date = 60001, .time = 0.25, .DE = -1.0}});
+    TrackVtorichka track = trackNamed("12345", {theMark(), {.date = 60001, .time = 0.25, .DE = -1.0}});
     track.MPCHeader = fullHeader();
     EXPECT_EQ(written({track}),
               "COD W85\n"
@@ -416,8 +380,8 @@ TEST(MpcReport, WritesTheHeaderAndTheMarks)
 
 TEST(MpcReport, HeaderIsThatOfTheFirstTrackAndCodesAreOfEachTrack)
 {
-    TrackVtorichka first = trackNamed("11111", {usualMark()});
-    TrackVtorichka second = trackNamed("22222", {usualMark()});
+    TrackVtorichka first = trackNamed("11111", {theMark()});
+    TrackVtorichka second = trackNamed("22222", {theMark()});
     first.MPCHeader.OBS = "A. Observer";
     second.MPCHeader.COD = "W85";
     second.MPCHeader.OBS = "B. Observer";
@@ -431,12 +395,12 @@ TEST(MpcReport, HeaderIsThatOfTheFirstTrackAndCodesAreOfEachTrack)
 
 TEST(MpcReport, NameOfTheCheckerIsPreferred)
 {
-    TrackVtorichka checked = trackNamed("11111", {usualMark()});
+    TrackVtorichka checked = trackNamed("11111", {theMark()});
     checked.MPCChecker = "K23A01B";
     checked.NORAD = "33333";
-    TrackVtorichka unchecked = trackNamed("22222", {usualMark()});
+    TrackVtorichka unchecked = trackNamed("22222", {theMark()});
     unchecked.NORAD = "33333";
-    EXPECT_EQ(written({checked, unchecked, trackNamed("", {usualMark()})}),
+    EXPECT_EQ(written({checked, unchecked, trackNamed("", {theMark()})}),
               "COD 500\n"
               "     K23A01B  C2023 02 25.50000 01 00 00.00 -00 30 00.0          09.5 R      500\n"
               "22222         C2023 02 25.50000 01 00 00.00 -00 30 00.0          09.5 R      500\n"
@@ -448,7 +412,7 @@ TEST(MpcReport, TracksWithoutMarksAddNoLines)
     TrackVtorichka empty = trackNamed("11111", {});
     empty.MPCHeader.COD = "W85";
     EXPECT_EQ(written({empty}), "COD W85\n");
-    EXPECT_EQ(written({empty, trackNamed("22222", {usualMark()}), empty}),
+    EXPECT_EQ(written({empty, trackNamed("22222", {theMark()}), empty}),
               "COD W85\n"
               "22222         C2023 02 25.50000 01 00 00.00 -00 30 00.0          09.5 R      500\n");
     empty.MPCHeader.COD = "";
@@ -476,7 +440,7 @@ TEST(MpcReport, EmptyListMakesNoFileAndLeavesOne)
 
 TEST(MpcReport, FileThatCannotBeWrittenRaisesCode7)
 {
-    expectCode7([](const std::string& path) { sMPC(path, {trackNamed("12345", {usualMark()})}); });
+    expectCode7([](const std::string& path) { sMPC(path, {trackNamed("12345", {theMark()})}); });
 }
 
 // Writing with a comparison.
@@ -491,7 +455,7 @@ TEST(MpcComparison, WritesResidualsAndTheEphemeris)
                                                .RefValue4 = 0.5,
                                                .RefValue5 = -0.25,
                                                .RefValue6 = 0.75}})};
-    TrackVtorichka track = checkedTrack("12345", {usualMark()});
+    TrackVtorichka track = checkedTrack("12345", {theMark()});
     track.MPCHeader.OBS = "A. Observer";
     EXPECT_EQ(compared({track}, ephemeris),
               "COD 500\n"
@@ -502,7 +466,7 @@ TEST(MpcComparison, WritesResidualsAndTheEphemeris)
 
 TEST(MpcComparison, WideResidualsAreKeptWholeAndTheTimeIsCarried)
 {
-    TRecLabelPervichka_File mark = usualMark();
+    TRecLabelPervichka_File mark = theMark();
     mark.time = day(23, 59, 59.9999);
     const Tracks ephemeris = {trackNamed("", {{.RA = 359.9999999,
                                                .DE = 12.5,
@@ -549,7 +513,7 @@ TEST(MpcComparison, FlagTellsTheGreaterOfTheFirstTwoResiduals)
         SCOPED_TRACE(row.block);
         const Tracks ephemeris = {
             trackNamed("", {{.RefValue4 = row.first, .RefValue5 = row.second, .RefValue6 = row.third}})};
-        EXPECT_EQ(compared({checkedTrack("12345", {usualMark()})}, ephemeris),
+        EXPECT_EQ(compared({checkedTrack("12345", {theMark()})}, ephemeris),
                   "COD 500\n" + observation + row.block +
                       "      (00 00 00.00 00 00 00.0 0.00 12:00:00.000)\n");
     }
@@ -557,22 +521,21 @@ TEST(MpcComparison, FlagTellsTheGreaterOfTheFirstTwoResiduals)
 
 TEST(MpcComparison, UnsetResidualsHaveNoFlag)
 {
-    EXPECT_EQ(compared({checkedTrack("12345", {usualMark()})}, {trackNamed("", {{.m = 9.996}})}),
+    EXPECT_EQ(compared({checkedTrack("12345", {theMark()})}, {trackNamed("", {{.m = 9.996}})}),
               "COD 500\n" + observation +
                   "        -1.00 -1.00 -1.00      (00 00 00.00 00 00 00.0 10.00 12:00:00.000)\n");
 }
 
 TEST(MpcComparison, EphemerisWithoutMarksGivesQuestionMarks)
 {
-    EXPECT_EQ(compared({checkedTrack("12345", {usualMark(), usualMark()})}, {trackNamed("", {})}),
+    EXPECT_EQ(compared({checkedTrack("12345", {theMark(), theMark()})}, {trackNamed("", {})}),
               "COD 500\n" + observation + "???\n" + observation + "???\n");
 }
 
 TEST(MpcComparison, ShorterSecondListGivesQuestionMarks)
 {
     const std::string block = "        -1.00 -1.00 -1.00      (00 00 00.00 00 00 00.0 0.00 12:00:00.000)\n";
-    const Tracks tracks = {checkedTrack("12345", {usualMark(), usualMark()}),
-                           checkedTrack("12345", {usualMark()})};
+    const Tracks tracks = {checkedTrack("12345", {theMark(), theMark()}), checkedTrack("12345", {theMark()})};
     EXPECT_EQ(compared(tracks, {}),
               "COD 500\n" + observation + "???\n" + observation + "???\n" + observation + "???\n");
     EXPECT_EQ(compared(tracks, {trackNamed("", {{}})}),
@@ -585,8 +548,8 @@ TEST(MpcComparison, PlacesInTheTwoListsAreParallel)
         return TRecLabelPervichka_File{.RefValue4 = value, .RefValue5 = 0.0, .RefValue6 = 0.0};
     };
     const std::string behind = "  0.00  0.00      (00 00 00.00 00 00 00.0 0.00 12:00:00.000)\n";
-    const Tracks tracks = {checkedTrack("12345", {usualMark(), usualMark()}), checkedTrack("12345", {}),
-                           checkedTrack("12345", {usualMark()})};
+    const Tracks tracks = {checkedTrack("12345", {theMark(), theMark()}), checkedTrack("12345", {}),
+                           checkedTrack("12345", {theMark()})};
     const Tracks ephemeris = {trackNamed("", {residual(0.1), residual(0.2), residual(0.3)}),
                               trackNamed("", {residual(0.4)}), trackNamed("", {residual(0.5)}),
                               trackNamed("", {residual(0.6)})};
@@ -597,7 +560,7 @@ TEST(MpcComparison, PlacesInTheTwoListsAreParallel)
 
 TEST(MpcComparison, NameIsAlwaysThatOfTheChecker)
 {
-    TrackVtorichka track = trackNamed("11111", {usualMark()});
+    TrackVtorichka track = trackNamed("11111", {theMark()});
     EXPECT_EQ(compared({track}, {}), "COD 500\n            " + observation.substr(12) + "???\n");
     track.MPCChecker = "12345";
     EXPECT_EQ(compared({track}, {}), "COD 500\n" + observation + "???\n");
@@ -606,7 +569,7 @@ TEST(MpcComparison, NameIsAlwaysThatOfTheChecker)
 TEST(MpcComparison, HeaderIsThatOfTheFirstTrackAndCodesAreOfEachTrack)
 {
     TrackVtorichka first = checkedTrack("12345", {});
-    TrackVtorichka second = checkedTrack("12345", {usualMark()});
+    TrackVtorichka second = checkedTrack("12345", {theMark()});
     first.MPCHeader = fullHeader();
     second.MPCHeader.COD = "G96";
     second.MPCHeader.ACK = "night 2";
@@ -636,7 +599,7 @@ TEST(MpcComparison, EmptyListMakesNoFileAndLeavesOne)
 TEST(MpcComparison, FileThatCannotBeWrittenRaisesCode7)
 {
     expectCode7(
-        [](const std::string& path) { sMPCAndHorRes(path, {checkedTrack("12345", {usualMark()})}, {}); });
+        [](const std::string& path) { sMPCAndHorRes(path, {checkedTrack("12345", {theMark()})}, {}); });
 }
 
 // Parsing an observation line.
@@ -837,7 +800,7 @@ TEST(MpcReader, ReadsAnObservation)
 {
     const Tracks tracks = lMPC(Lines{observation});
     ASSERT_EQ(outline(tracks), Lines{"12345 1"});
-    expectMark(tracks[0].Marks[0], 60000, 0.5, 15.0, -0.5, 9.5, "R");
+    expectMark(tracks[0].Marks[0], {60000, 0.5, 15.0, -0.5, 9.5}, "R");
 }
 
 TEST(MpcReader, LeavesTheRestOfTheHeadAsConstructed)
@@ -917,8 +880,8 @@ TEST(MpcReader, LineOfEightyColumnsOfNonsenseGivesZeros)
 {
     const Tracks tracks = lMPC(Lines{std::string(80, 'x'), std::string(80, ' ')});
     ASSERT_EQ(outline(tracks), (Lines{"xxxxxxxxxxxx 1", " 1"}));
-    expectMark(tracks[0].Marks[0], 0, 0.0, 0.0, 0.0, 0.0, "xxxxxxx");
-    expectMark(tracks[1].Marks[0], 0, 0.0, 0.0, 0.0, 0.0, "");
+    expectMark(tracks[0].Marks[0], {0, 0.0, 0.0, 0.0, 0.0}, "xxxxxxx");
+    expectMark(tracks[1].Marks[0], {0, 0.0, 0.0, 0.0, 0.0}, "");
 }
 
 TEST(MpcReader, HeaderWithoutObservationsGivesNoTracks)
@@ -1111,8 +1074,8 @@ TEST(MpcReport, ComesBackWithinItsPrecision)
 
 TEST(MpcReport, CodesOfLaterTracksDoNotComeBack)
 {
-    TrackVtorichka first = trackNamed("11111", {usualMark()});
-    TrackVtorichka second = trackNamed("22222", {usualMark()});
+    TrackVtorichka first = trackNamed("11111", {theMark()});
+    TrackVtorichka second = trackNamed("22222", {theMark()});
     first.MPCHeader = fullHeader();
     second.MPCHeader.COD = "G96";
     const Tracks tracks = readBack({first, second});
@@ -1123,56 +1086,56 @@ TEST(MpcReport, CodesOfLaterTracksDoNotComeBack)
 
 TEST(MpcReport, DayThatIsRoundedUpComesBackADayEarlier)
 {
-    TRecLabelPervichka_File mark = usualMark();
+    TRecLabelPervichka_File mark = theMark();
     mark.time = 0.999999;
     const Tracks tracks = readBack({trackNamed("12345", {mark})});
     ASSERT_EQ(tracks.size(), 1U);
-    expectMark(tracks[0].Marks[0], 60000, 0.0, 15.0, -0.5, 9.5, "R");
+    expectMark(tracks[0].Marks[0], {60000, 0.0, 15.0, -0.5, 9.5}, "R");
 }
 
 TEST(MpcReport, PositiveDeclinationsDoNotComeBack)
 {
-    TRecLabelPervichka_File mark = usualMark();
+    TRecLabelPervichka_File mark = theMark();
     mark.DE = 0.5;
     EXPECT_TRUE(readBack({trackNamed("12345", {mark})}).empty());
-    EXPECT_EQ(outline(readBack({trackNamed("12345", {mark, usualMark(), mark})})), Lines{"12345 1"});
+    EXPECT_EQ(outline(readBack({trackNamed("12345", {mark, theMark(), mark})})), Lines{"12345 1"});
 }
 
 TEST(MpcReport, NegativeMagnitudesDoNotComeBack)
 {
-    TRecLabelPervichka_File mark = usualMark();
+    TRecLabelPervichka_File mark = theMark();
     mark.m = -1.0;
     EXPECT_TRUE(readBack({trackNamed("12345", {mark})}).empty());
 }
 
 TEST(MpcReport, MissingSignAndNegativeMagnitudeMakeUpForEachOther)
 {
-    TRecLabelPervichka_File mark = usualMark();
+    TRecLabelPervichka_File mark = theMark();
     mark.DE = 0.5;
     mark.m = -1.0;
     EXPECT_EQ(GetStringMPC("12345", "500", mark),
               "12345         C2023 02 25.50000 01 00 00.00 00 30 00.0          0-1.0 R      500");
     const Tracks tracks = readBack({trackNamed("12345", {mark})});
     ASSERT_EQ(tracks.size(), 1U);
-    expectMark(tracks[0].Marks[0], 60000, 0.5, 15.0, 0.5, -1.0, "R");
+    expectMark(tracks[0].Marks[0], {60000, 0.5, 15.0, 0.5, -1.0}, "R");
 }
 
 TEST(MpcReport, WideNamesBandsAndCodesDoNotComeBack)
 {
-    TRecLabelPervichka_File band = usualMark();
+    TRecLabelPervichka_File band = theMark();
     band.filtr = "B-of-8-l";
-    TrackVtorichka code = trackNamed("33333", {usualMark()});
+    TrackVtorichka code = trackNamed("33333", {theMark()});
     code.MPCHeader.COD = "W855";
-    TrackVtorichka noCode = trackNamed("44444", {usualMark()});
+    TrackVtorichka noCode = trackNamed("44444", {theMark()});
     noCode.MPCHeader.COD = "";
     EXPECT_TRUE(
-        readBack({trackNamed("0123456789abc", {usualMark()}), trackNamed("22222", {band}), code, noCode})
+        readBack({trackNamed("0123456789abc", {theMark()}), trackNamed("22222", {band}), code, noCode})
             .empty());
 }
 
 TEST(MpcReport, ComparisonsDoNotComeBack)
 {
-    EXPECT_TRUE(readFile(compared({checkedTrack("12345", {usualMark()})}, {})).empty());
+    EXPECT_TRUE(readFile(compared({checkedTrack("12345", {theMark()})}, {})).empty());
 }
 
 // Reports of observatories.
@@ -1193,9 +1156,9 @@ TEST(MpcReader, ReadsAReportWithAFullHeader)
     for (const TrackVtorichka& track : tracks) {
         expectHeader(track.MPCHeader, header);
     }
-    expectMark(tracks[0].Marks[0], 58165, 0.198172, hours(11, 26, 54.17), -degrees(4, 24, 44.7), 20.2, "G");
-    expectMark(tracks[2].Marks[1], 58165, 0.203656, hours(11, 27, 53.01), -degrees(4, 8, 9.0), 20.5, "G");
-    expectMark(tracks[5].Marks[2], 58165, 0.210981, hours(11, 26, 26.41), -degrees(4, 12, 3.3), 21.3, "G");
+    expectMark(tracks[0].Marks[0], {58165, 0.198172, hours(11, 26, 54.17), -degrees(4, 24, 44.7), 20.2}, "G");
+    expectMark(tracks[2].Marks[1], {58165, 0.203656, hours(11, 27, 53.01), -degrees(4, 8, 9.0), 20.5}, "G");
+    expectMark(tracks[5].Marks[2], {58165, 0.210981, hours(11, 26, 26.41), -degrees(4, 12, 3.3), 21.3}, "G");
 }
 
 TEST(MpcReader, KeepsTheLastHeaderOfThreeBatches)
@@ -1215,9 +1178,11 @@ TEST(MpcReader, KeepsTheLastHeaderOfThreeBatches)
     for (const TrackVtorichka& track : tracks) {
         expectHeader(track.MPCHeader, header);
     }
-    expectMark(tracks[0].Marks[0], 57113, 0.4691, hours(12, 17, 58.93), degrees(48, 19, 52.2), 20.7, "R");
-    expectMark(tracks[1].Marks[1], 57744, 0.325591, hours(2, 41, 35.541), degrees(42, 24, 59.45), 23.9, "G");
-    expectMark(tracks[2].Marks[3], 57525, 0.320852, hours(15, 44, 36.88), degrees(10, 58, 31.46), 21.4, "R");
+    expectMark(tracks[0].Marks[0], {57113, 0.4691, hours(12, 17, 58.93), degrees(48, 19, 52.2), 20.7}, "R");
+    expectMark(tracks[1].Marks[1], {57744, 0.325591, hours(2, 41, 35.541), degrees(42, 24, 59.45), 23.9},
+               "G");
+    expectMark(tracks[2].Marks[3], {57525, 0.320852, hours(15, 44, 36.88), degrees(10, 58, 31.46), 21.4},
+               "R");
 }
 
 TEST(MpcReader, MagnitudeThatIsMissingIsZero)
@@ -1226,9 +1191,9 @@ TEST(MpcReader, MagnitudeThatIsMissingIsZero)
     ASSERT_EQ(outline(tracks), (Lines{"K12O00Z 2", "K15K57K 3"}));
     EXPECT_EQ(tracks[0].MPCHeader.COD, "675");
     EXPECT_EQ(tracks[0].MPCHeader.CON, "");
-    expectMark(tracks[0].Marks[0], 57186, 0.2338, hours(17, 53, 37.66), degrees(9, 1, 24.0), 21.3, "R");
-    expectMark(tracks[0].Marks[1], 57186, 0.25939, hours(17, 53, 35.81), degrees(9, 1, 15.1), 0.0, "R");
-    expectMark(tracks[1].Marks[2], 57186, 0.29497, hours(18, 23, 40.88), degrees(19, 53, 25.3), 0.0, "R");
+    expectMark(tracks[0].Marks[0], {57186, 0.2338, hours(17, 53, 37.66), degrees(9, 1, 24.0), 21.3}, "R");
+    expectMark(tracks[0].Marks[1], {57186, 0.25939, hours(17, 53, 35.81), degrees(9, 1, 15.1), 0.0}, "R");
+    expectMark(tracks[1].Marks[2], {57186, 0.29497, hours(18, 23, 40.88), degrees(19, 53, 25.3), 0.0}, "R");
 }
 
 TEST(MpcReader, PassesOverTheLongLineOfAReport)
@@ -1240,9 +1205,10 @@ TEST(MpcReader, PassesOverTheLongLineOfAReport)
     EXPECT_EQ(tracks[5].MPCHeader.MEA,
               "V. Myliavka, Y. Lavrenko, O.Semeshchuk, V. Sulym, A.Katkalov & S.Plaksa "
               "(Street Astronomy, Ukraine)");
-    expectMark(tracks[0].Marks[0], 57781, 0.53994, hours(11, 30, 0.371), degrees(4, 9, 31.15), 21.6, "R");
-    expectMark(tracks[4].Marks[0], 57781, 0.53994, hours(11, 30, 6.748), degrees(4, 12, 5.08), 22.3, "R");
-    expectMark(tracks[5].Marks[3], 57781, 0.575395, hours(11, 29, 54.059), degrees(4, 10, 22.14), 20.0, "R");
+    expectMark(tracks[0].Marks[0], {57781, 0.53994, hours(11, 30, 0.371), degrees(4, 9, 31.15), 21.6}, "R");
+    expectMark(tracks[4].Marks[0], {57781, 0.53994, hours(11, 30, 6.748), degrees(4, 12, 5.08), 22.3}, "R");
+    expectMark(tracks[5].Marks[3], {57781, 0.575395, hours(11, 29, 54.059), degrees(4, 10, 22.14), 20.0},
+               "R");
 }
 
 TEST(MpcReader, KeepsTheBytesOfAHeader)
@@ -1257,9 +1223,9 @@ TEST(MpcReader, KeepsTheBytesOfAHeader)
     header.ACK = "MPCReport file updated 2017.05.24 22:57:03";
     header.NET = "UCAC-3";
     expectHeader(tracks[3].MPCHeader, header);
-    expectMark(tracks[0].Marks[0], 57892, 0.384857, hours(17, 29, 14.607), -degrees(11, 12, 19.65), 18.7,
+    expectMark(tracks[0].Marks[0], {57892, 0.384857, hours(17, 29, 14.607), -degrees(11, 12, 19.65), 18.7},
                "R");
-    expectMark(tracks[3].Marks[3], 57892, 0.397272, hours(17, 30, 16.862), -degrees(11, 58, 36.84), 18.0,
+    expectMark(tracks[3].Marks[3], {57892, 0.397272, hours(17, 30, 16.862), -degrees(11, 58, 36.84), 18.0},
                "R");
 }
 
@@ -1269,11 +1235,11 @@ TEST(MpcReader, SecondLinesOfRecordsAreReadByTheSameColumns)
     ASSERT_EQ(outline(tracks), Lines{"00433 5"});
     const std::vector<TRecLabelPervichka_File>& marks = tracks[0].Marks;
     expectHeader(tracks[0].MPCHeader, TMPCReportHeader{});
-    expectMark(marks[0], 12765, 0.4132, hours(6, 8, 59.32), degrees(53, 39, 4.2), 0.0, "HA053");
-    expectMark(marks[1], 55857, 0.34124, hours(6, 53, 3.495), degrees(46, 43, 6.69), 0.0, "X~7lwF");
-    expectMark(marks[2], 55857, 0.34124, hours(1, 0, 4353.003), 0.0, 3400.0, "~7lwF");
-    expectMark(marks[3], 60182, 0.191932, hours(20, 55, 41.1), -degrees(8, 18, 29.6), 15.1, "VV~7811");
-    expectMark(marks[4], 60182, 0.191932, hours(1, 237.76096, 0), 38.11385 / 60.0, 0.0, "~7811");
+    expectMark(marks[0], {12765, 0.4132, hours(6, 8, 59.32), degrees(53, 39, 4.2), 0.0}, "HA053");
+    expectMark(marks[1], {55857, 0.34124, hours(6, 53, 3.495), degrees(46, 43, 6.69), 0.0}, "X~7lwF");
+    expectMark(marks[2], {55857, 0.34124, hours(1, 0, 4353.003), 0.0, 3400.0}, "~7lwF");
+    expectMark(marks[3], {60182, 0.191932, hours(20, 55, 41.1), -degrees(8, 18, 29.6), 15.1}, "VV~7811");
+    expectMark(marks[4], {60182, 0.191932, hours(1, 237.76096, 0), 38.11385 / 60.0, 0.0}, "~7811");
 }
 
 // The table of report marks.

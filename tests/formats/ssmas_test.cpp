@@ -3,6 +3,8 @@
 
 #include "support/failed_writes.h"
 #include "support/measured_marks.h"
+#include "support/places.h"
+#include "support/sexagesimal.h"
 #include "support/temporary_folder.h"
 #include "support/tracks.h"
 
@@ -24,21 +26,6 @@ using Tracks = std::vector<TrackVtorichka>;
 
 const std::string columnLine = "   Data        UT           CU           DE      RMS  m";
 const std::string markLine = "25.02.2023 12:00:00.00  01:00:00.00 -00.30.00.00 001 09.5";
-
-double day(int hour, int minute, double second)
-{
-    return (second / 3600.0 + (minute / 60.0 + hour)) / 24.0;
-}
-
-double degrees(int whole, int minute, double second)
-{
-    return whole + minute / 60.0 + second / 3600.0;
-}
-
-double hours(int hour, int minute, double second)
-{
-    return degrees(hour, minute, second) * 15.0;
-}
 
 std::string written(const Tracks& tracks)
 {
@@ -116,19 +103,9 @@ void expectDefaultTrack(const TrackVtorichka& track)
     EXPECT_TRUE(track.Marks.empty());
 }
 
-void expectTheMark(const TRecLabelPervichka_File& mark)
-{
-    expectMark(mark, 60000, 0.5, 15.0, -0.5, 9.5);
-}
-
 std::string markOf(const std::string& m)
 {
     return "25.02.2023 12:00:00.00  01:00:00.00 -00.30.00.00 001 " + m;
-}
-
-std::string fixture()
-{
-    return std::string(VOMAR_FIXTURES) + "/ssmas/K88_20240120.ssm";
 }
 
 std::vector<TSSMASHAED> readHeaders(const std::string& bytes)
@@ -160,9 +137,8 @@ std::string record(const std::string& tag, const std::string& add, const std::st
 
 TEST(SsmasWriter, ThreeLinesAndABlockForEachTrack)
 {
-    TrackVtorichka first =
-        trackNamed("A", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5},
-                         {.date = 60001, .time = day(1, 2, 3.456), .RA = 187.5, .DE = 45.25, .m = 15.3}});
+    TrackVtorichka first = trackNamed(
+        "A", {theMark(), {.date = 60001, .time = day(1, 2, 3.456), .RA = 187.5, .DE = 45.25, .m = 15.3}});
     first.telescope = "T1";
     first.HeadText2 = "100";
     first.HeadText3 = "200";
@@ -223,8 +199,7 @@ TEST(SsmasWriter, TextsStandAsTheyAre)
 TEST(SsmasWriter, TrackWithoutMarksHasABlockWithoutMarks)
 {
     const TrackVtorichka empty = trackNamed("E", {});
-    const TrackVtorichka full =
-        trackNamed("A", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5}});
+    const TrackVtorichka full = trackNamed("A", {theMark()});
     EXPECT_EQ(written({empty, full, empty}), "Measurements\ntelescope\nconversion\n"
                                              "1\n\n#SSMAS   #INTER\nE E\n" +
                                                  columnLine + "\n2\n\n#SSMAS   #INTER\nA A\n" + columnLine +
@@ -421,10 +396,10 @@ TEST(SsmasReader, BlockIsATrack)
     expectHead(tracks[0], "MPC", "T1", "100", "200");
     ASSERT_EQ(tracks[0].Marks.size(), 2u);
     expectTheMark(tracks[0].Marks[0]);
-    expectMark(tracks[0].Marks[1], 60001, 0.25, 187.5, 45.25, 15.3);
+    expectMark(tracks[0].Marks[1], {60001, 0.25, 187.5, 45.25, 15.3});
     expectHead(tracks[1], "MPC", "T1", "B", "B");
     ASSERT_EQ(tracks[1].Marks.size(), 1u);
-    expectMark(tracks[1].Marks[0], 51544, 0.75, 30.0, -1.0, 10.0);
+    expectMark(tracks[1].Marks[0], {51544, 0.75, 30.0, -1.0, 10.0});
 }
 
 TEST(SsmasReader, FileReadsLikeItsLines)
@@ -639,10 +614,10 @@ TEST(SsmasReader, ObjectWithAnEmptyNameKeepsTheMarksBeforeIt)
     expectObject(tracks[3], "C", "C", 1);
     for (std::size_t i = 0; i < 3; ++i) {
         for (std::size_t k = 0; k < tracks[i].Marks.size(); ++k) {
-            expectMark(tracks[i].Marks[k], 60000, 0.5, 15.0, -0.5, static_cast<double>(k + 1));
+            expectMark(tracks[i].Marks[k], {60000, 0.5, 15.0, -0.5, static_cast<double>(k + 1)});
         }
     }
-    expectMark(tracks[3].Marks[0], 60000, 0.5, 15.0, -0.5, 5.0);
+    expectMark(tracks[3].Marks[0], {60000, 0.5, 15.0, -0.5, 5.0});
 }
 
 TEST(SsmasReader, ObjectWithAnEmptyNameAndNoMarksOfItsOwnLeavesADefaultTrack)
@@ -716,8 +691,8 @@ TEST(SsmasReader, DateOfAMark)
     };
     for (const auto& [text, date] : rows) {
         SCOPED_TRACE(text);
-        expectMark(readMark(std::string(text) + " 12:00:00.00  01:00:00.00 -00.30.00.00 001 09.5"), date, 0.5,
-                   15.0, -0.5, 9.5);
+        expectMark(readMark(std::string(text) + " 12:00:00.00  01:00:00.00 -00.30.00.00 001 09.5"),
+                   {date, 0.5, 15.0, -0.5, 9.5});
     }
 }
 
@@ -741,8 +716,8 @@ TEST(SsmasReader, TimeOfAMark)
     };
     for (const auto& [text, time] : rows) {
         SCOPED_TRACE(text);
-        expectMark(readMark("25.02.2023 " + std::string(text) + "  01:00:00.00 -00.30.00.00 001 09.5"), 60000,
-                   time, 15.0, -0.5, 9.5);
+        expectMark(readMark("25.02.2023 " + std::string(text) + "  01:00:00.00 -00.30.00.00 001 09.5"),
+                   {60000, time, 15.0, -0.5, 9.5});
     }
 }
 
@@ -764,8 +739,8 @@ TEST(SsmasReader, RightAscensionOfAMark)
     };
     for (const auto& [text, RA] : rows) {
         SCOPED_TRACE(text);
-        expectMark(readMark("25.02.2023 12:00:00.00  " + std::string(text) + " -00.30.00.00 001 09.5"), 60000,
-                   0.5, RA, -0.5, 9.5);
+        expectMark(readMark("25.02.2023 12:00:00.00  " + std::string(text) + " -00.30.00.00 001 09.5"),
+                   {60000, 0.5, RA, -0.5, 9.5});
     }
 }
 
@@ -790,8 +765,8 @@ TEST(SsmasReader, DeclinationOfAMarkLosesTheFractionOfItsSeconds)
     };
     for (const auto& [text, DE] : rows) {
         SCOPED_TRACE(text);
-        expectMark(readMark("25.02.2023 12:00:00.00  01:00:00.00 " + std::string(text) + " 001 09.5"), 60000,
-                   0.5, 15.0, DE, 9.5);
+        expectMark(readMark("25.02.2023 12:00:00.00  01:00:00.00 " + std::string(text) + " 001 09.5"),
+                   {60000, 0.5, 15.0, DE, 9.5});
     }
 }
 
@@ -807,7 +782,7 @@ TEST(SsmasReader, MagnitudeOfAMark)
     };
     for (const auto& [text, m] : rows) {
         SCOPED_TRACE(text);
-        expectMark(readMark(markOf(text)), 60000, 0.5, 15.0, -0.5, m);
+        expectMark(readMark(markOf(text)), {60000, 0.5, 15.0, -0.5, m});
     }
 }
 
@@ -816,7 +791,7 @@ TEST(SsmasReader, ThirdItemAndRmsOfAMarkAreNotRead)
     expectTheMark(readMark("25.02.2023 12:00:00.00 x 01:00:00.00 -00.30.00.00  09.5"));
     expectTheMark(readMark("25.02.2023 12:00:00.00 99 01:00:00.00 -00.30.00.00 abc 09.5"));
     // Six blanks are seven empty items.
-    expectMark(readMark("      "), 0, 0.0, 0.0, 0.0, 0.0);
+    expectMark(readMark("      "), {0, 0.0, 0.0, 0.0, 0.0});
 }
 
 TEST(Ssmas, WhatIsWrittenComesBack)
@@ -836,35 +811,35 @@ TEST(Ssmas, WhatIsWrittenComesBack)
     const Tracks tracks = lckako_meas(folder / "a.ssm", "MPC");
     ASSERT_EQ(tracks.size(), 3u);
     expectObject(tracks[0], "100", "200", 2);
-    expectMark(tracks[0].Marks[0], 60000, 0.5, 187.5, -0.5, 9.5);
-    expectMark(tracks[0].Marks[1], 60001, 0.25, 15.0, 45.25, 15.3);
+    expectMark(tracks[0].Marks[0], {60000, 0.5, 187.5, -0.5, 9.5});
+    expectMark(tracks[0].Marks[1], {60001, 0.25, 15.0, 45.25, 15.3});
     expectDefaultTrack(tracks[1]);
     expectObject(tracks[2], "B", "B", 1); // under the telescope of the first
-    expectMark(tracks[2].Marks[0], 51544, 0.0, 0.0, -1.0, 0.0);
+    expectMark(tracks[2].Marks[0], {51544, 0.0, 0.0, -1.0, 0.0});
 }
 
 TEST(Ssmas, PublishedNight)
 {
-    const Tracks tracks = lckako_meas(fixture(), "MPC");
+    const Tracks tracks = lckako_meas(fixture("ssmas/K88_20240120.ssm"), "MPC");
     ASSERT_EQ(tracks.size(), 1u);
     expectHead(tracks[0], "MPC", "K88", "K24B01X", "K24B01X");
     ASSERT_EQ(tracks[0].Marks.size(), 130u);
-    expectMark(tracks[0].Marks.front(), 60329, day(21, 48, 27.36), hours(7, 46, 28.66), degrees(45, 23, 28),
-               18.0);
-    expectMark(tracks[0].Marks.back(), 60330, day(0, 19, 18.45), hours(7, 31, 57.86), degrees(47, 43, 19),
-               12.7);
-    expectPublished(tracks[0].Marks, publishedMarks("K88", "20240120"),
+    expectMark(tracks[0].Marks.front(),
+               {60329, day(21, 48, 27.36), hours(7, 46, 28.66), degrees(45, 23, 28), 18.0});
+    expectMark(tracks[0].Marks.back(),
+               {60330, day(0, 19, 18.45), hours(7, 31, 57.86), degrees(47, 43, 19), 12.7});
+    expectPublished(tracks[0].Marks, publishedMarks("K88_20240120"),
                     {.time = 0.005, .RA = 0.005, .DE = 1.0, .m = 0.05});
 }
 
 TEST(Ssmas, PublishedNightIsWrittenWithWholeArcsecondsAndWithoutPlusSigns)
 {
-    std::string expected = bytesOf(fixture());
+    std::string expected = bytesOf(fixture("ssmas/K88_20240120.ssm"));
     for (std::size_t at = expected.find('+'); at != std::string::npos; at = expected.find('+')) {
         expected.erase(at, 1);
         expected.replace(at + std::string("45.23.28.").size(), 2, "00");
     }
-    EXPECT_EQ(written(lckako_meas(fixture(), "MPC")), expected);
+    EXPECT_EQ(written(lckako_meas(fixture("ssmas/K88_20240120.ssm"), "MPC")), expected);
 }
 
 TEST(SsmasHeaders, ARecord)

@@ -5,6 +5,8 @@
 
 #include "support/failed_writes.h"
 #include "support/measured_marks.h"
+#include "support/places.h"
+#include "support/sexagesimal.h"
 #include "support/temporary_folder.h"
 #include "support/tracks.h"
 
@@ -26,11 +28,6 @@ using Tracks = std::vector<TrackVtorichka>;
 const std::string angle1 = "ANGLE_1 = 2023-02-25T12:00:00.00000 15.0000000";
 const std::string angle2 = "ANGLE_2 = 2023-02-25T12:00:00.00000 -0.5000000";
 const std::string mag = "MAG = 2023-02-25T12:00:00.00000 9.5000";
-
-double day(int hour, int minute, double second)
-{
-    return (second / 3600.0 + (minute / 60.0 + hour)) / 24.0;
-}
 
 std::string written(const Tracks& tracks)
 {
@@ -83,16 +80,6 @@ void expectHead(const TrackVtorichka& track, const std::string& originator, cons
     EXPECT_TRUE(track.Cast.empty());
 }
 
-void expectTheMark(const TRecLabelPervichka_File& mark)
-{
-    expectMark(mark, 60000, 0.5, 15.0, -0.5, 9.5);
-}
-
-std::string fixture(const std::string& name)
-{
-    return std::string(VOMAR_FIXTURES) + "/tdm/" + name;
-}
-
 // The lines that tell the times of a segment.
 std::string spanOf(const std::string& first, const std::string& last)
 {
@@ -120,7 +107,7 @@ std::string epochOf(const TRecLabelPervichka_File& mark)
 TEST(TdmWriter, SegmentOfATrack)
 {
     TrackVtorichka track = trackNamed(
-        "12345", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5},
+        "12345", {theMark(),
                   {.date = 60001, .time = day(1, 2, 3.456), .RA = 187.51234567, .DE = 45.25, .m = 15.3},
                   {.date = 60002, .time = 0.25, .RA = 359.99999996, .DE = 0.0, .m = -1.23456}});
     track.originator = "MPC";
@@ -155,7 +142,7 @@ TEST(TdmWriter, SegmentOfATrack)
 
 TEST(TdmWriter, EachTrackHasItsSegmentUnderTheOriginatorOfTheFirst)
 {
-    TrackVtorichka first = trackNamed("A", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5}});
+    TrackVtorichka first = trackNamed("A", {theMark()});
     first.originator = "O1";
     TrackVtorichka second = trackNamed("A", {{.date = 51544, .time = 0.0, .RA = 1.0, .DE = 2.0, .m = 3.0}});
     second.originator = "O2";
@@ -235,8 +222,7 @@ TEST(TdmWriter, TrackWithoutMarksHasNoSegment)
                                 "DATA_STOP\n";
     TrackVtorichka empty = trackNamed("E", {});
     empty.originator = "O1";
-    const TrackVtorichka full =
-        trackNamed("A", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5}});
+    const TrackVtorichka full = trackNamed("A", {theMark()});
     EXPECT_EQ(written({empty}), head);
     EXPECT_EQ(written({empty, full, empty, full, empty}), head + segment + segment);
 }
@@ -420,8 +406,8 @@ TEST(TdmEpoch, DateAndTimeAreRead)
         readEpoch(text, days, readDate, readTime);
         EXPECT_EQ(readDate, date);
         EXPECT_DOUBLE_EQ(readTime, time);
-        expectMark(readMark({"ANGLE_1 = " + std::string(text) + " 15.0", angle2, mag}), date, time, 15.0,
-                   -0.5, 9.5);
+        expectMark(readMark({"ANGLE_1 = " + std::string(text) + " 15.0", angle2, mag}),
+                   {date, time, 15.0, -0.5, 9.5});
     }
 }
 
@@ -468,7 +454,7 @@ TEST(TdmReader, SegmentIsATrack)
     expectHead(tracks[0], "MPC", "K88", "TRACK NUMBER 001");
     ASSERT_EQ(tracks[0].Marks.size(), 2u);
     expectTheMark(tracks[0].Marks[0]);
-    expectMark(tracks[0].Marks[1], 60001, 0.25, 187.5, 45.25, -1.2);
+    expectMark(tracks[0].Marks[1], {60001, 0.25, 187.5, 45.25, -1.2});
 }
 
 TEST(TdmReader, NothingToRead)
@@ -644,21 +630,21 @@ TEST(TdmReader, MarkKeepsWhatItsLinesDoNotSay)
                                 "MAG = 2000-01-01T06:00:00 13.0"});
     ASSERT_EQ(tracks.size(), 2u);
     ASSERT_EQ(tracks[0].Marks.size(), 5u);
-    expectMark(tracks[0].Marks[0], 0, 0.0, 0.0, 0.0, 8.0);
-    expectMark(tracks[0].Marks[1], 60000, 0.5, 15.0, 0.0, 9.0);
-    expectMark(tracks[0].Marks[2], 60000, 0.5, 15.0, -0.5, 9.5);
-    expectMark(tracks[0].Marks[3], 60000, 0.5, 15.0, -0.5, 10.0);
-    expectMark(tracks[0].Marks[4], 60000, 0.5, 15.0, 5.0, 11.0);
+    expectMark(tracks[0].Marks[0], {0, 0.0, 0.0, 0.0, 8.0});
+    expectMark(tracks[0].Marks[1], {60000, 0.5, 15.0, 0.0, 9.0});
+    expectMark(tracks[0].Marks[2], {60000, 0.5, 15.0, -0.5, 9.5});
+    expectMark(tracks[0].Marks[3], {60000, 0.5, 15.0, -0.5, 10.0});
+    expectMark(tracks[0].Marks[4], {60000, 0.5, 15.0, 5.0, 11.0});
     ASSERT_EQ(tracks[1].Marks.size(), 2u);
-    expectMark(tracks[1].Marks[0], 60000, 0.5, 15.0, 5.0, 12.0);
-    expectMark(tracks[1].Marks[1], 51544, 0.25, 30.0, 5.0, 13.0);
+    expectMark(tracks[1].Marks[0], {60000, 0.5, 15.0, 5.0, 12.0});
+    expectMark(tracks[1].Marks[1], {51544, 0.25, 30.0, 5.0, 13.0});
 }
 
 TEST(TdmReader, EpochIsThatOfTheRightAscension)
 {
     expectMark(readMark({"ANGLE_2 = 2000-01-01T06:00:00 -0.5", "ANGLE_1 = 2023-02-25T12:00:00 15.0",
                          "MAG = 2000-01-01T18:00:00 9.5"}),
-               60000, 0.5, 15.0, -0.5, 9.5);
+               {60000, 0.5, 15.0, -0.5, 9.5});
 }
 
 TEST(TdmReader, LinesBeforeTheFirstSegmentLeaveTheMark)
@@ -666,7 +652,7 @@ TEST(TdmReader, LinesBeforeTheFirstSegmentLeaveTheMark)
     const Tracks tracks = read({angle1, angle2, mag, "META_START", "MAG = 2000-01-01T06:00:00 8.0"});
     ASSERT_EQ(tracks.size(), 1u);
     ASSERT_EQ(tracks[0].Marks.size(), 1u);
-    expectMark(tracks[0].Marks[0], 0, 0.0, 0.0, 0.0, 8.0);
+    expectMark(tracks[0].Marks[0], {0, 0.0, 0.0, 0.0, 8.0});
 }
 
 TEST(TdmReader, LineOfRightAscension)
@@ -704,8 +690,8 @@ TEST(TdmReader, LineOfRightAscension)
     };
     for (const auto& [line, date, time, RA] : rows) {
         SCOPED_TRACE(line);
-        expectMark(readMark({"ANGLE_1 = 2000-01-01T06:00:00 7.0", angle2, line, mag}), date, time, RA, -0.5,
-                   9.5);
+        expectMark(readMark({"ANGLE_1 = 2000-01-01T06:00:00 7.0", angle2, line, mag}),
+                   {date, time, RA, -0.5, 9.5});
     }
 }
 
@@ -729,8 +715,8 @@ TEST(TdmReader, LineOfDeclination)
     };
     for (const auto& [line, DE] : rows) {
         SCOPED_TRACE(line);
-        expectMark(readMark({angle1, "ANGLE_2 = 2023-02-25T12:00:00 7.0", line, mag}), 60000, 0.5, 15.0, DE,
-                   9.5);
+        expectMark(readMark({angle1, "ANGLE_2 = 2023-02-25T12:00:00 7.0", line, mag}),
+                   {60000, 0.5, 15.0, DE, 9.5});
     }
 }
 
@@ -752,7 +738,7 @@ TEST(TdmReader, LineOfMagnitude)
     };
     for (const auto& [line, m] : rows) {
         SCOPED_TRACE(line);
-        expectMark(readMark({angle1, angle2, line}), 60000, 0.5, 15.0, -0.5, m);
+        expectMark(readMark({angle1, angle2, line}), {60000, 0.5, 15.0, -0.5, m});
     }
     for (const char* line : {" MAG = 9.5", "MAG  = 9.5", "MAG= 9.5", "mag = 9.5", "MAG_TYPE = 9.5"}) {
         SCOPED_TRACE(line);
@@ -794,69 +780,69 @@ TEST(Tdm, WhatWasWrittenComesBackBesideTheReferenceFrame)
         EXPECT_NEAR(double(tracks[0].Marks[i].m), double(first.Marks[i].m), 0.0001);
     }
     ASSERT_EQ(tracks[1].Marks.size(), 1u);
-    expectMark(tracks[1].Marks[0], 51544, 0.0, 0.0, 0.0, 0.0);
+    expectMark(tracks[1].Marks[0], {51544, 0.0, 0.0, 0.0, 0.0});
 }
 
 TEST(Tdm, PublishedNight)
 {
-    const Tracks tracks = lTDM(fixture("K88_20240120.tdm"));
+    const Tracks tracks = lTDM(fixture("tdm/K88_20240120.tdm"));
     ASSERT_EQ(tracks.size(), 1u);
     expectHead(tracks[0], "MPC", "K88", "K24B01X");
     ASSERT_EQ(tracks[0].Marks.size(), 130u);
-    expectMark(tracks[0].Marks.front(), 60329, day(21, 48, 27.36), 116.6194167, 45.3911944, 18.0);
-    expectMark(tracks[0].Marks.back(), 60330, day(0, 19, 18.4512), 112.9911, 47.7221889, 12.7);
-    expectPublished(tracks[0].Marks, publishedMarks("K88", "20240120"),
+    expectMark(tracks[0].Marks.front(), {60329, day(21, 48, 27.36), 116.6194167, 45.3911944, 18.0});
+    expectMark(tracks[0].Marks.back(), {60330, day(0, 19, 18.4512), 112.9911, 47.7221889, 12.7});
+    expectPublished(tracks[0].Marks, publishedMarks("K88_20240120"),
                     {.time = 0.000005, .RA = 0.00000005 * 240.0, .DE = 0.00000005 * 3600.0, .m = 0.0});
-    EXPECT_EQ(written(tracks), bytesOf(fixture("K88_20240120.tdm")));
+    EXPECT_EQ(written(tracks), bytesOf(fixture("tdm/K88_20240120.tdm")));
 }
 
 TEST(TdmOfOthers, TwoSegmentsWithMagnitudes)
 {
-    const Tracks tracks = lTDM(fixture("two_segments.kvn"));
+    const Tracks tracks = lTDM(fixture("tdm/two_segments.kvn"));
     ASSERT_EQ(tracks.size(), 2u);
     expectHead(tracks[0], "ESA", "TFRM", "TRACK NUMBER 001");
     ASSERT_EQ(tracks[0].Marks.size(), 3u);
-    expectMark(tracks[0].Marks[0], 56229, day(17, 46, 39.02), 332.2298750, -16.3028389, 12.1);
-    expectMark(tracks[0].Marks[1], 56229, day(17, 48, 46.02), 332.7485833, -16.1876917, 12.3);
-    expectMark(tracks[0].Marks[2], 56229, day(17, 50, 53.02), 333.2668750, -16.0716806, 12.3);
+    expectMark(tracks[0].Marks[0], {56229, day(17, 46, 39.02), 332.2298750, -16.3028389, 12.1});
+    expectMark(tracks[0].Marks[1], {56229, day(17, 48, 46.02), 332.7485833, -16.1876917, 12.3});
+    expectMark(tracks[0].Marks[2], {56229, day(17, 50, 53.02), 333.2668750, -16.0716806, 12.3});
     expectHead(tracks[1], "ESA", "TFRM", "TRACK NUMBER 003");
     ASSERT_EQ(tracks[1].Marks.size(), 3u);
-    expectMark(tracks[1].Marks[0], 56229, day(17, 57, 14.02), 335.1698333, -17.7212861, 11.8);
-    expectMark(tracks[1].Marks[1], 56229, day(17, 59, 21.02), 335.7062083, -17.6950278, 12.4);
-    expectMark(tracks[1].Marks[2], 56229, day(18, 1, 28.02), 336.2425833, -17.6673694, 13.1);
+    expectMark(tracks[1].Marks[0], {56229, day(17, 57, 14.02), 335.1698333, -17.7212861, 11.8});
+    expectMark(tracks[1].Marks[1], {56229, day(17, 59, 21.02), 335.7062083, -17.6950278, 12.4});
+    expectMark(tracks[1].Marks[2], {56229, day(18, 1, 28.02), 336.2425833, -17.6673694, 13.1});
 }
 
 TEST(TdmOfOthers, SeveralBlanksBeforeTheAnglesLeaveNoTimes)
 {
-    const Tracks tracks = lTDM(fixture("several_blanks_before_numbers.kvn"));
+    const Tracks tracks = lTDM(fixture("tdm/several_blanks_before_numbers.kvn"));
     ASSERT_EQ(tracks.size(), 2u);
     expectHead(tracks[0], "ESA", "TFRM", "TRACK NUMBER 001");
     ASSERT_EQ(tracks[0].Marks.size(), 3u);
-    expectMark(tracks[0].Marks[0], 0, 0.0, 332.2298750, -16.3028389, 12.1);
-    expectMark(tracks[0].Marks[1], 0, 0.0, 332.7485833, -16.1876917, 12.3);
-    expectMark(tracks[0].Marks[2], 0, 0.0, 333.2668750, -16.0716806, 12.3);
+    expectMark(tracks[0].Marks[0], {0, 0.0, 332.2298750, -16.3028389, 12.1});
+    expectMark(tracks[0].Marks[1], {0, 0.0, 332.7485833, -16.1876917, 12.3});
+    expectMark(tracks[0].Marks[2], {0, 0.0, 333.2668750, -16.0716806, 12.3});
     expectHead(tracks[1], "ESA", "TFRM", "TRACK NUMBER 003");
     ASSERT_EQ(tracks[1].Marks.size(), 3u);
-    expectMark(tracks[1].Marks[2], 0, 0.0, 336.2425833, -17.6673694, 13.1);
+    expectMark(tracks[1].Marks[2], {0, 0.0, 336.2425833, -17.6673694, 13.1});
 }
 
 TEST(TdmOfOthers, SeveralBlanksBeforeDeclinationsAndMagnitudesDoNoHarm)
 {
     for (const char* name : {"no_line_feed_at_the_end.kvn", "several_blanks_before_some_numbers.kvn"}) {
         SCOPED_TRACE(name);
-        const Tracks tracks = lTDM(fixture(name));
+        const Tracks tracks = lTDM(fixture(std::string("tdm/") + name));
         ASSERT_EQ(tracks.size(), 1u);
         expectHead(tracks[0], "GSOC", "SMARTNET-01-A-SUTH", "UNKNOWN");
         ASSERT_EQ(tracks[0].Marks.size(), 3u);
-        expectMark(tracks[0].Marks[0], 58777, day(18, 59, 38.869008), 333.64830529, 5.23646136, 10.66);
-        expectMark(tracks[0].Marks[1], 58777, day(19, 0, 24.405696), 333.83841725, 5.23617947, 10.77);
-        expectMark(tracks[0].Marks[2], 58777, day(19, 0, 39.023021), 333.89958508, 5.23604417, 10.80);
+        expectMark(tracks[0].Marks[0], {58777, day(18, 59, 38.869008), 333.64830529, 5.23646136, 10.66});
+        expectMark(tracks[0].Marks[1], {58777, day(19, 0, 24.405696), 333.83841725, 5.23617947, 10.77});
+        expectMark(tracks[0].Marks[2], {58777, day(19, 0, 39.023021), 333.89958508, 5.23604417, 10.80});
     }
 }
 
 TEST(TdmOfOthers, FrequenciesAreNoMarks)
 {
-    const Tracks tracks = lTDM(fixture("day_of_year_epochs.kvn"));
+    const Tracks tracks = lTDM(fixture("tdm/day_of_year_epochs.kvn"));
     ASSERT_EQ(tracks.size(), 1u);
     expectHead(tracks[0], "NASA", "DSS-25", "yyyy-nnnA");
     EXPECT_TRUE(tracks[0].Marks.empty());
@@ -864,7 +850,7 @@ TEST(TdmOfOthers, FrequenciesAreNoMarks)
 
 TEST(TdmOfOthers, PaddedKeysAreUnknown)
 {
-    const Tracks tracks = lTDM(fixture("padded_keys.kvn"));
+    const Tracks tracks = lTDM(fixture("tdm/padded_keys.kvn"));
     ASSERT_EQ(tracks.size(), 2u);
     expectHead(tracks[0], "DLR", "HBSTK", "SAT");
     EXPECT_TRUE(tracks[0].Marks.empty());
@@ -874,7 +860,7 @@ TEST(TdmOfOthers, PaddedKeysAreUnknown)
 
 TEST(TdmOfOthers, IndentedKeysAreUnknown)
 {
-    const Tracks tracks = lTDM(fixture("indented_keys.kvn"));
+    const Tracks tracks = lTDM(fixture("tdm/indented_keys.kvn"));
     ASSERT_EQ(tracks.size(), 2u);
     for (const TrackVtorichka& track : tracks) {
         expectHead(track, "", "", "");

@@ -5,6 +5,8 @@
 
 #include "support/failed_writes.h"
 #include "support/measured_marks.h"
+#include "support/places.h"
+#include "support/sexagesimal.h"
 #include "support/temporary_folder.h"
 #include "support/tracks.h"
 
@@ -26,11 +28,6 @@ using Marks = std::vector<TRecLabelPervichka_File>;
 using Tracks = std::vector<TrackVtorichka>;
 
 using Writer = bool (*)(std::string, const Tracks&);
-
-double day(int hour, int minute, double second)
-{
-    return (second / 3600.0 + (minute / 60.0 + hour)) / 24.0;
-}
 
 std::string written(Writer writer, const Tracks& tracks)
 {
@@ -189,16 +186,6 @@ const std::string angle2 =
     "<observation><EPOCH>2023-02-25T12:00:00.00000</EPOCH><ANGLE_2>-0.5</ANGLE_2></observation>";
 const std::string mag = "<observation><EPOCH>2023-02-25T12:00:00.00000</EPOCH><MAG>9.5</MAG></observation>";
 
-void expectTheMark(const TRecLabelPervichka_File& mark)
-{
-    expectMark(mark, 60000, 0.5, 15.0, -0.5, 9.5);
-}
-
-std::string fixture(const std::string& name)
-{
-    return std::string(VOMAR_FIXTURES) + "/tdm_xml/" + name;
-}
-
 const Writer bothWriters[] = {sTDMPOLxml, sTDMxml};
 
 } // namespace
@@ -206,7 +193,7 @@ const Writer bothWriters[] = {sTDMPOLxml, sTDMxml};
 TEST(TdmXmlWriter, ThreeObservationsForEachMark)
 {
     TrackVtorichka track = trackNamed(
-        "12345", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5},
+        "12345", {theMark(),
                   {.date = 60001, .time = day(1, 2, 3.456), .RA = 187.51234567, .DE = 45.25, .m = -1.23456}});
     track.originator = "MPC";
     track.telescope = "K88";
@@ -265,7 +252,7 @@ TEST(TdmXmlWriter, ThreeObservationsForEachMark)
 TEST(TdmXmlWriter, OneObservationForEachMark)
 {
     TrackVtorichka track = trackNamed(
-        "12345", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5},
+        "12345", {theMark(),
                   {.date = 60001, .time = day(1, 2, 3.456), .RA = 187.51234567, .DE = 45.25, .m = -1.23456}});
     track.originator = "MPC";
     track.telescope = "K88";
@@ -334,7 +321,7 @@ TEST(TdmXmlWriter, EmptyListGivesADocumentWithAnEmptyBody)
 
 TEST(TdmXmlWriter, SegmentsFollowEachOtherUnderTheOriginatorOfTheFirst)
 {
-    TrackVtorichka first = trackNamed("A", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5}});
+    TrackVtorichka first = trackNamed("A", {theMark()});
     first.originator = "O1";
     first.NORAD = "28884";
     TrackVtorichka second = trackNamed("A", {{.date = 51544, .time = 0.25, .RA = 0.0, .DE = 90.0, .m = 0.0}});
@@ -353,8 +340,7 @@ TEST(TdmXmlWriter, TrackWithoutMarksHasNoSegment)
 {
     TrackVtorichka empty = trackNamed("E", {});
     empty.originator = "O1";
-    const TrackVtorichka full =
-        trackNamed("A", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5}});
+    const TrackVtorichka full = trackNamed("A", {theMark()});
     const SegmentTexts segment = {
         "telescope", "A", "ICRF", {{"2023-02-25T12:00:00.00000", "15.0000000", "-0.5000000", "9.5000"}}};
     const Tracks tracks = {empty, full, empty, empty, full, empty};
@@ -392,8 +378,7 @@ TEST(TdmXmlWriter, TextsStandAsTinyXmlPrintsThem)
                              "2008 TC3"})
     {
         SCOPED_TRACE(name);
-        TrackVtorichka track =
-            trackNamed(name, {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5}});
+        TrackVtorichka track = trackNamed(name, {theMark()});
         track.originator = name;
         track.telescope = name;
         track.REFERENCE_FRAME = name;
@@ -453,8 +438,7 @@ TEST(TdmXmlWriter, ListOfManyMarks)
 
 TEST(TdmXmlWriter, ManyTracks)
 {
-    const TrackVtorichka track =
-        trackNamed("A", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5}});
+    const TrackVtorichka track = trackNamed("A", {theMark()});
     const SegmentTexts segment = {
         "telescope", "A", "ICRF", {{"2023-02-25T12:00:00.00000", "15.0000000", "-0.5000000", "9.5000"}}};
     const Tracks tracks(2000, track);
@@ -511,7 +495,7 @@ TEST(TdmXmlReader, TrackIsAppended)
     for (std::size_t i = 1; i < 3; ++i) {
         expectReadHead(tracks[i], "new");
         ASSERT_EQ(tracks[i].Marks.size(), 1u);
-        expectMark(tracks[i].Marks[0], 60000, 0.5, 0.0, 0.0, 9.5);
+        expectMark(tracks[i].Marks[0], {60000, 0.5, 0.0, 0.0, 9.5});
     }
 }
 
@@ -677,11 +661,11 @@ TEST(TdmXmlObservations, WhatAnElementDoesNotSayStays)
                   "<observation><MAG>4.0</MAG></observation>"
                   "<observation><EPOCH/><ANGLE_1></ANGLE_1><ANGLE_2/><MAG>5.0</MAG></observation>");
     ASSERT_EQ(marks.size(), 5u);
-    expectMark(marks[0], 0, 0.0, 0.0, 0.0, 1.0);
-    expectMark(marks[1], 60000, 0.5, 15.0, 0.0, 2.0);
-    expectMark(marks[2], 60000, 0.5, 15.0, -0.5, 3.0);
-    expectMark(marks[3], 51544, 0.25, 15.0, -0.5, 4.0);
-    expectMark(marks[4], 51544, 0.25, 15.0, -0.5, 5.0);
+    expectMark(marks[0], {0, 0.0, 0.0, 0.0, 1.0});
+    expectMark(marks[1], {60000, 0.5, 15.0, 0.0, 2.0});
+    expectMark(marks[2], {60000, 0.5, 15.0, -0.5, 3.0});
+    expectMark(marks[3], {51544, 0.25, 15.0, -0.5, 4.0});
+    expectMark(marks[4], {51544, 0.25, 15.0, -0.5, 5.0});
 }
 
 TEST(TdmXmlObservations, EpochIsThatOfTheLastElement)
@@ -702,7 +686,7 @@ TEST(TdmXmlObservations, EpochThatIsNotTwoPartsLeavesDateAndTime)
         const Marks marks =
             readMarks(mag + "<observation><EPOCH>" + epoch + "</EPOCH><MAG>1.0</MAG></observation>");
         ASSERT_EQ(marks.size(), 2u);
-        expectMark(marks[1], 60000, 0.5, 0.0, 0.0, 1.0);
+        expectMark(marks[1], {60000, 0.5, 0.0, 0.0, 1.0});
     }
 }
 
@@ -711,7 +695,7 @@ TEST(TdmXmlObservations, EpochOfADayOfTheYearHasATimeAndNoDate)
     const Marks marks =
         readMarks("<observation><EPOCH>2005-159T12:00:00</EPOCH><MAG>1.0</MAG></observation>");
     ASSERT_EQ(marks.size(), 1u);
-    expectMark(marks[0], 0, 0.5, 0.0, 0.0, 1.0);
+    expectMark(marks[0], {0, 0.5, 0.0, 0.0, 1.0});
 }
 
 TEST(TdmXmlObservations, MagnitudeIsCompleteAboveMinus1000)
@@ -736,7 +720,7 @@ TEST(TdmXmlObservations, MagnitudeIsCompleteAboveMinus1000)
                       "</MAG></observation>");
         ASSERT_EQ(marks.size(), complete ? 1u : 0u);
         if (complete) {
-            expectMark(marks[0], 60000, 0.5, 15.0, -0.5, m);
+            expectMark(marks[0], {60000, 0.5, 15.0, -0.5, m});
         }
     }
 }
@@ -755,7 +739,7 @@ TEST(TdmXmlObservations, TextsThatAreNoNumbersAre0)
                                   "<observation><ANGLE_2>12x</ANGLE_2></observation>" +
                                   mag);
     ASSERT_EQ(marks.size(), 1u);
-    expectMark(marks[0], 60000, 0.5, 0.0, 12.0, 9.5);
+    expectMark(marks[0], {60000, 0.5, 0.0, 12.0, 9.5});
 }
 
 TEST(TdmXmlObservations, OtherChildrenArePassedOver)
@@ -772,8 +756,8 @@ TEST(TdmXmlObservations, TagIsChosen)
     Marks marks;
     collect(mag + "<o><MAG>1.0</MAG></o>" + mag + "<o><MAG>2.0</MAG></o>", "o", marks);
     ASSERT_EQ(marks.size(), 2u);
-    expectMark(marks[0], 0, 0.0, 0.0, 0.0, 1.0);
-    expectMark(marks[1], 0, 0.0, 0.0, 0.0, 2.0);
+    expectMark(marks[0], {0, 0.0, 0.0, 0.0, 1.0});
+    expectMark(marks[1], {0, 0.0, 0.0, 0.0, 2.0});
 }
 
 TEST(TdmXmlObservations, MarksAreAppended)
@@ -784,8 +768,8 @@ TEST(TdmXmlObservations, MarksAreAppended)
     ASSERT_EQ(marks.size(), 3u);
     EXPECT_EQ(double(marks[0].m), 5.0);
     // Each call begins anew: nothing stays of the list or of the call before.
-    expectMark(marks[1], 60000, 0.5, 0.0, 0.0, 9.5);
-    expectMark(marks[2], 0, 0.0, 0.0, 0.0, 1.0);
+    expectMark(marks[1], {60000, 0.5, 0.0, 0.0, 9.5});
+    expectMark(marks[2], {0, 0.0, 0.0, 0.0, 1.0});
 }
 
 TEST(TdmXmlObservations, NullPointerHasNoChildren)
@@ -798,7 +782,7 @@ TEST(TdmXmlObservations, NullPointerHasNoChildren)
 TEST(TdmXml, FirstSegmentOfThreeObservationsComesBack)
 {
     TrackVtorichka first =
-        trackNamed("<R&D> 1", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5},
+        trackNamed("<R&D> 1", {theMark(),
                                {.date = 60001, .time = 0.25, .RA = 187.5, .DE = 45.25, .m = -1.2},
                                {.date = 60002, .m = -1000.0}});
     first.originator = "MPC";
@@ -811,22 +795,21 @@ TEST(TdmXml, FirstSegmentOfThreeObservationsComesBack)
     ASSERT_EQ(tracks.size(), 1u);
     expectReadHead(tracks[0], "<R&D> 1");
     ASSERT_EQ(tracks[0].Marks.size(), 2u);
-    expectMark(tracks[0].Marks[0], 60000, 0.5, 15.0, -0.5, 9.5);
-    expectMark(tracks[0].Marks[1], 60001, 0.25, 187.5, 45.25, -1.2);
+    expectMark(tracks[0].Marks[0], {60000, 0.5, 15.0, -0.5, 9.5});
+    expectMark(tracks[0].Marks[1], {60001, 0.25, 187.5, 45.25, -1.2});
 }
 
 // The year in front of each value is what is read of it.
 TEST(TdmXml, ShapeOfOneObservationIsNotMadeForTheReader)
 {
     const TemporaryFolder folder;
-    ASSERT_TRUE(sTDMxml(folder / "a.xml",
-                        {trackNamed("A", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5}})}));
+    ASSERT_TRUE(sTDMxml(folder / "a.xml", {trackNamed("A", {theMark()})}));
     Tracks tracks;
     ASSERT_TRUE(lTDMxml(folder / "a.xml", tracks));
     ASSERT_EQ(tracks.size(), 1u);
     expectReadHead(tracks[0], "A");
     ASSERT_EQ(tracks[0].Marks.size(), 1u);
-    expectMark(tracks[0].Marks[0], 0, 0.0, 2023.0, 2023.0, 2023.0);
+    expectMark(tracks[0].Marks[0], {0, 0.0, 2023.0, 2023.0, 2023.0});
 }
 
 TEST(TdmXml, EmptyDocumentComesBackAsADefaultTrack)
@@ -845,7 +828,7 @@ TEST(TdmXml, EmptyDocumentComesBackAsADefaultTrack)
 TEST(TdmXmlOfOthers, FrequenciesAreNoMarks)
 {
     Tracks tracks;
-    EXPECT_TRUE(lTDMxml(fixture("frequencies.xml"), tracks));
+    EXPECT_TRUE(lTDMxml(fixture("tdm_xml/frequencies.xml"), tracks));
     ASSERT_EQ(tracks.size(), 1u);
     expectReadHead(tracks[0], "MYSC");
     EXPECT_TRUE(tracks[0].Marks.empty());
@@ -854,7 +837,7 @@ TEST(TdmXmlOfOthers, FrequenciesAreNoMarks)
 TEST(TdmXmlOfOthers, AnglesWithoutMagnitudesAreNoMarks)
 {
     Tracks tracks;
-    EXPECT_TRUE(lTDMxml(fixture("two_segments.xml"), tracks));
+    EXPECT_TRUE(lTDMxml(fixture("tdm_xml/two_segments.xml"), tracks));
     ASSERT_EQ(tracks.size(), 1u);
     expectReadHead(tracks[0], "SAT");
     EXPECT_TRUE(tracks[0].Marks.empty());
@@ -886,7 +869,7 @@ TEST(TdmXmlOfOthers, MessageWithoutParticipants)
 )")[0];
     expectReadHead(track, "");
     ASSERT_EQ(track.Marks.size(), 1u);
-    expectMark(track.Marks[0], 53529, 0.5, 0.0, 0.0, 11.5);
+    expectMark(track.Marks[0], {53529, 0.5, 0.0, 0.0, 11.5});
 }
 
 TEST(TdmXmlOfOthers, DocumentThatIsNoMessage)

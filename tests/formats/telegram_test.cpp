@@ -2,6 +2,8 @@
 
 #include "support/failed_writes.h"
 #include "support/measured_marks.h"
+#include "support/places.h"
+#include "support/sexagesimal.h"
 #include "support/temporary_folder.h"
 #include "support/tracks.h"
 
@@ -22,21 +24,6 @@ using Tracks = std::vector<TrackVtorichka>;
 
 const std::string head = "MPC K88 12345";
 const std::string markLine = "250223 12000000 01000000 -00300000 001095";
-
-double day(int hour, int minute, double second)
-{
-    return (second / 3600.0 + (minute / 60.0 + hour)) / 24.0;
-}
-
-double degrees(int whole, int minute, double second)
-{
-    return whole + minute / 60.0 + second / 3600.0;
-}
-
-double hours(int hour, int minute, double second)
-{
-    return degrees(hour, minute, second) * 15.0;
-}
 
 std::string written(const Tracks& tracks)
 {
@@ -100,23 +87,12 @@ void expectDefaultTrack(const TrackVtorichka& track)
     EXPECT_TRUE(track.Marks.empty());
 }
 
-void expectTheMark(const TRecLabelPervichka_File& mark)
-{
-    expectMark(mark, 60000, 0.5, 15.0, -0.5, 9.5);
-}
-
-std::string fixture()
-{
-    return std::string(VOMAR_FIXTURES) + "/telegram/K88_20240120.tel";
-}
-
 } // namespace
 
 TEST(TelegramWriter, HeadMarksEndAndAnEmptyLine)
 {
-    TrackVtorichka track =
-        trackNamed("12345", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5},
-                             {.date = 60001, .time = day(1, 2, 3.456), .RA = 187.5, .DE = 45.25, .m = 15.3}});
+    TrackVtorichka track = trackNamed(
+        "12345", {theMark(), {.date = 60001, .time = day(1, 2, 3.456), .RA = 187.5, .DE = 45.25, .m = 15.3}});
     track.originator = "MPC";
     track.telescope = "K88";
     EXPECT_EQ(written({track}), "MPC K88 12345\n"
@@ -128,7 +104,7 @@ TEST(TelegramWriter, HeadMarksEndAndAnEmptyLine)
 
 TEST(TelegramWriter, EachTrackHasItsBlock)
 {
-    TrackVtorichka first = trackNamed("A", {{.date = 60000, .time = 0.5, .RA = 15.0, .DE = -0.5, .m = 9.5}});
+    TrackVtorichka first = trackNamed("A", {theMark()});
     first.originator = "O1";
     TrackVtorichka second = trackNamed("B", {{.date = 60000, .time = 0.25, .RA = 30.0, .DE = -1, .m = 10.0}});
     second.telescope = "T2";
@@ -348,10 +324,10 @@ TEST(TelegramReader, BlockIsATrack)
     expectHead(tracks[0], "MPC", "K88", "12345");
     ASSERT_EQ(tracks[0].Marks.size(), 2u);
     expectTheMark(tracks[0].Marks[0]);
-    expectMark(tracks[0].Marks[1], 60001, 0.25, 187.5, 45.25, 15.3);
+    expectMark(tracks[0].Marks[1], {60001, 0.25, 187.5, 45.25, 15.3});
     expectHead(tracks[1], "O", "T", "B");
     ASSERT_EQ(tracks[1].Marks.size(), 1u);
-    expectMark(tracks[1].Marks[0], 51544, 0.75, 30.0, -1.0, 10.0);
+    expectMark(tracks[1].Marks[0], {51544, 0.75, 30.0, -1.0, 10.0});
 }
 
 TEST(TelegramReader, FileReadsLikeItsLines)
@@ -579,8 +555,8 @@ TEST(TelegramReader, DateOfTwoDigitsEach)
     };
     for (const auto& [text, date] : rows) {
         SCOPED_TRACE(text);
-        expectMark(readMark(std::string(text) + " 12000000 01000000 -00300000 001095"), date, 0.5, 15.0, -0.5,
-                   9.5);
+        expectMark(readMark(std::string(text) + " 12000000 01000000 -00300000 001095"),
+                   {date, 0.5, 15.0, -0.5, 9.5});
     }
 }
 
@@ -607,8 +583,8 @@ TEST(TelegramReader, TimeOfAnyNumberOfDecimals)
     };
     for (const auto& [text, time] : rows) {
         SCOPED_TRACE(text);
-        expectMark(readMark("250223 " + std::string(text) + " 01000000 -00300000 001095"), 60000, time, 15.0,
-                   -0.5, 9.5);
+        expectMark(readMark("250223 " + std::string(text) + " 01000000 -00300000 001095"),
+                   {60000, time, 15.0, -0.5, 9.5});
     }
 }
 
@@ -631,8 +607,8 @@ TEST(TelegramReader, RightAscensionInHours)
     };
     for (const auto& [text, RA] : rows) {
         SCOPED_TRACE(text);
-        expectMark(readMark("250223 12000000 " + std::string(text) + " -00300000 001095"), 60000, 0.5, RA,
-                   -0.5, 9.5);
+        expectMark(readMark("250223 12000000 " + std::string(text) + " -00300000 001095"),
+                   {60000, 0.5, RA, -0.5, 9.5});
     }
 }
 
@@ -657,8 +633,8 @@ TEST(TelegramReader, DeclinationHasThreeCharactersForSignAndDegrees)
     };
     for (const auto& [text, DE] : rows) {
         SCOPED_TRACE(text);
-        expectMark(readMark("250223 12000000 01000000 " + std::string(text) + " 001095"), 60000, 0.5, 15.0,
-                   DE, 9.5);
+        expectMark(readMark("250223 12000000 01000000 " + std::string(text) + " 001095"),
+                   {60000, 0.5, 15.0, DE, 9.5});
     }
 }
 
@@ -677,8 +653,8 @@ TEST(TelegramReader, MagnitudeIsThreeCharactersBehindTheFirstThree)
     };
     for (const auto& [text, m] : rows) {
         SCOPED_TRACE(text);
-        expectMark(readMark("250223 12000000 01000000 -00300000 " + std::string(text)), 60000, 0.5, 15.0,
-                   -0.5, m);
+        expectMark(readMark("250223 12000000 01000000 -00300000 " + std::string(text)),
+                   {60000, 0.5, 15.0, -0.5, m});
     }
 }
 
@@ -717,7 +693,7 @@ TEST(TelegramReader, ShortWordsOutsideABlockRaiseNothing)
 
 TEST(TelegramReader, ShortestWordsOfAMark)
 {
-    expectMark(readMark("2502 120000 010000 -003000 001"), -671581, 0.5, 15.0, -0.5, 0.0);
+    expectMark(readMark("2502 120000 010000 -003000 001"), {-671581, 0.5, 15.0, -0.5, 0.0});
 }
 
 TEST(Telegram, SouthernMarksComeBack)
@@ -735,8 +711,8 @@ TEST(Telegram, SouthernMarksComeBack)
     for (const TrackVtorichka& each : read) {
         expectHead(each, "MPC", "K88", "A");
         ASSERT_EQ(each.Marks.size(), 2u);
-        expectMark(each.Marks[0], 60000, 0.5, 187.5, -0.5, 9.5);
-        expectMark(each.Marks[1], 60001, 0.25, 15.0, -89.25, 15.3);
+        expectMark(each.Marks[0], {60000, 0.5, 187.5, -0.5, 9.5});
+        expectMark(each.Marks[1], {60001, 0.25, 15.0, -89.25, 15.3});
     }
 }
 
@@ -748,7 +724,7 @@ TEST(Telegram, NorthernMarksComeBackMisplaced)
     const Tracks read = lTelegramma(folder / "a.tel");
     ASSERT_EQ(read.size(), 1u);
     ASSERT_EQ(read[0].Marks.size(), 1u);
-    expectMark(read[0].Marks[0], 60000, 0.0, 0.0, degrees(120, 53, 1.2), 15.0);
+    expectMark(read[0].Marks[0], {60000, 0.0, 0.0, degrees(120, 53, 1.2), 15.0});
 }
 
 TEST(Telegram, NameOfTwoWordsDoesNotComeBack)
@@ -762,25 +738,25 @@ TEST(Telegram, NameOfTwoWordsDoesNotComeBack)
 
 TEST(Telegram, PublishedNight)
 {
-    const Tracks tracks = lTelegramma(fixture());
+    const Tracks tracks = lTelegramma(fixture("telegram/K88_20240120.tel"));
     ASSERT_EQ(tracks.size(), 1u);
     expectHead(tracks[0], "MPC", "K88", "K24B01X");
     ASSERT_EQ(tracks[0].Marks.size(), 130u);
     // 20 January 2024, 21:48:27.36, 7 h 46 min 28.66 s, +45 degrees 23' 28.30", 18.0
-    expectMark(tracks[0].Marks.front(), 60329, day(21, 48, 27.36), hours(7, 46, 28.66),
-               degrees(45, 23, 28.30), 18.0);
+    expectMark(tracks[0].Marks.front(),
+               {60329, day(21, 48, 27.36), hours(7, 46, 28.66), degrees(45, 23, 28.30), 18.0});
     // 21 January, 00:19:18.45, 7 h 31 min 57.86 s, +47 degrees 43' 19.88", 12.7
-    expectMark(tracks[0].Marks.back(), 60330, day(0, 19, 18.45), hours(7, 31, 57.86), degrees(47, 43, 19.88),
-               12.7);
-    expectPublished(tracks[0].Marks, publishedMarks("K88", "20240120"),
+    expectMark(tracks[0].Marks.back(),
+               {60330, day(0, 19, 18.45), hours(7, 31, 57.86), degrees(47, 43, 19.88), 12.7});
+    expectPublished(tracks[0].Marks, publishedMarks("K88_20240120"),
                     {.time = 0.005, .RA = 0.005, .DE = 0.0, .m = 0.05});
 }
 
 TEST(Telegram, PublishedNightIsWrittenWithoutPlusSigns)
 {
-    std::string expected = bytesOf(fixture());
+    std::string expected = bytesOf(fixture("telegram/K88_20240120.tel"));
     for (std::size_t at = expected.find('+'); at != std::string::npos; at = expected.find('+')) {
         expected.erase(at, 1);
     }
-    EXPECT_EQ(written(lTelegramma(fixture())), expected);
+    EXPECT_EQ(written(lTelegramma(fixture("telegram/K88_20240120.tel"))), expected);
 }

@@ -4,6 +4,7 @@
 #include "results/result.h"
 
 #include "support/no_room.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 #include "support/tracks.h"
 
@@ -1293,7 +1294,7 @@ TEST(TrackTable, LinesOfALightCurveTable)
 namespace {
 
 const std::string satelliteTable =
-    std::string(VOMAR_FIXTURES) + "/series/sat_seesat_20031120/tavelin/dataVO/obj-satellites-cat.txt";
+    fixture("series/sat_seesat_20031120/tavelin/dataVO/obj-satellites-cat.txt");
 
 } // namespace
 

@@ -3,6 +3,7 @@
 // what stands below expected, byte by byte. The time stamp of a result document is DATE there.
 
 #include "support/child_process.h"
+#include "support/places.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
 
@@ -18,7 +19,7 @@ namespace {
 std::set<std::string> runsWithATask()
 {
     std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(VOMAR_RUNS)) {
+    for (const auto& entry : std::filesystem::directory_iterator(runsFolder())) {
         if (exists(entry.path() / "task.xml")) {
             names.insert(entry.path().filename().string());
         }
@@ -59,6 +60,6 @@ TEST(Runs, EachGivesItsExpectedFiles)
     EXPECT_TRUE(names.contains("report_allobjects_mpc"));
     for (const std::string& name : names) {
         SCOPED_TRACE(name);
-        expectRun(std::string(VOMAR_RUNS) + "/" + name);
+        expectRun(runsFolder() + "/" + name);
     }
 }

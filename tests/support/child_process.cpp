@@ -1,4 +1,5 @@
 #include "support/child_process.h"
+#include "support/places.h"
 
 #include <chrono>
 #include <csignal>
@@ -100,7 +101,7 @@ ChildEnd runProgram(const std::string& program, const std::vector<std::string>& 
 
 ChildEnd runTool(const std::string& task, const std::string& folder)
 {
-    return runProgram(VOMAR_TOOL, {task}, folder);
+    return runProgram(builtTool(), {task}, folder);
 }
 
 ChildEnd runInChild(const std::function<void()>& work, double seconds)

@@ -1,77 +1,62 @@
-// What a reader made of a mark, and what the marks of a published night are.
+// The measured values of marks: what a reader made of a mark, and what the marks of a published night are.
 
 #pragma once
 
 #include "records/mark.h"
 
-#include "support/temporary_folder.h"
-
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
-/// Checks the five measured values of a mark, and that everything else is as constructed.
-inline void expectMark(const tavelinUtils::TRecLabelPervichka_File& mark, int date, double time, double RA,
-                       double DE, double m)
+/// The five measured values of a mark. The fields of a mark are packed, so that no expectation can refer to
+/// them; these are copies.
+struct Measured
 {
-    EXPECT_EQ(int(mark.date), date);
-    EXPECT_DOUBLE_EQ(double(mark.time), time);
-    EXPECT_DOUBLE_EQ(double(mark.RA), RA);
-    EXPECT_DOUBLE_EQ(double(mark.DE), DE);
-    EXPECT_DOUBLE_EQ(double(mark.m), m);
-
-    EXPECT_EQ(int(mark.iF), 0);
-    EXPECT_EQ(int(mark.iB), 0);
-    EXPECT_EQ(int(mark.LinkIndex), -1);
-    EXPECT_EQ(double(mark.X_f), 0.0);
-    EXPECT_EQ(double(mark.mInstr), 0.0);
-    EXPECT_EQ(int(mark.bjd), 0);
-    EXPECT_EQ(double(mark.time_bjd), 0.0);
-    EXPECT_EQ(double(mark.AuxValue), 0.0);
-    EXPECT_EQ(double(mark.RefValue1), -1.0);
-    EXPECT_EQ(double(mark.RefValue9), -1.0);
-    EXPECT_EQ(std::string(mark.filtr), "R");
-    EXPECT_EQ(std::string(mark.mjd), "");
-    EXPECT_EQ(std::string(mark.QRVID), "");
-    EXPECT_EQ(std::string(mark.MTYPE), "DIF");
-    EXPECT_EQ(std::string(mark.CNAME), "ENSEMBLE");
-    EXPECT_EQ(std::string(mark.CHART), "na");
-}
-
-/// A mark of a published night; its angles in degrees.
-struct PublishedMark
-{
-    int date;
-    double time;
-    double RA;
-    double DE;
+    int date;    // MJD
+    double time; // fraction of the day
+    double RA;   // degrees
+    double DE;   // degrees
     double m;
+
+    bool operator==(const Measured&) const = default;
 };
 
-/// The marks of a station's night, in the order of time.
-inline std::vector<PublishedMark> publishedMarks(const std::string& station, const std::string& night)
+/// For the messages of failed expectations.
+std::ostream& operator<<(std::ostream& out, const Measured& values);
+
+/// The measured values of a mark.
+Measured measured(const tavelinUtils::TRecLabelPervichka_File& mark);
+
+/// Whether the values are the expected ones, each number within the 4 units in the last place of
+/// EXPECT_DOUBLE_EQ. For what must be exact there is EXPECT_EQ.
+testing::AssertionResult isAbout(const Measured& values, const Measured& expected);
+
+/// Checks that the measured values are about those, the filter is that, and everything else is as
+/// constructed.
+void expectMark(const tavelinUtils::TRecLabelPervichka_File& mark, const Measured& expected,
+                const std::string& filtr = "R");
+
+/// The mark that most tracks of the tests hold: noon of MJD 60000, 1 h, -30', 9.5 mag.
+tavelinUtils::TRecLabelPervichka_File theMark();
+
+/// Checks for that mark, and that everything else is as constructed.
+void expectTheMark(const tavelinUtils::TRecLabelPervichka_File& mark);
+
+/// A mark of the published nights.
+struct PublishedMark
 {
-    std::vector<PublishedMark> marks;
-    std::istringstream lines(bytesOf(std::string(VOMAR_FIXTURES) + "/mea_nights/truth.csv"));
-    std::string line;
-    std::getline(lines, line);
-    EXPECT_EQ(line, "object,mjd,ra_deg,dec_deg,mag,band,station,night,source");
-    while (std::getline(lines, line)) {
-        std::vector<std::string> cells;
-        std::istringstream row(line);
-        for (std::string cell; std::getline(row, cell, ',');) {
-            cells.push_back(cell);
-        }
-        if (cells.size() == 9 && cells[6] == station && cells[7] == night) {
-            const std::string& mjd = cells[1];
-            marks.push_back({std::stoi(mjd), std::stod("0" + mjd.substr(mjd.find('.'))), std::stod(cells[2]),
-                             std::stod(cells[3]), std::stod(cells[4])});
-        }
-    }
-    return marks;
-}
+    std::string object;
+    std::string night; // "K88_20240120": station and date
+    Measured values;
+};
+
+/// The marks of all published nights; those of an object in the order of time.
+std::vector<PublishedMark> publishedMarks();
+
+/// The marks of one published night.
+std::vector<PublishedMark> publishedMarks(const std::string& night);
 
 /// How far the marks of a format may lie from the published ones.
 struct Tolerance
@@ -83,17 +68,5 @@ struct Tolerance
 };
 
 /// Checks that the marks are the published ones. The published values are rounded to nine decimals.
-inline void expectPublished(const std::vector<tavelinUtils::TRecLabelPervichka_File>& marks,
-                            const std::vector<PublishedMark>& published, const Tolerance& tolerance)
-{
-    constexpr double rounding = 1e-9;
-    ASSERT_EQ(marks.size(), published.size());
-    for (std::size_t i = 0; i < published.size(); ++i) {
-        SCOPED_TRACE("mark " + std::to_string(i));
-        EXPECT_EQ(int(marks[i].date), published[i].date);
-        EXPECT_NEAR(double(marks[i].time), published[i].time, tolerance.time / 86400.0 + rounding);
-        EXPECT_NEAR(double(marks[i].RA), published[i].RA, tolerance.RA / 240.0 + rounding);
-        EXPECT_NEAR(double(marks[i].DE), published[i].DE, tolerance.DE / 3600.0 + rounding);
-        EXPECT_NEAR(double(marks[i].m), published[i].m, tolerance.m + rounding);
-    }
-}
+void expectPublished(const std::vector<tavelinUtils::TRecLabelPervichka_File>& marks,
+                     const std::vector<PublishedMark>& published, const Tolerance& tolerance);

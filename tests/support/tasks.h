@@ -3,6 +3,7 @@
 #pragma once
 
 #include "support/child_process.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -119,6 +120,6 @@ inline void expectQuietEnd(const ChildEnd& end)
 /// A copy of the built tool, so that the log that stands beside it stays in the test's folder.
 inline std::string copyOfTool(const std::string& path)
 {
-    std::filesystem::copy_file(VOMAR_TOOL, path);
+    std::filesystem::copy_file(builtTool(), path);
     return path;
 }

@@ -1,4 +1,5 @@
-// Files of a test: a folder that goes with the test, and the bytes of a file.
+// Files of a test: a folder that goes with the test, the bytes of a file, what writers and readers make of
+// them.
 
 #pragma once
 
@@ -37,3 +38,22 @@ void makeFile(const std::string& path, const std::string& bytes);
 
 /// Whether anything stands at the path.
 bool exists(const std::string& path);
+
+/// The bytes that `write(path)` leaves in a file that was longer before.
+template <class Write>
+std::string writtenBy(Write write)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.txt", std::string(9000, 'x'));
+    write(folder / "a.txt");
+    return bytesOf(folder / "a.txt");
+}
+
+/// What `read(path)` makes of a file of the bytes.
+template <class Read>
+auto readBy(Read read, const std::string& bytes)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.txt", bytes);
+    return read(folder / "a.txt");
+}

@@ -10,6 +10,7 @@
 #include "formats/telegram.h"
 
 #include "support/child_process.h"
+#include "support/places.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
 
@@ -120,7 +121,7 @@ const InputFormat inputFormats[] = {{"mea", "mea_nights", ".mea", foundMeaDigits
 std::vector<TrueTrack> trueTracks(const Night& night)
 {
     std::vector<TrueTrack> tracks;
-    std::istringstream lines(bytesOf(std::string(VOMAR_FIXTURES) + "/mea_nights/truth.csv"));
+    std::istringstream lines(bytesOf(fixture("mea_nights/truth.csv")));
     for (std::string line; std::getline(lines, line);) {
         std::vector<std::string> cells;
         std::istringstream row(line);
@@ -250,8 +251,7 @@ std::string converted(const Night& night, const InputFormat& input, const std::s
                       const TemporaryFolder& folder)
 {
     const std::string name = night.name;
-    std::filesystem::copy_file(std::string(VOMAR_FIXTURES) + "/" + input.folder + "/" + name +
-                                   input.extension,
+    std::filesystem::copy_file(fixture(std::string(input.folder) + "/" + name + input.extension),
                                folder / (name + input.extension));
     std::filesystem::create_directory(folder / "out");
     makeFile(folder / "task.xml", taskText({{"path_in", name + input.extension},

@@ -1,6 +1,7 @@
 // The built tool, as others start it.
 
 #include "support/child_process.h"
+#include "support/places.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
 
@@ -144,7 +145,7 @@ TEST(Main, NoArgumentReadsTheDefaultTask)
 {
     Bench bench;
     makeFile(bench / defaultTask, taskWith({}));
-    expectQuietEnd(runProgram(VOMAR_TOOL, std::vector<std::string>{}, bench.path()));
+    expectQuietEnd(runProgram(builtTool(), std::vector<std::string>{}, bench.path()));
     EXPECT_EQ(bytesOf(bench / "out/night.txt"), nightInMpc);
     EXPECT_EQ(resultOf(bench / "r.xml"), resultDocument(0, "OK", "out/night.txt"));
 }
@@ -155,7 +156,7 @@ TEST(Main, SeveralArgumentsReadTheDefaultTask)
     makeFile(bench / defaultTask, taskWith({{"outputextension", ".default"}}));
     makeFile(bench / "task.xml", taskWith({{"outputextension", ".first"}}));
     makeFile(bench / "task2.xml", taskWith({{"outputextension", ".second"}}));
-    expectQuietEnd(runProgram(VOMAR_TOOL, std::vector<std::string>{"task.xml", "task2.xml"}, bench.path()));
+    expectQuietEnd(runProgram(builtTool(), std::vector<std::string>{"task.xml", "task2.xml"}, bench.path()));
     EXPECT_EQ(bytesOf(bench / "out/night.default"), nightInMpc);
     EXPECT_FALSE(exists(bench / "out/night.first"));
     EXPECT_FALSE(exists(bench / "out/night.second"));
@@ -540,7 +541,7 @@ TEST(Main, LaterSeriesWithoutAnyNodeNeverEnds)
     Bench bench;
     makeFile(bench / "task.xml", taskWith({{"paths", "<seria><path>a</path></seria><seria/>"}}));
     const ChildEnd end =
-        runProgram(VOMAR_TOOL, std::vector<std::string>{"task.xml"}, bench.path(), endlessAfter);
+        runProgram(builtTool(), std::vector<std::string>{"task.xml"}, bench.path(), endlessAfter);
     EXPECT_TRUE(end.timedOut) << end.output;
     EXPECT_EQ(bench.files(), (Names{"night.mea", "task.xml"}));
 }

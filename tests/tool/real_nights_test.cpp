@@ -3,6 +3,7 @@
 #include "formats/mpc_report.h"
 
 #include "support/child_process.h"
+#include "support/places.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
 
@@ -38,7 +39,7 @@ struct TrueMark
 std::map<std::string, std::vector<TrueMark>> trueNights()
 {
     std::map<std::string, std::vector<TrueMark>> nights;
-    std::istringstream lines(bytesOf(std::string(VOMAR_FIXTURES) + "/mea_nights/truth.csv"));
+    std::istringstream lines(bytesOf(fixture("mea_nights/truth.csv")));
     std::string line;
     std::getline(lines, line);
     EXPECT_EQ(line, "object,mjd,ra_deg,dec_deg,mag,band,station,night,source");
@@ -61,8 +62,7 @@ std::map<std::string, std::vector<TrueMark>> trueNights()
 // The text of a night that the tool wrote in a format.
 std::string converted(const std::string& night, const std::string& format, const TemporaryFolder& folder)
 {
-    std::filesystem::copy_file(std::string(VOMAR_FIXTURES) + "/mea_nights/" + night + ".mea",
-                               folder / (night + ".mea"));
+    std::filesystem::copy_file(fixture("mea_nights/" + night + ".mea"), folder / (night + ".mea"));
     std::filesystem::create_directory(folder / "out");
     makeFile(folder / "task.xml", taskText({{"path_in", night + ".mea"},
                                             {"out_dir", "out"},
@@ -211,7 +211,7 @@ TEST(RealNights, FixturesAreAllThere)
     EXPECT_EQ(nights.size(), 102u);
     std::size_t marks = 0;
     for (const auto& [night, truth] : nights) {
-        EXPECT_TRUE(exists(std::string(VOMAR_FIXTURES) + "/mea_nights/" + night + ".mea")) << night;
+        EXPECT_TRUE(exists(fixture("mea_nights/" + night + ".mea"))) << night;
         marks += truth.size();
     }
     EXPECT_EQ(marks, 3241u);

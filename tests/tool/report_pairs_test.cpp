@@ -1,6 +1,7 @@
 // Two real series in all pairs of a way to divide a report and a format to write it in.
 
 #include "support/child_process.h"
+#include "support/places.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
 
@@ -16,7 +17,7 @@
 
 namespace {
 
-const std::string wholeRuns = VOMAR_RUNS;
+const std::string wholeRuns = runsFolder();
 
 std::size_t linesWith(const std::string& text, const std::function<bool(const std::string&)>& isWanted)
 {

@@ -1,0 +1,17 @@
+#include "support/places.h"
+
+// The definitions are those of this one source, so that no other object depends on where the tree lies.
+std::string fixture(const std::string& name)
+{
+    return VOMAR_FIXTURES "/" + name;
+}
+
+std::string runsFolder()
+{
+    return VOMAR_RUNS;
+}
+
+std::string builtTool()
+{
+    return VOMAR_TOOL;
+}
