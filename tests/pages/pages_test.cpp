@@ -1,0 +1,176 @@
+// What the pages show is true: every block of a kind that a program reads is read by that program.
+
+#include "pages/page_blocks.h"
+#include "pages/page_samples.h"
+#include "results/result_files.h"
+
+#include "support/child_process.h"
+#include "support/tasks.h"
+#include "support/temporary_folder.h"
+#include "task.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+const std::vector<PageBlock>& blocks()
+{
+    static const std::vector<PageBlock> all = allBlocks(VOMAR_PROJECT);
+    return all;
+}
+
+// Calls the check for each block that it is for; there must be one.
+template <class IsFor, class Check>
+void forBlocks(IsFor isFor, Check check)
+{
+    int count = 0;
+    for (const PageBlock& block : blocks()) {
+        if (!block.isNoted("not run:") && isFor(block)) {
+            SCOPED_TRACE(block.place() + "\n" + block.text);
+            check(block);
+            ++count;
+        }
+    }
+    EXPECT_GT(count, 0);
+}
+
+bool isTask(const PageBlock& block)
+{
+    return block.kind == "xml" && (block.isNoted("task") || block.isNoted("task:"));
+}
+
+bool isProgram(const PageBlock& block)
+{
+    return block.text.find("int main(") != std::string::npos;
+}
+
+// A whole program is taken as it is; anything else is the body of one.
+std::string programOf(const PageBlock& block)
+{
+    if (isProgram(block)) {
+        return block.text;
+    }
+    return "#include <tavelin/tavelin.h>\n#include <cstdio>\nusing namespace tavelinUtils;\n"
+           "using namespace tavelinMath;\nint main()\n{\n" +
+           block.text + "}\n";
+}
+
+// Checks that each path that a result names was written; its reader hands the description out as the comment.
+void expectOutputs(const std::string& copy, const std::string& result)
+{
+    const tavelinUtils::TFuncRes end = tavelinUtils::lResXML(copy + "/" + result);
+    EXPECT_EQ(end.Code, 0);
+    EXPECT_NE(end.Comment, "");
+    std::istringstream paths(end.Comment);
+    for (std::string path; std::getline(paths, path, ';');) {
+        EXPECT_TRUE(exists(copy + "/" + path)) << path;
+    }
+}
+
+// A copy of the examples with an empty folder for outputs.
+std::string copyOfExamples(const TemporaryFolder& folder)
+{
+    const std::string copy = folder / "examples";
+    std::filesystem::copy(std::string(VOMAR_PROJECT) + "/examples", copy,
+                          std::filesystem::copy_options::recursive);
+    std::filesystem::remove_all(copy + "/out");
+    std::filesystem::create_directory(copy + "/out");
+    return copy;
+}
+
+// Such a copy after each of its tasks was run.
+std::string copyWithOutputs(const TemporaryFolder& folder)
+{
+    const std::string copy = copyOfExamples(folder);
+    for (const auto& entry : std::filesystem::directory_iterator(std::string(VOMAR_PROJECT) + "/examples")) {
+        if (entry.path().extension() == ".xml") {
+            expectQuietEnd(runTool(entry.path().filename(), copy));
+        }
+    }
+    return copy;
+}
+
+} // namespace
+
+TEST(Pages, EveryBlockIsOfAKindThatIsCheckedOrSaysWhyNot)
+{
+    EXPECT_FALSE(blocks().empty());
+    for (const PageBlock& block : blocks()) {
+        const bool isExcused = block.isNoted("not run:") && !block.noted("not run:").empty();
+        const bool isChecked = block.kind == "cpp" || block.kind == "sh" || block.isNoted("file:") ||
+                               block.isNoted("lines of") || isTask(block) || sampleCheckOf(block) != nullptr;
+        EXPECT_FALSE(block.kind.empty()) << block.place() << ": no word behind the fence";
+        EXPECT_NE(block.kind, "unclosed") << block.place();
+        EXPECT_TRUE(isExcused || isChecked) << block.place() << ": nothing checks a block of the kind \""
+                                            << block.kind << "\" with the note \"" << block.note << "\"";
+    }
+}
+
+TEST(Pages, SamplesAreReadByTheirReader)
+{
+    forBlocks([](const PageBlock& block) { return sampleCheckOf(block) != nullptr; },
+              [](const PageBlock& block) {
+                  const TemporaryFolder folder;
+                  makeFile(folder / "sample", block.text);
+                  sampleCheckOf(block)(folder / "sample", block.text);
+              });
+}
+
+TEST(Pages, LinesOfOutputsAreThoseOfTheExamples)
+{
+    const TemporaryFolder folder;
+    const std::string copy = copyWithOutputs(folder);
+    forBlocks([](const PageBlock& block) { return block.isNoted("lines of"); },
+              [&copy](const PageBlock& block) {
+                  const std::string output = "\n" + bytesOf(copy + "/" + block.noted("lines of"));
+                  std::istringstream lines(block.text);
+                  for (std::string line; std::getline(lines, line);) {
+                      EXPECT_NE(output.find("\n" + line + "\n"), std::string::npos) << line;
+                  }
+              });
+}
+
+TEST(Pages, TasksAreLoadedAndRun)
+{
+    const auto check = [](const PageBlock& block) {
+        const TemporaryFolder folder;
+        const std::string copy = copyOfExamples(folder);
+        makeFile(copy + "/task_of_page.xml", block.text);
+        tavelinUtils::TConvMea task;
+        ASSERT_TRUE(tavelinUtils::ltaskconv(copy + "/task_of_page.xml", task));
+        EXPECT_TRUE(!task.inputformat.empty() || !task.paths.empty());
+        if (block.note != "task: run") {
+            return;
+        }
+        std::filesystem::copy_file(copy + "/K88_20240120.mea", copy + "/night.mea"); // a file of the reader's
+        expectQuietEnd(runTool("task_of_page.xml", copy));
+        expectOutputs(copy, task.path_res);
+    };
+    forBlocks(isTask, check);
+}
+
+TEST(Pages, ProgramsCompileAndPrintWhatTheySay)
+{
+    const auto check = [](const PageBlock& block) {
+        const TemporaryFolder folder;
+        const std::string copy = copyOfExamples(folder);
+        const std::string program = folder / "program";
+        makeFile(program + ".cpp", programOf(block));
+        const std::string command =
+            std::string(VOMAR_COMPILE) + " " + program + ".cpp -o " + program + " " + VOMAR_LINK;
+        const ChildEnd compiled = runProgram("/bin/sh", {"-c", command});
+        ASSERT_EQ(compiled.exitStatus, 0) << compiled.output;
+        if (block.isNoted("prints")) {
+            const ChildEnd ran = runProgram(program, {}, copy);
+            EXPECT_EQ(ran.exitStatus, 0);
+            EXPECT_EQ(ran.output, block.noted("prints") + "\n");
+        }
+    };
+    forBlocks([](const PageBlock& block) { return block.kind == "cpp"; }, check);
+}
