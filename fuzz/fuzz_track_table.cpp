@@ -1,5 +1,6 @@
 // Track table: any bytes give tracks, and tracks can be written.
 
+#include "config/parameter_comments.h"
 #include "files/text_files.h"
 #include "formats/track_table.h"
 #include "input_file.h"

@@ -5,6 +5,7 @@
 #include "config/configuration_sections.h"
 #include "config/developer_settings.h"
 #include "config/observing_plans.h"
+#include "config/parameter_comments.h"
 #include "config/parameter_tree.h"
 #include "config/parameters_astrometry.h"
 #include "config/parameters_detection.h"

@@ -608,17 +608,4 @@ TCasts StrToCast(std::string text)
     return cast;
 }
 
-void ParsComment(std::string line, std::string& source, std::string& note, std::string& sequenceid)
-{
-    std::array<std::string_view, 2> parts;
-    cutParts(line, '>', parts);
-    for (const auto& [key, target] :
-         {std::pair{"#Source", &source}, std::pair{"#Note", &note}, std::pair{"#Sequenceid", &sequenceid}})
-    {
-        if (parts[0] == key) {
-            *target = parts[1];
-        }
-    }
-}
-
 } // namespace tavelinUtils

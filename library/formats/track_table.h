@@ -70,8 +70,4 @@ std::string CalcSecondNameSat(int number, std::string prefix);
 /// The text of a column Cast, "jd;ra;de;tag": all zero for an empty one, the tag is not read.
 TCasts StrToCast(std::string text);
 
-/// Reads a comment line of a parameter file, "#Source>text", "#Note>text" or "#Sequenceid>text"; another line
-/// changes nothing.
-void ParsComment(std::string line, std::string& source, std::string& note, std::string& sequenceid);
-
 } // namespace tavelinUtils
