@@ -47,6 +47,7 @@
 #include "formats/tdm_xml.h"
 #include "formats/telegram.h"
 #include "formats/track_table.h"
+#include "formats/track_table_names.h"
 #include "formats/variable_star_tables.h"
 #include "math/histogram.h"
 #include "math/quick_sort.h"

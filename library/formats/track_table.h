@@ -6,7 +6,7 @@
 //   ---
 //
 // A file may hold any subset of the known columns in any order. Only the name before the first colon of a
-// description has an effect; type and unit are for the reader's eye.
+// description has an effect; type and unit are for people who read the file.
 
 #pragma once
 
@@ -17,57 +17,53 @@
 
 namespace tavelinUtils {
 
-/// A column, by the name in front of its description's first colon.
+/// A column, by the name that precedes the first colon of its description.
 struct THeadTrack
 {
     std::string Name{};
 };
 
-/// The tracks of the lines of a table; the version line may be missing. Fields that a line lacks leave their
-/// values as they were; text that is no number counts as 0. Head values stand on every line of a track, and
-/// the last one wins. Lines behind the last "---" are dropped, unless there is none: then all lines are
-/// one track. Candidates and Cast stay empty, FindOrb keeps its default. A table of no lines, or of the
-/// version line alone, is empty.
+/// The tracks of the lines of a table, whose version line may be missing. A field that a line lacks leaves
+/// its value as it was; text that is no number counts as 0. Values of a track are on each of its lines, and
+/// the last line wins. Lines after the last "---" are dropped, unless there is none: then all lines are one
+/// track. Candidates and Cast stay empty, FindOrb keeps its default. A table without lines, or of the version
+/// line alone, has no tracks.
 std::vector<TrackVtorichka> lListTrack(const std::vector<std::string>& lines);
 
-/// The same of a file, with its path as SourceFile of every track; none for a missing file.
+/// The tracks of a file, with its path as SourceFile of each; none for a missing file.
 std::vector<TrackVtorichka> lListTrack(std::string path);
 
-/// Writes a table: the version line and the header (the standard one for an empty text), then each track
-/// under its N and QRVName, closed by "---". Adds to a file that stands there, or replaces it. With an empty
-/// header the lines of the marks are empty too. What cannot be written is passed over.
+/// Writes a table: the version line and the header (the standard one for an empty text), then the lines of
+/// each track under its N and QRVName, with "---" after them. Appends to an existing file, or replaces it.
+/// With an empty header the lines of the marks are empty too. A failed write is not reported.
 void sListTrack(std::string path, std::string source, std::string prefix,
                 const std::vector<TrackVtorichka>& tracks, std::string suffix, bool longName, bool rewrite,
                 std::string header);
 
-/// Adds the lines of a track's marks to a file: the columns of the header, in its order, each followed by a
-/// tab but Cast. The name is the given one, or where that is empty made by the rules of short names. The last
-/// argument has no effect.
+/// Appends the lines of a track's marks to a file: the columns of the header, in its order, with a tab after
+/// each but Cast. The track has the given name, or where that is empty a short one (track_table_names.h). The
+/// last argument has no effect. A failed write is not reported.
 void sTrack(std::string path, std::string source, std::string prefix, std::string suffix, int number,
             bool longName, const TrackVtorichka& track, std::string givenName, std::string header, bool flag);
 
-/// Adds the version line and a header, the standard one for an empty text, to a file; nothing without the
-/// flag.
+/// Appends the version line and a header, the standard one for an empty text, to a file; does nothing without
+/// the flag.
 void sHeadTrack(std::string path, bool flag, std::string header);
 
-/// Replaces a file by the version line and the header of satellite tables.
+/// Replaces a file by the version line and the header of satellite tables. Throws a TavelinException of code
+/// 7 with the path when it cannot be written.
 void sHeadSatTrack(std::string path);
 
-/// The standard header of 62 columns.
+/// The standard header of 62 columns, with tabs between them.
 std::string getHeadTrack();
 
-/// The text of a column for a mark, and one tab. A name that is not known gives "0"; a mark that the track
-/// does not have counts as a new one.
+/// The field of a column for the mark at an index, and a tab. A name that is not known gives "0", as Name,
+/// Candidates and Cast do, which only sListTrack and sTrack write; a mark that the track does not have counts
+/// as a new one.
 std::string GetDataTrack(THeadTrack column, const TrackVtorichka& track, int index);
 
-/// The short name of a track: prefix ("A" where prefix and suffix are empty), number in at least two digits,
-/// suffix, and the last two characters of the path's folder, one for a number above 99.
-std::string CalcSecondName(std::string path, int number, std::string prefix, std::string suffix);
-
-/// The short name of a satellite's track: prefix and number in at least three digits.
-std::string CalcSecondNameSat(int number, std::string prefix);
-
-/// The text of a column Cast, "jd;ra;de;tag": all zero for an empty one, the tag is not read.
+/// The entry of a column Cast, "jd;ra;de;tag", whose tag is not read: the Julian Date, right ascension and
+/// declination. What is missing is 0.
 TCasts StrToCast(std::string text);
 
 } // namespace tavelinUtils
