@@ -1,7 +1,11 @@
 # The tool, the library with its headers, and the files by which builds find it.
+include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-install(TARGETS vomar RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+if(VOMAR_BUILD_TOOL)
+    install(TARGETS vomar RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    install(FILES packaging/vomar.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+endif()
 install(TARGETS tavelin ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 # The public headers are those that the header of the whole library names.
 file(STRINGS library/tavelin.h public_headers REGEX "^#include \"")
@@ -10,20 +14,19 @@ foreach(header IN LISTS public_headers ITEMS tavelin.h)
     get_filename_component(folder ${header} DIRECTORY)
     install(FILES library/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tavelin/${folder})
 endforeach()
-install(FILES packaging/vomar.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
 configure_package_config_file(packaging/tavelinConfig.cmake.in
-    ${CMAKE_BINARY_DIR}/packaging/tavelinConfig.cmake
+    ${PROJECT_BINARY_DIR}/packaging/tavelinConfig.cmake
     INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/tavelin)
-write_basic_package_version_file(${CMAKE_BINARY_DIR}/packaging/tavelinConfigVersion.cmake
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/packaging/tavelinConfigVersion.cmake
     COMPATIBILITY SameMinorVersion)
 install(FILES
-    ${CMAKE_BINARY_DIR}/packaging/tavelinConfig.cmake
-    ${CMAKE_BINARY_DIR}/packaging/tavelinConfigVersion.cmake
+    ${PROJECT_BINARY_DIR}/packaging/tavelinConfig.cmake
+    ${PROJECT_BINARY_DIR}/packaging/tavelinConfigVersion.cmake
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/tavelin)
 
 file(RELATIVE_PATH pc_to_prefix
     ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
-configure_file(packaging/tavelin.pc.in ${CMAKE_BINARY_DIR}/packaging/tavelin.pc @ONLY)
-install(FILES ${CMAKE_BINARY_DIR}/packaging/tavelin.pc
+configure_file(packaging/tavelin.pc.in ${PROJECT_BINARY_DIR}/packaging/tavelin.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/packaging/tavelin.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -19,3 +19,13 @@ if(VOMAR_COVERAGE)
     target_compile_options(vomar_sanitizers INTERFACE --coverage)
     target_link_options(vomar_sanitizers INTERFACE --coverage)
 endif()
+
+# What a program outside this tree must be built with to link the library: the same sanitizers and counters, and no
+# alignment check.
+set(flags_outside ${CMAKE_CXX_FLAGS})
+if(VOMAR_SANITIZE)
+    string(APPEND flags_outside " -fsanitize=${sanitizers} -fno-sanitize=alignment -fno-sanitize-recover=all")
+endif()
+if(VOMAR_COVERAGE)
+    string(APPEND flags_outside " --coverage")
+endif()

@@ -1,0 +1,17 @@
+# What is built. A project that includes this one by add_subdirectory gets the library alone, unless it asks for more;
+# its own BUILD_TESTING does not ask for our tests.
+include(CMakeDependentOption)
+
+set(tests_by_default OFF)
+if(PROJECT_IS_TOP_LEVEL AND BUILD_TESTING)
+    set(tests_by_default ON)
+endif()
+option(VOMAR_BUILD_TESTING "Build the tests and the examples, which they run" ${tests_by_default})
+option(VOMAR_DEVELOPER "Offer benchmarks and the header check, as target developer; warnings are errors" OFF)
+option(VOMAR_FUZZ "Build the fuzz targets" OFF)
+cmake_dependent_option(VOMAR_BUILD_TOOL "Build the command vomar" ${PROJECT_IS_TOP_LEVEL}
+    "NOT VOMAR_BUILD_TESTING; NOT VOMAR_DEVELOPER; NOT VOMAR_FUZZ" ON)
+option(VOMAR_INSTALL "Install what is built" ${PROJECT_IS_TOP_LEVEL})
+option(VOMAR_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
+option(VOMAR_COVERAGE "Build with line and branch counters" OFF)
+option(VOMAR_LINT "Run clang-tidy beside the compiler" OFF)
