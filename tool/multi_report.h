@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "report_groups.h"
+#include "report_divisions.h"
 #include "results/result.h"
 #include "task.h"
 

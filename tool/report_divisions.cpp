@@ -1,4 +1,4 @@
-#include "report_groups.h"
+#include "report_divisions.h"
 
 #include <algorithm>
 #include <cstddef>
