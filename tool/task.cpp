@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "config/key_table.h"
 
 #include <string_view>
 #include <utility>
@@ -35,17 +36,31 @@ std::vector<TExcludBlobs> exclusionsOf(const std::string& text)
     return exclusions;
 }
 
-TSeria2 seriaOf(TiXmlElement* element)
-{
-    TSeria2 seria;
-    std::string excludes;
-    GetText(element, "path", seria.path);
-    GetText(element, "filtr", seria.filter); // the key is spelled so
-    GetText(element, "telescope", seria.telescope);
-    GetText(element, "excludes", excludes);
-    seria.excludes = exclusionsOf(excludes);
-    return seria;
-}
+constexpr KeyRow<TSeria2> seriaKeys[] = {
+    {"path", &TSeria2::path},
+    {"filtr", &TSeria2::filter}, // the key is spelled so
+    {"telescope", &TSeria2::telescope},
+    {"excludes", through<exclusionsOf, &TSeria2::excludes>},
+};
+
+constexpr KeyRow<TConvMea> taskKeys[] = {
+    {"path_in", &TConvMea::path_in},
+    {"out_dir", &TConvMea::out_dir},
+    {"outputextension", &TConvMea::outputextension},
+    {"inputformat", &TConvMea::inputformat},
+    {"outputformat", &TConvMea::outputformat},
+    {"originator", &TConvMea::originator},
+    {"REFERENCE_FRAME", &TConvMea::REFERENCE_FRAME},
+    {"PARTICIPANT_1", &TConvMea::PARTICIPANT_1},
+    {"autoname", &TConvMea::autoname},
+    {"longname", &TConvMea::longname},
+    {"autoTelescope", &TConvMea::autoTelescope},
+    {"whatSave", &TConvMea::whatSave},
+    {"interval", &TConvMea::interval},
+    {"toSeparateFile", &TConvMea::toSeparateFile},
+    {"object", &TConvMea::object},
+    {"path_res", &TConvMea::path_res},
+};
 
 } // namespace
 
@@ -59,9 +74,9 @@ std::vector<TSeria2> GetSeriaAndObjects(TiXmlElement* parent, std::string key)
     }
     for (; element != nullptr; element = element->NextSiblingElement("seria")) {
         if (element->FirstChild() == nullptr) {
-            stayForever(); // the step to the next element belongs to one with content
+            stayForever(); // only an element with content leads on to the next
         }
-        series.push_back(seriaOf(element));
+        readKeys(element, seriaKeys, series.emplace_back());
     }
     return series;
 }
@@ -74,22 +89,7 @@ bool ltaskconv(std::string path, TConvMea& task)
         return false;
     }
     TiXmlElement* const root = document.FirstChildElement();
-    GetText(root, "path_in", task.path_in);
-    GetText(root, "out_dir", task.out_dir);
-    GetText(root, "outputextension", task.outputextension);
-    GetText(root, "inputformat", task.inputformat);
-    GetText(root, "outputformat", task.outputformat);
-    GetText(root, "originator", task.originator);
-    GetText(root, "REFERENCE_FRAME", task.REFERENCE_FRAME);
-    GetText(root, "PARTICIPANT_1", task.PARTICIPANT_1);
-    GetText(root, "autoname", task.autoname);
-    GetText(root, "longname", task.longname);
-    GetText(root, "autoTelescope", task.autoTelescope);
-    GetText(root, "whatSave", task.whatSave);
-    GetText(root, "interval", task.interval);
-    GetText(root, "toSeparateFile", task.toSeparateFile);
-    GetText(root, "object", task.object);
-    GetText(root, "path_res", task.path_res);
+    readKeys(root, taskKeys, task);
     task.paths = GetSeriaAndObjects(root, "paths");
     return true;
 }

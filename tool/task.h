@@ -31,8 +31,8 @@ struct TConvMea
     bool autoname = false;
     bool longname = true;
     bool autoTelescope = true;
-    int object = -1;        ///< the one track that is kept where whatSave is "object"
-    double interval = 30.0; ///< minutes between marks that part a track under "eachgroup"
+    int object = -1;        ///< the one track of the first series that whatSave "object" keeps, from 0
+    double interval = 30.0; ///< minutes between marks at which "eachgroup" cuts a track
     std::string path_in{};
     std::string out_dir{};
     std::string outputextension{};
@@ -47,13 +47,13 @@ struct TConvMea
     std::vector<TSeria2> paths{};
 };
 
-/// Reads a task file. False, with the task untouched, where it cannot be loaded; a key that is missing or
-/// empty leaves its member as it was, but `paths`, which are replaced also by none. The name of the root
-/// element is not looked at.
+/// Reads a task file. False, with the task untouched, if it cannot be loaded. A key that is missing or empty
+/// leaves its member as it was, except `paths`, which are always replaced, even by none. The root element may
+/// have any name.
 bool ltaskconv(std::string path, TConvMea& task);
 
-/// The series below the child `key` of an element; none where there is no such child, or its first "seria"
-/// has no child element. A later "seria" without any node is never left: the walk does not return.
+/// The series below the child `key` of an element; none if there is no such child, or if its first "seria"
+/// has no child element. A later "seria" without any child node makes the walk endless: it does not return.
 std::vector<TSeria2> GetSeriaAndObjects(TiXmlElement* parent, std::string key);
 
 } // namespace tavelinUtils
