@@ -32,7 +32,7 @@ constexpr FormatWord formatWords[] = {
     {"ssmas", [](Text path, Text originator) { return tavelinUtils::lckako_meas(path, originator); },
      [](Text path, const Tracks& tracks) { tavelinUtils::sSSMAS(path, tracks); }},
     {"mpc", nullptr, [](Text path, const Tracks& tracks) { tavelinUtils::sMPC(path, tracks); }},
-    // Its failure is a bool, which a run does not look at.
+    // A failed write is a false, which a run ignores.
     {"tdm.xml", nullptr, [](Text path, const Tracks& tracks) { tavelinUtils::sTDMPOLxml(path, tracks); }},
     {"mag", nullptr,
      [](Text path, const Tracks& tracks) { tavelinUtils::SaveLightCurve(path, tracks, "JD geocentric"); }},
@@ -56,19 +56,15 @@ int formatOpticMea_to_int(std::string word)
         }
         ++number;
     }
-    return -1;
+    return formatUnknown;
 }
 
 TFuncRes SelectFormatAndSave(std::string path, std::string format, std::vector<TrackVtorichka>& tracks)
 {
-    TFuncRes result;
     const FormatWord* const row = formatWord(formatOpticMea_to_int(format));
     if (row == nullptr) {
-        result.Code = tavelinUtils::resultCode::unknownOutputFormat;
-        result.Comment = "unknown output format";
-        result.Description = "format_out";
-    } else {
-        row->write(path, tracks);
+        return {tavelinUtils::resultCode::unknownOutputFormat, "unknown output format", "format_out", {}};
     }
-    return result;
+    row->write(path, tracks);
+    return {};
 }

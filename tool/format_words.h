@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-/// What the table says of a format. A format that is only written has no reader.
+/// A row of the table. A format that is only written has no reader.
 struct FormatWord
 {
     using Reader = std::vector<tavelinUtils::TrackVtorichka> (*)(const std::string& path,
@@ -20,14 +20,17 @@ struct FormatWord
     Writer write;
 };
 
+/// What formatOpticMea_to_int gives for a word that is in no row.
+inline constexpr int formatUnknown = -1;
+
 /// The row of a format's number; a null pointer for a number outside the table.
 const FormatWord* formatWord(int number);
 
 /// The number of a format's word: "mea" 0, "telegram" 1, "tdm" 2, "ssmas" 3, "mpc" 4, "tdm.xml" 5, "mag" 6,
-/// "aavso" 7, and -1 for any other text. Only the first four can be read, all can be written.
+/// "aavso" 7, and formatUnknown for any other text. Only the first four can be read, all can be written.
 int formatOpticMea_to_int(std::string word);
 
 /// Writes the tracks to the path in the format. Code -2, "unknown output format", for an unknown word;
-/// otherwise code 0. What a writer throws is passed on.
+/// otherwise code 0. Exceptions of a writer are passed on.
 tavelinUtils::TFuncRes SelectFormatAndSave(std::string path, std::string format,
                                            std::vector<tavelinUtils::TrackVtorichka>& tracks);
