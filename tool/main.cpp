@@ -14,8 +14,9 @@ using namespace tavelinUtils;
 
 constexpr const char* defaultTask = "f:\\vomar\\binwindows64\\thresh.xml";
 
-// An output folder that does not exist is not made: output goes beside the input instead.
-std::string settledFolder(const TConvMea& task)
+// The folder of the output, with a slash at its end. An out_dir that does not exist is not created: output
+// goes to the folder of the input instead.
+std::string outputFolder(const TConvMea& task)
 {
     std::string folder = task.out_dir;
     if (folder.empty() || !DirectoryExists(folder)) {
@@ -25,7 +26,7 @@ std::string settledFolder(const TConvMea& task)
     return folder;
 }
 
-// The tracks are never taken down: the system frees what a run leaves faster than a million destructors do.
+// The tracks are never destroyed: the system frees them faster than a million destructors do.
 TFuncRes runTask(const TConvMea& task)
 {
     if (task.inputformat == "vomar") {
@@ -38,8 +39,8 @@ TFuncRes runTask(const TConvMea& task)
 
 } // namespace
 
-// Prints nothing and returns 0 on every path: the result file tells how the run ended. An exception of a
-// writer is not caught, so that the runtime ends the process and no result file appears.
+// Prints nothing and always returns 0: the result file says how the run ended. An exception of a writer is
+// not caught: the runtime then ends the process, and no result file is written.
 int main(int argc, char** argv)
 {
     const std::string path = argc == 2 ? argv[1] : defaultTask;
@@ -48,7 +49,7 @@ int main(int argc, char** argv)
         SaveLogCode(argv[0] + std::string(".log"), GetErrCode(resultCode::unopenedFile, path));
         return 0;
     }
-    task.out_dir = settledFolder(task);
+    task.out_dir = outputFolder(task);
     SaveLogCode(task.path_res, runTask(task));
     return 0;
 }

@@ -2,7 +2,8 @@
 
 #include "config/settings.h"
 #include "config/user_configuration.h"
-#include "conversion.h"
+#include "exclusions.h"
+#include "file_names.h"
 #include "files/essentials.h"
 #include "files/file_search.h"
 #include "files/paths.h"
@@ -12,7 +13,6 @@
 #include "text/number_text.h"
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -20,8 +20,8 @@ using namespace tavelinUtils;
 
 namespace {
 
-// The names that unidentified objects get, in the order of series and tracks. They run on over all series of
-// a report, so that none is given twice.
+// The names of unidentified objects, in the order of series and tracks. The numbers continue through all
+// series of a report, so that none is given twice.
 class RunningNames
 {
 public:
@@ -40,8 +40,8 @@ private:
     int satelliteNumber = 99000;
 };
 
-// The settings of a series: those of the configuration found first below its folder, three levels above its
-// table. One that cannot be loaded says nothing, and the defaults stay.
+// The settings of a series: those of the first configuration found below its folder, three levels above its
+// table. One that cannot be loaded is not reported, and the defaults stay.
 TPorogs settingsOf(const std::string& table)
 {
     std::string folder = table;
@@ -52,7 +52,7 @@ TPorogs settingsOf(const std::string& table)
     FindFile(folder, "", ".conf", files);
     TPorogs porogs;
     if (!files.empty()) {
-        LoadUserConfXML(files.front(), porogs, false); // no word of it reaches the report
+        LoadUserConfXML(files.front(), porogs, false); // the report does not mention a failure
     }
     return porogs;
 }
@@ -82,7 +82,7 @@ TrackList tracksOf(const TSeria2& seria, const TConvMea& task, RunningNames& nam
     return tracks;
 }
 
-// Narrows the series to the one track that is asked for; false where it does not exist.
+// Reduces the series to the one track that is asked for, of the first series; false where it does not exist.
 bool keepObject(std::vector<TrackList>& series, int object)
 {
     TrackList& first = series.front();
@@ -96,58 +96,56 @@ bool keepObject(std::vector<TrackList>& series, int object)
     return true;
 }
 
-std::vector<TrackList> dividedTracks(std::vector<TrackList>&& series, const TConvMea& task,
-                                     bool& withoutMarks)
+// The tracks of all series of the task, as their files are to hold them.
+std::vector<TrackList> stampedSeries(const TConvMea& task)
 {
-    if (task.toSeparateFile == "eachgroup") {
-        return stretchesOf(std::move(series), task.interval, withoutMarks);
+    std::vector<TrackList> series;
+    series.reserve(task.paths.size());
+    RunningNames names;
+    for (const TSeria2& seria : task.paths) {
+        series.push_back(tracksOf(seria, task, names));
     }
-    if (task.toSeparateFile == "eachobject") {
-        return objectsOf(std::move(series));
-    }
-    if (task.toSeparateFile == "eachseria") {
-        return std::move(series);
-    }
-    if (task.toSeparateFile == "allobjects") {
-        return allOf(std::move(series));
-    }
-    return {};
+    return series;
 }
 
-// The part of a path that stands so far from its end, 1 for the last; nothing where it has fewer parts.
-std::optional<std::string> partFromEnd(const std::string& path, std::size_t fromEnd)
+// Writes each list to its own file; the result gets the paths that were tried, and the code for a file that
+// has no name.
+void writeReports(std::vector<TrackList>& reports, const ReportDivision& division, const TConvMea& task,
+                  TFuncRes& result)
 {
-    std::vector<std::string> parts;
-    Pars9(path, parts, Slash);
-    if (parts.size() < fromEnd) {
-        return std::nullopt;
+    for (std::size_t number = 0; number < reports.size(); ++number) {
+        TrackList& report = reports[number];
+        if (division.joins) {
+            report = joinedAlone(std::move(report)); // one at a time: the memory of one serves the next
+        }
+        const auto path = reportPath(task, report, division.baseName(task, report, number));
+        if (!path) {
+            result.Code = resultCode::runFailed;
+            continue;
+        }
+        SelectFormatAndSave(*path, task.outputformat, report); // the description lists the paths tried
+        result.Description += *path + ";";
+        if (division.joins) {
+            report = {};
+        }
     }
-    return parts[parts.size() - fromEnd];
 }
 
-// The name that a file is built around; nothing where what it needs is missing.
-std::optional<std::string> baseName(const TConvMea& task, const TrackList& report, std::size_t number)
+// Divides the series among files and writes these. An unknown word divides nothing and writes nothing.
+void divideAndWrite(std::vector<TrackList>&& series, const TConvMea& task, std::vector<TrackList>& reports,
+                    TFuncRes& result)
 {
-    constexpr std::size_t seriesFolder = 4;
-    if (task.toSeparateFile == "eachseria") {
-        return number < task.paths.size() ? partFromEnd(task.paths[number].path, seriesFolder) : std::nullopt;
+    reports.clear();
+    const ReportDivision* const division = reportDivision(task.toSeparateFile);
+    if (division == nullptr) {
+        return;
     }
-    if (task.toSeparateFile == "allobjects") {
-        return partFromEnd(task.out_dir, 1).value_or("");
+    bool withoutMarks = false;
+    reports = division->divide(std::move(series), task, withoutMarks);
+    if (withoutMarks) {
+        result.Code = resultCode::runFailed;
     }
-    return report.empty() ? std::nullopt : std::optional(report.front().QRVName);
-}
-
-std::optional<std::string> fileName(const TConvMea& task, const TrackList& report, std::size_t number)
-{
-    std::optional<std::string> base = baseName(task, report, number);
-    if (!base || !task.longname) {
-        return base;
-    }
-    if (report.empty() || report.front().Marks.empty()) {
-        return std::nullopt;
-    }
-    return CreateAutoName(report.front(), report.front().telescope, *base);
+    writeReports(reports, *division, task, result);
 }
 
 } // namespace
@@ -160,44 +158,13 @@ TFuncRes CreateMultiReport(const TConvMea& task, std::vector<TrackList>& reports
         result.Description = "paths.size() == 0";
         return result;
     }
-    std::vector<TrackList> series;
-    series.reserve(task.paths.size());
-    RunningNames names;
-    for (const TSeria2& seria : task.paths) {
-        series.push_back(tracksOf(seria, task, names));
-    }
     result.Description.clear();
+    std::vector<TrackList> series = stampedSeries(task);
     if (task.whatSave == "object" && !keepObject(series, task.object)) {
         result.Code = resultCode::runFailed;
         return result;
     }
-    bool withoutMarks = false;
-    reports = dividedTracks(std::move(series), task, withoutMarks);
-    if (withoutMarks) {
-        result.Code = resultCode::runFailed;
-    }
-    const bool eachObject = task.toSeparateFile == "eachobject";
-    for (std::size_t number = 0; number < reports.size(); ++number) {
-        TrackList& report = reports[number];
-        if (eachObject) {
-            // Joined one at a time, so that the memory of one serves the next.
-            TrackList object;
-            object.push_back(joined(std::move(report)));
-            report = std::move(object);
-        }
-        const std::optional<std::string> name = fileName(task, report, number);
-        if (!name) {
-            result.Code = resultCode::runFailed;
-            continue;
-        }
-        // The point stands here: the extension of a report's task is bare.
-        const std::string output = task.out_dir + *name + "." + task.outputextension;
-        SelectFormatAndSave(output, task.outputformat, report); // the description lists the paths tried
-        result.Description += output + ";";
-        if (eachObject) {
-            report = {};
-        }
-    }
+    divideAndWrite(std::move(series), task, reports, result);
     return result;
 }
 

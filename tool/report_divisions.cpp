@@ -1,5 +1,7 @@
 #include "report_divisions.h"
 
+#include "file_names.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <functional>
@@ -7,6 +9,7 @@
 #include <unordered_map>
 #include <utility>
 
+using tavelinUtils::TConvMea;
 using tavelinUtils::THeadTrVtor;
 using tavelinUtils::TInterBlob;
 using tavelinUtils::TrackVtorichka;
@@ -14,6 +17,7 @@ using tavelinUtils::TRecLabelPervichka_File;
 
 namespace {
 
+using Series = std::vector<TrackList>;
 using Marks = std::vector<TRecLabelPervichka_File>;
 
 // Marks from the first up to but not including the end.
@@ -23,20 +27,20 @@ struct Range
     std::size_t end;
 };
 
-// The gap in minutes behind a mark, summed in just this order.
-double gapBehind(const Marks& marks, std::size_t index)
+// The gap in minutes after a mark. The order of the sum matters to the last digit.
+double gapAfter(const Marks& marks, std::size_t index)
 {
     const double next = marks[index + 1].date + marks[index + 1].time;
     return (next - marks[index].date - marks[index].time) * 1440.0;
 }
 
-// The ends are exclusive and yet are the last marks before the gaps, and the last mark of all: so each piece
-// of a track that is cut loses its last mark. Reports are what they are by this.
+// The ends are exclusive, and yet each is set to the last mark before a gap, or to the last mark of all: so
+// each stretch of a track that is cut loses its last mark. Existing reports depend on it.
 std::vector<Range> rangesOf(const Marks& marks, double interval)
 {
     std::vector<Range> ranges{{0, marks.size()}};
     for (std::size_t k = 0; k + 1 < marks.size(); ++k) {
-        if (gapBehind(marks, k) >= interval) {
+        if (gapAfter(marks, k) >= interval) {
             ranges.back().end = k;
             ranges.push_back({k + 1, marks.size() - 1});
         }
@@ -80,7 +84,97 @@ private:
     std::unordered_map<std::pair<std::string, std::string>, std::size_t, Hash> places;
 };
 
+// The place of the object of each track, in the order of the tracks, and the number of tracks of each object.
+struct ObjectPlaces
+{
+    std::vector<std::size_t> places;
+    std::vector<std::size_t> counts;
+};
+
+ObjectPlaces objectPlaces(const Series& series)
+{
+    ObjectIndex index;
+    ObjectPlaces objects;
+    for (const TrackList& tracks : series) {
+        for (const TrackVtorichka& track : tracks) {
+            const std::size_t place = index.placeOf(track);
+            objects.places.push_back(place);
+            objects.counts.resize(std::max(objects.counts.size(), place + 1));
+            ++objects.counts[place];
+        }
+    }
+    return objects;
+}
+
+// Later tracks come first, and a sort that keeps the order of equal times leaves them so.
+Marks marksByTime(TrackList& tracks)
+{
+    struct Place
+    {
+        double time;
+        TRecLabelPervichka_File* mark;
+    };
+    std::vector<Place> places;
+    for (auto track = tracks.rbegin(); track != tracks.rend(); ++track) {
+        for (TRecLabelPervichka_File& mark : track->Marks) {
+            places.push_back({mark.date + mark.time, &mark});
+        }
+    }
+    std::stable_sort(places.begin(), places.end(),
+                     [](const Place& a, const Place& b) { return a.time < b.time; });
+    Marks marks;
+    marks.reserve(places.size());
+    for (const Place& place : places) {
+        marks.push_back(std::move(*place.mark));
+    }
+    return marks;
+}
+
+std::vector<TInterBlob> interBlobsLaterFirst(const TrackList& tracks)
+{
+    std::vector<TInterBlob> interBlobs;
+    for (auto track = tracks.rbegin(); track != tracks.rend(); ++track) {
+        interBlobs.insert(interBlobs.end(), track->InterBlobs.begin(), track->InterBlobs.end());
+    }
+    return interBlobs;
+}
+
+std::optional<std::string> nameOfObject(const TConvMea&, const TrackList& report, std::size_t)
+{
+    return objectName(report);
+}
+
+constexpr ReportDivision reportDivisions[] = {
+    {"eachgroup",
+     [](Series&& series, const TConvMea& task, bool& withoutMarks) {
+         return stretchesOf(std::move(series), task.interval, withoutMarks);
+     },
+     nameOfObject, false},
+    {"eachobject", [](Series&& series, const TConvMea&, bool&) { return objectsOf(std::move(series)); },
+     nameOfObject, true},
+    {"eachseria", [](Series&& series, const TConvMea&, bool&) { return Series(std::move(series)); },
+     [](const TConvMea& task, const TrackList&, std::size_t number) {
+         return seriesFolderName(task, number);
+     },
+     false},
+    {"allobjects", [](Series&& series, const TConvMea&, bool&) { return allOf(std::move(series)); },
+     [](const TConvMea& task, const TrackList&, std::size_t) {
+         return std::optional(outputFolderName(task));
+     },
+     false},
+};
+
 } // namespace
+
+const ReportDivision* reportDivision(const std::string& word)
+{
+    for (const ReportDivision& row : reportDivisions) {
+        if (row.word == word) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
 
 std::vector<TrackList> stretchesOf(std::vector<TrackList>&& series, double interval, bool& withoutMarks)
 {
@@ -101,26 +195,17 @@ std::vector<TrackList> stretchesOf(std::vector<TrackList>&& series, double inter
 
 std::vector<TrackList> objectsOf(std::vector<TrackList>&& series)
 {
-    ObjectIndex index;
-    std::vector<std::size_t> places;
-    std::vector<std::size_t> counts;
-    for (const TrackList& tracks : series) {
-        for (const TrackVtorichka& track : tracks) {
-            places.push_back(index.placeOf(track));
-            counts.resize(std::max(counts.size(), places.back() + 1));
-            ++counts[places.back()];
-        }
-    }
-    std::vector<TrackList> reports(counts.size());
+    const ObjectPlaces objects = objectPlaces(series);
+    std::vector<TrackList> reports(objects.counts.size());
     for (std::size_t i = 0; i < reports.size(); ++i) {
-        reports[i].reserve(counts[i]);
+        reports[i].reserve(objects.counts[i]);
     }
-    auto place = places.begin();
+    auto place = objects.places.begin();
     for (TrackList& tracks : series) {
         for (TrackVtorichka& track : tracks) {
             reports[*place++].push_back(std::move(track));
         }
-        tracks = {}; // the heads that are left behind are large
+        tracks = {}; // the heads that are left are large
     }
     return reports;
 }
@@ -130,31 +215,19 @@ TrackVtorichka joined(TrackList&& tracks)
     if (tracks.size() == 1) {
         return std::move(tracks.front());
     }
-    // Later tracks stand in front, and the sort keeps the order of equal times.
-    struct Place
-    {
-        double time;
-        TRecLabelPervichka_File* mark;
-    };
-    std::vector<Place> places;
-    std::vector<TInterBlob> interBlobs;
-    for (std::size_t i = tracks.size(); i-- > 0;) {
-        for (TRecLabelPervichka_File& mark : tracks[i].Marks) {
-            places.push_back({mark.date + mark.time, &mark});
-        }
-        interBlobs.insert(interBlobs.end(), tracks[i].InterBlobs.begin(), tracks[i].InterBlobs.end());
-    }
-    std::stable_sort(places.begin(), places.end(),
-                     [](const Place& a, const Place& b) { return a.time < b.time; });
-    Marks marks;
-    marks.reserve(places.size());
-    for (const Place& place : places) {
-        marks.push_back(std::move(*place.mark));
-    }
+    Marks marks = marksByTime(tracks);
+    std::vector<TInterBlob> interBlobs = interBlobsLaterFirst(tracks);
     TrackVtorichka track = std::move(tracks.front());
     track.Marks = std::move(marks);
     track.InterBlobs = std::move(interBlobs);
     return track;
+}
+
+TrackList joinedAlone(TrackList&& tracks)
+{
+    TrackList alone;
+    alone.push_back(joined(std::move(tracks)));
+    return alone;
 }
 
 std::vector<TrackList> allOf(std::vector<TrackList>&& series)

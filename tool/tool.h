@@ -1,8 +1,10 @@
-// The tool's operations and, at global level, the library names that they take.
+// The operations of the tool, and the library's names in their signatures, all in the global namespace.
 
 #pragma once
 
 #include "conversion.h"
+#include "exclusions.h"
+#include "file_names.h"
 #include "format_words.h"
 #include "math/quick_sort.h"
 #include "multi_report.h"

@@ -17,7 +17,7 @@ using namespace tavelinUtils;
 
 namespace {
 
-/// The objects of series, each joined into its one track, as a report writes them.
+// The objects of series, each joined into one track, as a report writes them.
 std::vector<TrackList> joinedObjects(std::vector<TrackList>&& series)
 {
     std::vector<TrackList> objects = objectsOf(std::move(series));
@@ -33,7 +33,7 @@ constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 using Marks = std::vector<TRecLabelPervichka_File>;
 
-// A mark on the day 60000, known by its number.
+// A mark on the day 60000, with a number to tell it apart.
 TRecLabelPervichka_File markAt(double time, int number)
 {
     TRecLabelPervichka_File mark;
@@ -43,7 +43,7 @@ TRecLabelPervichka_File markAt(double time, int number)
     return mark;
 }
 
-// Marks numbered from 0, so many minutes after the beginning of the day.
+// Marks numbered from 0, at minutes of the day.
 Marks marksAtMinutes(const std::vector<double>& minutes)
 {
     Marks marks;
@@ -69,7 +69,7 @@ TrackVtorichka trackOf(const std::string& name, const std::string& series, Marks
     return track;
 }
 
-// A whole list of lists in one text, so that a difference shows where it is.
+// All lists in one text, so that a difference shows where it is.
 std::string described(const std::vector<TrackList>& lists)
 {
     std::string text;
@@ -114,7 +114,7 @@ std::vector<std::vector<int>> stretches(Marks marks, double interval)
 
 using Numbers = std::vector<std::vector<int>>;
 
-// Objects one pair at a time, as an operator would join them by hand.
+// The objects of series, joined one pair at a time as an operator would by hand.
 std::vector<TrackList> joinedPairByPair(const std::vector<TrackList>& series)
 {
     std::vector<TrackList> reports;
@@ -141,7 +141,7 @@ std::vector<TrackList> joinedPairByPair(const std::vector<TrackList>& series)
     return reports;
 }
 
-// Cuts a track by ranges of which only the last one knows its end.
+// The stretches of series, from ranges of which only the last has its end.
 std::vector<TrackList> cutRangeByRange(const std::vector<TrackList>& series, double interval)
 {
     std::vector<TrackList> reports;
@@ -172,7 +172,7 @@ std::vector<TrackList> cutRangeByRange(const std::vector<TrackList>& series, dou
     return reports;
 }
 
-// Small cases full of equal names, equal times and tracks without marks.
+// Small random series with many equal names, equal times and tracks without marks.
 class RandomSeries
 {
 public:
@@ -207,7 +207,7 @@ public:
         return series;
     }
 
-    // 0 up to the limit and with it.
+    // A number from 0 to the limit, which is included.
     std::size_t upTo(std::size_t limit)
     {
         return engine() % (limit + 1);
@@ -227,7 +227,7 @@ double secondsOf(const std::vector<TrackList>& series, std::size_t objects)
     return lasted.count();
 }
 
-// Twenty thousand tracks of one mark each, over two series, with so many names.
+// Twenty thousand tracks of one mark each in two series, with so many names in all.
 std::vector<TrackList> manyTracks(std::size_t names)
 {
     std::vector<TrackList> series(2);
@@ -241,67 +241,117 @@ std::vector<TrackList> manyTracks(std::size_t names)
 
 } // namespace
 
+// Words.
+
+TEST(ReportDivisions, WordsAreComparedExactly)
+{
+    for (const char* const word : {"eachgroup", "eachobject", "eachseria", "allobjects"}) {
+        ASSERT_NE(reportDivision(word), nullptr);
+        EXPECT_STREQ(reportDivision(word)->word, word);
+    }
+    for (const char* const text : {"", "eachseries", "Eachgroup", "eachobject ", " allobjects", "object"}) {
+        EXPECT_EQ(reportDivision(text), nullptr) << text;
+    }
+}
+
+TEST(ReportDivisions, EachWordDividesAndNames)
+{
+    TConvMea task;
+    task.out_dir = "/data/out/";
+    task.interval = 5.0;
+    task.paths.emplace_back().path = "/data/s1/a/b/table";
+    const struct
+    {
+        const char* word;
+        std::size_t files;
+        const char* name;
+    } rows[] = {
+        {"eachgroup", 3, "A"}, {"eachobject", 1, "A"}, {"eachseria", 1, "s1"}, {"allobjects", 1, "out"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.word);
+        const ReportDivision& division = *reportDivision(row.word);
+        bool withoutMarks = false;
+        std::vector<TrackList> series{
+            {trackOf("A", "R", marksAtMinutes({0, 1, 9, 10})), trackOf("A", "R", marksAtMinutes({5}))}};
+        const std::vector<TrackList> files = division.divide(std::move(series), task, withoutMarks);
+        ASSERT_EQ(files.size(), row.files);
+        EXPECT_FALSE(withoutMarks);
+        EXPECT_EQ(division.baseName(task, files[0], 0), row.name);
+        EXPECT_EQ(division.joins, row.word == std::string("eachobject"));
+    }
+}
+
+TEST(ReportDivisions, OnlyGroupsReportATrackWithoutMarks)
+{
+    for (const char* const word : {"eachgroup", "eachobject", "eachseria", "allobjects"}) {
+        SCOPED_TRACE(word);
+        bool withoutMarks = false;
+        reportDivision(word)->divide({{trackOf("A", "R", {})}}, TConvMea(), withoutMarks);
+        EXPECT_EQ(withoutMarks, word == std::string("eachgroup"));
+    }
+}
+
 // Stretches of a track.
 
-TEST(ReportGroups, TrackWithoutGapKeepsAllItsMarks)
+TEST(ReportDivisions, TrackWithoutGapKeepsAllItsMarks)
 {
     EXPECT_EQ(stretches(marksAtMinutes({0, 10, 20, 30, 40, 50}), 30.0), (Numbers{{0, 1, 2, 3, 4, 5}}));
 }
 
-TEST(ReportGroups, EachStretchOfACutTrackLosesItsLastMark)
+TEST(ReportDivisions, EachStretchOfACutTrackLosesItsLastMark)
 {
     EXPECT_EQ(stretches(marksAtMinutes({0, 10, 20, 120, 130, 140}), 30.0), (Numbers{{0, 1}, {3, 4}}));
 }
 
-TEST(ReportGroups, EveryGapCuts)
+TEST(ReportDivisions, EveryGapCuts)
 {
     EXPECT_EQ(stretches(marksAtMinutes({0, 10, 120, 130, 140, 240, 250}), 30.0), (Numbers{{0}, {2, 3}, {5}}));
 }
 
-TEST(ReportGroups, CutBehindTheFirstMarkLeavesAnEmptyStretch)
+TEST(ReportDivisions, CutAfterTheFirstMarkLeavesAnEmptyStretch)
 {
     EXPECT_EQ(stretches(marksAtMinutes({0, 100, 110, 120}), 30.0), (Numbers{{}, {1, 2}}));
 }
 
-TEST(ReportGroups, CutBeforeTheLastMarkLeavesAnEmptyStretch)
+TEST(ReportDivisions, CutBeforeTheLastMarkLeavesAnEmptyStretch)
 {
     EXPECT_EQ(stretches(marksAtMinutes({0, 10, 20, 120}), 30.0), (Numbers{{0, 1}, {}}));
 }
 
-TEST(ReportGroups, TwoMarksApartLeaveTwoEmptyStretches)
+TEST(ReportDivisions, TwoMarksApartLeaveTwoEmptyStretches)
 {
     EXPECT_EQ(stretches(marksAtMinutes({0, 100}), 30.0), (Numbers{{}, {}}));
 }
 
-TEST(ReportGroups, OneMarkIsAStretch)
+TEST(ReportDivisions, OneMarkIsAStretch)
 {
     EXPECT_EQ(stretches(marksAtMinutes({0}), 30.0), (Numbers{{0}}));
     EXPECT_EQ(stretches(marksAtMinutes({0}), 0.0), (Numbers{{0}}));
 }
 
-TEST(ReportGroups, MarksLessThanTheIntervalApartStayTogether)
+TEST(ReportDivisions, MarksLessThanTheIntervalApartStayTogether)
 {
     EXPECT_EQ(stretches({markAt(0.25, 0), markAt(0.25 + 29.9 / 1440.0, 1)}, 30.0), (Numbers{{0, 1}}));
 }
 
-TEST(ReportGroups, MarksTheIntervalApartAreCut)
+TEST(ReportDivisions, MarksTheIntervalApartAreCut)
 {
     EXPECT_EQ(stretches({markAt(0.25, 0), markAt(0.5, 1)}, 360.0), (Numbers{{}, {}}));
     EXPECT_EQ(stretches({markAt(0.25, 0), markAt(0.5, 1)}, 360.1), (Numbers{{0, 1}}));
 }
 
-TEST(ReportGroups, ExactlyThirtyMinutesAreCut)
+TEST(ReportDivisions, ExactlyThirtyMinutesAreCut)
 {
-    // Without a day in front the gap is 1.0 / 48.0, and 1440.0 times that is exactly 30.
+    // Without a whole day the gap is 1.0 / 48.0, and 1440.0 times that is exactly 30.
     Marks marks{markAt(0.0, 0), markAt(1.0 / 48.0, 1)};
     marks[0].date = 0;
     marks[1].date = 0;
     EXPECT_EQ(stretches(marks, 30.0), (Numbers{{}, {}}));
 }
 
-TEST(ReportGroups, HalfHoursOfTheDayAreCutAsTheirSumsComeOut)
+TEST(ReportDivisions, HalfHoursOfTheDayAreCutAsTheirSumsComeOut)
 {
-    // The day takes part in the sum, so half an hour is a little more or less than 30 minutes.
+    // The whole day is part of the sum, so half an hour is a little more or less than 30 minutes.
     const struct
     {
         double first;
@@ -324,7 +374,7 @@ TEST(ReportGroups, HalfHoursOfTheDayAreCutAsTheirSumsComeOut)
     }
 }
 
-TEST(ReportGroups, GapRunsOverMidnight)
+TEST(ReportDivisions, GapRunsOverMidnight)
 {
     Marks marks{markAt(0.96875, 0), markAt(0.984375, 1), markAt(0.0078125, 2), markAt(0.015625, 3)};
     marks[2].date = 60001;
@@ -333,34 +383,34 @@ TEST(ReportGroups, GapRunsOverMidnight)
     EXPECT_EQ(stretches(marks, 33.75), (Numbers{{0}, {2}}));
 }
 
-TEST(ReportGroups, IntervalZeroLeavesNoMarks)
+TEST(ReportDivisions, IntervalZeroLeavesNoMarks)
 {
     EXPECT_EQ(stretches(marksAtMinutes({0, 10, 20, 30}), 0.0), (Numbers{{}, {}, {}, {}}));
 }
 
-TEST(ReportGroups, IntervalZeroCutsBetweenEqualTimes)
+TEST(ReportDivisions, IntervalZeroCutsBetweenEqualTimes)
 {
     EXPECT_EQ(stretches(marksAtMinutes({10, 10}), 0.0), (Numbers{{}, {}}));
 }
 
-TEST(ReportGroups, NegativeGapDoesNotCut)
+TEST(ReportDivisions, NegativeGapDoesNotCut)
 {
     EXPECT_EQ(stretches(marksAtMinutes({50, 10, 0}), 0.0), (Numbers{{0, 1, 2}}));
     EXPECT_EQ(stretches(marksAtMinutes({500, 10, 20}), 30.0), (Numbers{{0, 1, 2}}));
 }
 
-TEST(ReportGroups, NegativeIntervalCutsAtGapsAboveIt)
+TEST(ReportDivisions, NegativeIntervalCutsAtGapsAboveIt)
 {
     EXPECT_EQ(stretches(marksAtMinutes({100, 80, 20, 10}), -30.0), (Numbers{{}, {1}, {}}));
 }
 
-TEST(ReportGroups, WhatIsNoNumberDoesNotCut)
+TEST(ReportDivisions, WhatIsNoNumberDoesNotCut)
 {
     EXPECT_EQ(stretches(marksAtMinutes({0, 1000}), notANumber), (Numbers{{0, 1}}));
     EXPECT_EQ(stretches({markAt(0.0, 0), markAt(notANumber, 1), markAt(0.5, 2)}, 30.0), (Numbers{{0, 1, 2}}));
 }
 
-TEST(ReportGroups, StretchHoldsHeadAndMarksAlone)
+TEST(ReportDivisions, StretchHoldsHeadAndMarksAlone)
 {
     for (const double second : {0.01, 0.5}) {
         SCOPED_TRACE(second);
@@ -411,7 +461,7 @@ TEST(ReportGroups, StretchHoldsHeadAndMarksAlone)
     }
 }
 
-TEST(ReportGroups, MarkOfAStretchIsTheWholeMark)
+TEST(ReportDivisions, MarkOfAStretchIsTheWholeMark)
 {
     Marks marks = marksAtMinutes({0, 10});
     marks[1].RA = 15.0;
@@ -430,7 +480,7 @@ TEST(ReportGroups, MarkOfAStretchIsTheWholeMark)
     EXPECT_EQ(std::vector<int>(mark.LinkList), (std::vector<int>{1, 2}));
 }
 
-TEST(ReportGroups, StretchesStandInTheOrderOfSeriesAndTracks)
+TEST(ReportDivisions, StretchesAreInTheOrderOfSeriesAndTracks)
 {
     bool withoutMarks = false;
     const std::vector<TrackList> lists = stretchesOf(
@@ -445,7 +495,7 @@ TEST(ReportGroups, StretchesStandInTheOrderOfSeriesAndTracks)
     EXPECT_FALSE(withoutMarks);
 }
 
-TEST(ReportGroups, TrackWithoutMarksGivesNoStretchAndSetsTheFlag)
+TEST(ReportDivisions, TrackWithoutMarksGivesNoStretchAndSetsTheFlag)
 {
     bool withoutMarks = false;
     const std::vector<TrackList> lists =
@@ -454,14 +504,14 @@ TEST(ReportGroups, TrackWithoutMarksGivesNoStretchAndSetsTheFlag)
     EXPECT_TRUE(withoutMarks);
 }
 
-TEST(ReportGroups, EmptyStretchIsNoTrackWithoutMarks)
+TEST(ReportDivisions, EmptyStretchIsNoTrackWithoutMarks)
 {
     bool withoutMarks = false;
     EXPECT_EQ(stretchesOf({{trackOf("A", "R", marksAtMinutes({0, 100}))}}, 30.0, withoutMarks).size(), 2U);
     EXPECT_FALSE(withoutMarks);
 }
 
-TEST(ReportGroups, NoTracksGiveNoStretches)
+TEST(ReportDivisions, NoTracksGiveNoStretches)
 {
     bool withoutMarks = false;
     EXPECT_TRUE(stretchesOf({}, 30.0, withoutMarks).empty());
@@ -469,7 +519,7 @@ TEST(ReportGroups, NoTracksGiveNoStretches)
     EXPECT_FALSE(withoutMarks);
 }
 
-TEST(ReportGroups, StretchesAreThoseOfTheRanges)
+TEST(ReportDivisions, StretchesAreThoseOfTheRanges)
 {
     RandomSeries cases(20101104);
     for (int i = 0; i < 400; ++i) {
@@ -486,21 +536,21 @@ TEST(ReportGroups, StretchesAreThoseOfTheRanges)
 
 // Objects.
 
-TEST(ReportGroups, TracksOfEqualNameAndSeriesAreOneObject)
+TEST(ReportDivisions, TracksOfEqualNameAndSeriesAreOneObject)
 {
     const std::vector<TrackList> lists =
         joinedObjects({{trackOf("A", "R", marksAtMinutes({0, 10}))}, {trackOf("A", "R", {markAt(0.5, 7)})}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 0 1 7 inter candidates cast ]\n");
 }
 
-TEST(ReportGroups, TracksOfOneSeriesAreJoinedToo)
+TEST(ReportDivisions, TracksOfOneSeriesAreJoinedToo)
 {
     const std::vector<TrackList> lists =
         joinedObjects({{trackOf("A", "R", {markAt(0.5, 1)}), trackOf("A", "R", {markAt(0.25, 2)})}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 2 1 inter candidates cast ]\n");
 }
 
-TEST(ReportGroups, AnotherSeriesOrNameIsAnotherObject)
+TEST(ReportDivisions, AnotherSeriesOrNameIsAnotherObject)
 {
     const std::vector<TrackList> lists =
         joinedObjects({{trackOf("A", "R", {markAt(0.5, 1)}), trackOf("a", "R", {markAt(0.5, 2)})},
@@ -513,7 +563,7 @@ TEST(ReportGroups, AnotherSeriesOrNameIsAnotherObject)
                                 "[ /AR/ marks 5 inter candidates cast ]\n");
 }
 
-TEST(ReportGroups, NameAndSeriesAreComparedApart)
+TEST(ReportDivisions, NameAndSeriesAreComparedApart)
 {
     const std::vector<TrackList> lists = joinedObjects(
         {{trackOf("AB", "C", {}), trackOf("A", "BC", {}), trackOf("ABC", "", {}), trackOf("", "ABC", {}),
@@ -522,7 +572,7 @@ TEST(ReportGroups, NameAndSeriesAreComparedApart)
     EXPECT_EQ(lists.size(), 8U);
 }
 
-TEST(ReportGroups, ObjectsStandWhereTheyFirstOccur)
+TEST(ReportDivisions, ObjectsAreInTheOrderOfTheirFirstTracks)
 {
     const std::vector<TrackList> lists =
         joinedObjects({{trackOf("C", "R", {markAt(0.1, 0)}), trackOf("A", "R", {markAt(0.1, 1)})},
@@ -533,7 +583,7 @@ TEST(ReportGroups, ObjectsStandWhereTheyFirstOccur)
                                 "[ B/R/ marks 2 inter candidates cast ]\n");
 }
 
-TEST(ReportGroups, OfEqualTimesTheLaterSeriesComesFirst)
+TEST(ReportDivisions, OfEqualTimesTheLaterSeriesComesFirst)
 {
     const std::vector<TrackList> lists =
         joinedObjects({{trackOf("A", "R", {markAt(0.5, 10), markAt(0.5, 11)})},
@@ -542,7 +592,7 @@ TEST(ReportGroups, OfEqualTimesTheLaterSeriesComesFirst)
     EXPECT_EQ(described(lists), "[ A/R/ marks 30 31 20 21 10 11 inter candidates cast ]\n");
 }
 
-TEST(ReportGroups, TimesOfThreeSeriesAreOneOrder)
+TEST(ReportDivisions, TimesOfThreeSeriesAreOneOrder)
 {
     const std::vector<TrackList> lists =
         joinedObjects({{trackOf("A", "R", {markAt(0.75, 10), markAt(0.25, 11)})},
@@ -551,19 +601,19 @@ TEST(ReportGroups, TimesOfThreeSeriesAreOneOrder)
     EXPECT_EQ(described(lists), "[ A/R/ marks 21 11 30 20 31 10 inter candidates cast ]\n");
 }
 
-TEST(ReportGroups, TimeOfAMarkIsDayAndFraction)
+TEST(ReportDivisions, TimeOfAMarkIsDayAndFraction)
 {
     TRecLabelPervichka_File early = markAt(0.9, 1);
     TRecLabelPervichka_File late = markAt(0.1, 2);
     late.date = 60001;
-    // A fraction above 1 counts as it stands.
+    // A fraction above 1 counts as it is.
     TRecLabelPervichka_File between = markAt(1.05, 3);
     const std::vector<TrackList> lists =
         joinedObjects({{trackOf("A", "R", {late}), trackOf("A", "R", {between, early})}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 1 3 2 inter candidates cast ]\n");
 }
 
-TEST(ReportGroups, TrackThatIsNotJoinedKeepsTheOrderOfItsMarks)
+TEST(ReportDivisions, TrackThatIsNotJoinedKeepsTheOrderOfItsMarks)
 {
     const std::vector<TrackList> lists =
         joinedObjects({{trackOf("A", "R", {markAt(0.5, 0), markAt(0.25, 1)}), trackOf("B", "R", {})}});
@@ -571,14 +621,14 @@ TEST(ReportGroups, TrackThatIsNotJoinedKeepsTheOrderOfItsMarks)
                                 "[ B/R/ marks inter candidates cast ]\n");
 }
 
-TEST(ReportGroups, JoiningATrackWithoutMarksOrdersTheOthers)
+TEST(ReportDivisions, JoiningATrackWithoutMarksOrdersTheOthers)
 {
     const std::vector<TrackList> lists =
         joinedObjects({{trackOf("A", "R", {markAt(0.5, 0), markAt(0.25, 1)}), trackOf("A", "R", {})}});
     EXPECT_EQ(described(lists), "[ A/R/ marks 1 0 inter candidates cast ]\n");
 }
 
-TEST(ReportGroups, HeadOfTheFirstTrackIsTheHeadOfTheObject)
+TEST(ReportDivisions, HeadOfTheFirstTrackIsTheHeadOfTheObject)
 {
     TrackVtorichka first = trackOf("A", "R", {markAt(0.5, 0)});
     first.telescope = "T1";
@@ -603,7 +653,7 @@ TEST(ReportGroups, HeadOfTheFirstTrackIsTheHeadOfTheObject)
     EXPECT_EQ(numbersOf(object.Marks), (std::vector<int>{1, 0, 2}));
 }
 
-TEST(ReportGroups, InterBlobsOfLaterTracksStandInFrontUnsorted)
+TEST(ReportDivisions, InterBlobsOfLaterTracksComeFirstUnsorted)
 {
     TrackVtorichka first = trackOf("A", "R", {markAt(0.1, 0), markAt(0.2, 1)});
     first.InterBlobs = {{.m_MPC = 10}, {.m_MPC = 11}};
@@ -615,7 +665,7 @@ TEST(ReportGroups, InterBlobsOfLaterTracksStandInFrontUnsorted)
     EXPECT_EQ(described(lists), "[ A/R/ marks 0 1 2 3 inter 30 20 21 10 11 candidates cast ]\n");
 }
 
-TEST(ReportGroups, CandidatesAndCastAreNotJoined)
+TEST(ReportDivisions, CandidatesAndCastAreNotJoined)
 {
     TrackVtorichka first = trackOf("A", "R", {markAt(0.1, 0)});
     first.Candidates = std::vector<std::string>{"c1"};
@@ -627,13 +677,13 @@ TEST(ReportGroups, CandidatesAndCastAreNotJoined)
     EXPECT_EQ(described(lists), "[ A/R/ marks 0 1 inter candidates c1 cast k1 ]\n");
 }
 
-TEST(ReportGroups, NoTracksGiveNoObjects)
+TEST(ReportDivisions, NoTracksGiveNoObjects)
 {
     EXPECT_TRUE(joinedObjects({}).empty());
     EXPECT_TRUE(joinedObjects({{}, {}}).empty());
 }
 
-TEST(ReportGroups, ObjectsAreThoseThatPairsGive)
+TEST(ReportDivisions, ObjectsAreThoseThatPairsGive)
 {
     RandomSeries cases(20101106);
     for (int i = 0; i < 600; ++i) {
@@ -644,7 +694,7 @@ TEST(ReportGroups, ObjectsAreThoseThatPairsGive)
     }
 }
 
-TEST(ReportGroups, TwentyThousandTracksAreGroupedInASecondOrTwo)
+TEST(ReportDivisions, TwentyThousandTracksAreGroupedInASecondOrTwo)
 {
     for (const std::size_t names : {std::size_t{1}, std::size_t{3}, std::size_t{200}, std::size_t{20000}}) {
         SCOPED_TRACE(names);
@@ -652,7 +702,7 @@ TEST(ReportGroups, TwentyThousandTracksAreGroupedInASecondOrTwo)
     }
 }
 
-TEST(ReportGroups, MarksOfManyTracksAreInTheOrderOfTime)
+TEST(ReportDivisions, MarksOfManyTracksAreInTheOrderOfTime)
 {
     const std::vector<TrackList> lists = joinedObjects(manyTracks(1));
     ASSERT_EQ(lists.size(), 1U);
@@ -663,7 +713,7 @@ TEST(ReportGroups, MarksOfManyTracksAreInTheOrderOfTime)
 
 // All tracks.
 
-TEST(ReportGroups, AllTracksAreOneListInTheirOrder)
+TEST(ReportDivisions, AllTracksAreOneListInTheirOrder)
 {
     TrackVtorichka first = trackOf("A", "R", {markAt(0.5, 0), markAt(0.25, 1)});
     first.InterBlobs = {{.m_MPC = 10}};
@@ -676,13 +726,13 @@ TEST(ReportGroups, AllTracksAreOneListInTheirOrder)
                                 " A/R/ marks 2 inter candidates cast ]\n");
 }
 
-TEST(ReportGroups, AllOfNoTracksIsOneEmptyList)
+TEST(ReportDivisions, AllOfNoTracksIsOneEmptyList)
 {
     EXPECT_EQ(described(allOf({})), "[ ]\n");
     EXPECT_EQ(described(allOf({{}, {}})), "[ ]\n");
 }
 
-TEST(ReportGroups, ObjectIsTheListOfItsTracksUntilItIsJoined)
+TEST(ReportDivisions, ObjectIsTheListOfItsTracksUntilItIsJoined)
 {
     std::vector<TrackList> series(2);
     for (const char* name : {"A", "B"}) {

@@ -1,0 +1,15 @@
+// Excluded marks: those that a task leaves out of a report.
+
+#pragma once
+
+#include "records/track.h"
+#include "task.h"
+
+#include <vector>
+
+/// Removes the excluded marks, one entry after the other: the indices of an entry count in the marks that the
+/// entries before it left. A mark with the code "bad_parts" goes with the first entry for its track, even if
+/// that entry has no indices. Tracks and marks that do not exist are skipped. InterBlobs, Candidates and Cast
+/// keep their length.
+void DeleteBlobs(const std::vector<tavelinUtils::TExcludBlobs>& excludes,
+                 std::vector<tavelinUtils::TrackVtorichka>& tracks);
