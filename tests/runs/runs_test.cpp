@@ -1,6 +1,6 @@
-// Whole runs of the built tool, kept as files. Each folder here that holds a task.xml is one run: it is
-// copied, the tool is started in the copy, beside an empty folder out, and what then stands below out must be
-// what stands below expected, byte by byte. The time stamp of a result document is DATE there.
+// Whole runs of the built tool, kept as files. Each folder here that holds a task.xml is one run: the tool
+// runs in a copy of it with an empty folder out, and what is then below out must equal what is below
+// expected, byte by byte. There the time stamp of a result document is DATE.
 
 #include "support/child_process.h"
 #include "support/places.h"

@@ -1,4 +1,4 @@
-// What the built tool makes of files that are broken, cut or not what they should be.
+// Broken, cut and unsuitable files, given to the built tool.
 
 #include "support/child_process.h"
 #include "support/tasks.h"
@@ -59,7 +59,7 @@ std::string taskFor(const std::string& path_in, const std::string& format)
                      {"path_res", "./r.xml"}});
 }
 
-// A folder with an empty folder out, in which an input of the bytes is converted.
+// A folder with an empty folder out, in which an input is converted.
 class Conversion
 {
 public:
@@ -86,7 +86,8 @@ private:
     TemporaryFolder folder;
 };
 
-// That the input holds no mark: the run is well, tells the path, and neither format makes a file.
+// Checks that the input holds no mark: the run succeeds, its result names the path, and neither format writes
+// a file.
 void expectNoMarks(const std::string& bytes)
 {
     for (const char* format : {"mea", "mpc"}) {
@@ -99,7 +100,7 @@ void expectNoMarks(const std::string& bytes)
     }
 }
 
-// That the input is written as MEA with these marks.
+// Checks that the input is written as MEA with these marks.
 void expectMarks(const std::string& bytes, const std::string& marks)
 {
     Conversion conversion;
@@ -110,7 +111,7 @@ void expectMarks(const std::string& bytes, const std::string& marks)
     EXPECT_TRUE(written == writtenSite + marks) << written.size() << " bytes: " << written.substr(0, 300);
 }
 
-// That the input is refused: the path stands in both texts and nothing is written.
+// Checks that the input is refused: both texts of the result are its path, and nothing is written.
 void expectBroken(const std::string& bytes)
 {
     for (const char* format : {"mea", "mpc"}) {
@@ -123,7 +124,7 @@ void expectBroken(const std::string& bytes)
     }
 }
 
-// A copy of the tool with a night, for tasks that go to the log beside it.
+// A copy of the tool with a night, for runs whose result goes to the log beside the program.
 class Bench
 {
 public:
@@ -332,7 +333,7 @@ TEST(BrokenInput, TokensThatAreNoNumbersCountAsZero)
                  "A       250223 1200000000 0100000000 0000000000 001 09.50"},
                 {"A 250223 1200000000 0100000000 -0030000000 001 x",
                  "A       250223 1200000000 0100000000 -0030000000 001 00.00"},
-                // A refused month gives day 0, a day outside its month is counted on.
+                // A refused month gives day 0; a day beyond its month counts into the next one.
                 {"A 251323 1200000000 0100000000 -0030000000 001 09.50",
                  "A       171158 1200000000 0100000000 -0030000000 001 09.50"},
                 {"A 250023 1200000000 0100000000 -0030000000 001 09.50",
@@ -343,17 +344,17 @@ TEST(BrokenInput, TokensThatAreNoNumbersCountAsZero)
                  "A       280223 1200000000 0100000000 -0030000000 001 09.50"},
                 {"A 990123 1200000000 0100000000 -0030000000 001 09.50",
                  "A       090423 1200000000 0100000000 -0030000000 001 09.50"},
-                // A tab is no separator, and a number may stand behind it.
+                // A tab is no separator, and a number may follow it.
                 {"A \t10323 1200000000 0100000000 -0030000000 001 09.50",
                  "A       010323 1200000000 0100000000 -0030000000 001 09.50"},
-                // The hour may run over the day, and the date stays.
+                // The hour may exceed the day, and the date stays.
                 {"A 250223 2400000000 0100000000 -0030000000 001 09.50",
                  "A       250223 0000000000 0100000000 -0030000000 001 09.50"},
                 {"A 250223 2500000000 0100000000 -0030000000 001 09.50",
                  "A       250223 0100000000 0100000000 -0030000000 001 09.50"},
                 {"A 250223 1200000000 9900000000 -9900000000 001 09.50",
                  "A       250223 1200000000 9900000000 -9900000000 001 09.50"},
-                // A declination without its sign is read one digit off.
+                // The degrees of a declination without a sign are read one digit too far.
                 {"A 250223 1200000000 0100000000 0030000000 001 09.50",
                  "A       250223 1200000000 0100000000 0300000000 001 09.50"},
                 {"A 250223 1200000000 0100000000 1205301234 001 09.50",
@@ -417,7 +418,7 @@ TEST(BrokenInput, FileCutAnywhereLosesItsLastMarkOnly)
     expectMarks(site + good + begin + "09.5", good + begin + "09.50\n");
 }
 
-// Task files
+// Task files.
 
 TEST(BrokenTask, FilesThatAreNoTask)
 {

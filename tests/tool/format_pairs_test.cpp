@@ -1,6 +1,6 @@
 // The same real nights in each format that can be read, converted by the built tool into each that can be
-// written. What stands in the outputs is compared with what the marks are, as exactly as the digits of both
-// formats allow; what a format is known to lose is told where it is tested.
+// written. The outputs are compared with the published marks, as exactly as the digits of both formats allow;
+// what a format loses is said where it is tested.
 
 #include "formats/mea.h"
 #include "formats/mpc_report.h"
@@ -57,7 +57,7 @@ struct Night
 // A northern night, a southern one with declinations of minus zero degrees, and one of both kinds.
 const Night nights[] = {{"K88_20240120", 1, 130, 0}, {"291_20160608", 5, 13, 13}, {"461_20111003", 4, 18, 6}};
 
-// How far a value may lie from the true one. Nothing but a cut makes it one-sided.
+// How far a value may be from the true one. It is one-sided only where digits are cut off.
 struct Span
 {
     double low = 0;
@@ -74,7 +74,7 @@ constexpr Span within(double half)
     return {-half, half};
 }
 
-// What the digits of a format leave open.
+// How far the digits of a format may be from the true value.
 struct Digits
 {
     Span time{}; // seconds
@@ -92,8 +92,8 @@ Digits operator+(const Digits& a, const Digits& b)
 constexpr Digits truthDigits = {within(1e-9 * 86400.0), within(1e-9 * 240.0), within(1e-9 * 3600.0),
                                 within(1e-9)};
 
-// Each format as it is written and read; where it is written otherwise than it is found, two of them. MEA
-// that the tool writes cuts the seconds of a time, and the fraction of an arcsecond of SSMAS is not read.
+// Each format as it is written and read. MEA has two rows, since files of stations differ from those that the
+// tool writes: it cuts the seconds of a time. The fraction of an arcsecond of SSMAS is not read.
 constexpr Digits foundMeaDigits = {within(0.00005), within(0.00005), within(0.00005), within(0.005)};
 constexpr Digits meaDigits = {{-0.001, 0.0}, within(0.00005), within(0.00005), within(0.005)};
 constexpr Digits telegramDigits = {within(0.005), within(0.005), within(0.005), within(0.05)};
@@ -117,7 +117,7 @@ const InputFormat inputFormats[] = {{"mea", "mea_nights", ".mea", foundMeaDigits
                                     {"tdm", "nights", ".tdm", tdmDigits},
                                     {"ssmas", "nights", ".ssm", ssmasDigits}};
 
-// The tracks of a night; the marks of an object stand together in the true values.
+// The tracks of a night. The marks of an object are next to each other in the published file.
 std::vector<TrueTrack> trueTracks(const Night& night)
 {
     std::vector<TrueTrack> tracks;
@@ -162,7 +162,7 @@ std::vector<std::string> linesOf(const std::string& text)
     return lines;
 }
 
-// The words of a line, with empty ones between two separators.
+// The words of a line; two adjacent separators have an empty word between them.
 std::vector<std::string> wordsOf(const std::string& line, char separator)
 {
     std::vector<std::string> words;
@@ -194,7 +194,7 @@ void expectTime(int date, double time, const TrueMark& truth, const Digits& digi
     expectWithin((time - truth.time) * 86400.0, digits.time);
 }
 
-// Whole Julian dates in a text have the fraction that is compared.
+// Compares whole days as integers, so that the fraction keeps all its digits.
 void expectJulianDate(const std::string& text, const TrueMark& truth, const Digits& digits)
 {
     const std::size_t point = text.find('.');
@@ -224,15 +224,15 @@ void expectMark(const TRecLabelPervichka_File& mark, const TrueMark& truth, cons
     expectDE(mark.DE, truth, digits);
 }
 
-// Packed digits "DDMMSSss..." in degrees, read from the first `whole` digits on.
+// Packed digits "DDMMSSss..." in degrees; the first `whole` characters are the degrees.
 double packedDegrees(const std::string& text, std::size_t whole)
 {
     return std::stod(text.substr(0, whole)) + std::stod(text.substr(whole, 2)) / 60.0 +
            std::stod(text.substr(whole + 2, 2) + "." + text.substr(whole + 4)) / 3600.0;
 }
 
-// A declination as the packed formats write it, and what their readers take it for: three characters are the
-// sign and the degrees, and a positive declination has no sign.
+// Checks a declination as the packed formats write it, and the value that their readers give it: they take
+// three characters as sign and degrees, but a positive declination has no sign.
 void expectPackedDE(const std::string& text, double read, const TrueMark& truth, const Digits& digits)
 {
     if (truth.DE < 0.0) {
@@ -246,7 +246,7 @@ void expectPackedDE(const std::string& text, double read, const TrueMark& truth,
     }
 }
 
-// The file that the tool makes of a night.
+// The path of the file that the tool makes of a night.
 std::string converted(const Night& night, const InputFormat& input, const std::string& outputWord,
                       const TemporaryFolder& folder)
 {
@@ -270,8 +270,8 @@ std::string converted(const Night& night, const InputFormat& input, const std::s
     return folder / ("out/" + name + ".out");
 }
 
-// Hands the output of each night in each input format to a check, with what the marks are and what the
-// digits of the input leave open.
+// Calls the check for the output of each night in each input format, with the true tracks and the digits of
+// the input.
 void forEachInput(const std::string& outputWord,
                   const std::function<void(const std::string& path, const std::vector<TrueTrack>& truth,
                                            const Digits& input)>& check)
@@ -286,7 +286,7 @@ void forEachInput(const std::string& outputWord,
     }
 }
 
-// Checks that the tracks that were read have as many marks as the true ones.
+// Checks that there are as many tracks, and marks in each, as in the true ones.
 void expectShape(const std::vector<TrackVtorichka>& tracks, const std::vector<TrueTrack>& truth)
 {
     ASSERT_EQ(tracks.size(), truth.size());
@@ -303,7 +303,7 @@ void expectHead(const TrackVtorichka& track, const std::string& name, const std:
     EXPECT_EQ(track.NORAD, second);
     EXPECT_EQ(track.telescope, telescope);
     EXPECT_EQ(track.originator, originator);
-    // The frame of the task is in some of the files and is never read.
+    // Some of the files hold the frame of the task, but no reader takes it.
     EXPECT_EQ(track.REFERENCE_FRAME, "ICRF");
 }
 
@@ -405,7 +405,7 @@ TEST(FormatPairs, SsmasReadsBackWithoutFractionsOfAnArcsecond)
             const std::vector<std::string> lines = linesOf(bytesOf(path));
             ASSERT_EQ(lines.size(), 3 + 5 * truth.size() + marksOf(truth).size());
             EXPECT_EQ(lines[1], "T1");
-            // The column RMS says the same of every mark.
+            // The column RMS is the same for every mark.
             EXPECT_EQ(std::count_if(lines.begin(), lines.end(),
                                     [](const std::string& line) {
                                         return line.size() > 40 && line.substr(line.size() - 9, 5) == " 001 ";
@@ -503,8 +503,7 @@ TEST(FormatPairs, TdmXmlReadsBackItsFirstSegment)
                      std::vector<TrackVtorichka> tracks;
                      EXPECT_TRUE(lTDMxml(path, tracks));
                      ASSERT_NO_FATAL_FAILURE(expectShape(tracks, {truth[0]}));
-                     // The object goes into the second designation, and the other names stay what a new track
-                     // has.
+                     // The object becomes the second designation; the other names stay those of a new track.
                      expectHead(tracks[0], "", truth[0].object, "telescope", "observatory");
                      for (std::size_t k = 0; k < truth[0].marks.size(); ++k) {
                          SCOPED_TRACE(k);

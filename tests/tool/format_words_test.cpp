@@ -153,7 +153,7 @@ TEST(SelectFormatAndSave, EmptyListLeavesAnExistingFile)
     }
 }
 
-TEST(SelectFormatAndSave, FailedWriteIsRaised)
+TEST(SelectFormatAndSave, FailedWriteThrows)
 {
     const TemporaryFolder folder;
     for (const char* word : {"mea", "mpc"}) {
@@ -161,7 +161,7 @@ TEST(SelectFormatAndSave, FailedWriteIsRaised)
         std::vector<TrackVtorichka> tracks = oneTrack();
         try {
             SelectFormatAndSave(folder / "missing/a", word, tracks);
-            ADD_FAILURE() << "nothing was raised";
+            ADD_FAILURE() << "nothing was thrown";
         } catch (const TavelinException& failure) {
             EXPECT_EQ(failure.getCode(), 7);
             EXPECT_STREQ(failure.what(), "Error opening file");

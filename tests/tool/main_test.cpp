@@ -1,4 +1,4 @@
-// The built tool, as others start it.
+// The built tool as a program.
 
 #include "support/child_process.h"
 #include "support/places.h"
@@ -22,11 +22,11 @@ const std::string nightInMpc =
     "COD 500\n"
     "12345         C2023 02 25.50000 01 00 00.00 -00 30 00.0          09.5 R      500\n";
 
-// What the tool takes for its task when it is not started with exactly one argument. On this system it is
-// the name of a file in the present folder.
+// The task that the tool reads unless it is started with exactly one argument. On this system it is the name
+// of a file in the working folder.
 const std::string defaultTask = "f:\\vomar\\binwindows64\\thresh.xml";
 
-// A task from night.mea to an MPC report, with further keys or others in place of them.
+// A task from night.mea to an MPC report, with some of its keys replaced or more keys added.
 std::string taskWith(const TaskKeys& others)
 {
     TaskKeys keys{{"path_in", "night.mea"}, {"out_dir", "out"},      {"outputextension", ".txt"},
@@ -125,7 +125,7 @@ TEST(Main, SilentTaskHasTheDefaults)
                                  "<inputformat>mea</inputformat><outputformat>mea</outputformat>"
                                  "<path_res>./r.xml</path_res></t>");
     expectQuietEnd(runTool("task.xml", bench.path()));
-    // No automatic name, no extension, and the telescope's default.
+    // There is no automatic name and no extension, and the telescope has its default.
     EXPECT_EQ(bytesOf(bench / "out/night"),
               "telescope 2000.0 UTC\n12345   250223 1200000000 0100000000 -0030000000 001 09.50\n");
     EXPECT_EQ(resultOf(bench / "r.xml"), resultDocument(0, "OK", "out/night"));
@@ -139,7 +139,7 @@ TEST(Main, EmptyTaskLeavesNoTrace)
     EXPECT_EQ(bench.files(), (Names{"night.mea", "task.xml"}));
 }
 
-// The task's path
+// The path of the task.
 
 TEST(Main, NoArgumentReadsTheDefaultTask)
 {
@@ -267,7 +267,7 @@ TEST(Main, LogBesideTheToolIsForTasksThatDoNotLoadOnly)
     EXPECT_EQ(filesBelow(bin.path()), (Names{"vomar"}));
 }
 
-// The output folder
+// The output folder.
 
 TEST(Main, OutputFolderMayHaveItsSlash)
 {
@@ -320,7 +320,8 @@ TEST(Main, OutputFolderThatIsNoneIsReplacedByThatOfTheInput)
 
 TEST(Main, FolderOfTheInputIsCutAtEitherSeparator)
 {
-    // The folder is what stands before the last separator, and a name with a backslash is a plain name here.
+    // The folder of a path ends at its last separator of either kind, although to this system a backslash is
+    // a character of a name.
     Bench bench;
     std::filesystem::rename(bench / "night.mea", bench / "in\\night.mea");
     std::filesystem::create_directory(bench / "in");
@@ -331,7 +332,7 @@ TEST(Main, FolderOfTheInputIsCutAtEitherSeparator)
 
 TEST(Main, BackslashAtTheEndOfTheOutputFolderStays)
 {
-    // Found without its backslash, and used with it.
+    // The folder is looked for without its backslash, and used with it.
     Bench bench;
     std::filesystem::create_directory(bench / "out\\");
     expectQuietEnd(bench.run({{"out_dir", "out\\"}}));
@@ -356,7 +357,7 @@ TEST(Main, EmptyInputPathGoesToTheRoot)
     EXPECT_EQ(bench.files(), (Names{"night.mea", "r.xml", "task.xml"}));
 }
 
-// The results of a conversion
+// The results of a conversion.
 
 TEST(Main, UnknownInputWordIsAResult)
 {
@@ -420,7 +421,7 @@ TEST(Main, ReportSavesAResult)
     EXPECT_EQ(result.find("<Result>"), result.rfind("<Result>"));
 }
 
-// The result file
+// The result file.
 
 TEST(Main, FormOfTheResultFollowsItsName)
 {
@@ -468,7 +469,7 @@ TEST(Main, ResultWithoutAFolderIsLost)
     }
 }
 
-TEST(Main, FolderInThePlaceOfTheResultIsPassedOver)
+TEST(Main, FolderInThePlaceOfTheResultIsLeftAlone)
 {
     for (const char* path : {"./r.xml", "./r.log"}) {
         SCOPED_TRACE(path);
@@ -492,7 +493,7 @@ TEST(Main, NamesOfAnyLettersPassThrough)
               resultDocument(0, "OK", "out/\xD0\xBD\xD0\xBE\xD1\x87\xD1\x8C a&apos;b&amp;&lt;c&gt;.txt"));
 }
 
-// Runs that do not return
+// Runs that do not return.
 
 TEST(Main, FailedWriteEndsTheProcessWithoutAResult)
 {

@@ -1,4 +1,4 @@
-// Station nights of published observations, converted by the built tool and compared with what the marks are.
+// Nights of stations, converted by the built tool and compared with the published marks.
 
 #include "formats/mpc_report.h"
 
@@ -23,7 +23,7 @@ using namespace tavelinUtils;
 
 namespace {
 
-// The true values are rounded to nine decimals; beside that only the rounding of a format counts.
+// The published values are rounded to nine decimals; beyond that, only the rounding of a format counts.
 constexpr double roundingOfTruth = 1e-9;
 
 struct TrueMark
@@ -35,7 +35,7 @@ struct TrueMark
     double m;
 };
 
-// The true marks of each night, by "station_night".
+// The published marks of each night, by "station_night".
 std::map<std::string, std::vector<TrueMark>> trueNights()
 {
     std::map<std::string, std::vector<TrueMark>> nights;
@@ -59,7 +59,7 @@ std::map<std::string, std::vector<TrueMark>> trueNights()
     return nights;
 }
 
-// The text of a night that the tool wrote in a format.
+// A night as the tool writes it in a format.
 std::string converted(const std::string& night, const std::string& format, const TemporaryFolder& folder)
 {
     std::filesystem::copy_file(fixture("mea_nights/" + night + ".mea"), folder / (night + ".mea"));
@@ -119,13 +119,13 @@ double numberAt(const std::string& text, std::size_t first, std::size_t size)
     return std::stod(text.substr(first, size));
 }
 
-// "12 34 56.78" in units of its first part, without its sign.
+// "12 34 56.78", which has no sign, in units of its first part.
 double sexagesimal(const std::string& text)
 {
     return numberAt(text, 0, 2) + numberAt(text, 3, 2) / 60.0 + std::stod(text.substr(6)) / 3600.0;
 }
 
-// "12345678" with two digits before the point in each part.
+// "12345678", two digits for each part and the rest for the fraction of the last, in units of the first.
 double packedSexagesimal(const std::string& text)
 {
     return numberAt(text, 0, 2) + numberAt(text, 2, 2) / 60.0 +
@@ -135,7 +135,7 @@ double packedSexagesimal(const std::string& text)
 void expectReportLine(const std::string& line, const TrueMark& mark)
 {
     const bool negative = mark.de < 0.0;
-    // Only a negative declination has a sign; what stands behind a positive one begins a column earlier.
+    // Only a negative declination has a sign; what follows a positive one is a column further left.
     const std::size_t shift = negative ? 0 : 1;
     ASSERT_EQ(line.size(), 80 - shift);
     const std::string padding(12 - mark.object.size(), ' ');
@@ -180,7 +180,7 @@ void expectMeaLine(const std::string& line, const TrueMark& mark)
     EXPECT_EQ(
         mjdOf(2000 + std::stoi(date.substr(4)), std::stoi(date.substr(2, 2)), std::stoi(date.substr(0, 2))),
         static_cast<int>(mark.mjd));
-    // The seconds of the time are cut to three decimals, with a zero behind them.
+    // The seconds of the time are cut to three decimals, followed by a zero.
     const std::string time = columns(line, 15, 26);
     ASSERT_TRUE(hasForm(time, " 9999999990 ")) << time;
     const double cut =
@@ -262,7 +262,8 @@ TEST(RealNights, ReaderTakesTheSouthernLinesOfAReportOnly)
         converted(night, "mpc", folder);
         const std::vector<TrackVtorichka> tracks = lMPC(folder / ("out/" + night + ".mpc"));
 
-        // The marks of an object stand together in the true values, so tracks follow each other in them.
+        // The marks of an object are next to each other in the published file, so one track follows the
+        // other.
         std::size_t track = 0;
         std::size_t mark = 0;
         for (const TrueMark& expected : truth) {

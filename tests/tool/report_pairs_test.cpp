@@ -1,4 +1,4 @@
-// Two real series in all pairs of a way to divide a report and a format to write it in.
+// Two real series, in every pair of a division and a format.
 
 #include "support/child_process.h"
 #include "support/places.h"
@@ -36,7 +36,7 @@ std::function<bool(const std::string&)> holding(const std::string& part)
     return [part](const std::string& line) { return line.find(part) != std::string::npos; };
 }
 
-// The marks that a file shows, told from its text alone.
+// The number of marks in the text of a file.
 std::size_t marksIn(const std::string& word, const std::string& text)
 {
     if (word == "mea") {
@@ -64,7 +64,7 @@ std::size_t marksIn(const std::string& word, const std::string& text)
     return linesWith(text, [](const std::string& line) { return !line.starts_with("#"); });
 }
 
-// The names of a kept run's output, without extension and without its result.
+// The names of the output of a kept run, without extensions and without the result file.
 std::set<std::string> stemsOf(const std::string& run)
 {
     std::set<std::string> stems;
@@ -76,7 +76,7 @@ std::set<std::string> stemsOf(const std::string& run)
     return stems;
 }
 
-// A kept run in another format: the names of its files, the code and the marks stay.
+// Checks a kept run in another format: file names, code and number of marks stay.
 void expectReport(const std::string& run, const std::string& format, int code, std::size_t expectedMarks)
 {
     const std::string kept = wholeRuns + "/" + run;
@@ -105,7 +105,7 @@ void expectReport(const std::string& run, const std::string& format, int code, s
     EXPECT_EQ(marks, expectedMarks);
 }
 
-// The marks that a kept run shows in its own format.
+// The number of marks of a kept run in its own format.
 std::size_t keptMarks(const std::string& run, const std::string& word)
 {
     std::size_t count = 0;
@@ -119,24 +119,25 @@ std::size_t keptMarks(const std::string& run, const std::string& word)
 
 } // namespace
 
-TEST(ReportPairs, EveryWayShowsTheSameMarksInEveryFormat)
+TEST(ReportPairs, EveryDivisionHasTheSameMarksInEveryFormat)
 {
-    struct Way
+    struct Division
     {
         const char* run;
         const char* word;
         int code;
     };
-    const Way ways[] = {{"report_eachobject_mpc", "mpc", 0},
-                        {"report_eachseria_mea", "mea", 0},
-                        {"report_allobjects_mpc", "mpc", 0},
-                        {"report_eachgroup_tdm", "tdm", -1}}; // some pieces of cut tracks are empty
-    for (const Way& way : ways) {
-        const std::size_t marks = keptMarks(way.run, way.word);
+    const Division divisions[] = {
+        {"report_eachobject_mpc", "mpc", 0},
+        {"report_eachseria_mea", "mea", 0},
+        {"report_allobjects_mpc", "mpc", 0},
+        {"report_eachgroup_tdm", "tdm", -1}}; // some stretches of cut tracks are empty
+    for (const Division& division : divisions) {
+        const std::size_t marks = keptMarks(division.run, division.word);
         ASSERT_GT(marks, 20U);
         for (const char* format : {"mea", "telegram", "tdm", "ssmas", "mpc", "tdm.xml", "mag", "aavso"}) {
-            SCOPED_TRACE(std::string(way.run) + " in " + format);
-            expectReport(way.run, format, way.code, marks);
+            SCOPED_TRACE(std::string(division.run) + " in " + format);
+            expectReport(division.run, format, division.code, marks);
         }
     }
 }

@@ -14,7 +14,7 @@ using namespace tavelinUtils;
 
 namespace {
 
-// The task of a document that loads.
+// The task that a document gives.
 TConvMea taskOf(const std::string& document, TConvMea task = {})
 {
     const TemporaryFolder folder;
@@ -49,7 +49,7 @@ TConvMea filledTask()
     return task;
 }
 
-// That all but `paths` is as filledTask has it.
+// Checks that all members but `paths` are those of filledTask.
 void expectFilled(const TConvMea& task)
 {
     EXPECT_TRUE(task.autoname);
@@ -100,7 +100,7 @@ std::string shown(const std::vector<TExcludBlobs>& excludes)
     return text;
 }
 
-// The series of a document whose root holds the text.
+// The series of a document whose root has the content.
 std::vector<TSeria2> seriesOf(const std::string& inside, const std::string& key = "paths")
 {
     TiXmlDocument document;
@@ -232,7 +232,7 @@ TEST(Task, EmptyElementsLeaveTheMembers)
     expectFilled(taskOf("<t>" + blank + "</t>", filledTask()));
 }
 
-TEST(Task, SeriesAreReplacedAlsoByNone)
+TEST(Task, SeriesAreReplacedEvenByNone)
 {
     EXPECT_TRUE(taskOf("<t/>", filledTask()).paths.empty());
     EXPECT_TRUE(taskOf("<t><paths/></t>", filledTask()).paths.empty());
@@ -250,7 +250,7 @@ TEST(Task, RootMayHaveAnyName)
     }
 }
 
-TEST(Task, DeclarationAndCommentsMayStandBeforeTheRoot)
+TEST(Task, DeclarationAndCommentsMayPrecedeTheRoot)
 {
     EXPECT_EQ(taskOf("<?xml version=\"1.0\"?><t><path_in>in</path_in></t>").path_in, "in");
     EXPECT_EQ(taskOf("<!-- a --><!-- b -->\n<t><path_in>in</path_in></t>").path_in, "in");
@@ -280,7 +280,7 @@ TEST(Task, FirstElementOfAKeyCounts)
     EXPECT_EQ(taskOf("<t><path_in/><path_in>2</path_in></t>", filledTask()).path_in, "1");
 }
 
-TEST(Task, TextIsTakenAsItStands)
+TEST(Task, TextIsTakenAsItIs)
 {
     const struct
     {
@@ -498,7 +498,7 @@ TEST(Task, DeepNestingIsRefusedAndWideOnesAreRead)
     expectRefused("<t>" + repeated("<a>", 100000));
 }
 
-TEST(GetSeriaAndObjects, SeriesStandInTheirOrder)
+TEST(GetSeriaAndObjects, SeriesAreInTheirOrder)
 {
     const std::vector<TSeria2> series =
         seriesOf("<paths><seria><path>a</path></seria><seria><path>b</path><filtr>B</filtr></seria>"
@@ -533,7 +533,7 @@ TEST(GetSeriaAndObjects, EmptyKeysLeaveTheDefaults)
     EXPECT_TRUE(series[0].excludes.empty());
 }
 
-TEST(GetSeriaAndObjects, TextsAreTakenAsTheyStand)
+TEST(GetSeriaAndObjects, TextsAreTakenAsTheyAre)
 {
     const std::vector<TSeria2> series =
         seriesOf("<paths><seria><path> C:\\a  b\\t.txt</path><filtr>V </filtr></seria></paths>");
@@ -626,7 +626,7 @@ TEST(GetSeriaAndObjects, LaterSeriesWithoutElementsButWithANodeHasTheDefaults)
     }
 }
 
-TEST(GetSeriaAndObjects, LaterSeriesWithoutAnyNodeIsNeverLeft)
+TEST(GetSeriaAndObjects, LaterSeriesWithoutAnyNodeIsEndless)
 {
     expectEndlessWalk("<paths><seria><path>a</path></seria><seria/></paths>");
     expectEndlessWalk("<paths><seria><path>a</path></seria><seria></seria></paths>");

@@ -4,7 +4,7 @@
 
 #include <type_traits>
 
-// The names that the tool's operations take are reachable without the library's namespace, and are the
+// The library's names in the signatures of the tool are reachable without its namespace, and are the
 // library's own.
 
 TEST(ToolNames, RecordsAreThoseOfTheLibrary)
