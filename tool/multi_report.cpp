@@ -126,7 +126,7 @@ void writeReports(std::vector<TrackList>& reports, const ReportDivision& divisio
         SelectFormatAndSave(*path, task.outputformat, report); // the description lists the paths tried
         result.Description += *path + ";";
         if (division.joins) {
-            report = {};
+            TrackList().swap(report); // an assigned {} keeps the room of its head
         }
     }
 }

@@ -205,7 +205,7 @@ std::vector<TrackList> objectsOf(std::vector<TrackList>&& series)
         for (TrackVtorichka& track : tracks) {
             reports[*place++].push_back(std::move(track));
         }
-        tracks = {}; // the heads that are left are large
+        TrackList().swap(tracks); // the heads that are left are large, and an assigned {} keeps their room
     }
     return reports;
 }
