@@ -1,6 +1,7 @@
 // Broken, cut and unsuitable files, given to the built tool.
 
 #include "support/child_process.h"
+#include "support/task_folder.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
 
@@ -59,31 +60,19 @@ std::string taskFor(const std::string& path_in, const std::string& format)
                      {"path_res", "./r.xml"}});
 }
 
-// A folder with an empty folder out, in which an input is converted.
-class Conversion
+// A folder in which inputs are converted.
+class Conversion : public TaskFolder
 {
 public:
-    Conversion()
-    {
-        std::filesystem::create_directory(folder / "out");
-    }
     ChildEnd run(const std::string& bytes, const std::string& format)
     {
-        makeFile(folder / "night.mea", bytes);
+        makeFile(*this / "night.mea", bytes);
         return runOn("night.mea", format);
     }
     ChildEnd runOn(const std::string& path_in, const std::string& format)
     {
-        makeFile(folder / "task.xml", taskFor(path_in, format));
-        return runTool("task.xml", folder.path());
+        return TaskFolder::run(taskFor(path_in, format));
     }
-    std::string operator/(const std::string& name) const
-    {
-        return folder / name;
-    }
-
-private:
-    TemporaryFolder folder;
 };
 
 // Checks that the input holds no mark: the run succeeds, its result names the path, and neither format writes

@@ -2,6 +2,7 @@
 
 #include "support/child_process.h"
 #include "support/places.h"
+#include "support/task_folder.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
 
@@ -47,35 +48,22 @@ std::string taskWith(const TaskKeys& others)
     return taskText(keys);
 }
 
-// A folder with night.mea and an empty folder out, in which a task is run.
-class Bench
+// A folder with night.mea, in which tasks are run.
+class Bench : public TaskFolder
 {
 public:
     Bench()
     {
-        makeFile(folder / "night.mea", night);
-        std::filesystem::create_directory(folder / "out");
+        makeFile(*this / "night.mea", night);
     }
     ChildEnd run(const TaskKeys& others)
     {
-        makeFile(folder / "task.xml", taskWith(others));
-        return runTool("task.xml", folder.path());
-    }
-    std::string operator/(const std::string& name) const
-    {
-        return folder / name;
-    }
-    std::string path() const
-    {
-        return folder.path();
+        return TaskFolder::run(taskWith(others));
     }
     std::set<std::string> files() const
     {
-        return filesBelow(folder.path());
+        return filesBelow(path());
     }
-
-private:
-    TemporaryFolder folder;
 };
 
 using Names = std::set<std::string>;

@@ -2,6 +2,7 @@
 
 #include "support/child_process.h"
 #include "support/report_series.h"
+#include "support/task_folder.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
 
@@ -17,14 +18,13 @@ namespace {
 
 // A folder with a series s1 of those tracks, in which report tasks are run. The keys of a test come first in
 // the task, and the first of two equal keys counts.
-class ToolBench
+class ToolBench : public TaskFolder
 {
 public:
     explicit ToolBench(const std::string& tracks)
     {
-        std::filesystem::create_directories(folder / "s1/tavelin/dataVO");
-        std::filesystem::create_directory(folder / "out");
-        makeFile(folder / ("s1" + tableInSeries), table(tracks));
+        std::filesystem::create_directories(*this / "s1/tavelin/dataVO");
+        makeFile(*this / ("s1" + tableInSeries), table(tracks));
     }
 
     ChildEnd run(TaskKeys keys, const std::string& path, const std::string& inSeria = "")
@@ -36,22 +36,8 @@ public:
                             {"path_res", "out/result.xml"},
                             {"paths", "<seria><path>" + path + "</path>" + inSeria + "</seria>"}};
         keys.insert(keys.end(), rest.begin(), rest.end());
-        makeFile(folder / "task.xml", taskText(keys));
-        return runTool("task.xml", folder.path());
+        return TaskFolder::run(taskText(keys));
     }
-
-    Names written() const
-    {
-        return filesBelow(folder / "out");
-    }
-
-    std::string operator/(const std::string& name) const
-    {
-        return folder / name;
-    }
-
-private:
-    TemporaryFolder folder;
 };
 
 const std::string tableOfTool = "s1" + tableInSeries;
