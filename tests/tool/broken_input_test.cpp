@@ -4,6 +4,7 @@
 #include "support/task_folder.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
+#include "support/texts.h"
 
 #include <gtest/gtest.h>
 
@@ -28,16 +29,6 @@ const std::string goodInMpc =
 
 using Names = std::set<std::string>;
 using Lines = std::vector<std::string>;
-
-std::string repeated(const std::string& text, int count)
-{
-    std::string all;
-    all.reserve(text.size() * static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i) {
-        all += text;
-    }
-    return all;
-}
 
 std::string everyByte()
 {

@@ -1,5 +1,6 @@
 #include "conversion.h"
 
+#include "support/results.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -38,15 +39,6 @@ struct Conversion
                          REFERENCE_FRAME, PARTICIPANT_1, autoname);
     }
 };
-
-void expectResult(const TFuncRes& result, int code, const std::string& comment,
-                  const std::string& description)
-{
-    EXPECT_EQ(result.Code, code);
-    EXPECT_EQ(result.Comment, comment);
-    EXPECT_EQ(result.Description, description);
-    EXPECT_TRUE(result.Details.empty());
-}
 
 } // namespace
 

@@ -10,9 +10,11 @@
 #include "formats/telegram.h"
 
 #include "support/child_process.h"
+#include "support/measured_marks.h"
 #include "support/places.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
+#include "support/texts.h"
 
 #include <gtest/gtest.h>
 
@@ -31,19 +33,10 @@ using namespace tavelinUtils;
 
 namespace {
 
-struct TrueMark
-{
-    int date;
-    double time; // of the day
-    double RA;   // degrees
-    double DE;   // degrees
-    double m;
-};
-
 struct TrueTrack
 {
     std::string object;
-    std::vector<TrueMark> marks;
+    std::vector<Measured> marks;
 };
 
 struct Night
@@ -121,45 +114,22 @@ const InputFormat inputFormats[] = {{"mea", "mea_nights", ".mea", foundMeaDigits
 std::vector<TrueTrack> trueTracks(const Night& night)
 {
     std::vector<TrueTrack> tracks;
-    std::istringstream lines(bytesOf(fixture("mea_nights/truth.csv")));
-    for (std::string line; std::getline(lines, line);) {
-        std::vector<std::string> cells;
-        std::istringstream row(line);
-        for (std::string cell; std::getline(row, cell, ',');) {
-            cells.push_back(cell);
+    for (const PublishedMark& mark : publishedMarks(night.name)) {
+        if (tracks.empty() || tracks.back().object != mark.object) {
+            tracks.push_back({mark.object, {}});
         }
-        if (cells.size() != 9 || cells[6] + "_" + cells[7] != night.name) {
-            continue;
-        }
-        if (tracks.empty() || tracks.back().object != cells[0]) {
-            tracks.push_back({cells[0], {}});
-        }
-        const std::size_t point = cells[1].find('.');
-        tracks.back().marks.push_back({std::stoi(cells[1].substr(0, point)),
-                                       std::stod("0" + cells[1].substr(point)), std::stod(cells[2]),
-                                       std::stod(cells[3]), std::stod(cells[4])});
+        tracks.back().marks.push_back(mark.values);
     }
     return tracks;
 }
 
-std::vector<TrueMark> marksOf(const std::vector<TrueTrack>& tracks)
+std::vector<Measured> marksOf(const std::vector<TrueTrack>& tracks)
 {
-    std::vector<TrueMark> marks;
+    std::vector<Measured> marks;
     for (const TrueTrack& track : tracks) {
         marks.insert(marks.end(), track.marks.begin(), track.marks.end());
     }
     return marks;
-}
-
-std::vector<std::string> linesOf(const std::string& text)
-{
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(line);
-    }
-    EXPECT_TRUE(text.empty() || text.back() == '\n');
-    return lines;
 }
 
 // The words of a line; two adjacent separators have an empty word between them.
@@ -188,14 +158,14 @@ void expectWithin(double difference, const Span& span)
     EXPECT_LE(difference, span.high);
 }
 
-void expectTime(int date, double time, const TrueMark& truth, const Digits& digits)
+void expectTime(int date, double time, const Measured& truth, const Digits& digits)
 {
     EXPECT_EQ(date, truth.date);
     expectWithin((time - truth.time) * 86400.0, digits.time);
 }
 
 // Compares whole days as integers, so that the fraction keeps all its digits.
-void expectJulianDate(const std::string& text, const TrueMark& truth, const Digits& digits)
+void expectJulianDate(const std::string& text, const Measured& truth, const Digits& digits)
 {
     const std::size_t point = text.find('.');
     ASSERT_EQ(text.size() - point, 8u) << text;
@@ -203,13 +173,13 @@ void expectJulianDate(const std::string& text, const TrueMark& truth, const Digi
     expectWithin((days + std::stod("0" + text.substr(point)) - 0.5 - truth.time) * 86400.0, digits.time);
 }
 
-void expectDE(double DE, const TrueMark& truth, const Digits& digits)
+void expectDE(double DE, const Measured& truth, const Digits& digits)
 {
     EXPECT_EQ(std::signbit(DE), std::signbit(truth.DE));
     expectWithin((std::abs(DE) - std::abs(truth.DE)) * 3600.0, digits.DE);
 }
 
-void expectMarkButDE(const TRecLabelPervichka_File& mark, const TrueMark& truth, const Digits& digits)
+void expectMarkButDE(const TRecLabelPervichka_File& mark, const Measured& truth, const Digits& digits)
 {
     expectTime(mark.date, mark.time, truth, digits);
     expectWithin((mark.RA - truth.RA) * 240.0, digits.RA);
@@ -218,7 +188,7 @@ void expectMarkButDE(const TRecLabelPervichka_File& mark, const TrueMark& truth,
     EXPECT_EQ(std::string(mark.filtr), "R");
 }
 
-void expectMark(const TRecLabelPervichka_File& mark, const TrueMark& truth, const Digits& digits)
+void expectMark(const TRecLabelPervichka_File& mark, const Measured& truth, const Digits& digits)
 {
     expectMarkButDE(mark, truth, digits);
     expectDE(mark.DE, truth, digits);
@@ -233,7 +203,7 @@ double packedDegrees(const std::string& text, std::size_t whole)
 
 // Checks a declination as the packed formats write it, and the value that their readers give it: they take
 // three characters as sign and degrees, but a positive declination has no sign.
-void expectPackedDE(const std::string& text, double read, const TrueMark& truth, const Digits& digits)
+void expectPackedDE(const std::string& text, double read, const Measured& truth, const Digits& digits)
 {
     if (truth.DE < 0.0) {
         ASSERT_EQ(text.substr(0, 1), "-");
@@ -314,11 +284,11 @@ TEST(FormatPairs, NightsAreWhatTheirNamesSay)
     for (const Night& night : nights) {
         SCOPED_TRACE(night.name);
         const std::vector<TrueTrack> tracks = trueTracks(night);
-        const std::vector<TrueMark> marks = marksOf(tracks);
+        const std::vector<Measured> marks = marksOf(tracks);
         EXPECT_EQ(tracks.size(), night.tracks);
         EXPECT_EQ(marks.size(), night.marks);
         EXPECT_EQ(
-            std::count_if(marks.begin(), marks.end(), [](const TrueMark& mark) { return mark.DE < 0.0; }),
+            std::count_if(marks.begin(), marks.end(), [](const Measured& mark) { return mark.DE < 0.0; }),
             static_cast<std::ptrdiff_t>(night.southernMarks));
     }
 }
@@ -342,7 +312,7 @@ TEST(FormatPairs, MeaReadsBackButForPositiveDeclinations)
                              const std::vector<std::string> words = wordsOf(text.substr(8), ' ');
                              ASSERT_EQ(words.size(), 6u);
                              EXPECT_EQ(words[4], "001");
-                             const TrueMark& mark = truth[i].marks[k];
+                             const Measured& mark = truth[i].marks[k];
                              expectMarkButDE(tracks[i].Marks[k], mark, input + meaDigits);
                              expectPackedDE(words[3], tracks[i].Marks[k].DE, mark, input + meaDigits);
                          }
@@ -368,7 +338,7 @@ TEST(FormatPairs, TelegramReadsBackButForPositiveDeclinations)
                              const std::vector<std::string> words = wordsOf(text, ' ');
                              ASSERT_EQ(words.size(), 5u);
                              EXPECT_EQ(words[4].substr(0, 3), "001");
-                             const TrueMark& mark = truth[i].marks[k];
+                             const Measured& mark = truth[i].marks[k];
                              expectMarkButDE(tracks[i].Marks[k], mark, input + telegramDigits);
                              expectPackedDE(words[3], tracks[i].Marks[k].DE, mark, input + telegramDigits);
                          }
@@ -439,7 +409,7 @@ TEST(FormatPairs, MpcReadsBackItsNegativeDeclinationsOnly)
                      std::vector<TrueTrack> southern;
                      std::size_t line = 0;
                      for (const TrueTrack& track : truth) {
-                         for (const TrueMark& mark : track.marks) {
+                         for (const Measured& mark : track.marks) {
                              const std::string& text = lines[++line];
                              SCOPED_TRACE(text);
                              if (mark.DE >= 0.0) {
@@ -473,7 +443,7 @@ TEST(FormatPairs, MpcLinesHoldEachDeclination)
     forEachInput(
         "mpc", [](const std::string& path, const std::vector<TrueTrack>& truth, const Digits& input) {
             const std::vector<std::string> lines = linesOf(bytesOf(path));
-            const std::vector<TrueMark> marks = marksOf(truth);
+            const std::vector<Measured> marks = marksOf(truth);
             ASSERT_EQ(lines.size(), marks.size() + 1);
             for (std::size_t i = 0; i < marks.size(); ++i) {
                 SCOPED_TRACE(lines[i + 1]);
@@ -522,7 +492,7 @@ TEST(FormatPairs, LightCurvesHoldTimesAndMagnitudes)
                       "JD geocentric\tapparent\tensemble\tinstrumental\tinstr1000km\tinstrComp\tobject");
             std::size_t line = 0;
             for (const TrueTrack& track : truth) {
-                for (const TrueMark& mark : track.marks) {
+                for (const Measured& mark : track.marks) {
                     const std::string& text = lines[++line];
                     SCOPED_TRACE(text);
                     const std::vector<std::string> fields = wordsOf(text, '\t');
@@ -557,7 +527,7 @@ TEST(FormatPairs, AavsoReportsHoldTimesAlone)
                   "#NAME,DATE,MAG,MAGERR,FILTER,TRANS,MTYPE,CNAME,CMAG,KNAME,KMAG,AIRMASS,GROUP,CHART,NOTES");
         std::size_t line = 6;
         for (const TrueTrack& track : truth) {
-            for (const TrueMark& mark : track.marks) {
+            for (const Measured& mark : track.marks) {
                 const std::string& text = lines[++line];
                 SCOPED_TRACE(text);
                 const std::vector<std::string> fields = wordsOf(text, ',');

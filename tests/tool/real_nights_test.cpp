@@ -3,9 +3,11 @@
 #include "formats/mpc_report.h"
 
 #include "support/child_process.h"
+#include "support/measured_marks.h"
 #include "support/places.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
+#include "support/texts.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +17,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <map>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -26,35 +27,12 @@ namespace {
 // The published values are rounded to nine decimals; beyond that, only the rounding of a format counts.
 constexpr double roundingOfTruth = 1e-9;
 
-struct TrueMark
+// The published marks of each night.
+std::map<std::string, std::vector<PublishedMark>> publishedNights()
 {
-    std::string object;
-    double mjd;
-    double ra; // degrees
-    double de; // degrees
-    double m;
-};
-
-// The published marks of each night, by "station_night".
-std::map<std::string, std::vector<TrueMark>> trueNights()
-{
-    std::map<std::string, std::vector<TrueMark>> nights;
-    std::istringstream lines(bytesOf(fixture("mea_nights/truth.csv")));
-    std::string line;
-    std::getline(lines, line);
-    EXPECT_EQ(line, "object,mjd,ra_deg,dec_deg,mag,band,station,night,source");
-    while (std::getline(lines, line)) {
-        std::vector<std::string> cells;
-        std::istringstream row(line);
-        for (std::string cell; std::getline(row, cell, ',');) {
-            cells.push_back(cell);
-        }
-        if (cells.size() != 9) {
-            ADD_FAILURE() << line;
-            continue;
-        }
-        nights[cells[6] + "_" + cells[7]].push_back(
-            {cells[0], std::stod(cells[1]), std::stod(cells[2]), std::stod(cells[3]), std::stod(cells[4])});
+    std::map<std::string, std::vector<PublishedMark>> nights;
+    for (const PublishedMark& mark : publishedMarks()) {
+        nights[mark.night].push_back(mark);
     }
     return nights;
 }
@@ -77,17 +55,6 @@ std::string converted(const std::string& night, const std::string& format, const
     expectQuietEnd(runTool("task.xml", folder.path()));
     EXPECT_EQ(resultOf(folder / "out/result.xml"), resultDocument(0, "OK", "out/" + night + "." + format));
     return bytesOf(folder / ("out/" + night + "." + format));
-}
-
-std::vector<std::string> linesOf(const std::string& text)
-{
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(line);
-    }
-    EXPECT_TRUE(text.empty() || text.back() == '\n');
-    return lines;
 }
 
 // Columns of a line, counted from 1.
@@ -132,9 +99,9 @@ double packedSexagesimal(const std::string& text)
            std::stod(text.substr(4, 2) + "." + text.substr(6)) / 3600.0;
 }
 
-void expectReportLine(const std::string& line, const TrueMark& mark)
+void expectReportLine(const std::string& line, const PublishedMark& mark)
 {
-    const bool negative = mark.de < 0.0;
+    const bool negative = mark.values.DE < 0.0;
     // Only a negative declination has a sign; what follows a positive one is a column further left.
     const std::size_t shift = negative ? 0 : 1;
     ASSERT_EQ(line.size(), 80 - shift);
@@ -148,29 +115,30 @@ void expectReportLine(const std::string& line, const TrueMark& mark)
     ASSERT_TRUE(hasForm(fraction, ".99999")) << fraction;
     const int day =
         mjdOf(std::stoi(date.substr(0, 4)), std::stoi(date.substr(5, 2)), std::stoi(date.substr(8)));
-    EXPECT_EQ(day, static_cast<int>(mark.mjd));
-    EXPECT_NEAR(std::stod("0" + fraction), mark.mjd - std::floor(mark.mjd), 0.000005 + roundingOfTruth);
+    EXPECT_EQ(day, mark.values.date);
+    EXPECT_NEAR(std::stod("0" + fraction), mark.values.time, 0.000005 + roundingOfTruth);
     EXPECT_EQ(columns(line, 32, 32), " ");
 
     const std::string ra = columns(line, 33, 43);
     ASSERT_TRUE(hasForm(ra, "99 99 99.99")) << ra;
-    EXPECT_NEAR(sexagesimal(ra) * 15.0, mark.ra, 0.005 / 3600.0 * 15.0 + roundingOfTruth);
+    EXPECT_NEAR(sexagesimal(ra) * 15.0, mark.values.RA, 0.005 / 3600.0 * 15.0 + roundingOfTruth);
     EXPECT_EQ(columns(line, 44, 44), " ");
 
     const std::string de = columns(line, 45, 55 - shift);
     ASSERT_TRUE(hasForm(de, negative ? "-99 99 99.9" : "99 99 99.9")) << de;
-    EXPECT_NEAR(sexagesimal(de.substr(negative ? 1 : 0)), std::abs(mark.de), 0.05 / 3600.0 + roundingOfTruth);
+    EXPECT_NEAR(sexagesimal(de.substr(negative ? 1 : 0)), std::abs(mark.values.DE),
+                0.05 / 3600.0 + roundingOfTruth);
     EXPECT_EQ(columns(line, 56 - shift, 65 - shift), "          ");
 
     const std::string m = columns(line, 66 - shift, 69 - shift);
     ASSERT_TRUE(hasForm(m, "99.9")) << m;
-    EXPECT_NEAR(std::stod(m), mark.m, 0.05 + roundingOfTruth);
+    EXPECT_NEAR(std::stod(m), mark.values.m, 0.05 + roundingOfTruth);
     EXPECT_EQ(columns(line, 70 - shift, 80 - shift), " R      500");
 }
 
-void expectMeaLine(const std::string& line, const TrueMark& mark)
+void expectMeaLine(const std::string& line, const PublishedMark& mark)
 {
-    const bool negative = mark.de < 0.0;
+    const bool negative = mark.values.DE < 0.0;
     const std::size_t shift = negative ? 0 : 1;
     ASSERT_EQ(line.size(), 58 - shift);
     EXPECT_EQ(columns(line, 1, 8), mark.object + std::string(8 - mark.object.size(), ' '));
@@ -179,35 +147,34 @@ void expectMeaLine(const std::string& line, const TrueMark& mark)
     ASSERT_TRUE(hasForm(date, "999999")) << date;
     EXPECT_EQ(
         mjdOf(2000 + std::stoi(date.substr(4)), std::stoi(date.substr(2, 2)), std::stoi(date.substr(0, 2))),
-        static_cast<int>(mark.mjd));
+        mark.values.date);
     // The seconds of the time are cut to three decimals, followed by a zero.
     const std::string time = columns(line, 15, 26);
     ASSERT_TRUE(hasForm(time, " 9999999990 ")) << time;
-    const double cut =
-        (mark.mjd - std::floor(mark.mjd)) * 86400.0 - packedSexagesimal(time.substr(1, 10)) * 3600.0;
+    const double cut = (mark.values.time) * 86400.0 - packedSexagesimal(time.substr(1, 10)) * 3600.0;
     EXPECT_GT(cut, -roundingOfTruth * 86400.0);
     EXPECT_LT(cut, 0.001 + roundingOfTruth * 86400.0);
 
     const std::string ra = columns(line, 26, 37);
     ASSERT_TRUE(hasForm(ra, " 9999999999 ")) << ra;
-    EXPECT_NEAR(packedSexagesimal(ra.substr(1, 10)) * 15.0, mark.ra,
+    EXPECT_NEAR(packedSexagesimal(ra.substr(1, 10)) * 15.0, mark.values.RA,
                 0.00005 / 3600.0 * 15.0 + roundingOfTruth);
 
     const std::string de = columns(line, 38, 48 - shift);
     ASSERT_TRUE(hasForm(de, negative ? "-9999999999" : "9999999999")) << de;
-    EXPECT_NEAR(packedSexagesimal(de.substr(negative ? 1 : 0)), std::abs(mark.de),
+    EXPECT_NEAR(packedSexagesimal(de.substr(negative ? 1 : 0)), std::abs(mark.values.DE),
                 0.00005 / 3600.0 + roundingOfTruth);
     EXPECT_EQ(columns(line, 49 - shift, 53 - shift), " 001 ");
     const std::string m = columns(line, 54 - shift, 58 - shift);
     ASSERT_TRUE(hasForm(m, "99.99")) << m;
-    EXPECT_NEAR(std::stod(m), mark.m, roundingOfTruth);
+    EXPECT_NEAR(std::stod(m), mark.values.m, roundingOfTruth);
 }
 
 } // namespace
 
 TEST(RealNights, FixturesAreAllThere)
 {
-    const auto nights = trueNights();
+    const auto nights = publishedNights();
     EXPECT_EQ(nights.size(), 102u);
     std::size_t marks = 0;
     for (const auto& [night, truth] : nights) {
@@ -217,10 +184,10 @@ TEST(RealNights, FixturesAreAllThere)
     EXPECT_EQ(marks, 3241u);
 }
 
-TEST(RealNights, ReportsHoldTheTrueMarks)
+TEST(RealNights, ReportsHoldThePublishedMarks)
 {
     std::size_t lineCount = 0;
-    for (const auto& [night, truth] : trueNights()) {
+    for (const auto& [night, truth] : publishedNights()) {
         SCOPED_TRACE(night);
         const TemporaryFolder folder;
         const std::vector<std::string> lines = linesOf(converted(night, "mpc", folder));
@@ -235,10 +202,10 @@ TEST(RealNights, ReportsHoldTheTrueMarks)
     EXPECT_EQ(lineCount, 3241u);
 }
 
-TEST(RealNights, MeaHoldsTheTrueMarks)
+TEST(RealNights, MeaHoldsThePublishedMarks)
 {
     std::size_t lineCount = 0;
-    for (const auto& [night, truth] : trueNights()) {
+    for (const auto& [night, truth] : publishedNights()) {
         SCOPED_TRACE(night);
         const TemporaryFolder folder;
         const std::vector<std::string> lines = linesOf(converted(night, "mea", folder));
@@ -256,7 +223,7 @@ TEST(RealNights, MeaHoldsTheTrueMarks)
 TEST(RealNights, ReaderTakesTheSouthernLinesOfAReportOnly)
 {
     std::size_t markCount = 0;
-    for (const auto& [night, truth] : trueNights()) {
+    for (const auto& [night, truth] : publishedNights()) {
         SCOPED_TRACE(night);
         const TemporaryFolder folder;
         converted(night, "mpc", folder);
@@ -266,26 +233,25 @@ TEST(RealNights, ReaderTakesTheSouthernLinesOfAReportOnly)
         // other.
         std::size_t track = 0;
         std::size_t mark = 0;
-        for (const TrueMark& expected : truth) {
-            if (expected.de >= 0.0) {
+        for (const PublishedMark& expected : truth) {
+            if (expected.values.DE >= 0.0) {
                 continue;
             }
             if (track < tracks.size() && mark == tracks[track].Marks.size()) {
                 ++track;
                 mark = 0;
             }
-            SCOPED_TRACE(expected.object + " " + std::to_string(expected.mjd));
+            SCOPED_TRACE(expected.object + " " + std::to_string(expected.values.date + expected.values.time));
             ASSERT_LT(track, tracks.size());
             ASSERT_LT(mark, tracks[track].Marks.size());
             EXPECT_EQ(tracks[track].MPCChecker, expected.object);
             EXPECT_EQ(tracks[track].MPCHeader.COD, "500");
             const TRecLabelPervichka_File read = tracks[track].Marks[mark];
-            EXPECT_EQ(int(read.date), static_cast<int>(expected.mjd));
-            EXPECT_NEAR(double(read.time), expected.mjd - std::floor(expected.mjd),
-                        0.000005 + roundingOfTruth);
-            EXPECT_NEAR(double(read.RA), expected.ra, 0.005 / 3600.0 * 15.0 + roundingOfTruth);
-            EXPECT_NEAR(double(read.DE), expected.de, 0.05 / 3600.0 + roundingOfTruth);
-            EXPECT_NEAR(double(read.m), expected.m, 0.05 + roundingOfTruth);
+            EXPECT_EQ(int(read.date), expected.values.date);
+            EXPECT_NEAR(double(read.time), expected.values.time, 0.000005 + roundingOfTruth);
+            EXPECT_NEAR(double(read.RA), expected.values.RA, 0.005 / 3600.0 * 15.0 + roundingOfTruth);
+            EXPECT_NEAR(double(read.DE), expected.values.DE, 0.05 / 3600.0 + roundingOfTruth);
+            EXPECT_NEAR(double(read.m), expected.values.m, 0.05 + roundingOfTruth);
             EXPECT_EQ(std::string(read.filtr), "R");
             ++mark;
             ++markCount;

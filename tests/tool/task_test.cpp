@@ -3,6 +3,7 @@
 #include "support/child_process.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
+#include "support/texts.h"
 
 #include <gtest/gtest.h>
 
@@ -480,14 +481,6 @@ TEST(Task, EveryCutFileLeavesTheTask)
 
 TEST(Task, DeepNestingIsRefusedAndWideOnesAreRead)
 {
-    const auto repeated = [](const std::string& text, int count) {
-        std::string all;
-        all.reserve(text.size() * static_cast<std::size_t>(count));
-        for (int i = 0; i < count; ++i) {
-            all += text;
-        }
-        return all;
-    };
     const std::string end = "<path_in>in</path_in></t>";
     EXPECT_EQ(taskOf("<t>" + repeated("<a>", 9000) + repeated("</a>", 9000) + end).path_in, "in");
     EXPECT_EQ(taskOf("<t>" + repeated("<a></a>", 20000) + end).path_in, "in");
