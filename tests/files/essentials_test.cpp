@@ -1,30 +1,22 @@
-#include "base/bytes.h"
 #include "base/lines.h"
-#include "base/tokens.h"
 #include "files/essentials.h"
 
+#include "support/cut_texts.h"
+#include "support/socket_file.h"
 #include "support/temporary_folder.h"
+#include "support/time_zone.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstddef>
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <ctime>
 #include <filesystem>
-#include <optional>
 #include <regex>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/time.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 using namespace tavelinUtils;
 
@@ -35,40 +27,6 @@ using Texts = std::vector<std::string>;
 struct Pair
 {
     std::string from, to;
-};
-
-struct Cut
-{
-    std::string text, separator;
-    Texts tokens;
-};
-
-/// A time zone of the process until the end of the block.
-class TimeZone
-{
-public:
-    explicit TimeZone(const char* zone)
-    {
-        if (const char* present = std::getenv("TZ")) {
-            before = present;
-        }
-        setenv("TZ", zone, 1);
-        tzset();
-    }
-    ~TimeZone()
-    {
-        if (before) {
-            setenv("TZ", before->c_str(), 1);
-        } else {
-            unsetenv("TZ");
-        }
-        tzset();
-    }
-    TimeZone(const TimeZone&) = delete;
-    TimeZone& operator=(const TimeZone&) = delete;
-
-private:
-    std::optional<std::string> before;
 };
 
 /// Microseconds since 1970.
@@ -92,42 +50,6 @@ long long clockOf(const std::string& text)
     parts.tm_mon -= 1;
     return timegm(&parts) * 1000000LL + microseconds;
 }
-
-/// A file that exists and that nobody can open: the address of a socket.
-void makeSocket(const std::string& path)
-{
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    ASSERT_LT(path.size(), sizeof address.sun_path);
-    std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
-    const int end = socket(AF_UNIX, SOCK_STREAM, 0);
-    ASSERT_GE(end, 0);
-    EXPECT_EQ(bind(end, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-    close(end);
-}
-
-Texts linesOf(std::string_view bytes)
-{
-    Texts lines;
-    forEachLine(bytes, [&lines](std::string_view line) { lines.emplace_back(line); });
-    return lines;
-}
-
-// What a separator of one character makes of a text, for both tokenisers.
-const Cut cutsAtOneCharacter[] = {
-    {"/a/b", "/", {"", "a", "b"}},
-    {"/a/b/", "/", {"", "a", "b"}},
-    {"a/b//", "/", {"a", "b", ""}},
-    {"one two", " ", {"one", "two"}},
-    {"one two ", " ", {"one", "two"}},
-    {"one  two", " ", {"one", "", "two"}},
-    {" ", " ", {""}},
-    {"  ", " ", {"", ""}},
-    {"whole", " ", {"whole"}},
-    {"a\tb c\t", "\t", {"a", "b c"}},
-    {"\xd1\x81;\xe9", ";", {"\xd1\x81", "\xe9"}},
-    {std::string("a\0b;c\0", 6), ";", {std::string("a\0b", 3), std::string("c\0", 2)}},
-};
 
 } // namespace
 
@@ -418,7 +340,7 @@ TEST(DirectoryExists, TakesASocketForAFolder)
 
 TEST(Pars9, EachSeparatorEndsAToken)
 {
-    for (const Cut& row : cutsAtOneCharacter) {
+    for (const CutText& row : cutsAtOneCharacter) {
         SCOPED_TRACE(row.text);
         Texts tokens{"old", "older"};
         Pars9(row.text, tokens, row.separator);
@@ -428,12 +350,12 @@ TEST(Pars9, EachSeparatorEndsAToken)
 
 TEST(Pars9, SeparatorMayBeOfAnyLength)
 {
-    const Cut rows[] = {
+    const CutText rows[] = {
         {"aXYbXYc", "XY", {"a", "b", "c"}}, {"aXbYc", "XY", {"aXbYc"}},
         {"XYa", "XY", {"", "a"}},           {"a---b", "--", {"a", "-b"}},
         {"a----b", "--", {"a", "", "b"}},   {"{\"id\":1},{\"id\":2}", "},{", {"{\"id\":1", "\"id\":2}"}},
     };
-    for (const Cut& row : rows) {
+    for (const CutText& row : rows) {
         SCOPED_TRACE(row.text);
         Texts tokens{"old"};
         Pars9(row.text, tokens, row.separator);
@@ -444,12 +366,12 @@ TEST(Pars9, SeparatorMayBeOfAnyLength)
 // A separator of several characters is put behind every text, also behind one that ends in it.
 TEST(Pars9, LongSeparatorAtTheEndLeavesAnEmptyToken)
 {
-    const Cut rows[] = {
+    const CutText rows[] = {
         {"aXY", "XY", {"a", ""}},
         {"XY", "XY", {"", ""}},
         {"XYXY", "XY", {"", "", ""}},
     };
-    for (const Cut& row : rows) {
+    for (const CutText& row : rows) {
         SCOPED_TRACE(row.text);
         Texts tokens{"old"};
         Pars9(row.text, tokens, row.separator);
@@ -564,220 +486,4 @@ TEST(NowToDateTime, HasABlankInTheMiddleWhateverTheArgument)
         EXPECT_LE(before, told);
         EXPECT_LE(told, after);
     }
-}
-
-TEST(ReadBytes, GivesEveryByteAndSpareZerosBehindTheLast)
-{
-    const TemporaryFolder folder;
-    std::string many;
-    for (int i = 0; i < 1000003; ++i) {
-        many += static_cast<char>(i * 7 + i / 256);
-    }
-    const std::string contents[] = {"",
-                                    "a",
-                                    "one\r\ntwo\n",
-                                    std::string("a\0b\0\0", 5),
-                                    "\xff\xfe\xe0",
-                                    std::string(4096, 'x'),
-                                    std::string(65536, 'y'),
-                                    many};
-    for (const std::string& content : contents) {
-        SCOPED_TRACE(content.size());
-        makeFile(folder / "a.bin", content);
-        FileBytes file;
-        ASSERT_TRUE(readBytes(folder / "a.bin", file));
-        ASSERT_EQ(file.size, content.size());
-        EXPECT_TRUE(file.view() == content);
-        for (std::size_t i = 0; i < 8; ++i) {
-            EXPECT_EQ(file.bytes[content.size() + i], '\0') << i;
-        }
-    }
-}
-
-TEST(ReadBytes, ReadsToTheEndWhateverSizeTheSystemTells)
-{
-    ASSERT_EQ(std::filesystem::file_size("/proc/sys/kernel/ostype"), 0u);
-    FileBytes file;
-    ASSERT_TRUE(readBytes("/proc/sys/kernel/ostype", file));
-    EXPECT_EQ(file.view(), "Linux\n");
-}
-
-TEST(ReadBytes, ReplacesWhatTheTargetHeld)
-{
-    const TemporaryFolder folder;
-    makeFile(folder / "long", "a longer one");
-    makeFile(folder / "short", "b");
-    FileBytes file;
-    ASSERT_TRUE(readBytes(folder / "long", file));
-    ASSERT_TRUE(readBytes(folder / "short", file));
-    EXPECT_EQ(file.view(), "b");
-}
-
-TEST(ReadBytes, FailureLeavesTheTarget)
-{
-    const TemporaryFolder folder;
-    makeFile(folder / "a", "kept");
-    makeSocket(folder / "s");
-    FileBytes file;
-    ASSERT_TRUE(readBytes(folder / "a", file));
-    EXPECT_FALSE(readBytes(folder / "missing", file));
-    EXPECT_FALSE(readBytes(folder.path(), file));
-    EXPECT_FALSE(readBytes(folder / "s", file));
-    EXPECT_FALSE(readBytes("", file));
-    EXPECT_EQ(file.view(), "kept");
-}
-
-TEST(WriteBytes, WritesInTheMode)
-{
-    const TemporaryFolder folder;
-    EXPECT_TRUE(writeBytes(folder / "a", "w", std::string_view("a\0\r\nb", 5)));
-    EXPECT_EQ(bytesOf(folder / "a"), std::string("a\0\r\nb", 5));
-    EXPECT_TRUE(writeBytes(folder / "a", "a", "more"));
-    EXPECT_EQ(bytesOf(folder / "a"), std::string("a\0\r\nbmore", 9));
-    EXPECT_TRUE(writeBytes(folder / "a", "w", ""));
-    EXPECT_EQ(bytesOf(folder / "a"), "");
-    EXPECT_TRUE(writeBytes(folder / "new", "a", ""));
-    EXPECT_EQ(bytesOf(folder / "new"), "");
-    const std::string large(3000001, 'z');
-    EXPECT_TRUE(writeBytes(folder / "large", "w", large));
-    EXPECT_TRUE(bytesOf(folder / "large") == large);
-}
-
-TEST(WriteBytes, IsFalseWhereOpeningOrWritingFails)
-{
-    const TemporaryFolder folder;
-    EXPECT_FALSE(writeBytes(folder.path(), "w", "x"));
-    EXPECT_FALSE(writeBytes(folder / "missing/a", "w", "x"));
-    EXPECT_FALSE(writeBytes("", "w", "x"));
-    EXPECT_FALSE(writeBytes("/dev/full", "w", "x"));
-    EXPECT_FALSE(writeBytes("/dev/full", "a", "x"));
-    EXPECT_FALSE(writeBytes("/dev/full", "w", std::string(3000001, 'z')));
-    EXPECT_FALSE(exists(folder / "missing"));
-}
-
-TEST(ForEachToken, CutsAsTheTokeniserDoes)
-{
-    for (const Cut& row : cutsAtOneCharacter) {
-        SCOPED_TRACE(row.text);
-        Texts tokens;
-        forEachToken(row.text, row.separator[0],
-                     [&tokens](std::string_view token) { tokens.emplace_back(token); });
-        EXPECT_EQ(tokens, row.tokens);
-    }
-}
-
-TEST(ForEachToken, EmptyTextHasNone)
-{
-    int count = 0;
-    forEachToken("", ';', [&count](std::string_view) { ++count; });
-    EXPECT_EQ(count, 0);
-}
-
-TEST(CutParts, SeparatorAtTheEndHasAnEmptyPartBehindIt)
-{
-    std::array<std::string_view, 4> parts{"w", "x", "y", "z"};
-    EXPECT_EQ(cutParts("a;b;", ';', parts), 3u);
-    EXPECT_EQ(parts, (std::array<std::string_view, 4>{"a", "b", "", "z"}));
-}
-
-TEST(CutParts, EmptyTextIsOneEmptyPart)
-{
-    std::array<std::string_view, 2> parts{"x", "y"};
-    EXPECT_EQ(cutParts("", ';', parts), 1u);
-    EXPECT_EQ(parts, (std::array<std::string_view, 2>{"", "y"}));
-}
-
-TEST(CutParts, CountsPartsBeyondTheRoom)
-{
-    std::array<std::string_view, 2> parts;
-    EXPECT_EQ(cutParts("a;;c;d", ';', parts), 4u);
-    EXPECT_EQ(parts, (std::array<std::string_view, 2>{"a", ""}));
-}
-
-TEST(ForEachLine, LinesLoseTheirEndsAndTheTabsBeforeThem)
-{
-    EXPECT_EQ(linesOf("a\nb\n"), (Texts{"a", "b"}));
-    EXPECT_EQ(linesOf("a\r\nb \t\r\n\n\tc"), (Texts{"a", "b ", "", "\tc"}));
-    EXPECT_EQ(linesOf("a\rb\n"), (Texts{"a\rb"}));
-    EXPECT_EQ(linesOf("\n\n"), (Texts{"", ""}));
-    EXPECT_EQ(linesOf("a\n\r"), (Texts{"a", ""}));
-    EXPECT_EQ(linesOf(""), Texts{});
-}
-
-TEST(CountLines, IsNeverBelowTheLines)
-{
-    EXPECT_EQ(countLines(""), 1u);
-    EXPECT_EQ(countLines("a"), 1u);
-    EXPECT_EQ(countLines("a\n"), 2u);
-    EXPECT_EQ(countLines("a\r\n\nb"), 3u);
-}
-
-TEST(CutParts, GivesWhatTheTokeniserGivesWithTheSeparatorBehind)
-{
-    struct Row
-    {
-        std::string text;
-        std::size_t count;
-        std::string first, second;
-    };
-    const Row rows[] = {
-        {"", 1, "", "?"},         {" ", 2, "", ""},         {"a", 1, "a", "?"},     {"a ", 2, "a", ""},
-        {" a", 2, "", "a"},       {"a b", 2, "a", "b"},     {"a b c", 3, "a", "b"}, {"  ", 3, "", ""},
-        {"a  b c d", 5, "a", ""}, {"a\tb", 1, "a\tb", "?"},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.text);
-        std::array<std::string_view, 2> parts{"?", "?"};
-        EXPECT_EQ(cutParts(row.text, ' ', parts), row.count);
-        EXPECT_EQ(parts[0], row.first);
-        EXPECT_EQ(parts[1], row.second);
-    }
-}
-
-TEST(ForEachSeparator, FindsEachOneWhereverItStands)
-{
-    // Bytes beside the separator's value, and with their high bit set, lie in wait for a look at eight at
-    // once.
-    const std::string letters = std::string("\t\t\ta\x08\x0a\x89\x8a\xff") + '\0';
-    unsigned state = 7;
-    for (int i = 0; i < 20000; ++i) {
-        std::string text;
-        for (int length = i % 40; length > 0; --length) {
-            state = state * 1664525U + 1013904223U;
-            text += letters[(state >> 16) % letters.size()];
-        }
-        std::vector<std::size_t> expected;
-        for (std::size_t at = text.find('\t'); at != std::string::npos; at = text.find('\t', at + 1)) {
-            expected.push_back(at);
-        }
-        std::vector<std::size_t> found;
-        forEachSeparator(text, '\t', [&found](std::size_t at) { found.push_back(at); });
-        ASSERT_EQ(found, expected) << i;
-    }
-}
-
-TEST(ReadLines, ReservesRoomAndGivesEachLine)
-{
-    struct Lines
-    {
-        std::size_t room = 0;
-        std::vector<std::string> taken;
-
-        void reserve(std::size_t count)
-        {
-            room = count;
-        }
-        void add(std::string_view line)
-        {
-            taken.emplace_back(line);
-        }
-    };
-    const TemporaryFolder folder;
-    makeFile(folder / "a.txt", "one\r\n\ntwo\t\n three");
-    Lines lines;
-    EXPECT_TRUE(readLines(folder / "a.txt", lines));
-    EXPECT_GE(lines.room, 4U);
-    EXPECT_EQ(lines.taken, (std::vector<std::string>{"one", "", "two", " three"}));
-    EXPECT_FALSE(readLines(folder / "none.txt", lines));
-    EXPECT_EQ(lines.taken.size(), 4U);
 }
