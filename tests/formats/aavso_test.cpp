@@ -3,6 +3,7 @@
 #include "results/result.h"
 
 #include "support/no_room.h"
+#include "support/photo_blobs.h"
 #include "support/temporary_folder.h"
 #include "support/tracks.h"
 
@@ -45,16 +46,13 @@ std::string headOf(const std::string& obsCode)
 
 std::string written(const Tracks& tracks)
 {
-    const TemporaryFolder folder;
-    sAAVSO(folder / "a.txt", tracks);
-    return bytesOf(folder / "a.txt");
+    return writtenBy([&tracks](const std::string& path) { sAAVSO(path, tracks); });
 }
 
 std::string written(const Blobs& objects, const Lists& checkStars)
 {
-    const TemporaryFolder folder;
-    sAAVSO(folder / "a.txt", "XYZ", "V", "STD", objects, checkStars, "X123");
-    return bytesOf(folder / "a.txt");
+    return writtenBy(
+        [&](const std::string& path) { sAAVSO(path, "XYZ", "V", "STD", objects, checkStars, "X123"); });
 }
 
 // The data lines of a report under the code.
@@ -88,11 +86,6 @@ std::string field(const std::string& line, int number)
         std::getline(stream, text, ',');
     }
     return text;
-}
-
-TLocPhotoBlob blob(const TRecLabelPervichka_File& mark)
-{
-    return {.Mark = mark};
 }
 
 Tracks oneTrack()

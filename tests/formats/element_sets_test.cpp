@@ -23,16 +23,12 @@ const std::string palaceLine2 = "2 48274  41.4689 226.7056 0005390 251.8025 108.
 
 Sets readOf(const std::string& bytes)
 {
-    const TemporaryFolder folder;
-    makeFile(folder / "a.tle", bytes);
-    return l3LEstr(folder / "a.tle");
+    return readBy([](const std::string& path) { return l3LEstr(path); }, bytes);
 }
 
 std::string written(const Sets& sets)
 {
-    const TemporaryFolder folder;
-    s3LEstr(folder / "a.tle", sets);
-    return bytesOf(folder / "a.tle");
+    return writtenBy([&sets](const std::string& path) { s3LEstr(path, sets); });
 }
 
 void expectSets(const Sets& sets, const Sets& expected)

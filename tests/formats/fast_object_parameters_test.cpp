@@ -4,6 +4,7 @@
 
 #include "support/failed_writes.h"
 #include "support/temporary_folder.h"
+#include "support/texts.h"
 
 #include <gtest/gtest.h>
 
@@ -80,18 +81,7 @@ void writeDistinct(const std::string& path, const Lines& paths)
 
 std::string written(const Lines& paths)
 {
-    const TemporaryFolder folder;
-    writeDistinct(folder / "fast.txt", paths);
-    return bytesOf(folder / "fast.txt");
-}
-
-std::string joined(const Lines& lines)
-{
-    std::string text;
-    for (const std::string& line : lines) {
-        text += line + "\n";
-    }
-    return text;
+    return writtenBy([&paths](const std::string& path) { writeDistinct(path, paths); });
 }
 
 /// A line of a text, from 0.
@@ -105,9 +95,7 @@ std::string lineOf(std::string text, int number)
 
 TFastSearchParam readOf(const std::string& bytes)
 {
-    const TemporaryFolder folder;
-    makeFile(folder / "fast.txt", bytes);
-    return LTextParamForSearchFastAstroObj(folder / "fast.txt");
+    return readBy([](const std::string& path) { return LTextParamForSearchFastAstroObj(path); }, bytes);
 }
 
 TParHOK hokOf(const std::string& bytes)
@@ -127,7 +115,7 @@ Lines linesWith(std::size_t number, const std::string& line)
 
 TFastSearchParam readWith(std::size_t number, const std::string& line)
 {
-    return readOf(joined(linesWith(number, line)));
+    return readOf(textOf(linesWith(number, line)));
 }
 
 void expectDefaults(const TFastSearchParam& param)
@@ -323,28 +311,28 @@ TEST(FastObjectParameters, PathsAreReadWithoutTheirComments)
 {
     Lines lines = linesWith(1, "3//All frames");
     lines.insert(lines.end(), {"/data/a.bin//path for 0 frames blobs", "b.bin", "/data/c d.bin//"});
-    EXPECT_EQ(readOf(joined(lines)).BlobPaths, (Lines{"/data/a.bin", "b.bin", "/data/c d.bin"}));
+    EXPECT_EQ(readOf(textOf(lines)).BlobPaths, (Lines{"/data/a.bin", "b.bin", "/data/c d.bin"}));
 }
 
 TEST(FastObjectParameters, ListOfPathsIsAsLongAsTheCountOfFramesSays)
 {
     Lines lines = linesWith(1, "2");
-    EXPECT_EQ(readOf(joined(lines)).BlobPaths, (Lines{"", ""}));
+    EXPECT_EQ(readOf(textOf(lines)).BlobPaths, (Lines{"", ""}));
     lines.push_back("a//");
-    EXPECT_EQ(readOf(joined(lines)).BlobPaths, (Lines{"a", ""}));
+    EXPECT_EQ(readOf(textOf(lines)).BlobPaths, (Lines{"a", ""}));
     lines.push_back("b//");
-    EXPECT_EQ(readOf(joined(lines)).BlobPaths, (Lines{"a", "b"}));
+    EXPECT_EQ(readOf(textOf(lines)).BlobPaths, (Lines{"a", "b"}));
     lines.push_back("c//");
-    EXPECT_EQ(readOf(joined(lines)).BlobPaths, (Lines{"a", "b"}));
+    EXPECT_EQ(readOf(textOf(lines)).BlobPaths, (Lines{"a", "b"}));
     lines[1] = "0";
-    EXPECT_EQ(readOf(joined(lines)).BlobPaths, Lines{});
+    EXPECT_EQ(readOf(textOf(lines)).BlobPaths, Lines{});
 }
 
 TEST(FastObjectParameters, EmptyPathTakesItsPlace)
 {
     Lines lines = linesWith(1, "3");
     lines.insert(lines.end(), {"a", "", "//comment", "d"});
-    EXPECT_EQ(readOf(joined(lines)).BlobPaths, (Lines{"a", "", ""}));
+    EXPECT_EQ(readOf(textOf(lines)).BlobPaths, (Lines{"a", "", ""}));
 }
 
 TEST(FastObjectParameters, NegativeCountOfFramesGivesNoPaths)
@@ -354,7 +342,7 @@ TEST(FastObjectParameters, NegativeCountOfFramesGivesNoPaths)
         Lines lines = linesWith(1, count);
         lines[2] = "7";
         lines.insert(lines.end(), {"a", "b"});
-        const TFastSearchParam param = readOf(joined(lines));
+        const TFastSearchParam param = readOf(textOf(lines));
         EXPECT_TRUE(param.BlobPaths.empty());
         EXPECT_EQ(param.TrackFrames, 7);
     }
@@ -367,7 +355,7 @@ TEST(FastObjectParameters, CountOfFramesAboveTheFileGivesNoPaths)
         Lines lines = linesWith(1, count);
         lines[25] = "/res";
         lines.insert(lines.end(), {"a", "b"});
-        const TFastSearchParam param = readOf(joined(lines));
+        const TFastSearchParam param = readOf(textOf(lines));
         EXPECT_TRUE(param.BlobPaths.empty());
         EXPECT_EQ(param.AllFrames, std::stoi(count));
         EXPECT_EQ(param.PathRes, "/res");
@@ -378,7 +366,7 @@ TEST(FastObjectParameters, CountOfFramesIsTrustedUpTo65536)
 {
     Lines lines = linesWith(1, "65536");
     lines.push_back("a");
-    const TFastSearchParam param = readOf(joined(lines));
+    const TFastSearchParam param = readOf(textOf(lines));
     ASSERT_EQ(param.BlobPaths.size(), 65536U);
     EXPECT_EQ(param.BlobPaths[0], "a");
     EXPECT_EQ(param.BlobPaths[65535], "");
@@ -390,10 +378,10 @@ TEST(FastObjectParameters, CountOfFramesIsTrustedUpToTheSizeOfTheFile)
     // 24 line feeds, the count with its own, and the path with its own.
     const std::size_t others = 25 + 6 + 1;
     lines.push_back(std::string(70000 - others, 'x'));
-    ASSERT_EQ(joined(lines).size(), 70000U);
-    EXPECT_EQ(readOf(joined(lines)).BlobPaths.size(), 70000U);
+    ASSERT_EQ(textOf(lines).size(), 70000U);
+    EXPECT_EQ(readOf(textOf(lines)).BlobPaths.size(), 70000U);
     lines.back().pop_back();
-    EXPECT_TRUE(readOf(joined(lines)).BlobPaths.empty());
+    EXPECT_TRUE(readOf(textOf(lines)).BlobPaths.empty());
 }
 
 TEST(FastObjectParameters, FileThatEndsEarlyLeavesTheDefaults)
@@ -427,7 +415,7 @@ TEST(FastObjectParameters, MissingOrEmptyFileIsTheDefaults)
 
 TEST(FastObjectParameters, EmptyLineIsZeroAndNotTheDefault)
 {
-    const TFastSearchParam param = readOf(joined(Lines(26)));
+    const TFastSearchParam param = readOf(textOf(Lines(26)));
     EXPECT_EQ(param.ThreshResRADEC, 0.0);
     EXPECT_EQ(param.AllFrames, 0);
     EXPECT_EQ(param.AngleUpper, 360.0);
@@ -650,7 +638,7 @@ const Lines hokLines = {"name", "3",  "2",     "3",    "4",     "5",        "6.5
 
 TEST(FastObjectParameters, LinesWithoutCommentsHaveAnOrderOfTheirOwn)
 {
-    const TParHOK param = hokOf(joined(hokLines));
+    const TParHOK param = hokOf(textOf(hokLines));
     EXPECT_EQ(param.Name, "name");
     EXPECT_EQ(param.Path, "/path");
     EXPECT_EQ(param.I1, 2);
@@ -682,7 +670,7 @@ TParHOK hokWith(std::size_t number, const std::string& line)
 {
     Lines lines = hokLines;
     lines[number] = line;
-    return hokOf(joined(lines));
+    return hokOf(textOf(lines));
 }
 
 TEST(FastObjectParameters, ThirdDoubleIsReadAsAnInteger)

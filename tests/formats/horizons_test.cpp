@@ -1,7 +1,9 @@
 #include "formats/horizons.h"
 
+#include "support/measured_marks.h"
 #include "support/places.h"
 #include "support/temporary_folder.h"
+#include "support/texts.h"
 
 #include <gtest/gtest.h>
 
@@ -26,12 +28,6 @@ const std::string leapDay =
 const std::string autumn =
     " 2022-Sep-01 00:01:00.000 Cm  00 00 00.00 -00 30 00.0        n.a.       n.a.   -1.460   4.967"
     "   0.3174311    12.50000";
-
-/// The line with another text from the position on, as long as what it replaces.
-std::string with(std::string line, std::size_t position, const std::string& text)
-{
-    return line.replace(position, text.size(), text);
-}
 
 TrackVtorichka trackOf(const Lines& lines)
 {
@@ -64,11 +60,7 @@ TEST(Horizons, LineGivesEachColumn)
     const TrackVtorichka track = trackOf({"$$SOE", leapDay, "$$EOE"});
     ASSERT_EQ(track.Marks.size(), 1U);
     const TRecLabelPervichka_File& mark = track.Marks[0];
-    EXPECT_EQ(int{mark.date}, 60369);
-    EXPECT_DOUBLE_EQ(mark.time, 0.25);
-    EXPECT_DOUBLE_EQ(mark.RA, 157.5);
-    EXPECT_DOUBLE_EQ(mark.DE, 20.26);
-    EXPECT_DOUBLE_EQ(mark.m, 13.761);
+    EXPECT_TRUE(isAbout(measured(mark), {60369, 0.25, 157.5, 20.26, 13.761}));
     EXPECT_DOUBLE_EQ(track.V, 1.25);
     EXPECT_DOUBLE_EQ(track.PA, 288.26854);
 }
@@ -88,11 +80,7 @@ TEST(Horizons, WhatNoColumnTellsKeepsItsDefault)
 TEST(Horizons, MinusZeroDegreesKeepTheirSign)
 {
     const TRecLabelPervichka_File mark = markOf(autumn);
-    EXPECT_EQ(int{mark.date}, 59823);
-    EXPECT_DOUBLE_EQ(mark.time, 1.0 / 1440.0);
-    EXPECT_DOUBLE_EQ(mark.RA, 0.0);
-    EXPECT_DOUBLE_EQ(mark.DE, -0.5);
-    EXPECT_DOUBLE_EQ(mark.m, -1.46);
+    EXPECT_TRUE(isAbout(measured(mark), {59823, 1.0 / 1440.0, 0.0, -0.5, -1.46}));
 }
 
 TEST(Horizons, NothingBetweenTheColumnsCounts)
@@ -107,11 +95,7 @@ TEST(Horizons, NothingBetweenTheColumnsCounts)
     line = with(line, 107, " 288.26854");
     const TrackVtorichka track = trackOf({"$$SOE", line, "$$EOE"});
     ASSERT_EQ(track.Marks.size(), 1U);
-    EXPECT_EQ(int{track.Marks[0].date}, 60369);
-    EXPECT_DOUBLE_EQ(track.Marks[0].time, 0.25);
-    EXPECT_DOUBLE_EQ(track.Marks[0].RA, 157.5);
-    EXPECT_DOUBLE_EQ(track.Marks[0].DE, -20.26);
-    EXPECT_DOUBLE_EQ(track.Marks[0].m, 13.761);
+    EXPECT_TRUE(isAbout(measured(track.Marks[0]), {60369, 0.25, 157.5, -20.26, 13.761}));
     EXPECT_DOUBLE_EQ(track.V, 1.25);
     EXPECT_DOUBLE_EQ(track.PA, 288.26854);
 }
@@ -144,7 +128,7 @@ TEST(Horizons, EachMonthIsKnown)
     };
     for (const auto& [month, mjd] : firstDays) {
         SCOPED_TRACE(month);
-        EXPECT_EQ(int{markOf(with(leapDay, 1, "2024-" + month + "-01")).date}, mjd);
+        EXPECT_EQ(measured(markOf(with(leapDay, 1, "2024-" + month + "-01"))).date, mjd);
     }
 }
 
@@ -190,7 +174,7 @@ TEST(Horizons, MarksBeforeALineThatIsTooShortStay)
     TrackVtorichka track;
     EXPECT_THROW(lHorizons(Lines{"$$SOE", leapDay, "", autumn, "$$EOE"}, track), std::out_of_range);
     ASSERT_EQ(track.Marks.size(), 1U);
-    EXPECT_EQ(int{track.Marks[0].date}, 60369);
+    EXPECT_EQ(measured(track.Marks[0]).date, 60369);
 }
 
 TEST(Horizons, LineThatEndsBeforeTheAngleHasSetTheSpeed)
@@ -219,11 +203,7 @@ TEST(Horizons, WhatIsNoNumberCountsAsZero)
     track.PA = 4.0;
     EXPECT_EQ(lHorizons(Lines{"$$SOE", line, "$$EOE"}, track), 0);
     ASSERT_EQ(track.Marks.size(), 1U);
-    EXPECT_EQ(int{track.Marks[0].date}, 60369);
-    EXPECT_DOUBLE_EQ(track.Marks[0].time, 0.0);
-    EXPECT_DOUBLE_EQ(track.Marks[0].RA, 0.0);
-    EXPECT_DOUBLE_EQ(track.Marks[0].DE, 0.0);
-    EXPECT_DOUBLE_EQ(track.Marks[0].m, 0.0);
+    EXPECT_TRUE(isAbout(measured(track.Marks[0]), {60369, 0.0, 0.0, 0.0, 0.0}));
     EXPECT_DOUBLE_EQ(track.V, 0.0);
     EXPECT_DOUBLE_EQ(track.PA, 0.0);
 }
@@ -269,9 +249,9 @@ TEST(Horizons, MarksAreAppended)
     track.Marks.resize(2);
     EXPECT_EQ(lHorizons(Lines{"$$SOE", leapDay, "$$EOE"}, track), 0);
     ASSERT_EQ(track.Marks.size(), 3U);
-    EXPECT_EQ(int{track.Marks[0].date}, 0);
-    EXPECT_EQ(int{track.Marks[1].date}, 0);
-    EXPECT_EQ(int{track.Marks[2].date}, 60369);
+    EXPECT_EQ(measured(track.Marks[0]).date, 0);
+    EXPECT_EQ(measured(track.Marks[1]).date, 0);
+    EXPECT_EQ(measured(track.Marks[2]).date, 60369);
     EXPECT_EQ(track.QRVName, "Apollo");
 }
 
@@ -389,7 +369,7 @@ TEST(Horizons, RealTableOfTheseColumnsReadsAsItStands)
         SCOPED_TRACE(minute);
         // From 20 58 02.84 and -00 43 53.4 on, a minute of time is 0.02 seconds and 0.1 arcseconds.
         const TRecLabelPervichka_File& mark = track.Marks[static_cast<std::size_t>(minute)];
-        EXPECT_EQ(int{mark.date}, 59823);
+        EXPECT_EQ(measured(mark).date, 59823);
         EXPECT_NEAR(mark.time, minute / 1440.0, 1e-14);
         EXPECT_NEAR(mark.RA, (20.0 + 58.0 / 60.0 + (2.84 - 0.02 * minute) / 3600.0) * 15.0, 1e-10);
         EXPECT_NEAR(mark.DE, -(43.0 / 60.0 + (53.4 - 0.1 * minute) / 3600.0), 1e-10);
@@ -405,17 +385,11 @@ TEST(Horizons, TableOfOtherQuantitiesIsCutAtTheSameColumns)
     EXPECT_EQ(lHorizons(fixture("horizons/other_quantities.txt"), track), 0);
     ASSERT_EQ(track.Marks.size(), 2U);
     // The columns of the first line hold "00:00     00", "8.99 +05 57", "08.9  18.89" and "26.923".
-    EXPECT_EQ(int{track.Marks[0].date}, 59009);
-    EXPECT_DOUBLE_EQ(track.Marks[0].time, 0.0);
-    EXPECT_DOUBLE_EQ(track.Marks[0].RA, (8.99 + 5.0 / 60.0 + 57.0 / 3600.0) * 15.0);
-    EXPECT_DOUBLE_EQ(track.Marks[0].DE, 8.9 + 18.89 / 3600.0);
-    EXPECT_DOUBLE_EQ(track.Marks[0].m, 26.923);
+    EXPECT_TRUE(isAbout(measured(track.Marks[0]), {59009, 0.0, (8.99 + 5.0 / 60.0 + 57.0 / 3600.0) * 15.0,
+                                                   8.9 + 18.89 / 3600.0, 26.923}));
     // Those of the second "4.81 +05 57", "51.0  18.89", "27.087", "015 /L   2" and "113".
-    EXPECT_EQ(int{track.Marks[1].date}, 59010);
-    EXPECT_DOUBLE_EQ(track.Marks[1].time, 0.0);
-    EXPECT_DOUBLE_EQ(track.Marks[1].RA, (4.81 + 5.0 / 60.0 + 57.0 / 3600.0) * 15.0);
-    EXPECT_DOUBLE_EQ(track.Marks[1].DE, 51.0 + 18.89 / 3600.0);
-    EXPECT_DOUBLE_EQ(track.Marks[1].m, 27.087);
+    EXPECT_TRUE(isAbout(measured(track.Marks[1]), {59010, 0.0, (4.81 + 5.0 / 60.0 + 57.0 / 3600.0) * 15.0,
+                                                   51.0 + 18.89 / 3600.0, 27.087}));
     EXPECT_DOUBLE_EQ(track.V, 15.0);
     EXPECT_DOUBLE_EQ(track.PA, 113.0);
 }
@@ -464,11 +438,7 @@ TEST(Horizons, RealLinesOfOtherTablesGiveWhatStandsInTheColumns)
         SCOPED_TRACE(c.what);
         const TrackVtorichka track = trackOf({"$$SOE", c.line, "$$EOE"});
         ASSERT_EQ(track.Marks.size(), 1U);
-        EXPECT_EQ(int{track.Marks[0].date}, c.date);
-        EXPECT_DOUBLE_EQ(track.Marks[0].time, 0.0);
-        EXPECT_DOUBLE_EQ(track.Marks[0].RA, c.ra);
-        EXPECT_DOUBLE_EQ(track.Marks[0].DE, c.de);
-        EXPECT_DOUBLE_EQ(track.Marks[0].m, c.m);
+        EXPECT_TRUE(isAbout(measured(track.Marks[0]), {c.date, 0.0, c.ra, c.de, c.m}));
         EXPECT_DOUBLE_EQ(track.V, c.v);
         EXPECT_DOUBLE_EQ(track.PA, c.pa);
     }

@@ -2,6 +2,7 @@
 
 #include "support/no_room.h"
 #include "support/temporary_folder.h"
+#include "support/texts.h"
 #include "support/tracks.h"
 
 #include <gtest/gtest.h>
@@ -24,20 +25,13 @@ const std::string columnLine =
 
 std::string written(const Tracks& tracks, const std::string& timeLabel = "JD geocentric")
 {
-    const TemporaryFolder folder;
-    SaveLightCurve(folder / "a.txt", tracks, timeLabel);
-    return bytesOf(folder / "a.txt");
+    return writtenBy([&](const std::string& path) { SaveLightCurve(path, tracks, timeLabel); });
 }
 
 // The line of a track N that has this one mark.
 std::string lineOf(const TRecLabelPervichka_File& mark)
 {
-    const std::string bytes = written({trackNamed("N", {mark})});
-    if (bytes.substr(0, columnLine.size()) != columnLine) {
-        ADD_FAILURE() << bytes;
-        return "";
-    }
-    return bytes.substr(columnLine.size());
+    return between(columnLine, written({trackNamed("N", {mark})}), "");
 }
 
 } // namespace

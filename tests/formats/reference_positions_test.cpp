@@ -1,6 +1,8 @@
 #include "formats/reference_positions.h"
 
+#include "support/measured_marks.h"
 #include "support/temporary_folder.h"
+#include "support/texts.h"
 
 #include <gtest/gtest.h>
 
@@ -42,14 +44,9 @@ TRecLabelPervichka_File onlyMark(const TrackVtorichka& track)
     return track.Marks.size() == 1 ? track.Marks[0] : TRecLabelPervichka_File{};
 }
 
-std::string with(std::string line, std::size_t position, const std::string& text)
-{
-    return line.replace(position, text.size(), text);
-}
-
 void expectMark(const TRecLabelPervichka_File& mark, int date, double time, double ra, double de)
 {
-    EXPECT_EQ(int{mark.date}, date);
+    EXPECT_EQ(measured(mark).date, date);
     EXPECT_DOUBLE_EQ(mark.time, time);
     EXPECT_DOUBLE_EQ(mark.RA, ra);
     EXPECT_DOUBLE_EQ(mark.DE, de);
@@ -164,8 +161,8 @@ TEST(ReferencePositions, FixedColumnsAreAppended)
     track.Marks.resize(2);
     loadAMU(folder / "1_a.txt", track);
     ASSERT_EQ(track.Marks.size(), 3U);
-    EXPECT_EQ(int{track.Marks[1].date}, 0);
-    EXPECT_EQ(int{track.Marks[2].date}, 60369);
+    EXPECT_EQ(measured(track.Marks[1]).date, 0);
+    EXPECT_EQ(measured(track.Marks[2]).date, 60369);
     EXPECT_EQ(track.QRVName, "ISS");
     EXPECT_EQ(track.SourceFile, "source");
 }

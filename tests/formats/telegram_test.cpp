@@ -5,6 +5,7 @@
 #include "support/places.h"
 #include "support/sexagesimal.h"
 #include "support/temporary_folder.h"
+#include "support/texts.h"
 #include "support/tracks.h"
 
 #include <gtest/gtest.h>
@@ -27,58 +28,32 @@ const std::string markLine = "250223 12000000 01000000 -00300000 001095";
 
 std::string written(const Tracks& tracks)
 {
-    const TemporaryFolder folder;
-    sTelegramma(folder / "a.tel", tracks);
-    return bytesOf(folder / "a.tel");
+    return writtenBy([&tracks](const std::string& path) { sTelegramma(path, tracks); });
 }
 
 // The line of a track's only mark.
 std::string writtenLine(const TRecLabelPervichka_File& mark)
 {
-    const std::string before = "observatory telescope N\n";
-    const std::string behind = "\nEND\n\n";
-    const std::string bytes = written({trackNamed("N", {mark})});
-    if (bytes.size() < before.size() + behind.size() || bytes.substr(0, before.size()) != before ||
-        bytes.substr(bytes.size() - behind.size()) != behind)
-    {
-        ADD_FAILURE() << bytes;
-        return "";
-    }
-    return bytes.substr(before.size(), bytes.size() - before.size() - behind.size());
+    return between("observatory telescope N\n", written({trackNamed("N", {mark})}), "\nEND\n\n");
 }
 
 // The tracks of a file that holds the bytes.
 Tracks readFile(const std::string& bytes)
 {
-    const TemporaryFolder folder;
-    makeFile(folder / "a.tel", bytes);
-    return lTelegramma(folder / "a.tel");
+    return readBy([](const std::string& path) { return lTelegramma(path); }, bytes);
 }
 
 // The only mark of a block whose only line between head and end this is.
 TRecLabelPervichka_File readMark(const std::string& line)
 {
-    const Tracks tracks = lTelegramma(Lines{head, line, "END"});
-    if (tracks.size() != 1 || tracks[0].Marks.size() != 1) {
-        ADD_FAILURE() << "no mark: " << line;
-        return {};
-    }
-    return tracks[0].Marks[0];
+    SCOPED_TRACE(line);
+    return onlyMark(lTelegramma(Lines{head, line, "END"}));
 }
 
 void expectHead(const TrackVtorichka& track, const std::string& originator, const std::string& telescope,
                 const std::string& name)
 {
-    EXPECT_EQ(track.originator, originator);
-    EXPECT_EQ(track.telescope, telescope);
-    EXPECT_EQ(track.QRVName, name);
-    EXPECT_EQ(track.NORAD, name);
-    EXPECT_EQ(track.REFERENCE_FRAME, "ICRF");
-    EXPECT_EQ(track.MPCChecker, "");
-    EXPECT_EQ(track.FindOrb, 999.0);
-    EXPECT_TRUE(track.InterBlobs.empty());
-    EXPECT_TRUE(track.Candidates.empty());
-    EXPECT_TRUE(track.Cast.empty());
+    ::expectHead(track, {originator, telescope, name, name});
 }
 
 void expectDefaultTrack(const TrackVtorichka& track)

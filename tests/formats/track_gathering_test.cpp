@@ -1,5 +1,7 @@
 #include "formats/track_gathering.h"
 
+#include "support/measured_marks.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -35,11 +37,7 @@ TEST(SetMeasured, SetsFiveFieldsAndLeavesTheOthers)
     mark.filtr = "V";
     mark.iF = 7;
     setMeasured(mark, {60000, 0.5, 15.25, -0.5, 9.5});
-    EXPECT_EQ(int{mark.date}, 60000);
-    EXPECT_EQ(double{mark.time}, 0.5);
-    EXPECT_EQ(double{mark.RA}, 15.25);
-    EXPECT_EQ(double{mark.DE}, -0.5);
-    EXPECT_EQ(double{mark.m}, 9.5);
+    EXPECT_EQ(measured(mark), (Measured{60000, 0.5, 15.25, -0.5, 9.5}));
     EXPECT_EQ(std::string(mark.filtr), "V");
     EXPECT_EQ(int{mark.iF}, 7);
 }
