@@ -498,7 +498,7 @@ TEST(TextToNumber, PrintedNumbersReadAsTheCLibraryReadsThem)
     }
 }
 
-// A view into a longer text ends where it ends: nothing behind it is read, not even to look.
+// A view into a longer text ends where it ends: nothing after it is read, not even to look ahead.
 TEST(TextToNumber, ViewsEndWhereTheyEnd)
 {
     EXPECT_EQ(toDouble(std::string_view("123456", 3)), 123.0);

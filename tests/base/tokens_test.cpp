@@ -127,7 +127,7 @@ TEST(ThreeParts, PartsThatAreMissingAreEmpty)
 
 TEST(ForEachSeparator, FindsEachOneWhereverItStands)
 {
-    // Bytes beside the separator's value, and with their high bit set, lie in wait for a look at eight at
+    // Bytes next to the separator's value, and with their high bit set, could mislead a look at eight at
     // once.
     const std::string letters = std::string("\t\t\ta\x08\x0a\x89\x8a\xff") + '\0';
     unsigned state = 7;

@@ -363,7 +363,7 @@ TEST(Pars9, SeparatorMayBeOfAnyLength)
     }
 }
 
-// A separator of several characters is put behind every text, also behind one that ends in it.
+// A separator of several characters is appended to every text, also to one that ends in it.
 TEST(Pars9, LongSeparatorAtTheEndLeavesAnEmptyToken)
 {
     const CutText rows[] = {
@@ -379,7 +379,7 @@ TEST(Pars9, LongSeparatorAtTheEndLeavesAnEmptyToken)
     }
 }
 
-// What stands at the end may make a separator together with the one that is put behind it.
+// The end of a text may make a separator together with the one that is appended.
 TEST(Pars9, BeginningOfALongSeparatorAtTheEndIsLost)
 {
     Texts tokens;

@@ -108,7 +108,7 @@ const Lists oneCheckStar = {{blob({.Spare2 = 13.25, .KNAME = "000-BCD"})}};
 const std::string oneObjectLine =
     "V1023 Her,57878.2654321,12.345,0.0200,V,NO,STD,ENSEMBLE,na,000-BCD,13.250,na,na,X123,na\n";
 
-// Checks that `write(path)` raises code 7 with the path, for paths that no writer can write.
+// Checks that `write(path)` throws code 7 with the path, for paths that no writer can write.
 void expectRefusal(const std::function<void(const std::string&)>& write)
 {
     const auto codeAt = [&](const std::string& path) {

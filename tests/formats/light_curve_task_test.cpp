@@ -104,7 +104,7 @@ Note filledNote()
     return note;
 }
 
-// The text between the tags of an element that stands on a line of its own.
+// The text between the tags of an element that has a line of its own.
 std::string valueOf(const std::string& document, const std::string& key)
 {
     const std::string begin = "    <" + key + ">";
@@ -305,7 +305,7 @@ TEST(LightCurveTask, PositionsOfAnObject)
         {"01:00:00.00", "-00:30:00.0", 15.0, -0.5},
         {"12.5", "-12.5", 12.5, -12.5},
         {"12.5", "+12:30:00", 12.5, 12.5},
-        // A fourth part behind a point is not looked at.
+        // A fourth part, after a point, is not read.
         {"0", "12.30.00.9", 0.0, 12.5},
         {"abc", "abc", 0.0, 0.0},
         // Out of range for both: the text had two parts, or more than three.
@@ -540,7 +540,7 @@ TEST(LightCurveNote, Positions)
         {187.5, 45.25, "12:30:00.00 45:15:00.0"},
         {15.0, -0.5, "01:00:00.00 -00:30:00.0"},
         {360.0, 90.0, "24:00:00.00 90:00:00.0"},
-        // Seconds that round up stand as 60.
+        // Seconds that round up are written as 60.
         {359.9999999, 9.9999999, "23:59:60.00 09:59:60.0"},
         {-15.0, -89.5, "-01:00:00.00 -89:30:00.0"},
     };

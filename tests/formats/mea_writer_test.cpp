@@ -32,7 +32,7 @@ std::string writtenLine(const std::string& name, const TRecLabelPervichka_File& 
     return lines.size() == 2 ? lines[1] : "";
 }
 
-// The file of the tracks with the comparison behind each line.
+// The file of the tracks with the comparison after each line.
 std::string writtenWithEphemeris(const Tracks& tracks)
 {
     return writtenBy([&tracks](const std::string& path) { sMEA_TLE(path, tracks); });

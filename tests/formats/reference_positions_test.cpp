@@ -109,7 +109,7 @@ TEST(ReferencePositions, ColumnsThatAShortLineLacksAreZero)
     line = with(line, 85, "-20.250000");
     for (const Case& c : cases) {
         SCOPED_TRACE(c.length);
-        // The line behind keeps the empty one from being the end of the file.
+        // The line after it keeps the empty one from being the end of the file.
         const TrackVtorichka track = amuTrack("columns\n" + line.substr(0, c.length) + "\n" + line + "\n");
         ASSERT_EQ(track.Marks.size(), 2U);
         expectMark(track.Marks[0], c.date, c.time, c.ra, c.de);

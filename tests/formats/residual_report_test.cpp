@@ -364,7 +364,7 @@ TEST(ResidualReport, TracksOfOneNameShareAFileThatHoldsTheLast)
     EXPECT_EQ(text.find("2024-02-29T", columnLines.size() + 1), std::string::npos);
 }
 
-/// Checks that code 7 is raised with the path.
+/// Checks that code 7 is thrown with the path.
 void expectCode7(const std::string& folder, const Tracks& tracks, const std::string& path)
 {
     try {

@@ -258,7 +258,7 @@ TEST(SsmasWriter, MagnitudeHasAZeroBelowTenUnlessItsTextIsTen)
         {0.05, "00.1"},
         {15.25, "15.2"}, // a tie goes to the even digit
         {99.96, "100.0"},
-        // No handling of signs: the "0" stands before them.
+        // Signs are not handled: the "0" comes before them.
         {-0.0, "0-0.0"},
         {-0.04, "0-0.0"},
         {-1.2, "0-1.2"},

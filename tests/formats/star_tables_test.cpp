@@ -57,7 +57,7 @@ std::string refStarsOf(Represents representatives, const Marks& blobs, const Mar
     return bytesOf(folder / "ref.txt");
 }
 
-/// The first fields of the lines, each with a "|" behind it.
+/// The first fields of the lines, each followed by a "|".
 std::string firstFields(std::string text)
 {
     std::string fields;

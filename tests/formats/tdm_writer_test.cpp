@@ -25,7 +25,7 @@ std::string written(const Tracks& tracks)
     return writtenBy([&tracks](const std::string& path) { sTDM(path, tracks); });
 }
 
-// The lines that tell the times of a segment.
+// The lines with the times of a segment.
 std::string spanOf(const std::string& first, const std::string& last)
 {
     return "\nSTART_TIME = " + first + "\nSTOP_TIME = " + last + "\n";

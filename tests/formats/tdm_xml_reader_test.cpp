@@ -43,7 +43,7 @@ Marks readMarks(const std::string& observations)
     return readBytes(messageOf("<data>" + observations + "</data>"))[0].Marks;
 }
 
-// The marks of an element with these children, behind those that are there already.
+// The marks of an element with these children, after those that are there already.
 void collect(const std::string& children, const std::string& tag, Marks& marks)
 {
     TiXmlDocument document;

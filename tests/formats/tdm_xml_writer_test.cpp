@@ -30,7 +30,7 @@ std::string written(Writer writer, const Tracks& tracks)
     return writtenBy([&](const std::string& path) { EXPECT_TRUE(writer(path, tracks)); });
 }
 
-// The texts of a mark, and of a segment, as they are to stand in a document.
+// The texts of a mark, and of a segment, as a document should have them.
 struct MarkTexts
 {
     std::string epoch;

@@ -167,7 +167,7 @@ TEST(TelegramWriter, DateHasTwoDigitsOfTheYear)
         {53529, "080605"},    // 2005-06-08
         {88068, "311299"},    // 2099-12-31
         {0, "171158"},        // 1858-11-17
-        {-677059, "25025"},   // the year 5 stands whole
+        {-677059, "25025"},   // the year 5 is written whole
         {-315469, "250295"},  // the year 995
         {2147483647, "00000"} // no date of the calendar
     };
@@ -277,7 +277,7 @@ TEST(TelegramWriter, MagnitudeHasOneDecimalAndAZeroBelowTen)
         {15.35, "001153"}, // no tie in binary
         {99.96, "0011000"},
         {123.4, "0011234"},
-        // No handling of signs: the "0" stands before them.
+        // Signs are not handled: the "0" comes before them.
         {-0.0, "0010-00"},
         {-0.04, "0010-00"},
         {-1.2, "0010-12"},
@@ -490,7 +490,7 @@ TEST(TelegramReader, LinesOfOtherCountsAreNoMark)
              "250223 12000000",                                 // two
              "250223 12000000 01000000 -00300000 001095 x",     // six
              "250223 12000000 01000000 -00300000 001095 x y z", // eight
-             "250223 12000000 01000000 -00300000 001095 ",      // a blank behind is a sixth
+             "250223 12000000 01000000 -00300000 001095 ",      // a blank at the end is a sixth
              " 250223 12000000 01000000 -00300000 001095",      // and so is one before
              "250223  12000000 01000000 -00300000 001095",      // or a second one between
              "250223 12000000 01000000 -00300000  001095",

@@ -299,7 +299,7 @@ TEST(LInstrMag, OddLines)
     }
 }
 
-// A colon in the name ends it, and what stands before the next is taken for the entries.
+// A colon in the name ends it, and the text before the next colon is taken for the entries.
 TEST(LInstrMag, NameEndsAtItsFirstColon)
 {
     const InstrumentalTable table = readInstrumental("1.5\nC:a.fit:1;2;3;4;5\n");

@@ -32,7 +32,7 @@ const Blobs oneBlob = {blob({.date = 60000,
                              .KNAME = "K1"},
                             "/data/a.fit")};
 
-// Writers that remove the old file and pass over what they cannot write.
+// Writers that remove the old file and ignore what they cannot write.
 struct SilentWriter
 {
     const char* name;

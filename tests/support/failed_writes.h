@@ -26,7 +26,7 @@ void forUnwritablePaths(Work work)
     EXPECT_FALSE(exists(folder / "missing"));
 }
 
-/// Checks that `write(path)` raises code 7 with the path, for each path that cannot be written.
+/// Checks that `write(path)` throws code 7 with the path, for each path that cannot be written.
 template <class Write>
 void expectCode7(Write write)
 {

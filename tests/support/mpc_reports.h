@@ -20,7 +20,7 @@ namespace mpcReports {
 inline const std::string observation =
     "12345         C2023 02 25.50000 01 00 00.00 -00 30 00.0          09.5 R      500";
 
-/// The observation with a text in place of what stands from a column on; columns count from 1.
+/// The observation with a text in place of what is there from a column on; columns count from 1.
 inline std::string withText(std::size_t column, const std::string& text)
 {
     std::string line = observation;
