@@ -1,12 +1,14 @@
 #include "config/xml_nesting.h"
 
 #include "support/child_process.h"
+#include "support/random.h"
+#include "support/texts.h"
+#include "support/xml_documents.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <iterator>
 #include <string>
 
@@ -18,26 +20,6 @@ namespace {
 
 constexpr int manyAttributes = 10000;
 constexpr int manyLevels = 10000;
-
-// Random documents are told from each other by their number, so that a failure can be met again.
-class Random
-{
-public:
-    explicit Random(std::uint64_t seed) : state(seed)
-    {
-    }
-    std::size_t below(std::size_t end)
-    {
-        state += 0x9e3779b97f4a7c15u;
-        std::uint64_t z = state;
-        z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9u;
-        z = (z ^ (z >> 27)) * 0x94d049bb133111ebu;
-        return static_cast<std::size_t>((z ^ (z >> 31)) % end);
-    }
-
-private:
-    std::uint64_t state;
-};
 
 const std::string spareZeros(8, '\0');
 
@@ -53,7 +35,7 @@ bool goesBeyondAttributes(const std::string& document, int most)
     return goesBeyond(bytes.c_str(), manyLevels, most);
 }
 
-/// What the library makes of a document.
+/// What the library finds in a document.
 struct Shape
 {
     bool parsed = false; ///< without an error, and not given up at a declaration
@@ -112,7 +94,7 @@ std::string escaped(const std::string& text)
     return shown;
 }
 
-/// Compares the answer for a document with what the library makes of it.
+/// Compares the answer for a document with what the library finds in it.
 void expectAgreement(const std::string& document, const Shape& shape)
 {
     if (shape.depth >= 1) {
@@ -131,7 +113,7 @@ void expectAgreement(const std::string& document, const Shape& shape)
     }
 }
 
-/// What a run over many random documents has met: a run over nothing but errors would tell nothing.
+/// The kinds of random documents of a run: a run over nothing but errors would show nothing.
 struct Met
 {
     int parsed = 0, parsedWithElements = 0, broken = 0, brokenWithElements = 0, deep = 0, attributes = 0;
@@ -219,26 +201,12 @@ const std::string fragments[] = {
     "_:.",
 };
 
-std::string repeated(const std::string& text, int count)
-{
-    std::string all;
-    for (int i = 0; i < count; ++i) {
-        all += text;
-    }
-    return all;
-}
-
-std::string nested(int levels)
-{
-    return repeated("<a>", levels) + repeated("</a>", levels);
-}
-
 /// Appends a well-formed element with random contents, at most so many levels deep.
 void appendElement(std::string& text, Random& random, int levels, bool utf8)
 {
     const std::string name = random.below(2) == 0 ? "a" : "b-1";
     text += "<" + name;
-    const std::size_t attributes = random.below(4);
+    const std::size_t attributes = random.below(4u);
     for (std::size_t i = 0; i < attributes; ++i) {
         const std::string values[] = {"='<a>'", "=\"'\"", "=1", " = ''", "='&lt;'", "='\xd1\x81'", "='>'"};
         text += " x" + std::to_string(i) + values[random.below(std::size(values))];
@@ -248,7 +216,7 @@ void appendElement(std::string& text, Random& random, int levels, bool utf8)
         return;
     }
     text += random.below(4) == 0 ? "\n>" : ">";
-    for (std::size_t count = random.below(4); count > 0; --count) {
+    for (std::size_t count = random.below(4u); count > 0; --count) {
         const std::string others[] = {"text",
                                       " ",
                                       "<!-- </a> -->",
@@ -386,7 +354,7 @@ TEST(XmlNesting, ElementsBesideEachOtherDoNotAddUp)
     EXPECT_FALSE(goesBeyondLevels(repeated("<a></a>", 50000), 1));
 }
 
-// A byte that begins a letter takes the bytes behind it in, a tag's bracket too.
+// A byte that begins a letter takes in the bytes after it, even the bracket of a tag.
 TEST(XmlNesting, LettersOfUtf8TakeInTheBytesBehindTheirFirst)
 {
     const std::string declaration = "<?xml version='1.0' encoding='UTF-8'?>";
@@ -408,7 +376,7 @@ TEST(XmlNesting, LettersOfUtf8TakeInTheBytesBehindTheirFirst)
 }
 
 // A numeric entity ends at the next ";" wherever that is, and its digits are read from there back to the
-// nearest "#" or "x": what stands before them goes with it, tags too.
+// nearest "#" or "x": what comes before them goes with it, even tags.
 TEST(XmlNesting, NumericEntityTakesInAllUpToItsSemicolon)
 {
     struct Row
@@ -435,7 +403,7 @@ TEST(XmlNesting, NumericEntityTakesInAllUpToItsSemicolon)
     EXPECT_TRUE(goesBeyondLevels(repeated("<a>&#</a>&#41;", 20000), 10000));
 }
 
-// The library tells no error there, and reads nothing behind.
+// The library reports no error there, and reads nothing after it.
 TEST(XmlNesting, DeclarationThatTheLibraryGivesUpEndsTheDocument)
 {
     for (const std::string document :
@@ -456,13 +424,13 @@ TEST(XmlNesting, AgreesWithTheLibraryOnRandomFragments)
     for (int i = 0; i < 40000 && !testing::Test::HasFailure(); ++i) {
         SCOPED_TRACE(i);
         std::string document;
-        const std::size_t heads = random.below(4);
+        const std::size_t heads = random.below(4u);
         if (heads == 1) {
             document = "<?xml version='1.0' encoding='UTF-8'?>";
         } else if (heads == 2) {
             document = "\xef\xbb\xbf";
         }
-        for (std::size_t count = random.below(16) + 1; count > 0; --count) {
+        for (std::size_t count = random.below(16u) + 1; count > 0; --count) {
             document += fragments[random.below(std::size(fragments))];
         }
         const Shape shape = shapeOf(document);
@@ -485,7 +453,7 @@ TEST(XmlNesting, AgreesWithTheLibraryOnRandomTags)
     for (int i = 0; i < 40000 && !testing::Test::HasFailure(); ++i) {
         SCOPED_TRACE(i);
         std::string document = random.below(2) == 0 ? "<?xml version='1.0'?><a>" : "<a>";
-        for (std::size_t count = random.below(10); count > 0; --count) {
+        for (std::size_t count = random.below(10u); count > 0; --count) {
             document += tags[random.below(std::size(tags))];
         }
         document += random.below(4) == 0 ? "" : "</a>";
@@ -508,7 +476,7 @@ TEST(XmlNesting, AgreesWithTheLibraryOnRandomEntities)
     for (int i = 0; i < 40000 && !testing::Test::HasFailure(); ++i) {
         SCOPED_TRACE(i);
         std::string document = random.below(3) == 0 ? "<?xml version='1.0'?><a>" : "<a>";
-        for (std::size_t count = random.below(12); count > 0; --count) {
+        for (std::size_t count = random.below(12u); count > 0; --count) {
             document += parts[random.below(std::size(parts))];
         }
         document += random.below(4) == 0 ? "" : "</a>";
@@ -548,13 +516,13 @@ TEST(XmlNesting, AgreesWithTheLibraryOnDamagedDocuments)
         SCOPED_TRACE(i);
         std::string document = random.below(2) == 0 ? "<?xml version='1.0' encoding='UTF-8'?>" : "";
         appendElement(document, random, 5, true);
-        for (std::size_t count = random.below(3) + 1; count > 0; --count) {
+        for (std::size_t count = random.below(3u) + 1; count > 0; --count) {
             const std::size_t place = random.below(document.size());
             const char letter = damage[random.below(damage.size())];
             switch (random.below(4)) {
             case 0: document[place] = letter; break;
             case 1: document.insert(place, 1, letter); break;
-            case 2: document.erase(place, random.below(4) + 1); break;
+            case 2: document.erase(place, random.below(4u) + 1); break;
             default: document += letter; break;
             }
             if (document.empty()) {
