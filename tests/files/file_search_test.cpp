@@ -1,6 +1,7 @@
 #include "files/file_search.h"
 
 #include "support/child_process.h"
+#include "support/folders.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -8,12 +9,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <filesystem>
-#include <functional>
 #include <limits>
 #include <string>
 #include <vector>
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -36,14 +35,14 @@ Found find(const std::string& root, const std::string& mask = "", const std::str
     return found;
 }
 
-/// A list without its order, which is the file system's. Entries that came twice stand twice.
+/// A list without its order, which is the file system's. Entries that came twice are there twice.
 Texts sorted(Texts texts)
 {
     std::sort(texts.begin(), texts.end());
     return texts;
 }
 
-/// The names, each behind the root and a slash, without an order.
+/// The names below the root as paths, without an order.
 Texts below(const std::string& root, const Texts& names)
 {
     Texts paths;
@@ -51,44 +50,6 @@ Texts below(const std::string& root, const Texts& names)
         paths.push_back(root + "/" + name);
     }
     return sorted(paths);
-}
-
-/// Makes folders below the root, down to one whose path has that length, and returns its path.
-std::string folderOfLength(std::string path, std::size_t length)
-{
-    std::filesystem::create_directory(path);
-    while (path.size() < length) {
-        std::size_t left = length - path.size() - 1;
-        if (left > 200) {
-            left = left > 201 ? 200 : 199;
-        }
-        path += '/' + std::string(left, 'n');
-        std::filesystem::create_directory(path);
-    }
-    return path;
-}
-
-/// Makes a chain of folders of the name "n" below the root.
-void makeChain(const std::string& root, int levels)
-{
-    int folder = open(root.c_str(), O_RDONLY | O_DIRECTORY);
-    for (int i = 0; i < levels; ++i) {
-        ASSERT_EQ(mkdirat(folder, "n", 0755), 0);
-        const int next = openat(folder, "n", O_RDONLY | O_DIRECTORY);
-        ASSERT_GE(next, 0);
-        close(folder);
-        folder = next;
-    }
-    close(folder);
-}
-
-/// Whether a work comes back true, within the time and without a crash.
-void expectTrueInChild(const std::function<bool()>& work)
-{
-    const ChildEnd end = runInChild([&] { _exit(work() ? 0 : 1); }, 30.0);
-    EXPECT_FALSE(end.timedOut);
-    EXPECT_EQ(end.signal, 0);
-    EXPECT_EQ(end.exitStatus, 0) << end.output;
 }
 
 /// A tree with files at three levels.

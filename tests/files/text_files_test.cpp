@@ -257,7 +257,7 @@ TEST(Write, EmptyListOfTextsRaisesWhereTheFileDoesNotOpen)
     const TemporaryFolder folder;
     try {
         Write(folder / "missing/a.txt", Texts{});
-        ADD_FAILURE() << "nothing was raised";
+        ADD_FAILURE() << "nothing was thrown";
     } catch (const TavelinException& failure) {
         EXPECT_EQ(failure.getCode(), 7);
         EXPECT_STREQ(failure.what(), "Error opening file");
@@ -416,7 +416,7 @@ TEST(Rewrite, FilledFolderInTheFilesPlaceStays)
     EXPECT_EQ(bytesOf(folder / "in/a.txt"), "kept");
 }
 
-// The C library's remove takes an empty folder as well as a file.
+// The C library's remove removes an empty folder as it does a file.
 TEST(Rewrite, EmptyFolderInTheFilesPlaceBecomesTheFile)
 {
     const TemporaryFolder folder;
@@ -459,4 +459,18 @@ TEST(RewriteText, ReplacesTheFileByTheText)
     EXPECT_EQ(bytesOf(folder / "a.txt"), "one\ntwo\n");
     rewriteText(folder / "a.txt", "");
     EXPECT_EQ(bytesOf(folder / "a.txt"), "");
+}
+
+TEST(AppendText, AddsTheTextAndMakesTheFile)
+{
+    const TemporaryFolder folder;
+    appendText(folder / "a.txt", "one\n");
+    appendText(folder / "a.txt", "two\nthree\n");
+    appendText(folder / "a.txt", "");
+    EXPECT_EQ(bytesOf(folder / "a.txt"), "one\ntwo\nthree\n");
+}
+
+TEST(AppendText, WhatCannotBeWrittenIsPassedOver)
+{
+    forUnwritablePaths([](const std::string& path) { EXPECT_NO_THROW(appendText(path, "x\n")); });
 }

@@ -1,11 +1,11 @@
 #include "results/result_files.h"
 
 #include "support/failed_writes.h"
+#include "support/folders.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <ctime>
 #include <filesystem>
@@ -54,7 +54,7 @@ std::string stampedBytesOf(const std::string& path)
     return std::regex_replace(bytesOf(path), std::regex(stampForm), "STAMP");
 }
 
-/// The Result element of a document, its values as they are to stand there.
+/// The Result element of a document, its values as they are to be there.
 std::string element(const std::string& code, const std::string& comment, const std::string& description)
 {
     return "    <Result>\n"
@@ -88,37 +88,6 @@ void expectRead(const TFuncRes& result, int code, const std::string& comment, co
     EXPECT_EQ(result.Description, description);
     EXPECT_TRUE(result.Details.empty());
 }
-
-/// The names in a folder, in their order.
-std::vector<std::string> namesIn(const std::string& folder)
-{
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-/// Makes a folder the present one until the end of the block.
-class PresentFolder
-{
-public:
-    explicit PresentFolder(const std::string& folder) : before(std::filesystem::current_path())
-    {
-        std::filesystem::current_path(folder);
-    }
-    ~PresentFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::current_path(before, ignored);
-    }
-    PresentFolder(const PresentFolder&) = delete;
-    PresentFolder& operator=(const PresentFolder&) = delete;
-
-private:
-    std::filesystem::path before;
-};
 
 } // namespace
 
@@ -224,7 +193,7 @@ TEST(SResXML, ReplacesTheFile)
     EXPECT_EQ(stampedBytesOf(folder / "r.xml"), document(element("1", "c", "d")));
     EXPECT_EQ(sResXML(folder / "r.xml", Results{record(2, "e", "f")}), 1);
     EXPECT_EQ(stampedBytesOf(folder / "r.xml"), document(element("2", "e", "f")));
-    EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"r.xml"});
+    EXPECT_EQ(namesIn(folder.path()), Names{"r.xml"});
 }
 
 TEST(SResXML, GivesZeroWhereTheFileCannotBeWritten)
@@ -386,7 +355,7 @@ TEST(SaveLogCode, BareNameIsWrittenByTheFormOfSeveralResultsOnly)
     EXPECT_TRUE(namesIn(".").empty());
     SaveLogCode("r.log", Results{record(1, "c", "d")});
     SaveLogCode("r.result", Results{record(1, "c", "d")});
-    EXPECT_EQ(namesIn("."), (std::vector<std::string>{"r.log", "r.result"}));
+    EXPECT_EQ(namesIn("."), (Names{"r.log", "r.result"}));
     EXPECT_EQ(stampedBytesOf("r.log"), "STAMP Code=1//c//d\n");
     EXPECT_EQ(stampedBytesOf("r.result"), document(element("1", "c", "d")));
 }
@@ -442,7 +411,7 @@ TEST(SaveLogCode, WhatCannotBeWrittenIsPassedOver)
         EXPECT_NO_THROW(SaveLogCode(path, 1, "c", "d"));
         EXPECT_NO_THROW(SaveLogCode(path, Results{record(1, "c", "d")}));
     }
-    EXPECT_EQ(namesIn(folder.path()), (std::vector<std::string>{"in", "in.xml"}));
+    EXPECT_EQ(namesIn(folder.path()), (Names{"in", "in.xml"}));
     EXPECT_TRUE(namesIn(folder / "in").empty());
     EXPECT_TRUE(namesIn(folder / "in.xml").empty());
 }
@@ -563,7 +532,7 @@ TEST(LResXML, FileThatCannotBeLoadedIsCode5)
     expectRead(lResXML(folder.path()), 5, "Failed to read parameter", folder.path());
 }
 
-// The document is one of UTF-8, and there this byte begins a letter that takes in the end tag behind it.
+// The document is one of UTF-8, and there this byte begins a letter that takes in the end tag after it.
 TEST(LResXML, ByteOfAnotherEncodingAtTheEndOfATextBreaksTheDocument)
 {
     const TemporaryFolder folder;

@@ -1,6 +1,8 @@
 #include "support/child_process.h"
 #include "support/places.h"
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <csignal>
 #include <cstddef>
@@ -107,4 +109,12 @@ ChildEnd runTool(const std::string& task, const std::string& folder)
 ChildEnd runInChild(const std::function<void()>& work, double seconds)
 {
     return forked(work, seconds);
+}
+
+void expectTrueInChild(const std::function<bool()>& work)
+{
+    const ChildEnd end = runInChild([&] { _exit(work() ? 0 : 1); }, 30.0);
+    EXPECT_FALSE(end.timedOut);
+    EXPECT_EQ(end.signal, 0);
+    EXPECT_EQ(end.exitStatus, 0) << end.output;
 }

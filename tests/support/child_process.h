@@ -27,3 +27,6 @@ ChildEnd runTool(const std::string& task, const std::string& folder = "");
 
 /// Runs a work in a child process under a limit of time. A work that comes back exits with 0.
 ChildEnd runInChild(const std::function<void()>& work, double seconds);
+
+/// Checks that a work comes back true, within half a minute and without a crash.
+void expectTrueInChild(const std::function<bool()>& work);

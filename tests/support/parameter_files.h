@@ -1,9 +1,10 @@
-// Parameter files of a test: what writers make of their arguments, and readers of a document.
+// Parameter files of a test: what writers write for their arguments, and readers read from a document.
 
 #pragma once
 
 #include "results/result.h"
 
+#include "support/folders.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +24,7 @@ struct WrittenFile
     const char* document;
 };
 
-/// A call of a reader, and the document that it reads. FOLDER in a text stands for the folder of the test.
+/// A call of a reader, and the document that it reads. FOLDER in a text means the folder of the test.
 struct ReadFile
 {
     using Texts = std::vector<std::string>;
@@ -34,8 +35,8 @@ struct ReadFile
     const char* document;                                   ///< from its first element on
     std::vector<std::pair<std::string, std::string>> texts; ///< keys and values, in the arguments' order
     std::vector<std::pair<std::string, Texts>> lists{};     ///< after all texts
-    int codeOfMissing = 0; ///< what is raised for a missing file, 0 for nothing
-    int codeOfBroken = 0;  ///< what is raised for one that does not load
+    int codeOfMissing = 0; ///< of the exception for a missing file, 0 for none
+    int codeOfBroken = 0;  ///< of the exception for one that does not load
 };
 
 /// Calls a reader whose arguments are the path, the texts and then the lists.
@@ -90,7 +91,7 @@ inline std::string withElement(std::string document, const std::string& key, con
     return document.replace(begin, last + end.size() - begin, by);
 }
 
-/// Calls the check for each of the files, so that a failure tells which.
+/// Calls the check for each of the files, so that a failure names it.
 template <class File, class Check>
 void forEach(const std::vector<File>& files, Check check)
 {
@@ -109,20 +110,14 @@ inline void expectDocument(const WrittenFile& file)
     EXPECT_EQ(bytesOf(folder / "a.xml"), file.document);
 }
 
-/// Checks that nothing is left of a longer file that stood there.
+/// Checks that nothing is left of a longer file that was there.
 inline void expectReplacement(const WrittenFile& file)
 {
     const TemporaryFolder folder;
     makeFile(folder / "a.xml", std::string(9000, 'x'));
     EXPECT_EQ(file.write(folder / "a.xml"), 0);
     EXPECT_EQ(bytesOf(folder / "a.xml"), file.document);
-    EXPECT_EQ(ReadFile::Texts(1, "a.xml"), [&folder] {
-        ReadFile::Texts names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-            names.push_back(entry.path().filename().string());
-        }
-        return names;
-    }());
+    EXPECT_EQ(namesIn(folder.path()), Names{"a.xml"});
 }
 
 /// Checks that a writer returns 1 and makes nothing where the folder is missing.
@@ -133,7 +128,7 @@ inline void expectNothingInAMissingFolder(const WrittenFile& file)
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
-/// Checks that a writer returns 1 where a folder stands at the path.
+/// Checks that a writer returns 1 where the path is that of a folder.
 inline void expectNothingInPlaceOfAFolder(const WrittenFile& file)
 {
     const TemporaryFolder folder;
@@ -222,7 +217,7 @@ inline void expectKeysOfTheFirstElementAlone(const ReadFile& file)
     expectRead(file, "<First />\n" + std::string(file.document), keysOf(file));
 }
 
-/// Checks that blanks at both ends survive, and the letters that stand as entities.
+/// Checks that blanks at both ends survive, and the letters that are written as entities.
 inline void expectBlanksAndLetters(const ReadFile& file)
 {
     ReadFile changed = file;
@@ -237,7 +232,7 @@ inline void expectBlanksAndLetters(const ReadFile& file)
     expectRead(changed, document, {});
 }
 
-/// Checks that a file that is missing, or does not load, leaves all arguments, and what is raised.
+/// Checks that a file that is missing, or does not load, leaves all arguments, and the exception.
 inline void expectNothingOfAFileThatDoesNotLoad(const ReadFile& file)
 {
     const TemporaryFolder folder;
@@ -253,7 +248,7 @@ inline void expectNothingOfAFileThatDoesNotLoad(const ReadFile& file)
         ReadFile::Lists lists(file.lists.size(), ReadFile::Texts{"old"});
         try {
             file.read(folder / name, texts, lists);
-            EXPECT_EQ(code, 0) << "nothing was raised";
+            EXPECT_EQ(code, 0) << "nothing was thrown";
         } catch (const tavelinUtils::TavelinException& failure) {
             EXPECT_EQ(failure.getCode(), code);
             EXPECT_EQ(failure.getComment(), folder / name);
