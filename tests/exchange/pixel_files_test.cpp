@@ -481,7 +481,7 @@ TEST(PixelFiles, ListOfObjectsIsResizedAndItsAreasAreReplaced)
     EXPECT_EQ(objects[0].X, 50);
     EXPECT_EQ(placesOf(objects[0].Area), (Places{{5, 6}}));
     EXPECT_EQ(placesOf(objects[1].Area), (Places{{1, 2}, {3, 4}}));
-    // What the file does not tell of an object stays.
+    // What the file does not hold of an object stays.
     EXPECT_EQ(objects[0].Kind, 1);
     EXPECT_EQ(objects[0].ValueA, 4.0);
     EXPECT_EQ(placesOf(objects[0].Contour), (Places{{90, 91}}));
@@ -721,7 +721,7 @@ TEST(PixelFiles, DoublesOfNoFileRaiseCode5)
             SCOPED_TRACE(path + ", " + std::to_string(n));
             try {
                 ReadArrayFromFileDbl(path, n);
-                ADD_FAILURE() << "nothing was raised";
+                ADD_FAILURE() << "nothing was thrown";
             } catch (const TavelinException& failure) {
                 EXPECT_EQ(failure.getCode(), 5);
                 EXPECT_EQ(failure.getComment(), comment);

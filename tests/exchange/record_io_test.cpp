@@ -23,7 +23,7 @@ struct Pair
     int Second = -1;
 };
 
-/// Makes a file of the bytes and hands the work a reader of it.
+/// Makes a file of the bytes and calls the work with a reader of it.
 template <class Work>
 void withReader(const std::string& bytes, Work work)
 {

@@ -4,6 +4,7 @@
 
 #include "support/failed_writes.h"
 #include "support/places.h"
+#include "support/results.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -22,17 +23,7 @@ namespace {
 using Texts = std::vector<std::string>;
 using Doubles = std::vector<double>;
 
-/// The bytes that a writer makes over a longer file.
-template <class Write>
-std::string written(Write write)
-{
-    const TemporaryFolder folder;
-    makeFile(folder / "a.txt", std::string(9000, 'x'));
-    write(folder / "a.txt");
-    return bytesOf(folder / "a.txt");
-}
-
-/// The numbers of a file behind one that stands there.
+/// The numbers of a file, appended to one that is there already.
 Doubles numbersOf(const std::string& bytes)
 {
     return readBy(
@@ -149,15 +140,6 @@ TFisherTable tableOf(const std::string& bytes)
         bytes);
 }
 
-void expectResult(const TFuncRes& result, int code, const std::string& comment,
-                  const std::string& description)
-{
-    EXPECT_EQ(result.Code, code);
-    EXPECT_EQ(result.Comment, comment);
-    EXPECT_EQ(result.Description, description);
-    EXPECT_TRUE(result.Details.empty());
-}
-
 } // namespace
 
 TEST(Bands, FieldsOfTheFirstLine)
@@ -204,7 +186,7 @@ TEST(ArrayText, RowsEndInATab)
 {
     double values[] = {1, 0.5, -3, 1e-5, 1234567, 123.4567};
     const auto rows = [&values](long width, long height) {
-        return written([&](const std::string& path) { arrayToTxt(path, "", values, width, height); });
+        return writtenBy([&](const std::string& path) { arrayToTxt(path, "", values, width, height); });
     };
     EXPECT_EQ(rows(2, 1), "1\t0.5\t\n");
     EXPECT_EQ(rows(2, 3), "1\t0.5\t\n-3\t1e-05\t\n1.23457e+06\t123.457\t\n");
@@ -219,9 +201,9 @@ TEST(ArrayText, HeightBelowOneLeavesAnEmptyFile)
     double value = 1;
     for (const long height : {0L, -1L, std::numeric_limits<long>::min()}) {
         SCOPED_TRACE(height);
-        EXPECT_EQ(written([&](const std::string& path) { arrayToTxt(path, "", &value, 1, height); }), "");
+        EXPECT_EQ(writtenBy([&](const std::string& path) { arrayToTxt(path, "", &value, 1, height); }), "");
     }
-    EXPECT_EQ(written([](const std::string& path) { arrayToTxt(path, "", nullptr, 0, 0); }), "");
+    EXPECT_EQ(writtenBy([](const std::string& path) { arrayToTxt(path, "", nullptr, 0, 0); }), "");
 }
 
 TEST(ArrayText, NoSeparatorComesBetweenFolderAndName)
@@ -243,18 +225,18 @@ TEST(ArrayText, NoSeparatorComesBetweenFolderAndName)
 
 TEST(ArrayText, PixelsHaveThreeOfTheirValues)
 {
-    EXPECT_EQ(written([](const std::string& path) {
+    EXPECT_EQ(writtenBy([](const std::string& path) {
                   arrayToTxt(path, "", std::vector<pixelD>{{1.5, -2, 3e10, 9}, {0.123456789, 0, -0.0, 9}});
               }),
               "1.5\t-2\t3e+10\t\n0.123457\t0\t-0\t\n");
-    EXPECT_EQ(written([](const std::string& path) { arrayToTxt(path, "", std::vector<pixelD>{}); }), "");
+    EXPECT_EQ(writtenBy([](const std::string& path) { arrayToTxt(path, "", std::vector<pixelD>{}); }), "");
 }
 
 TEST(PlateText, LengthValuesAndListsSideBySide)
 {
-    EXPECT_EQ(written([](const std::string& path) { sAstroPlate(path, plate()); }),
+    EXPECT_EQ(writtenBy([](const std::string& path) { sAstroPlate(path, plate()); }),
               "2\n10.6847\n41.269\n1.5\t-2.5\n3\t4\n");
-    EXPECT_EQ(written([](const std::string& path) {
+    EXPECT_EQ(writtenBy([](const std::string& path) {
                   TPlateRec empty;
                   empty.Value1 = 359.9999999;
                   empty.Value2 = -1e-7;
@@ -268,11 +250,11 @@ TEST(PlateText, ShorterSecondListIsFilledWithZeros)
     TPlateRec record = plate();
     record.List1 = {1, 2, 3};
     record.List2 = {7};
-    EXPECT_EQ(written([&](const std::string& path) { sAstroPlate(path, record); }),
+    EXPECT_EQ(writtenBy([&](const std::string& path) { sAstroPlate(path, record); }),
               "3\n10.6847\n41.269\n1\t7\n2\t0\n3\t0\n");
     record.List1 = {1};
     record.List2 = {7, 8};
-    EXPECT_EQ(written([&](const std::string& path) { sAstroPlate(path, record); }),
+    EXPECT_EQ(writtenBy([&](const std::string& path) { sAstroPlate(path, record); }),
               "1\n10.6847\n41.269\n1\t7\n");
 }
 
@@ -340,12 +322,12 @@ TEST(PlateText, GreaterLengthIsTakenFromAFileOfItsSize)
 
 TEST(ReductionParameters, TwoLinesOfEightColumns)
 {
-    EXPECT_EQ(written([](const std::string& path) {
+    EXPECT_EQ(writtenBy([](const std::string& path) {
                   SaveAstroParam(path, 10.6847, 41.269, 3.1, -3.1, 0, 90, 523, -0.1350001);
               }),
               "RA0\tDE0\tMx\tMy\tPoleRA\tPoleDE\tFocus\tGamma\n"
               "10.68\t41.27\t3.10\t-3.10\t0.00\t90.00\t523.000000\t-0.135000\n");
-    EXPECT_EQ(written([](const std::string& path) {
+    EXPECT_EQ(writtenBy([](const std::string& path) {
                   SaveAstroParam(path, -0.001, 1234567.875, 1e10, 5, 6, 7, 1e-7, 12345678.5);
               }),
               "RA0\tDE0\tMx\tMy\tPoleRA\tPoleDE\tFocus\tGamma\n"
@@ -354,17 +336,17 @@ TEST(ReductionParameters, TwoLinesOfEightColumns)
 
 TEST(FitParameters, ModelOutputAndListsSideBySide)
 {
-    EXPECT_EQ(written([](const std::string& path) {
+    EXPECT_EQ(writtenBy([](const std::string& path) {
                   sParamAstroQRV_61(path, {1, 0.123456789}, {3, -4}, {5, 6e10}, 61, "out/night 1.txt");
               }),
               "61\t//ModelAPl\nout/night 1.txt\t//pathOUT\nXc\tXf\tXw\n1\t3\t5\n0.123457\t-4\t6e+10\n");
-    EXPECT_EQ(written([](const std::string& path) { sParamAstroQRV_61(path, {}, {}, {}, -1, ""); }),
+    EXPECT_EQ(writtenBy([](const std::string& path) { sParamAstroQRV_61(path, {}, {}, {}, -1, ""); }),
               "-1\t//ModelAPl\n\t//pathOUT\nXc\tXf\tXw\n");
 }
 
 TEST(FitParameters, ShorterListsAreFilledWithZeros)
 {
-    EXPECT_EQ(written([](const std::string& path) {
+    EXPECT_EQ(writtenBy([](const std::string& path) {
                   sParamAstroQRV_61(path, {1, 2}, {3}, {}, 3, "o");
               }),
               "3\t//ModelAPl\no\t//pathOUT\nXc\tXf\tXw\n1\t3\t0\n2\t0\t0\n");
@@ -377,7 +359,7 @@ TEST(RepresentativesText, EachEntryHasALine)
     representatives[2] = {.X = -0.001, .Y = 1234.567, .Value = -1.23449, .Index = 9, .Items = {{7, 8, 9}}};
     representatives[3] = {.X = 0, .Y = 0, .Value = 0, .Index = 0, .Items = {{-1, -2, -3}}};
     representatives[4] = {.X = 0, .Y = 0, .Value = 0, .Index = -5, .Items = {{0, 0, 0}}};
-    EXPECT_EQ(written([&](const std::string& path) { SaveIndIC(path, representatives); }),
+    EXPECT_EQ(writtenBy([&](const std::string& path) { SaveIndIC(path, representatives); }),
               "i\tIC\tj\tframe\tiblob\tkFstar\tpr\tX\tY\tmFcat\n"
               "0\t-1\t0\t1\t2\t3\t0\t1.23\t2.00\t3.500\n"
               "0\t-1\t1\t4\t5\t6\t0\t1.23\t2.00\t3.500\n"
@@ -388,7 +370,7 @@ TEST(RepresentativesText, EachEntryHasALine)
 
 TEST(RepresentativesText, EmptyListIsTheColumnLine)
 {
-    EXPECT_EQ(written([](const std::string& path) { SaveIndIC(path, {}); }),
+    EXPECT_EQ(writtenBy([](const std::string& path) { SaveIndIC(path, {}); }),
               "i\tIC\tj\tframe\tiblob\tkFstar\tpr\tX\tY\tmFcat\n");
 }
 

@@ -91,7 +91,7 @@ int lastOf(std::size_t size)
     return static_cast<int>(size) - 1;
 }
 
-// Bits tell not-a-numbers, and zeros of both signs, apart.
+// Bits distinguish not-a-numbers, and zeros of both signs.
 template <class T>
 bool isSame(T a, T b)
 {
@@ -266,7 +266,7 @@ void forEachArrangement(const std::function<void(const Doubles&)>& check)
     }
 }
 
-// The greatest key of each range stands in its middle, so that every partition takes one key off the end.
+// The greatest key of each range is in its middle, so that every partition takes one key off the end.
 // It is built back to front: a partition moves the last key of a range to the middle.
 Doubles slowestArrangement(std::size_t size)
 {
@@ -606,7 +606,7 @@ TEST(QuickSort, RangesOfFewerThanTwoPlacesChangeNothing)
     EXPECT_TRUE(noPoints.empty());
 }
 
-// Else the tests behind it would show nothing.
+// Otherwise the tests after it would show nothing.
 TEST(QuickSort, SlowestArrangementsLoseOneKeyWithEachPartition)
 {
     Doubles keys = slowestArrangement(200);

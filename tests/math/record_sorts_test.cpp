@@ -23,7 +23,7 @@ constexpr int highest = std::numeric_limits<int>::max();
 constexpr int lowest = std::numeric_limits<int>::min();
 
 // Records carry a number of their own, from 0 in the order in which they were made, in a field that no sort
-// looks at. Their numbers after a sort tell where each went.
+// looks at. Their numbers after a sort show where each went.
 template <class Record>
 std::vector<Record> numbered(std::vector<Record> records, int Record::*number)
 {

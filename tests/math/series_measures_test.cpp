@@ -318,7 +318,7 @@ TEST(SubSeries, EachLargeGapStartsARun)
 
 TEST(SubSeries, LastTwoFramesStartNoRun)
 {
-    // Frame 4 has one, then two frames behind it.
+    // Frame 4 has one, then two frames after it.
     expectRuns(runsOf(1.0, framesWithGaps({1, 1, 1, 10, 1})), {0}, {5});
     expectRuns(runsOf(1.0, framesWithGaps({1, 1, 1, 10, 1, 1})), {0, 4}, {3, 6});
     expectRuns(runsOf(1.0, framesWithGaps({1, 1, 1, 10})), {0}, {4});
@@ -333,7 +333,7 @@ TEST(SubSeries, FirstThreeFramesStartNoRun)
 
 TEST(SubSeries, GapMustShrinkAgain)
 {
-    // Frame 4 stands between gaps of 10 and 10, frame 5 between 10 and 1.
+    // Frame 4 is between gaps of 10 and 10, frame 5 between 10 and 1.
     expectRuns(runsOf(1.0, framesWithGaps({1, 1, 1, 10, 10, 1, 1, 1})), {0, 5}, {4, 8});
     expectRuns(runsOf(1.0, framesWithGaps({1, 1, 1, 10, 11, 12, 13, 14})), {0}, {8});
 }
@@ -376,7 +376,7 @@ TEST(SubSeries, FramesOfOneTimeAreOneRun)
 
 TEST(SubSeries, FramesThatGoBackInTimeHaveGapsBelowZero)
 {
-    // Before frame 4 there are 2 backwards, behind it 5 backwards, and -3 is not above -2.
+    // Before frame 4 there are 2 backwards, after it 5 backwards, and -3 is not above -2.
     expectRuns(runsOf(1.0, framesWithGaps({1, 1, -3, -2, -5, 1, 1, 1})), {0, 4}, {3, 8});
     // A step back is smaller than the gap before it, so the frame that it leaves starts a run.
     expectRuns(runsOf(1.0, framesWithGaps({1, 1, 1, -2, 1, 1, 1})), {0, 3}, {2, 7});

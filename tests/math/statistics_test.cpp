@@ -428,7 +428,7 @@ TEST(Statistics, ClippingGoesOnUntilSigmaStaysOrThePassesAreDone)
     }
 }
 
-// Two values a sigma from their mean each, so at k = 1 both stand on a limit.
+// Two values a sigma from their mean each, so at k = 1 both are on a limit.
 TEST(Statistics, ValuesOnALimitAreNotClipped)
 {
     const Clipped result = clipped(2, 1, {-1.0, 1.0}, 5, 1.0, -1.0);
@@ -741,7 +741,7 @@ TEST(Statistics, LowerMedianOfLongLists)
 }
 
 // Of 1, x, 3 the pivot is x and stops both walks: 1 and 3 change places, then x with itself, and nothing is
-// left to part. Of 3, 1, x the pivot is 1: 3 changes places with x, 1 with itself, and both parts have one.
+// left to sort. Of 3, 1, x the pivot is 1: 3 changes places with x, 1 with itself, and both parts have one.
 TEST(Statistics, LowerMedianTakesNotANumberWhereTheSortLeavesIt)
 {
     Values middle{1.0, notANumber, 3.0};

@@ -3,6 +3,8 @@
 #include "records/photo_blob.h"
 
 #include "support/fitted_blob_fields.h"
+#include "support/mark_fields.h"
+#include "support/measured_marks.h"
 #include "support/record_image.h"
 
 #include <gtest/gtest.h>
@@ -159,8 +161,7 @@ TEST(Blob, CopyOfAFrameOwnsItsMarks)
     copy.CD[0] = 9.0;
     expectFilledHead(frame);
     ASSERT_EQ(frame.Marks.size(), 1u);
-    EXPECT_EQ(double(frame.Marks[0].m), 9.5);
-    EXPECT_EQ(std::string(frame.Marks[0].filtr), "V");
+    expectSame(frame.Marks[0], {.m = 9.5, .filtr = "V"});
 
     const THeadBlobs moved = std::move(copy);
     EXPECT_EQ(moved.Instrument, "other");
@@ -494,20 +495,7 @@ TEST(PhotoBlob, NewBlobIsANewHeadAndANewMark)
 {
     const TLocPhotoBlob blob;
     expectNewHead(blob.Head);
-    EXPECT_EQ(int(blob.Mark.date), 0);
-    EXPECT_EQ(double(blob.Mark.time), 0.0);
-    EXPECT_EQ(double(blob.Mark.m), 0.0);
-    EXPECT_EQ(int(blob.Mark.LinkIndex), -1);
-    EXPECT_EQ(double(blob.Mark.RefValue1), -1.0);
-    EXPECT_EQ(std::string(blob.Mark.filtr), "R");
-    EXPECT_EQ(double(blob.Mark.Spare1), 0.0);
-    EXPECT_EQ(double(blob.Mark.mEnsemble), 0.0);
-    EXPECT_EQ(double(blob.Mark.Spare5), 0.0);
-    EXPECT_EQ(std::string(blob.Mark.SpareText), "");
-    EXPECT_EQ(std::string(blob.Mark.KNAME), "");
-    EXPECT_EQ(std::string(blob.Mark.MTYPE), "DIF");
-    EXPECT_EQ(std::string(blob.Mark.CNAME), "ENSEMBLE");
-    EXPECT_EQ(std::string(blob.Mark.CHART), "na");
+    expectSame(blob.Mark, {});
 }
 
 TEST(PhotoBlob, HeadStandsBeforeTheMark)
@@ -519,5 +507,5 @@ TEST(PhotoBlob, HeadStandsBeforeTheMark)
     blob.Head = {};
     blob.Mark.m = 1.0;
     expectFilledHead(copy.Head);
-    EXPECT_EQ(double(copy.Mark.m), 9.5);
+    EXPECT_EQ(measured(copy.Mark), (Measured{0, 0.0, 0.0, 0.0, 9.5}));
 }

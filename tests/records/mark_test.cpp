@@ -1,5 +1,7 @@
 #include "records/mark.h"
 
+#include "support/mark_fields.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -12,91 +14,6 @@
 using namespace tavelinUtils;
 
 namespace {
-
-using Mark = TRecLabelPervichka_File;
-
-// A field, its first byte in the record and its value in a new mark.
-template <class Value, class Shown = Value>
-struct Field
-{
-    const char* name;
-    Value Mark::*member;
-    std::ptrdiff_t place;
-    Shown value;
-};
-
-const Field<double> numbers[] = {
-    {"X_bf", &Mark::X_bf, 4, 0.0},
-    {"Y_bf", &Mark::Y_bf, 12, 0.0},
-    {"X_f", &Mark::X_f, 20, 0.0},
-    {"Y_f", &Mark::Y_f, 28, 0.0},
-    {"SNRafit", &Mark::SNRafit, 101, 0.0},
-    {"SNRasegm", &Mark::SNRasegm, 109, 0.0},
-    {"SNRpeak", &Mark::SNRpeak, 117, 0.0},
-    {"FWHM", &Mark::FWHM, 125, 0.0},
-    {"SigFit", &Mark::SigFit, 133, 0.0},
-    {"RMSFit", &Mark::RMSFit, 141, 0.0},
-    {"SNcorrnotnorm", &Mark::SNcorrnotnorm, 149, 0.0},
-    {"corrnorm", &Mark::corrnorm, 157, 0.0},
-    {"Exc", &Mark::Exc, 165, 0.0},
-    {"Angle", &Mark::Angle, 173, 0.0},
-    {"Length", &Mark::Length, 181, 0.0},
-    {"Width", &Mark::Width, 189, 0.0},
-    {"Radius", &Mark::Radius, 197, 0.0},
-    {"A", &Mark::A, 205, 0.0},
-    {"Asegm", &Mark::Asegm, 213, 0.0},
-    {"Astrob", &Mark::Astrob, 221, 0.0},
-    {"mInstr", &Mark::mInstr, 229, 0.0},
-    {"mInstr1000", &Mark::mInstr1000, 237, 0.0},
-    {"time", &Mark::time, 249, 0.0},
-    {"time_bjd", &Mark::time_bjd, 261, 0.0},
-    {"RA", &Mark::RA, 269, 0.0},
-    {"DE", &Mark::DE, 277, 0.0},
-    {"AuxValue", &Mark::AuxValue, 285, 0.0},
-    {"m", &Mark::m, 293, 0.0},
-    {"RefValue1", &Mark::RefValue1, 301, -1.0},
-    {"RefValue2", &Mark::RefValue2, 309, -1.0},
-    {"RefValue3", &Mark::RefValue3, 317, -1.0},
-    {"RefValue4", &Mark::RefValue4, 325, -1.0},
-    {"RefValue5", &Mark::RefValue5, 333, -1.0},
-    {"RefValue6", &Mark::RefValue6, 341, -1.0},
-    {"RefValue7", &Mark::RefValue7, 349, -1.0},
-    {"RefValue8", &Mark::RefValue8, 357, -1.0},
-    {"RefValue9", &Mark::RefValue9, 365, -1.0},
-    {"Spare1", &Mark::Spare1, 485, 0.0},
-    {"mEnsemble", &Mark::mEnsemble, 493, 0.0},
-    {"Spare2", &Mark::Spare2, 501, 0.0},
-    {"Spare3", &Mark::Spare3, 509, 0.0},
-    {"mInstrComp", &Mark::mInstrComp, 517, 0.0},
-    {"Spare4", &Mark::Spare4, 525, 0.0},
-    {"Spare5", &Mark::Spare5, 533, 0.0},
-    {"SpareTail", &Mark::SpareTail, 701, 0.0},
-};
-
-const Field<int> integers[] = {
-    {"AuxInt1", &Mark::AuxInt1, 36, 0},
-    {"AuxInt2", &Mark::AuxInt2, 40, 0},
-    {"AuxInt3", &Mark::AuxInt3, 49, 0},
-    {"iFRaw", &Mark::iFRaw, 53, 0},
-    {"iF", &Mark::iF, 57, 0},
-    {"AuxInt4", &Mark::AuxInt4, 61, 0},
-    {"iB", &Mark::iB, 65, 0},
-    {"AuxInt5", &Mark::AuxInt5, 69, 0},
-    {"LinkIndex", &Mark::LinkIndex, 73, -1},
-    {"date", &Mark::date, 245, 0},
-    {"bjd", &Mark::bjd, 257, 0},
-    {"Tag1", &Mark::Tag1, 373, 0},
-    {"Tag2", &Mark::Tag2, 377, 0},
-    {"Tag3", &Mark::Tag3, 381, 0},
-    {"Tag4", &Mark::Tag4, 385, 0},
-};
-
-const Field<std::string, const char*> texts[] = {
-    {"filtr", &Mark::filtr, 389, "R"},        {"mjd", &Mark::mjd, 421, ""},
-    {"QRVID", &Mark::QRVID, 453, ""},         {"SpareText", &Mark::SpareText, 541, ""},
-    {"KNAME", &Mark::KNAME, 573, ""},         {"MTYPE", &Mark::MTYPE, 605, "DIF"},
-    {"CNAME", &Mark::CNAME, 637, "ENSEMBLE"}, {"CHART", &Mark::CHART, 669, "na"},
-};
 
 std::ptrdiff_t placeOf(const Mark& mark, const void* field)
 {
@@ -127,13 +44,13 @@ Mark filledMark()
     mark.TypeBlob = TTypeBlob::prTriangle;
     mark.AuxFlag = true;
     mark.LinkList = std::vector<int>{3, 1, 2};
-    for (const auto& field : numbers) {
+    for (const auto& field : markNumbers) {
         mark.*field.member = numberOf(field.place);
     }
-    for (const auto& field : integers) {
+    for (const auto& field : markIntegers) {
         mark.*field.member = integerOf(field.place);
     }
-    for (const auto& field : texts) {
+    for (const auto& field : markTexts) {
         mark.*field.member = longText(field.name);
     }
     return mark;
@@ -145,15 +62,15 @@ void expectFilled(const Mark& mark)
     EXPECT_EQ(TTypeBlob(mark.TypeBlob), TTypeBlob::prTriangle);
     EXPECT_TRUE(bool(mark.AuxFlag));
     EXPECT_EQ(std::vector<int>(mark.LinkList), (std::vector<int>{3, 1, 2}));
-    for (const auto& field : numbers) {
+    for (const auto& field : markNumbers) {
         SCOPED_TRACE(field.name);
         EXPECT_EQ(double(mark.*field.member), numberOf(field.place));
     }
-    for (const auto& field : integers) {
+    for (const auto& field : markIntegers) {
         SCOPED_TRACE(field.name);
         EXPECT_EQ(int(mark.*field.member), integerOf(field.place));
     }
-    for (const auto& field : texts) {
+    for (const auto& field : markTexts) {
         SCOPED_TRACE(field.name);
         EXPECT_EQ(std::string(mark.*field.member), longText(field.name));
     }
@@ -165,15 +82,15 @@ void expectNew(const Mark& mark)
     EXPECT_EQ(static_cast<int>(TTypeBlob(mark.TypeBlob)), 0);
     EXPECT_FALSE(bool(mark.AuxFlag));
     EXPECT_TRUE(std::vector<int>(mark.LinkList).empty());
-    for (const auto& field : numbers) {
+    for (const auto& field : markNumbers) {
         SCOPED_TRACE(field.name);
         EXPECT_EQ(double(mark.*field.member), field.value);
     }
-    for (const auto& field : integers) {
+    for (const auto& field : markIntegers) {
         SCOPED_TRACE(field.name);
         EXPECT_EQ(int(mark.*field.member), field.value);
     }
-    for (const auto& field : texts) {
+    for (const auto& field : markTexts) {
         SCOPED_TRACE(field.name);
         EXPECT_EQ(std::string(mark.*field.member), field.value);
     }
@@ -207,15 +124,15 @@ TEST(Mark, FieldsFollowEachOtherWithoutGaps)
 {
     EXPECT_EQ(sizeof(Mark), 709U);
     const Mark mark;
-    for (const auto& field : numbers) {
+    for (const auto& field : markNumbers) {
         SCOPED_TRACE(field.name);
         EXPECT_EQ(placeOf(mark, &(mark.*field.member)), field.place);
     }
-    for (const auto& field : integers) {
+    for (const auto& field : markIntegers) {
         SCOPED_TRACE(field.name);
         EXPECT_EQ(placeOf(mark, &(mark.*field.member)), field.place);
     }
-    for (const auto& field : texts) {
+    for (const auto& field : markTexts) {
         SCOPED_TRACE(field.name);
         EXPECT_EQ(placeOf(mark, &(mark.*field.member)), field.place);
     }

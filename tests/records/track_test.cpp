@@ -1,5 +1,6 @@
 #include "records/track.h"
 
+#include "support/mark_fields.h"
 #include "support/tracks.h"
 
 #include <gtest/gtest.h>
@@ -273,10 +274,8 @@ void expectKeptFields(const TrackVtorichka& track)
     expectResiduals(track.ResidSecond, 22.0);
     EXPECT_EQ(track.NMarks, 32);
     ASSERT_EQ(track.Marks.size(), 2U);
-    EXPECT_EQ(int(track.Marks[0].date), 60000);
-    EXPECT_EQ(std::string(track.Marks[0].filtr), "V");
-    EXPECT_EQ(std::vector<int>(track.Marks[0].LinkList), std::vector<int>{7});
-    EXPECT_EQ(std::string(track.Marks[1].filtr), "R");
+    expectSame(track.Marks[0], {.LinkList = {7}, .date = 60000, .filtr = "V"});
+    expectSame(track.Marks[1], {});
     ASSERT_EQ(track.InterBlobs.size(), 1U);
     EXPECT_EQ(track.InterBlobs[0].m_MPC, 17.5);
     EXPECT_EQ(track.InterBlobs[0].Value2, 1.0);
