@@ -342,3 +342,19 @@ TEST(GetErrCode, BlankDescriptionIsNotAnEmptyOne)
 {
     EXPECT_EQ(GetErrCode(7, " ").Description, " ");
 }
+
+TEST(ThrowErrCode, ThrowsTheResultOfTheCode)
+{
+    for (const CodeRow& row : codeRows) {
+        SCOPED_TRACE(row.code);
+        for (const std::string& description : {std::string("about"), std::string()}) {
+            try {
+                throwErrCode(row.code, description);
+            } catch (const TavelinException& failure) {
+                EXPECT_EQ(failure.getCode(), row.code);
+                EXPECT_STREQ(failure.what(), row.text);
+                EXPECT_EQ(failure.getComment(), description.empty() ? row.text : description);
+            }
+        }
+    }
+}

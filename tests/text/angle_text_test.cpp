@@ -324,6 +324,7 @@ TEST(RightAscensionOfOneText, TakenTexts)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
         EXPECT_EQ(StrRAToDecimal(row.text), row.degrees);
+        EXPECT_EQ(raToDecimal(row.text), row.degrees);
     }
 }
 
@@ -332,6 +333,7 @@ TEST(RightAscensionOfOneText, OneTextThatIsNoNumberIsZeroAndNoFailure)
     for (const char* text : {"", "abc", "-", ".", "h12"}) {
         SCOPED_TRACE(text);
         EXPECT_EQ(StrRAToDecimal(text), 0.0);
+        EXPECT_EQ(raToDecimal(text), 0.0);
     }
 }
 
@@ -343,6 +345,7 @@ TEST(RightAscensionOfOneText, RefusedTexts)
     {
         SCOPED_TRACE(text);
         EXPECT_EQ(StrRAToDecimal(text), -100.0);
+        EXPECT_EQ(raToDecimal(text), -100.0);
     }
 }
 
@@ -380,6 +383,7 @@ TEST(DeclinationOfOneText, TakenTexts)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
         EXPECT_EQ(StrDEToDecimal(row.text), row.degrees);
+        EXPECT_EQ(deToDecimal(row.text), row.degrees);
     }
 }
 
@@ -388,6 +392,7 @@ TEST(DeclinationOfOneText, OneTextThatIsNoNumberIsZeroAndNoFailure)
     for (const char* text : {"", "abc", "-", ".", "x.y", "d.m.s.f"}) {
         SCOPED_TRACE(text);
         EXPECT_EQ(StrDEToDecimal(text), 0.0);
+        EXPECT_EQ(deToDecimal(text), 0.0);
     }
 }
 
@@ -399,6 +404,7 @@ TEST(DeclinationOfOneText, RefusedTexts)
     {
         SCOPED_TRACE(text);
         EXPECT_EQ(StrDEToDecimal(text), -100.0);
+        EXPECT_EQ(deToDecimal(text), -100.0);
     }
 }
 

@@ -1,14 +1,14 @@
 #include "text/calendar.h"
 
+#include "support/time_zone.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
 #include <chrono>
 #include <cmath>
-#include <cstdlib>
 #include <ctime>
 #include <limits>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -52,34 +52,6 @@ DateAndTime localTimeOf(long seconds)
     SysToDateTime(seconds, fields[0], fields[1], fields[2], fields[3], fields[4], fields[5]);
     return fields;
 }
-
-/// Puts the process into a time zone for the length of a test.
-class TimeZone
-{
-public:
-    explicit TimeZone(const char* zone)
-    {
-        if (const char* old = std::getenv("TZ")) {
-            before = old;
-        }
-        setenv("TZ", zone, 1);
-        tzset();
-    }
-    ~TimeZone()
-    {
-        if (before) {
-            setenv("TZ", before->c_str(), 1);
-        } else {
-            unsetenv("TZ");
-        }
-        tzset();
-    }
-    TimeZone(const TimeZone&) = delete;
-    TimeZone& operator=(const TimeZone&) = delete;
-
-private:
-    std::optional<std::string> before;
-};
 
 // A zone without summer time, 14 hours ahead: its clock never shows what UTC shows.
 constexpr const char* farZone = "FAR-14";
