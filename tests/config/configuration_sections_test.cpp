@@ -15,7 +15,7 @@ using namespace tavelinUtils;
 
 namespace {
 
-/// What a reader makes of the section of the name, in a root with that inside.
+/// The record that a reader fills from the section of that name, in a root with that content.
 template <class Reader>
 auto read(Reader reader, const std::string& inside, const std::string& section)
 {

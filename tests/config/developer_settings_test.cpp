@@ -373,7 +373,7 @@ const std::vector<ReadFile> readFiles = {
       {"iTest", "2"}}},
 };
 
-/// What lZunekXML makes of a document and a record without texts.
+/// The record that lZunekXML fills from a document, its texts empty before.
 TZunekXML serviceOf(const std::string& document)
 {
     const TemporaryFolder folder;
@@ -410,7 +410,7 @@ TEST(DeveloperSettings, BlanksAndLettersOfValuesSurvive)
     forEach(readFiles, expectBlanksAndLetters);
 }
 
-// One of them raises code 5, the others say nothing.
+// One of them throws code 5, the others report nothing.
 TEST(DeveloperSettings, FilesThatDoNotLoadLeaveTheRecord)
 {
     forEach(readFiles, expectNothingOfAFileThatDoesNotLoad);

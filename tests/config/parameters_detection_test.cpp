@@ -410,7 +410,7 @@ void load(const std::string& path, Quality& q)
     lBlobHead(path, n[0], n[1], n[2], n[3], n[4], n[5], n[6], n[7], n[8], n[9], n[10], n[11], n[12], q.type);
 }
 
-/// What lBlobHead makes of a document with the element in the place of its "TypeFrame".
+/// The head that lBlobHead reads from a document with the element in place of its "TypeFrame".
 TTypeFrame typeOf(const std::string& element, TTypeFrame preset)
 {
     const TemporaryFolder folder;
@@ -588,7 +588,7 @@ TEST(HeadOfBlobs, MissingFolderIsRaised)
     const TemporaryFolder folder;
     try {
         save(folder / "missing/a.xml", {});
-        ADD_FAILURE() << "nothing was raised";
+        ADD_FAILURE() << "nothing was thrown";
     } catch (const TavelinException& failure) {
         EXPECT_EQ(failure.getCode(), 6);
         EXPECT_EQ(failure.getComment(), folder / "missing/a.xml");

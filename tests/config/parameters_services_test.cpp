@@ -106,7 +106,7 @@ const std::vector<WrittenFile> writtenFiles = {
      "    <IDseria>33</IDseria>\n"
      "    <FileName>1.fit</FileName>\n"
      "</S3UpDownLoad>\n"},
-    // The words are told, not checked.
+    // The words are written as given, not checked.
     {"sStorageUpDownLoad with words that are not in the lists",
      [](const std::string& path) {
          return sStorageUpDownLoad(path, "", " other ", "", "", "", "", "", "", "", "", "", "");
@@ -360,7 +360,7 @@ TEST(ServiceParameters, FilesThatDoNotLoadLeaveAllArguments)
     forEach(readFiles, expectNothingOfAFileThatDoesNotLoad);
 }
 
-// The writer's keys stand one level deeper than the reader looks.
+// The writer puts the keys one level deeper than where the reader looks.
 TEST(ServiceParameters, OrderOfTheIntraFrameStageIsNotWhatItsReaderReads)
 {
     const TemporaryFolder folder;

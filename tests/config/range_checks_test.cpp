@@ -1,6 +1,7 @@
 #include "config/range_checks.h"
 
 #include "support/places.h"
+#include "support/results.h"
 #include "support/settings_rows.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
@@ -23,21 +24,13 @@ using Lines = std::vector<std::string>;
 const std::string outOfRange =
     "These configuration file parameters are out of the range of acceptable values: ";
 
-/// A result that nothing was written to, so that each check stands alone.
+/// A result that nothing was written to, so that each check is seen on its own.
 TFuncRes emptyResult()
 {
     TFuncRes result;
     result.Comment = "";
     result.Description = "";
     return result;
-}
-
-void expectResult(const TFuncRes& result, int code, const std::string& comment,
-                  const std::string& description)
-{
-    EXPECT_EQ(result.Code, code);
-    EXPECT_EQ(result.Comment, comment);
-    EXPECT_EQ(result.Description, description);
 }
 
 /// What CheckDoubleMinMax leaves of an empty result.
@@ -137,13 +130,13 @@ protected:
         return LoadUserConf(seriesFolder, programPath, configPath, log, result, loadTLE);
     }
 
-    /// Checks that loading raises code 123, and leaves it in the result.
+    /// Checks that loading throws code 123, and leaves it in the result.
     void expectNoConfiguration(const std::string& seriesFolder, const std::string& programPath,
                                const std::string& configPath)
     {
         try {
             load(seriesFolder, programPath, configPath);
-            ADD_FAILURE() << "nothing was raised";
+            ADD_FAILURE() << "nothing was thrown";
         } catch (const TavelinException& failure) {
             EXPECT_EQ(failure.getCode(), 123);
             EXPECT_STREQ(failure.what(), "Error downloading configuration file.");
@@ -379,8 +372,8 @@ TEST_F(UserConfLoading, BrokenConfigurationLeavesTheDefaults)
 {
     makeFile(given, "<root><Service>satellites</Service>");
     const TPorogs porogs = load(series, programFolder, given, true);
-    expectResult(result, 139, "Error loading configuration file, file broken.", "Load user conf. " + given);
-    EXPECT_EQ(result.Details, Lines{given});
+    expectResult(result, 139, "Error loading configuration file, file broken.", "Load user conf. " + given,
+                 {given});
     // Extension and folder come after the settings of the series, and so not at all.
     expectDefaultsBut(porogs,
                       seriesRowsAnd({{"exe.FindOrb", "orbits/fo%exe%"}, {"exe.Java", "jre/java.exe"}}));
@@ -392,7 +385,7 @@ TEST_F(UserConfLoading, FolderInPlaceOfTheConfigurationIsABrokenOne)
 {
     const TPorogs porogs = load(series, programFolder, programFolder);
     expectResult(result, 139, "Error loading configuration file, file broken.",
-                 "Load user conf. " + programFolder);
+                 "Load user conf. " + programFolder, {programFolder});
     EXPECT_EQ(porogs.basicSettings.Telescope, "telescope");
     EXPECT_EQ(logOf(log).back(), "userConf.Config = " + programFolder);
 }
@@ -494,7 +487,7 @@ TEST(ProgramPaths, ExtensionGoesOutOfEveryPath)
         {"aexe", "aexe"},
         {".exe", ""},
         {"%exe%", ""},
-        // The first occurrence goes, wherever in the path it stands.
+        // The first occurrence goes, wherever in the path it is.
         {"/opt/.executor/find_orb.exe", "/opt/cutor/find_orb.exe"},
         // ".exe" goes first: what it leaves may be the marker, and what the marker leaves stays.
         {"a%.exeexe%", "a"},
@@ -567,8 +560,7 @@ TEST(Code142, CommentAndTheBeginningOfTheDescriptionStay)
     TFuncRes result;
     result.Details = {"kept"};
     SetCode142("Filter", "R", result);
-    expectResult(result, 142, "OK", "OKFilter out of [R] ");
-    EXPECT_EQ(result.Details, Lines{"kept"});
+    expectResult(result, 142, "OK", "OKFilter out of [R] ", {"kept"});
 
     TFuncRes failed;
     failed.Code = 7;

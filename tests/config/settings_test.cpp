@@ -8,7 +8,7 @@ using namespace tavelinUtils;
 
 namespace {
 
-// Whether a member stands before another in their record.
+// Whether a member comes before another in their record.
 template <class First, class Second>
 bool standsBefore(const First& first, const Second& second)
 {

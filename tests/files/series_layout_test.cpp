@@ -193,7 +193,8 @@ TEST(SeriesLayout, ALinkMayBeTheOneConfiguration)
     EXPECT_EQ(GetSeriaConfig(folder.path()), folder / "a.conf");
 }
 
-// Beside another ".conf" file the first or second of at least three lines shows which one is the system's own.
+// Beside another ".conf" file the first or second of at least three lines shows which one is the system's
+// own.
 TEST(SeriesLayout, AmongMoreConfigurationsTheRootLineDecides)
 {
     const Config rows[] = {

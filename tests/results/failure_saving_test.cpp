@@ -17,7 +17,7 @@ namespace {
 using Lines = std::vector<std::string>;
 using Names = std::set<std::string>;
 
-/// A failure whose texts are told by hand.
+/// A failure with texts of its own.
 TFuncRes lostFrame()
 {
     TFuncRes result;

@@ -134,7 +134,7 @@ TEST(TavelinExceptionRecord, HasTheLayoutThatOtherModulesCountOn)
     static_assert(sizeof(TavelinException) == 80);
     static_assert(sizeof(std::string) == 32);
     const TavelinException failure("message", "comment", 7);
-    // The code stands behind the virtual table, then message and comment.
+    // The code follows the virtual table, then come message and comment.
     const char* bytes = reinterpret_cast<const char*>(&failure);
     EXPECT_EQ(*reinterpret_cast<const int*>(bytes + 8), 7);
     EXPECT_EQ(*reinterpret_cast<const std::string*>(bytes + 16), "message");

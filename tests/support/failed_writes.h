@@ -33,7 +33,7 @@ void expectCode7(Write write)
     forUnwritablePaths([&](const std::string& path) {
         try {
             write(path);
-            ADD_FAILURE() << "nothing was raised";
+            ADD_FAILURE() << "nothing was thrown";
         } catch (const tavelinUtils::TavelinException& failure) {
             EXPECT_EQ(failure.getCode(), 7);
             EXPECT_EQ(failure.getComment(), path);

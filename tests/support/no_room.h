@@ -1,4 +1,4 @@
-// Disks without room, for writers that remove what stands at their path: a device would be gone after them.
+// Disks without room, for writers that remove what is at their path: a device would be gone after them.
 
 #pragma once
 
