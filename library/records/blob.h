@@ -17,76 +17,77 @@ namespace tavelinUtils {
 /// The head of a frame.
 struct TFitHead
 {
-    int FrameNumber = 0;
-    int date = 0;    ///< whole MJD of the mid-time
-    double time = 0; ///< and its fraction of the day
-    int Width = 0;   ///< pixels
-    int Height = 0;
-    double Exposure = 0; ///< seconds
-    std::string Instrument{};
-    std::string Filter{};
-    std::string PathFit{}; ///< the frame's file
-    double CRVAL1 = 0;     ///< centre of the plate solution, degrees
-    double CRVAL2 = 0;
-    double CD[4] = {}; ///< matrix of the plate solution
+    int FrameNumber = 0;      ///< number of the frame in its series
+    int date = 0;             ///< whole day of the mid-time, MJD
+    double time = 0;          ///< fraction of that day
+    int Width = 0;            ///< pixels
+    int Height = 0;           ///< pixels
+    double Exposure = 0;      ///< seconds
+    std::string Instrument{}; ///< carried into the note of a light curve
+    std::string Filter{};     ///< carried into the note of a light curve
+    std::string PathFit{};    ///< path of the frame's file
+    double CRVAL1 = 0;        ///< right ascension of the centre of the plate solution, degrees
+    double CRVAL2 = 0;        ///< declination of the centre of the plate solution, degrees
+    double CD[4] = {};        ///< matrix of the plate solution, in the order of its file
 };
 
 /// A frame with the marks on it.
 struct THeadBlobs : TFitHead
 {
-    std::vector<TRecLabelPervichka_File> Marks{};
+    std::vector<TRecLabelPervichka_File> Marks{}; ///< the blobs of the frame
 };
 
-// The doubles of the table stand behind a single 32-bit code, so without gaps they are unaligned. Read and
-// write the fields by value; bind no reference or pointer to one beyond a statement.
+// The doubles of the table follow a single 32-bit code, so without gaps they are unaligned. Read and write
+// the fields by value; bind no reference or pointer to one for longer than a statement.
 #pragma pack(push, 1)
 
-/// The flat form of a mark that travels in blob tables. Fields are those of the mark of the same name.
+/// The flat form of a mark that travels in blob tables. A field has the meaning and the unit of the mark's
+/// field of the same name.
 struct TBlobTable
 {
-    BlobCode Code = BlobCode::ok;
-    double X_bf = 0;
-    double Y_bf = 0;
-    double X_f = 0;
-    double Y_f = 0;
-    int AuxInt1 = 0;
-    int AuxInt2 = 0;
-    int TypeBlob = 0;
-    int AuxInt3 = 0;
-    int LinkIndex = 0;
-    double SNRafit = 0;
-    double SNRasegm = 0;
-    double SNRpeak = 0;
-    double FWHM = 0;
-    double SigFit = 0;
-    double RMSFit = 0;
-    double SNcorrnotnorm = 0;
-    double corrnorm = 0;
-    double Exc = 0;
-    double Angle = 0;
-    double Length = 0;
-    double Width = 0;
-    double Radius = 0;
-    double A = 0;
-    double Asegm = 0;
-    double Astrob = 0;
-    double RA = 0;
-    double AuxValue = 0; ///< between the coordinates here, behind them in the mark
-    double DE = 0;
-    double m = 0;
-    double RefValue1 = 0;
-    double RefValue2 = 0;
-    double RefValue3 = 0;
-    double RefValue4 = 0;
-    double RefValue5 = 0;
-    double RefValue6 = 0;
-    double RefValue7 = 0;
-    double RefValue8 = 0;
-    double RefValue9 = 0;
-    int Tag1 = 0;
-    int Tag2 = 0;
-    int Tag3 = 0;
-    int Tag4 = 0;
+    BlobCode Code = BlobCode::ok; ///< BlobCode of the mark
+    double X_bf = 0;              ///< pixels
+    double Y_bf = 0;              ///< pixels
+    double X_f = 0;               ///< pixels
+    double Y_f = 0;               ///< pixels
+    int AuxInt1 = 0;              ///< carried
+    int AuxInt2 = 0;              ///< carried
+    int TypeBlob = 0;             ///< number of the kind
+    int AuxInt3 = 0;              ///< carried
+    int LinkIndex = 0;            ///< carried
+    double SNRafit = 0;           ///< signal-to-noise ratio
+    double SNRasegm = 0;          ///< signal-to-noise ratio
+    double SNRpeak = 0;           ///< signal-to-noise ratio
+    double FWHM = 0;              ///< pixels
+    double SigFit = 0;            ///< pixels
+    double RMSFit = 0;            ///< ADU
+    double SNcorrnotnorm = 0;     ///< measure of correlation
+    double corrnorm = 0;          ///< measure of correlation
+    double Exc = 0;               ///< eccentricity
+    double Angle = 0;             ///< no unit is given
+    double Length = 0;            ///< no unit is given
+    double Width = 0;             ///< no unit is given
+    double Radius = 0;            ///< no unit is given
+    double A = 0;                 ///< no unit is given
+    double Asegm = 0;             ///< no unit is given
+    double Astrob = 0;            ///< no unit is given
+    double RA = 0;                ///< degrees
+    double AuxValue = 0;          ///< carried; between the coordinates here, after them in the mark
+    double DE = 0;                ///< degrees
+    double m = 0;                 ///< magnitudes
+    double RefValue1 = 0;         ///< carried
+    double RefValue2 = 0;         ///< carried
+    double RefValue3 = 0;         ///< carried
+    double RefValue4 = 0;         ///< degrees, or a residual
+    double RefValue5 = 0;         ///< degrees, or a residual
+    double RefValue6 = 0;         ///< a residual
+    double RefValue7 = 0;         ///< carried
+    double RefValue8 = 0;         ///< carried
+    double RefValue9 = 0;         ///< carried
+    int Tag1 = 0;                 ///< number of a group; else carried
+    int Tag2 = 0;                 ///< carried
+    int Tag3 = 0;                 ///< carried
+    int Tag4 = 0;                 ///< carried
 };
 
 #pragma pack(pop)
@@ -94,12 +95,12 @@ struct TBlobTable
 static_assert(sizeof(TBlobTable) == 10 * sizeof(int) + 33 * sizeof(double),
               "the fields follow each other without gaps");
 
-/// A blob of a group: its frame and its place there.
+/// A blob of a group.
 struct TIndVK
 {
-    int FrameNumber = 0;
-    int BlobIndex = 0;
-    int Third = 0; ///< no file of representatives keeps it
+    int FrameNumber = 0; ///< number of the blob's frame
+    int BlobIndex = 0;   ///< index of the blob on that frame
+    int Third = 0;       ///< no file of representatives keeps it
 };
 
 static_assert(sizeof(TIndVK) == 12);
@@ -107,19 +108,19 @@ static_assert(sizeof(TIndVK) == 12);
 /// One star or object that stands for a group of blobs across frames.
 struct TRepresent
 {
-    double X = 0;
-    double Y = 0;
-    double Value = 0;
-    int Index = -1;
-    std::vector<TIndVK> Items{};
+    double X = 0;                ///< position; no unit is given
+    double Y = 0;                ///< position; no unit is given
+    double Value = 0;            ///< the column mFcat of SaveIndIC; else carried
+    int Index = -1;              ///< carried; SaveIndIC reports whether it is below 0
+    std::vector<TIndVK> Items{}; ///< the blobs of the group
 };
 
 /// A point of a segment.
 struct TSegmentPoint
 {
-    int X = 0;
-    int Y = 0;
-    double Value = 0;
+    int X = 0;        ///< pixels
+    int Y = 0;        ///< pixels
+    double Value = 0; ///< brightness of the pixel
 };
 
 static_assert(sizeof(TSegmentPoint) == 16);
@@ -127,45 +128,45 @@ static_assert(sizeof(TSegmentPoint) == 16);
 /// A connected segment of pixels.
 struct DTSegment
 {
-    int X = 0;
-    int Y = 0;
-    double Value = 0;
-    std::vector<TSegmentPoint> Points{};
+    int X = 0;                           ///< position, pixels
+    int Y = 0;                           ///< position, pixels
+    double Value = 0;                    ///< carried
+    std::vector<TSegmentPoint> Points{}; ///< its pixels
 };
 
 /// One object with its outline.
 struct TObjKontur
 {
-    int Kind = 0; ///< 1: the stored centre is used if it is set
-    int X = 0;    ///< position, pixels
-    int Y = 0;
-    double Value = 0;
-    double ValueA = 0;            ///< a brightness
+    int Kind = 0;                 ///< 1: the stored centre is used if it is set
+    int X = 0;                    ///< position, pixels
+    int Y = 0;                    ///< position, pixels
+    double Value = 0;             ///< carried
+    double ValueA = 0;            ///< a brightness; no unit is given
     std::vector<pixel> Contour{}; ///< the outline
     std::vector<pixel> Area{};    ///< all pixels
     int Index = 0;                ///< position in its list
-    double XWeight = 0;           ///< the stored centre: weighted by brightness, and plain
-    double YWeight = 0;
-    double XMean = 0;
-    double YMean = 0;
-    double ValueB = 0; ///< takes ValueA where it is 0
-    double Width = 0;  ///< the measured shape, pixels and degrees
-    double Length = 0;
-    double Angle = 0;
-    double Exc = 0;
+    double XWeight = 0;           ///< stored centre, weighted by brightness, X, pixels
+    double YWeight = 0;           ///< stored centre, weighted by brightness, Y, pixels
+    double XMean = 0;             ///< stored centre, plain, X, pixels
+    double YMean = 0;             ///< stored centre, plain, Y, pixels
+    double ValueB = 0;            ///< takes ValueA where it is 0
+    double Width = 0;             ///< measured width, pixels
+    double Length = 0;            ///< measured length, pixels
+    double Angle = 0;             ///< measured direction of the major axis, degrees
+    double Exc = 0;               ///< measured eccentricity
 };
 
 /// A peak of a fitted blob. Each one that is built gets a number of its own; a copy keeps that of its
 /// source. The counter is a plain one: peaks are built on one thread.
 struct TRecPeak
 {
-    inline static int idCounter = 0;
+    inline static int idCounter = 0; ///< the next number
 
-    int id = nextId();
-    int BlobNumber = 0;
+    int id = nextId();  ///< the number that the counter gave
+    int BlobNumber = 0; ///< number of the blob
 
 private:
-    // Goes on at the lowest number behind the highest.
+    // After the highest number comes the lowest.
     static int nextId()
     {
         const int id = idCounter;
@@ -175,92 +176,92 @@ private:
 };
 
 /// A fitted blob as the stages work with it; `VihodFullBranch_file` is its form on disk. Building one counts
-/// two peaks.
+/// two peaks. Where the mark has a field of the same name, meaning and unit are those of that field.
 struct VihodExt
 {
-    double X = 0; ///< pixels
-    double Y = 0;
-    double A = 0;
-    double Asegm = 0;
-    double BackMean = 0;
-    double BackSKO = 0;
-    double SNRafit = 0;
-    double SNRasegm = 0;
-    double SNRpeak = 0;
-    double Radius = 0;
-    double FWHM = 0;
-    double SigFit = 0;
-    double RMSratio = 0;
-    int Aux1 = 0;
-    int Aux2 = 0;
-    int Aux3 = 0;
-    double AstrobCount = 0;
-    TPeakType PeakType{};
-    TTypeBlob TypeBlob = TTypeBlob::prShort;
-    double Width = 0;
-    double Length = 0;
-    double Angle = 0;
-    double Exc = 0;
-    double Ref1 = 0;
-    double Ref2 = 0;
-    tavelinUtils::BlobCode BlobCode = tavelinUtils::BlobCode::ok;
-    double Tail1 = 0;
-    double Tail2 = 0;
-    double Tail3 = 0;
-    double Tail4 = 0;
-    double Tail5 = 0;
-    int Tail6 = 0;
-    int LinkIndex = 0;
-    double SNcorrnotnorm = 0;
-    double corrnorm = 0;
-    int BlobNumber = 0;
-    TRecPeak Peak1{};
-    TRecPeak Peak2{};
-    int Index = 0; ///< position of the blob's object in the list of TObjKontur
+    double X = 0;           ///< pixels
+    double Y = 0;           ///< pixels
+    double A = 0;           ///< fitted amplitude; no unit is given
+    double Asegm = 0;       ///< amplitude of the segment; no unit is given
+    double BackMean = 0;    ///< carried
+    double BackSKO = 0;     ///< carried
+    double SNRafit = 0;     ///< signal-to-noise ratio of A
+    double SNRasegm = 0;    ///< signal-to-noise ratio of Asegm
+    double SNRpeak = 0;     ///< signal-to-noise ratio at the peak
+    double Radius = 0;      ///< radius of the blob; no unit is given
+    double FWHM = 0;        ///< pixels
+    double SigFit = 0;      ///< pixels
+    double RMSratio = 0;    ///< rms of the fit in units of A
+    int Aux1 = 0;           ///< carried
+    int Aux2 = 0;           ///< carried
+    int Aux3 = 0;           ///< carried
+    double AstrobCount = 0; ///< amplitude of the strobe, no unit is given; a whole number on disk
+    TPeakType PeakType{};   ///< kind of peak
+    TTypeBlob TypeBlob = TTypeBlob::prShort;                      ///< kind of blob
+    double Width = 0;                                             ///< width of the blob; no unit is given
+    double Length = 0;                                            ///< length of the blob; no unit is given
+    double Angle = 0;                                             ///< angle of the blob; no unit is given
+    double Exc = 0;                                               ///< eccentricity
+    double Ref1 = 0;                                              ///< carried
+    double Ref2 = 0;                                              ///< carried
+    tavelinUtils::BlobCode BlobCode = tavelinUtils::BlobCode::ok; ///< verdict on the blob
+    double Tail1 = 0;                                             ///< carried
+    double Tail2 = 0;                                             ///< carried
+    double Tail3 = 0;                                             ///< carried
+    double Tail4 = 0;                                             ///< carried
+    double Tail5 = 0;                                             ///< carried
+    int Tail6 = 0;                                                ///< carried
+    int LinkIndex = 0;                                            ///< carried
+    double SNcorrnotnorm = 0;                                     ///< measure of correlation, not normalised
+    double corrnorm = 0;                                          ///< measure of correlation, normalised
+    int BlobNumber = 0;                                           ///< number of the blob
+    TRecPeak Peak1{}; ///< first peak; it has the number of the blob
+    TRecPeak Peak2{}; ///< second peak
+    int Index = 0;    ///< position of the blob's object in the list of TObjKontur
 };
 
 /// A star of a catalogue.
 struct TRecCat2
 {
-    double RA = 0; ///< degrees
-    double DE = 0;
-    double m = 0;
-    std::string Name{};
+    double RA = 0;      ///< degrees
+    double DE = 0;      ///< degrees
+    double m = 0;       ///< magnitudes
+    std::string Name{}; ///< name of the star
 };
 
 /// A point of a blob list.
 struct TRecTRI
 {
-    double X = 0; ///< pixels
-    double Y = 0;
-    double Value3 = 0;
-    double Value4 = 0;
-    double Value5 = 0;
-    double Value6 = 0;
-    double Value7 = 0;
-    double Value8 = 0;
-    double Value9 = 0;
+    double X = 0;      ///< pixels
+    double Y = 0;      ///< pixels
+    double Value3 = 0; ///< carried
+    double Value4 = 0; ///< carried
+    double Value5 = 0; ///< carried
+    double Value6 = 0; ///< carried
+    double Value7 = 0; ///< carried
+    double Value8 = 0; ///< carried
+    double Value9 = 0; ///< carried; the third column of a blob list
 };
 
 /// A comparison star.
 struct TComparStar
 {
-    double A = 0; ///< amplitude
+    double A = 0; ///< amplitude; no unit is given
 };
 
 /// The fitted position of an object.
 struct TFittObject
 {
-    double X = 0;
-    double Y = 0;
+    double X = 0;  ///< pixels
+    double Y = 0;  ///< pixels
     int Index = 0; ///< position in the list of TObjKontur
 };
 
-/// A blob of a track: its frame and its place there.
+/// A blob of a track.
 struct TIndFrBl
 {
-    int FrameNumber = 0;
-    int BlobIndex = 0;
+    int FrameNumber = 0; ///< number of the blob's frame
+    int BlobIndex = 0;   ///< index of the blob on that frame
 };
 
 static_assert(sizeof(TIndFrBl) == 8);
@@ -268,18 +269,18 @@ static_assert(sizeof(TIndFrBl) == 8);
 /// The blobs of a fast object.
 struct TBranch
 {
-    std::vector<TIndFrBl> Items{};
+    std::vector<TIndFrBl> Items{}; ///< one for each blob
 };
 
-/// A track of the Hough search: the five values of its strobe, and its blobs.
+/// A track of the Hough search.
 struct THOKTrack
 {
-    double Value1 = 0;
-    double Value2 = 0;
-    double Value3 = 0;
-    double Value4 = 0;
-    double Value5 = 0;
-    std::vector<TIndFrBl> Items{};
+    double Value1 = 0;             ///< first value of the strobe; carried
+    double Value2 = 0;             ///< second value of the strobe; carried
+    double Value3 = 0;             ///< third value of the strobe; carried
+    double Value4 = 0;             ///< fourth value of the strobe; carried
+    double Value5 = 0;             ///< fifth value of the strobe; carried
+    std::vector<TIndFrBl> Items{}; ///< its blobs
 };
 
 static_assert(offsetof(THOKTrack, Value1) == 0 && offsetof(THOKTrack, Items) == 40,

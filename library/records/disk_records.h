@@ -1,7 +1,7 @@
-// Records whose images are the files: what the tools of the pipeline hand to each other, byte by byte.
+// Records that files store byte by byte: what the tools of the pipeline exchange.
 //
 // Integers have 32 bits, floats are IEEE 754, all in the machine's little-endian order. A gap is a member of
-// its own, so that no byte of an image is left to the compiler; the writers put zero there whatever it holds.
+// its own, so that no byte of a record is left to the compiler; the writers put zero there whatever it holds.
 
 #pragma once
 
@@ -10,50 +10,50 @@
 
 namespace tavelinUtils {
 
-static_assert(std::endian::native == std::endian::little, "the images of records are the files");
+static_assert(std::endian::native == std::endian::little, "the files hold the bytes of the records");
 
 /// A fitted blob as the fitting branch stores it. Kinds and codes are plain numbers here.
 struct VihodFullBranch_file
 {
-    double X = 0; ///< pixels
-    double Y = 0;
-    double A = 0; ///< fitted amplitude
-    double Asegm = 0;
-    double BackMean = 0;
-    double BackSKO = 0;
-    double SNRafit = 0;
-    double SNRasegm = 0;
-    double SNRpeak = 0;
-    double Radius = 0;
-    unsigned char Gap80[16] = {};
-    double FWHM = 0;
-    double SigFit = 0;
-    double RMSratio = 0; ///< rms of the fit in units of A
-    int Aux1 = 0;
-    int Aux2 = 0;
-    int Aux3 = 0;
-    int AstrobCount = 0;
-    int PeakType = 0;
-    unsigned char Gap140[4] = {};
-    double Width = 0;
-    double Length = 0;
-    double Angle = 0;
-    double Exc = 0;
-    int TypeBlob = 0;
-    unsigned char Gap180[4] = {};
-    double Ref1 = 0;
-    double Ref2 = 0;
-    int BlobCode = 0;
-    unsigned char Gap204[4] = {};
-    double Tail1 = 0;
-    double Tail2 = 0;
-    double Tail3 = 0;
-    double Tail4 = 0;
-    double Tail5 = 0;
-    int Tail6 = 0;
-    int LinkIndex = 0;
-    double SNcorrnotnorm = 0;
-    double corrnorm = 0;
+    double X = 0;                 ///< pixels
+    double Y = 0;                 ///< pixels
+    double A = 0;                 ///< fitted amplitude; no unit is given
+    double Asegm = 0;             ///< amplitude of the segment; no unit is given
+    double BackMean = 0;          ///< carried
+    double BackSKO = 0;           ///< carried
+    double SNRafit = 0;           ///< signal-to-noise ratio of A
+    double SNRasegm = 0;          ///< signal-to-noise ratio of Asegm
+    double SNRpeak = 0;           ///< signal-to-noise ratio at the peak
+    double Radius = 0;            ///< radius of the blob; no unit is given
+    unsigned char Gap80[16] = {}; ///< zero
+    double FWHM = 0;              ///< pixels
+    double SigFit = 0;            ///< pixels
+    double RMSratio = 0;          ///< rms of the fit in units of A
+    int Aux1 = 0;                 ///< carried
+    int Aux2 = 0;                 ///< carried
+    int Aux3 = 0;                 ///< carried
+    int AstrobCount = 0;          ///< amplitude of the strobe; no unit is given
+    int PeakType = 0;             ///< number of the kind of peak
+    unsigned char Gap140[4] = {}; ///< zero
+    double Width = 0;             ///< width of the blob; no unit is given
+    double Length = 0;            ///< length of the blob; no unit is given
+    double Angle = 0;             ///< angle of the blob; no unit is given
+    double Exc = 0;               ///< eccentricity
+    int TypeBlob = 0;             ///< number of the kind of blob
+    unsigned char Gap180[4] = {}; ///< zero
+    double Ref1 = 0;              ///< carried
+    double Ref2 = 0;              ///< carried
+    int BlobCode = 0;             ///< number of the verdict on the blob
+    unsigned char Gap204[4] = {}; ///< zero
+    double Tail1 = 0;             ///< carried
+    double Tail2 = 0;             ///< carried
+    double Tail3 = 0;             ///< carried
+    double Tail4 = 0;             ///< carried
+    double Tail5 = 0;             ///< carried
+    int Tail6 = 0;                ///< carried
+    int LinkIndex = 0;            ///< carried
+    double SNcorrnotnorm = 0;     ///< measure of correlation, not normalised
+    double corrnorm = 0;          ///< measure of correlation, normalised
 };
 
 static_assert(sizeof(VihodFullBranch_file) == 272);
@@ -89,19 +89,19 @@ static_assert(offsetof(VihodFullBranch_file, corrnorm) == 264);
 /// A mark in the compact form of the secondary processing.
 struct TVOBlobFile
 {
-    float X_bf = 0; ///< pixels
-    float Y_bf = 0;
-    float RA = 0; ///< degrees
-    float DE = 0;
-    float Length = 0;
-    float Width = 0;
-    float Angle = 0;
-    float Exc = 0;
-    float SNRasegm = 0;
-    float m = 0;
-    int date = 0; ///< whole MJD
-    unsigned char Gap44[4] = {};
-    double time = 0; ///< and its fraction of the day
+    float X_bf = 0;              ///< pixels
+    float Y_bf = 0;              ///< pixels
+    float RA = 0;                ///< degrees
+    float DE = 0;                ///< degrees
+    float Length = 0;            ///< as in the mark; no unit is given
+    float Width = 0;             ///< as in the mark; no unit is given
+    float Angle = 0;             ///< as in the mark; no unit is given
+    float Exc = 0;               ///< eccentricity
+    float SNRasegm = 0;          ///< signal-to-noise ratio of Asegm
+    float m = 0;                 ///< magnitudes
+    int date = 0;                ///< whole day, MJD
+    unsigned char Gap44[4] = {}; ///< zero
+    double time = 0;             ///< fraction of that day
 };
 
 static_assert(sizeof(TVOBlobFile) == 56);
@@ -116,11 +116,11 @@ static_assert(offsetof(TVOBlobFile, time) == 48);
 /// A star of the light catalogue.
 struct TRecCatLight
 {
-    double RA = 0; ///< degrees
-    double DE = 0;
-    double X = 0; ///< pixels
-    double Y = 0;
-    double m = 0;
+    double RA = 0;                  ///< degrees
+    double DE = 0;                  ///< degrees
+    double X = 0;                   ///< pixels
+    double Y = 0;                   ///< pixels
+    double m = 0;                   ///< magnitudes
     unsigned char Carried[16] = {}; ///< no gap: kept as it is, in memory and on disk
 };
 
@@ -132,9 +132,9 @@ static_assert(offsetof(TRecCatLight, m) == 32 && offsetof(TRecCatLight, Carried)
 /// A position and an amplitude.
 struct TXYAdbl
 {
-    double X = 0;
-    double Y = 0;
-    double A = 0;
+    double X = 0; ///< position; no unit is given
+    double Y = 0; ///< position; no unit is given
+    double A = 0; ///< amplitude; no unit is given
 };
 
 static_assert(sizeof(TXYAdbl) == 24);

@@ -10,23 +10,23 @@ struct pixel
     int X = 0;    ///< column
     int Y = 0;    ///< row
     double C = 0; ///< brightness
-    double A = 0; ///< an angle or another key
+    double A = 0; ///< an angle or another key to sort by
 };
 
 /// A place between pixels and its value.
 struct pixelD
 {
-    double X = 0;
-    double Y = 0;
-    double C = 0;
-    double A = 0;
+    double X = 0; ///< column, with fraction
+    double Y = 0; ///< row, with fraction
+    double C = 0; ///< brightness
+    double A = 0; ///< an angle or another key to sort by
 };
 
 /// A pixel of an aperture.
 struct pixelAper
 {
-    int X = 0;
-    int Y = 0;
+    int X = 0; ///< column
+    int Y = 0; ///< row
 };
 
 } // namespace tavelinUtils
