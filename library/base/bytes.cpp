@@ -48,7 +48,7 @@ bool readBytes(const std::string& path, FileBytes& file)
     if (!stream) {
         return false;
     }
-    // One byte more than the file is said to hold, so that its end is met without a second round.
+    // One byte more than the size of the file, so that the first read already meets its end.
     std::size_t room = sizeOf(stream.get()) + 1;
     FileBytes read{std::make_unique_for_overwrite<char[]>(room + spareBytes), 0};
     while (const std::size_t count =

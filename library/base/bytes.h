@@ -1,4 +1,4 @@
-// Bytes of files: opening, whole files in and out, presence.
+// Bytes of files: opening, reading and writing whole files, presence.
 
 #pragma once
 
@@ -22,23 +22,23 @@ struct CloseFile
 /// A stream that closes itself.
 using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
 
-/// Opens a file in a mode of the C library. A null pointer where that fails.
+/// Opens a file in a mode of the C library. A null pointer if that fails.
 OpenFile openFile(const std::string& path, const char* mode);
 
-/// Whether the path can be opened for reading, as a folder can too.
+/// Whether the path can be opened for reading; a folder can.
 bool canBeOpened(const std::string& path);
 
-/// Opens a file for reading as one stream of bytes, without a buffer of the stream's own. A null pointer
-/// where it cannot be opened, or is a folder.
+/// Opens a file for reading as an unbuffered stream of bytes. A null pointer if it cannot be opened or is a
+/// folder.
 OpenFile openForReading(const std::string& path);
 
-/// The size of an open file in bytes; 0 for what is no regular file.
+/// The size of an open file in bytes; 0 for anything but a regular file.
 std::size_t sizeOf(std::FILE* file);
 
 /// The bytes of a file.
 struct FileBytes
 {
-    /// Zero bytes behind the last, so that a scanner may look a few bytes ahead at the end.
+    /// Zero bytes after the last, so that a scanner may look a few bytes ahead at the end.
     static constexpr std::size_t spareBytes = 8;
 
     std::unique_ptr<char[]> bytes;
@@ -50,12 +50,11 @@ struct FileBytes
     }
 };
 
-/// Reads a file to its end in one step, with spare zero bytes behind the last. False when it cannot be
-/// opened or read, as with a folder; the target is then untouched.
+/// Reads a file to its end in one step and adds spare zero bytes. False for a file that cannot be opened or
+/// read, such as a folder; the target is then untouched.
 bool readBytes(const std::string& path, FileBytes& file);
 
-/// Opens a file in the mode and hands the bytes to the system in one write. False when opening, writing or
-/// closing fails.
+/// Opens a file in the mode and writes the bytes in one call. False when opening, writing or closing fails.
 bool writeBytes(const std::string& path, const char* mode, std::string_view bytes);
 
 } // namespace tavelinUtils

@@ -1,4 +1,4 @@
-// The last answer of a costly conversion, kept for the next question.
+// Memo of one conversion: its last answer, returned while the same question is asked again.
 
 #pragma once
 
@@ -6,13 +6,14 @@
 
 namespace tavelinUtils {
 
-/// Keeps the last answer of a costly conversion. Neighbouring marks share their night, so that the calendar
+/// Remembers the last answer of a costly conversion. Neighbouring marks share their night, so the calendar
 /// runs once for each new date.
 template <class Question, class Answer>
 class LastAnswer
 {
 public:
-    /// The answer to a question: the kept one where the question is that of the last call.
+    /// The answer to a question: the remembered one if the last call asked the same, otherwise
+    /// convert(question).
     template <class Asked, class Convert>
     const Answer& answerTo(const Asked& question, Convert convert)
     {
@@ -30,12 +31,12 @@ private:
     Answer answer{};
 };
 
-/// Texts of whole MJDs, in the one form of the writer that keeps them.
+/// Date texts of whole MJDs, all in the one form of their writer.
 class DateTexts : public LastAnswer<int, std::string>
 {
 };
 
-/// Whole MJDs of date texts, in the one form of the reader that keeps them.
+/// Whole MJDs of date texts, all in the one form of their reader.
 class DayNumbers : public LastAnswer<std::string, int>
 {
 };

@@ -1,4 +1,4 @@
-// Lines: their ends, their fields of fixed place, and the lines of a whole file.
+// Lines: line ends, fields at fixed columns, and the lines of a whole file.
 
 #pragma once
 
@@ -21,7 +21,7 @@ inline std::string_view withoutLineEnd(std::string_view line)
     return line;
 }
 
-/// A field of fixed place in a line, 0-based.
+/// A field at fixed columns of a line, counted from 0.
 struct LineColumn
 {
     std::size_t first;
@@ -35,31 +35,31 @@ inline std::string_view cutColumn(std::string_view line, LineColumn column)
     return line.substr(column.first, column.width);
 }
 
-/// Hands each line of a file's bytes to a function, without its line end and without the tabs before
-/// that. A line feed at the end of the bytes makes no further line.
+/// Calls a function with each line of a file's bytes, without its line end and the tabs before that. A line
+/// feed at the end of the bytes starts no further line.
 template <class Use>
 void forEachLine(std::string_view bytes, Use use)
 {
     forEachToken(bytes, '\n', [&use](std::string_view line) { use(withoutLineEnd(line)); });
 }
 
-/// How many lines the bytes of a file hold at most.
+/// The number of lines that the bytes of a file hold at most.
 inline std::size_t countLines(std::string_view bytes)
 {
     return static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1;
 }
 
-/// Hands each line of a file to a reading that takes lines one after the other, after it has reserved room
-/// for them. False for a file that cannot be read.
-template <class Reading>
-bool readLines(const std::string& path, Reading& reading)
+/// Calls reader.reserve with the number of lines of a file, then reader.add for each line. False for a file
+/// that cannot be read.
+template <class Reader>
+bool readLines(const std::string& path, Reader& reader)
 {
     FileBytes file;
     if (!readBytes(path, file)) {
         return false;
     }
-    reading.reserve(countLines(file.view()));
-    forEachLine(file.view(), [&reading](std::string_view line) { reading.add(line); });
+    reader.reserve(countLines(file.view()));
+    forEachLine(file.view(), [&reader](std::string_view line) { reader.add(line); });
     return true;
 }
 

@@ -30,7 +30,7 @@ constexpr auto powersOfTen = [] {
     return powers;
 }();
 
-// Integers up to here are exact in a double, and so are these powers of ten: their quotient is rounded
+// Integers up to this one are exact in a double, and so are these powers of ten: their quotient is rounded
 // once and is therefore the number that the digits mean.
 constexpr std::uint64_t exactInteger = std::uint64_t{1} << 53;
 constexpr int exactDecimals = 22;
@@ -39,7 +39,7 @@ constexpr double exactPowers[exactDecimals + 1] = {1e0,  1e1,  1e2,  1e3,  1e4, 
                                                    1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
 // |value| times ten to the precision, rounded to the nearest integer with ties to even, all in integer
-// arithmetic; nothing for what does not fit 64 bits.
+// arithmetic; nothing if the result does not fit 64 bits.
 std::optional<std::uint64_t> scaledMagnitude(double value, int precision)
 {
     constexpr int mantissaBits = 52;
@@ -54,7 +54,7 @@ std::optional<std::uint64_t> scaledMagnitude(double value, int precision)
     if (exponent != 0) {
         mantissa |= std::uint64_t{1} << mantissaBits;
     }
-    // Below 53 + 64 bits, so a larger shift leaves less than a half.
+    // The product has fewer than 53 + 64 bits, so a larger shift leaves less than a half.
     const WideInteger product = WideInteger{mantissa} * powersOfTen[static_cast<std::size_t>(precision)];
     if (shift > 117) {
         return 0;
@@ -81,7 +81,7 @@ constexpr char digitPairs[] = "00010203040506070809"
                               "80818283848586878889"
                               "90919293949596979899";
 
-// Writes the digits of a number so that they end at `end`; returns where they begin.
+// Writes the digits of a number so that they end at `end`; returns where they start.
 char* writeDigitsBefore(char* end, std::uint64_t number)
 {
     while (number >= 100) {
@@ -119,7 +119,7 @@ void appendScaled(std::string& out, bool negative, std::uint64_t scaled, int pre
     out.append(begin, static_cast<std::size_t>(end - begin));
 }
 
-// For what the short way does not hold: many decimals, large numbers, infinities.
+// For what integer arithmetic cannot hold: many decimals, large numbers, infinities.
 void appendFixedAtLength(std::string& out, double value, int precision)
 {
     constexpr std::size_t longestWhole = std::numeric_limits<double>::max_exponent10 + 3;
@@ -150,7 +150,7 @@ std::string_view withoutLeadingSpace(std::string_view text)
     return text.substr(std::min(text.find_first_not_of(whiteSpace), text.size()));
 }
 
-// The library's own reading, which wants a zero byte behind the text.
+// The C library's conversion, which needs a zero byte after the text.
 double readByLibrary(std::string_view text)
 {
     char shortText[64];
@@ -241,7 +241,7 @@ double toDouble(std::string_view text)
     if (negative || *at == '+') {
         ++at;
     }
-    // What has more digits than fit wraps around here and is left to the library.
+    // A number with too many digits wraps around here and is left to the library.
     std::uint64_t number = 0;
     const auto readDigits = [&number, &at, end] {
         const char* const begin = at;
@@ -276,7 +276,8 @@ int toInt(std::string_view text)
     if (negative || (!text.empty() && text.front() == '+')) {
         text.remove_prefix(1);
     }
-    // As `strtol`, whose answer stays at the ends of the long range; its lower 32 bits are the result.
+    // Like `strtol`, whose answer saturates at the ends of the range of long; its lower 32 bits are the
+    // result.
     constexpr std::uint64_t highest = std::numeric_limits<std::int64_t>::max();
     const std::uint64_t limit = negative ? highest + 1 : highest;
     std::uint64_t number = 0;
@@ -304,7 +305,7 @@ int cutToInt(double x)
     return static_cast<int>(x);
 }
 
-// Halves go up here, and away from zero in RoundDouble.
+// Halves are rounded up here, and away from zero in RoundDouble.
 double roundedTo(double value, int precision)
 {
     const auto scaled = scaledMagnitude(value, precision);

@@ -1,4 +1,4 @@
-// Numbers in texts: printed into a buffer and read from a view, as printf, strtod and strtol do it in the "C"
+// Numbers as text: printed into a buffer and read from a view, as printf, strtod and strtol do in the "C"
 // locale.
 
 #pragma once
@@ -21,31 +21,31 @@ int toInt(std::string_view text);
 /// counts as 6.
 void appendFixed(std::string& out, double value, int precision);
 
-/// Appends the same and a tab.
+/// Appends the same number and a tab.
 void appendColumn(std::string& out, double value, int precision);
 
-/// Appends the same with a "0" in front where the number in that rounded text is below 10.0. So
-/// a negative number has the "0" before its sign.
+/// Appends the same number with a "0" in front if the rounded text means a number below 10.0, so a negative
+/// number has the "0" before its sign.
 void appendFixedTwoDigits(std::string& out, double value, int precision);
 
 /// Appends an integer in decimal.
 void appendInt(std::string& out, int value);
 
-/// Appends the same with a "0" in front of a value of at most 9.
+/// Appends an integer with a "0" in front of a value of at most 9.
 void appendTwoDigits(std::string& out, int value);
 
-/// Removes the first point that stands at or behind the position, where there is one.
+/// Removes the first point at or after the position, if there is one.
 void erasePoint(std::string& out, std::size_t begin);
 
 /// Append a text padded with blanks on its right, or on its left, to the width.
 void appendPaddedRight(std::string& out, std::string_view text, std::size_t width);
 void appendPaddedLeft(std::string& out, std::string_view text, std::size_t width);
 
-/// A double cut to an integer: towards zero, 0 for not-a-number, and the nearest end of the range for
-/// what does not fit.
+/// A double truncated to an integer: 0 for not-a-number, and the nearest end of the range for a value that
+/// does not fit.
 int cutToInt(double x);
 
-/// A number rounded to decimals through its text.
+/// A number rounded to decimals by way of its text.
 double roundedTo(double value, int precision);
 
 } // namespace tavelinUtils

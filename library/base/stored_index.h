@@ -1,4 +1,4 @@
-// Indexes that records hold of each other, and lists that may not have what they name.
+// Indexes by which records refer to each other; one may be outside its list.
 
 #pragma once
 
@@ -6,7 +6,7 @@
 
 namespace tavelinUtils {
 
-/// The element that an index names; a null pointer where the list has none.
+/// The element at an index; a null pointer if the list has none there.
 template <class List>
 auto* elementAt(List& list, int index)
 {

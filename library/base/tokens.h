@@ -1,4 +1,4 @@
-// Tokens: a text cut at its separators.
+// Tokens: a text split at its separators.
 
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace tavelinUtils {
 
-/// Hands each token of a text to a function, by the rule of Pars9 for a separator of one character.
+/// Calls a function with each token of a text, by the rule of Pars9 for a separator of one character.
 template <class Use>
 void forEachToken(std::string_view text, char separator, Use use)
 {
@@ -28,7 +28,8 @@ void forEachToken(std::string_view text, char separator, Use use)
 }
 
 /// The same for a separator of any length; an empty one gives none. A longer one is appended even where the
-/// text ends in it, which makes one more empty token; one that the text's end completes ends the token early.
+/// text ends in it, which makes one more empty token; where the end of the text and the appended separator
+/// together form one, the token ends early.
 template <class Use>
 void forEachToken(std::string_view text, const std::string& separator, Use use)
 {
@@ -55,9 +56,9 @@ inline std::size_t countTokens(std::string_view text, char separator)
     return count;
 }
 
-/// Cuts a text at a separator as Pars9 does with the separator put behind the text, so that a text that
-/// ends in the separator has an empty last part. Keeps as many parts as there is room for, leaves the rest
-/// of the room as it was, and returns how many parts there are.
+/// Splits a text at a separator as Pars9 splits the text with the separator appended, so that a text that
+/// ends in the separator has an empty last part. Keeps as many parts as fit into the array, leaves its other
+/// elements as they were, and returns how many parts there are.
 template <std::size_t room>
 std::size_t cutParts(std::string_view text, char separator, std::array<std::string_view, room>& parts)
 {
@@ -75,7 +76,7 @@ std::size_t cutParts(std::string_view text, char separator, std::array<std::stri
     }
 }
 
-/// The first three parts of a text, by the rule of cutParts; a part that is not there is empty.
+/// The first three parts of a text, by the rule of cutParts; a missing part is empty.
 inline std::array<std::string_view, 3> threeParts(std::string_view text, char separator)
 {
     std::array<std::string_view, 3> parts;
@@ -83,8 +84,8 @@ inline std::array<std::string_view, 3> threeParts(std::string_view text, char se
     return parts;
 }
 
-/// Hands the position of each separator in a text to a function. Looks at eight bytes at a time, which for
-/// the short fields of a table is a few times as fast as one search for each.
+/// Calls a function with the position of each separator in a text. Examines eight bytes at a time, which for
+/// the short fields of a table is several times as fast as one search for each.
 template <class Use>
 void forEachSeparator(std::string_view text, char separator, Use use)
 {

@@ -9,10 +9,10 @@ namespace tavelinUtils {
 /// One bin.
 struct THisto
 {
-    double Lo = 0; ///< included
-    double Hi = 0; ///< excluded
-    int Count = 0;
-    std::vector<int> Ind{}; ///< which values it holds
+    double Lo = 0;          ///< lower limit, included, in the unit of the values
+    double Hi = 0;          ///< upper limit, excluded
+    int Count = 0;          ///< how many values it holds
+    std::vector<int> Ind{}; ///< which ones: their indexes
 };
 
 } // namespace tavelinUtils
@@ -23,8 +23,8 @@ using tavelinUtils::THisto;
 
 /// The histogram of values between the smallest and the largest, which come back sorted; a bin's indexes are
 /// those of the sorted list. Bins exclude their upper limit, so the largest value is in none, unless rounding
-/// puts it into the last. No values, or fewer than one bin, give an empty histogram. Not-a-number counts as
-/// the largest, and then nothing is in a bin.
+/// puts it into the last bin. No values, or fewer than one bin, give an empty histogram. Not-a-number counts
+/// as the largest, and then nothing is in a bin.
 std::vector<THisto> calcGisto(std::vector<double>& values, int bins);
 
 /// The histogram of the values about the peak: of each histogram the values in the first greatest bin and its

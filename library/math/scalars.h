@@ -7,13 +7,13 @@
 
 namespace tavelinMath {
 
-/// The part of a number behind its floor, 0 to 1 also for negative numbers: -1.25 gives 0.75.
+/// The part of a number above its floor, 0 to 1 also for negative numbers: -1.25 gives 0.75.
 /// Numbers of 4503599627370496 and more in magnitude, which have no fraction, give x - x: 0, and
 /// not-a-number for an infinity or a not-a-number.
 double Frac(const double& x);
 
-/// Whether a text is made of the characters "-+.,0123456789" alone. Their order is not looked at;
-/// an empty text is no number.
+/// Whether a text is made of the characters "-+.,0123456789" alone. Their order does not
+/// matter; an empty text is no number.
 bool IsNumber(const std::string& text);
 
 /// The floor of x + 0.5: 2.5 gives 3, -2.5 gives -2. What does not fit gives the nearest end of the range.
@@ -68,7 +68,7 @@ int Ind3DTo1D_(const int& i, const int& j, const int& k, const int& sizeI, const
 /// The opposite. There is no check of the range; a size of 0 gives 0 for what it divides.
 void Ind1DTo3D_(const int& index, const int& sizeJ, const int& sizeK, int& i, int& j, int& k);
 
-/// An order of numbers in which not-a-number stands behind all others.
+/// An order of numbers in which not-a-number comes after all others.
 bool isBelowNanLast(double a, double b);
 
 } // namespace tavelinMath

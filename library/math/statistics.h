@@ -1,8 +1,8 @@
 // Basic statistics: means, sums, deviations, clipping, extremes and medians.
 //
 // The system's word for a root-mean-square deviation is SKO. It is the population form everywhere: squares
-// are divided by the count, never by the count less one. In a mask, true means left out; places behind the
-// end of a mask are not left out.
+// are divided by the count, never by the count less one. Results have the unit of the values, sums of squares
+// and products its square. In a mask, true means left out; places after the end of a mask are not left out.
 
 #pragma once
 
@@ -59,18 +59,21 @@ double CalculateSKO(int n, double* values, bool* mask, unsigned long& count, dou
 /// Masks each value outside the limits; one equal to a limit is kept, and what was masked stays so.
 void BlankARR(int n, double* values, bool* mask, double lower, double upper);
 
-/// Removes each value outside the limits; order is kept. The upper limit comes first here.
+/// Removes each value, or each pixel with a C, outside the limits; order is kept. The upper limit comes
+/// first.
 void BracData(std::vector<double>& values, double upper, double lower);
 void BracData(std::vector<pixel>& pixels, double upper, double lower);
 
 /// Iterative sigma clipping of a block of width times height values, which is not changed: mean and sigma of
-/// what the clip before the last left. Stops where sigma changes by no more than eps, or after the given
-/// number of iterations; a negative number makes one. An eps of 1000.0 or more, or 0 iterations, asks for no
-/// clipping: sigma is -1.0 and mean stays as it was. With nothing left both are not-a-number.
+/// what the clip before the last left. A clip keeps what is within k sigma of the mean. It stops where sigma
+/// changes by no more than eps, which has the unit of the values, or after the given number of iterations; a
+/// negative number makes one. An eps of 1000.0 or more, or 0 iterations, asks for no clipping: sigma is -1.0
+/// and mean stays as it was. With nothing left both are not-a-number.
 void pcMathSKO(int width, int height, double* values, int iterations, double k, double eps, double& mean,
                double& sigma);
 
-/// The signal above the background in units of sigma; 0.0 unless sigma is above 0.
+/// The signal above the background in units of sigma, all three in the same unit; 0.0 unless sigma is above
+/// 0.
 double cSN3(double signal, double background, double sigma);
 
 /// The largest of n values. The first is read also where n is 0.
@@ -91,12 +94,12 @@ double cMinC(std::vector<pixel>& pixels);
 
 /// The median by the rule that measurements of the pipeline were tuned with: of an odd number of values the
 /// one above the middle (3 of 1, 2, 3), of an even number the mean of the upper one of the two middle values
-/// and of the one that stands behind it when that was selected. The mean of two, the value of one, 0.0 of
+/// and of the one that is after it when that was selected. The mean of two, the value of one, 0.0 of
 /// none. The list is reordered; not-a-number counts as the largest.
 double Median(std::vector<double>& values);
 
-/// The lower median: 2 of 1, 2, 3 and of 1, 2, 3, 4. Fewer than three values give the first as it stands,
-/// none give 0.0. The list is not changed. Not-a-number values stand where QuickSort1 puts them.
+/// The lower median: 2 of 1, 2, 3 and of 1, 2, 3, 4. Fewer than three values give the first of
+/// them, none give 0.0. The list is not changed. Not-a-number values are where QuickSort1 puts them.
 double Median2(std::vector<double>& values);
 
 } // namespace tavelinMath

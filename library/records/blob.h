@@ -179,31 +179,31 @@ private:
 /// two peaks. Where the mark has a field of the same name, meaning and unit are those of that field.
 struct VihodExt
 {
-    double X = 0;           ///< pixels
-    double Y = 0;           ///< pixels
-    double A = 0;           ///< fitted amplitude; no unit is given
-    double Asegm = 0;       ///< amplitude of the segment; no unit is given
-    double BackMean = 0;    ///< carried
-    double BackSKO = 0;     ///< carried
-    double SNRafit = 0;     ///< signal-to-noise ratio of A
-    double SNRasegm = 0;    ///< signal-to-noise ratio of Asegm
-    double SNRpeak = 0;     ///< signal-to-noise ratio at the peak
-    double Radius = 0;      ///< radius of the blob; no unit is given
-    double FWHM = 0;        ///< pixels
-    double SigFit = 0;      ///< pixels
-    double RMSratio = 0;    ///< rms of the fit in units of A
-    int Aux1 = 0;           ///< carried
-    int Aux2 = 0;           ///< carried
-    int Aux3 = 0;           ///< carried
-    double AstrobCount = 0; ///< amplitude of the strobe, no unit is given; a whole number on disk
-    TPeakType PeakType{};   ///< kind of peak
-    TTypeBlob TypeBlob = TTypeBlob::prShort;                      ///< kind of blob
-    double Width = 0;                                             ///< width of the blob; no unit is given
-    double Length = 0;                                            ///< length of the blob; no unit is given
-    double Angle = 0;                                             ///< angle of the blob; no unit is given
-    double Exc = 0;                                               ///< eccentricity
-    double Ref1 = 0;                                              ///< carried
-    double Ref2 = 0;                                              ///< carried
+    double X = 0;                            ///< pixels
+    double Y = 0;                            ///< pixels
+    double A = 0;                            ///< fitted amplitude; no unit is given
+    double Asegm = 0;                        ///< amplitude of the segment; no unit is given
+    double BackMean = 0;                     ///< carried
+    double BackSKO = 0;                      ///< carried
+    double SNRafit = 0;                      ///< signal-to-noise ratio of A
+    double SNRasegm = 0;                     ///< signal-to-noise ratio of Asegm
+    double SNRpeak = 0;                      ///< signal-to-noise ratio at the peak
+    double Radius = 0;                       ///< radius of the blob; no unit is given
+    double FWHM = 0;                         ///< pixels
+    double SigFit = 0;                       ///< pixels
+    double RMSratio = 0;                     ///< rms of the fit in units of A
+    int Aux1 = 0;                            ///< carried
+    int Aux2 = 0;                            ///< carried
+    int Aux3 = 0;                            ///< carried
+    double AstrobCount = 0;                  ///< becomes Astrob of the mark; a whole number on disk
+    TPeakType PeakType{};                    ///< kind of peak
+    TTypeBlob TypeBlob = TTypeBlob::prShort; ///< kind of blob
+    double Width = 0;                        ///< width of the blob; no unit is given
+    double Length = 0;                       ///< length of the blob; no unit is given
+    double Angle = 0;                        ///< angle of the blob; no unit is given
+    double Exc = 0;                          ///< eccentricity
+    double Ref1 = 0;                         ///< carried
+    double Ref2 = 0;                         ///< carried
     tavelinUtils::BlobCode BlobCode = tavelinUtils::BlobCode::ok; ///< verdict on the blob
     double Tail1 = 0;                                             ///< carried
     double Tail2 = 0;                                             ///< carried

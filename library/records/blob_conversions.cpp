@@ -10,7 +10,7 @@ namespace {
 
 using Marks = std::vector<TRecLabelPervichka_File>;
 
-// What a conversion of one record makes of each record of a list.
+// A list of the conversions of each record of a list.
 template <class Record, class Convert>
 auto converted(const std::vector<Record>& records, Convert convert)
 {
@@ -22,7 +22,7 @@ auto converted(const std::vector<Record>& records, Convert convert)
     return made;
 }
 
-// Marks that are built in place, because they are long, and then filled one by one.
+// Marks are large, so they are built in place and then filled one by one.
 template <class Record, class Fill>
 Marks filledMarks(const std::vector<Record>& records, Fill fill)
 {
@@ -139,7 +139,7 @@ void fillFromFitted(TRecLabelPervichka_File& mark, const Record& record, int dat
     mark.time = time;
 }
 
-// The fields that both forms of a fitted blob hold alike.
+// The fields that both forms of a fitted blob share.
 template <class From, class To>
 void copyFittedFields(const From& from, To& to)
 {

@@ -1,7 +1,7 @@
-// Conversions between the records in which the stages keep blobs, and the mark that is common to all.
+// Conversions between the blob records of the stages and the mark that is common to all.
 //
 // Nothing is reported, and empty lists give empty lists. Codes and kinds that pass through integers lose
-// values on the way, each conversion its own: the pipeline counts on what comes out.
+// values on the way, different ones in each conversion: the pipeline depends on the outcome.
 
 #pragma once
 

@@ -32,7 +32,7 @@ struct VihodFullBranch_file
     int Aux1 = 0;                 ///< carried
     int Aux2 = 0;                 ///< carried
     int Aux3 = 0;                 ///< carried
-    int AstrobCount = 0;          ///< amplitude of the strobe; no unit is given
+    int AstrobCount = 0;          ///< becomes Astrob of the mark
     int PeakType = 0;             ///< number of the kind of peak
     unsigned char Gap140[4] = {}; ///< zero
     double Width = 0;             ///< width of the blob; no unit is given

@@ -225,7 +225,7 @@ std::string TypeBlobToStr(int type)
 
 int TypeBlobToInt(int type)
 {
-    // 3, 4 and 5 have words and are lost all the same, on purpose.
+    // 3, 4 and 5 have words and still become -1, on purpose.
     return type == 0 || type == 1 || type == 2 || type == 6 ? type : -1;
 }
 

@@ -21,7 +21,7 @@ enum class TService : int
     airfly = 6
 };
 
-/// The kind of tracking of a frame: stars stand as points (diurnal) or as strokes.
+/// The kind of tracking of a frame: stars are points (diurnal) or strokes.
 enum class TTypeFrame : int
 {
     DIURNAL = 0,
@@ -135,14 +135,14 @@ enum class TSpeedLimit : int
     ArcsecPerMin = 1
 };
 
-/// When the next light curve is formed. The numbers are the other way round in TFramesAddition.
+/// When the next light curve is formed. TFramesAddition has the numbers the other way round.
 enum class TTypeNextFormation : int
 {
     ByTime = 0,
     ByCount = 1
 };
 
-/// How frames are grouped for stacking. The numbers are the other way round in TTypeNextFormation.
+/// How frames are grouped for stacking. TTypeNextFormation has the numbers the other way round.
 enum class TFramesAddition : int
 {
     ByCount = 0,

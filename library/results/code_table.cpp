@@ -13,7 +13,7 @@ struct CodeRow
     const char* text;
 };
 
-// In the order of their numbers. The texts stand as the modules of the pipeline know them, misspellings
+// In the order of their numbers. The texts are those that the modules of the pipeline know, misspellings
 // included; the fourth letter of 100 is the Cyrillic es.
 constexpr CodeRow codeRows[] = {
     {-1000, "Unknown"},

@@ -25,7 +25,7 @@ void tavelinExceptionsAct(int code, std::string text, std::string path1, std::st
 
 void SaveExceptLogCode(std::string source, std::string result, TFuncRes res)
 {
-    // A missing result file is not made: others take it for the sign that the step went to its end.
+    // A missing result file is not created: its presence means to others that the step ran to its end.
     if (FileExists(result)) {
         SaveLogCode(result, res);
     }

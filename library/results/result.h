@@ -9,17 +9,17 @@
 
 namespace tavelinUtils {
 
-/// How an operation ended. A new record says that all is well.
+/// How an operation ended. A new record reports success.
 struct TFuncRes
 {
     int Code = 0;                     ///< 0 for success; code_table.h names the others
     std::string Comment = "OK";       ///< the text of the code, or one set by hand
-    std::string Description = "OK";   ///< what it is about, as a rule a path or a name
+    std::string Description = "OK";   ///< what the result is about, usually a path or a name
     std::vector<std::string> Details; ///< further lines of the operation; no result file shows them
 };
 
-/// Thrown where a function returns something else than a result and cannot go on. Built from a
-/// result: its comment becomes the message, its description the comment.
+/// Thrown by functions that return something other than a result and cannot go on. Built from a result: its
+/// comment becomes the message, its description the comment.
 class TavelinException : public std::exception
 {
 public:

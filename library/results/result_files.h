@@ -12,7 +12,7 @@
 //       </Result>
 //   </ResultsList>
 //
-// Every other name gets one line more in a text log:
+// With every other name a line is appended to a text log:
 //
 //   2024-03-09 04:05:06.000789 Code=7//Error opening file//in/night.mea
 
@@ -25,24 +25,23 @@
 
 namespace tavelinUtils {
 
-/// Saves a result in the form that the path's extension asks for, compared exactly and with case. Where
-/// the folder of the path does not exist nothing is written and nothing reported; a bare name has itself
-/// as folder and so is never written.
+/// Saves a result in the form that the path's extension asks for, compared exactly and with case. If the
+/// folder of the path does not exist, nothing is written or reported; a bare name is its own folder and so is
+/// never written.
 void SaveLogCode(std::string path, TFuncRes result);
 
-/// The same with a result made of the three.
+/// The same for a result of code, comment and description.
 void SaveLogCode(std::string path, int code, std::string comment, std::string description);
 
-/// The same for several results, without the look at the folder: a bare name is written.
+/// The same for several results, without the test of the folder: a bare name is written.
 void SaveLogCode(std::string path, std::vector<TFuncRes> results);
 
-/// Add the line of a result, or of each result with the same time stamp, to a text log. A file that cannot
-/// be opened is passed over.
+/// Add the line of a result, or of each result with the same time stamp, to a text log. A file that cannot be
+/// opened is skipped in silence.
 void sResTXT(std::string path, TFuncRes result);
 void sResTXT(std::string path, std::vector<TFuncRes> results);
 
-/// Replace the file by the document of a result, or of several in their order. 1 for success, 0 for
-/// failure.
+/// Replace the file with the document of one result, or of several in order. 1 for success, 0 for failure.
 int sResXML(std::string path, TFuncRes result);
 int sResXML(std::string path, std::vector<TFuncRes> results);
 
@@ -54,8 +53,8 @@ TFuncRes lResXML(std::string path);
 /// of code 7 for one that cannot be loaded; none for a document without results or of another root.
 std::vector<TFuncRes> lArrResXML(std::string path);
 
-/// Adds a text behind a time stamp to a log. An empty path does nothing; a file that cannot be opened is
-/// passed over.
+/// Appends a time stamp and a text to a log. An empty path does nothing; a file that cannot be opened is
+/// skipped in silence.
 void slog(std::string path, std::string text);
 
 } // namespace tavelinUtils
