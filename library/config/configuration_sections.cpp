@@ -20,7 +20,7 @@ double millimetres(std::string text)
     return size > widestPixel ? size / micrometres : size;
 }
 
-// A part of a wrong shape is left out with no word.
+// An entry of a wrong form is left out in silence.
 std::vector<TBadAreaFrame> badAreas(std::string text)
 {
     bool ok = true;
@@ -272,7 +272,7 @@ TiXmlElement* childOf(TiXmlElement* parent, const std::string& name)
     return parent == nullptr ? nullptr : parent->FirstChildElement(name.c_str());
 }
 
-// The list of a name in a section. A file of header keys alone has no section around it.
+// The list of a name in a section. A file of header keys alone has no section around them.
 TiXmlElement* listIn(TiXmlElement* root, const std::string& section, const std::string& list)
 {
     TiXmlElement* const element = childOf(root, section);
@@ -287,7 +287,7 @@ Record recordIn(TiXmlElement* section, const KeyRow<Record> (&rows)[count])
     return record;
 }
 
-// The row of a key's name; a null pointer where it has none, or one that is no word.
+// The row of a key's name; a null pointer if it has no name, or an unknown one.
 const HeaderWord* headerWordOf(const TiXmlElement& element)
 {
     const char* const name = element.Attribute("name");
@@ -299,7 +299,7 @@ const HeaderWord* headerWordOf(const TiXmlElement& element)
     return row == std::end(headerWords) ? nullptr : row;
 }
 
-// An empty element is stepped over here, unlike in GetList.
+// An empty element is skipped here, unlike in GetList.
 void appendSpellings(TiXmlElement& element, std::vector<std::string>& spellings)
 {
     for (const TiXmlElement* each = element.FirstChildElement("string"); each != nullptr;
@@ -340,7 +340,7 @@ std::pair<TFitt, TQRVDIntraframeThresh> GetIntraFrame(TiXmlElement* root, std::s
 
 TMasterFrame GetBrightnessFrame(TiXmlElement* root, std::string key)
 {
-    // The first section alone, though detection reads them all.
+    // The first section only, although detection reads them all.
     return recordIn(childOf(childOf(root, key), "brightnessFramesAlignment"), brightnessKeys);
 }
 
@@ -417,7 +417,7 @@ std::vector<TTLEstr> GetTLEs(TiXmlElement* root, std::string key)
 {
     std::vector<TTLEstr> sets;
     TiXmlElement* element = childOf(childOf(root, key), "TLE");
-    // An empty one ends the list, whatever stands behind it.
+    // An empty one ends the list, whatever follows.
     while (element != nullptr && element->FirstChildElement() != nullptr) {
         sets.push_back(recordIn(element, elementSetKeys));
         element = element->NextSiblingElement("TLE");

@@ -1,8 +1,8 @@
 // Sections of a user configuration: one reader for each, from its element into its record.
 //
 // A reader takes the first element of the document and the name of the section. It gives a new record with
-// what the file says: a section or key that is missing leaves the defaults, with no word, and a text that
-// is no number gives 0. Of several sections of one name the first counts where nothing else is said.
+// what the file says: a missing section or key leaves the defaults in silence, and a text that is no number
+// gives 0. Of several sections of one name the first counts unless noted otherwise.
 
 #pragma once
 
@@ -25,8 +25,8 @@ TZunek GetZUNEK(TiXmlElement* root, std::string key);
 /// records, so that a later one overrides.
 std::pair<TFitt, TQRVDIntraframeThresh> GetIntraFrame(TiXmlElement* root, std::string key);
 
-/// Calibration frames, out of the child "brightnessFramesAlignment". The lists of raw frames come as they
-/// are in the file, whether they are used or not. Does not return from an empty element of such a list.
+/// Calibration frames, from the child "brightnessFramesAlignment". The lists of raw frames are those of the
+/// file, whether they are used or not. Does not return from an empty element of such a list.
 TMasterFrame GetBrightnessFrame(TiXmlElement* root, std::string key);
 
 /// Astrometry and photometry. The number of coefficients is left at its default.
@@ -35,7 +35,7 @@ TAstro GetIdentification(TiXmlElement* root, std::string key);
 /// The search for moving objects.
 TVO GetInterFrameAsteroids(TiXmlElement* root, std::string key);
 
-/// The representatives; their keys stand in the section of the moving objects.
+/// The representatives; their keys are in the section of the moving objects.
 TInterIC GetInterFrameIC(TiXmlElement* root, std::string key);
 
 /// Satellites, without their element sets.
@@ -47,18 +47,18 @@ TStacking GetAutoFrameStacking(TiXmlElement* root, std::string key);
 /// Light curves.
 TCurves GetLightCurves(TiXmlElement* root, std::string key);
 
-/// The report to the Minor Planet Center, out of the child "MPCReport". COM and NET of the header have no
-/// key and stay empty.
+/// The report to the Minor Planet Center, from the child "MPCReport". COM and NET of the header have no key
+/// and stay empty.
 TMPC GetReportSettings(TiXmlElement* root, std::string key);
 
-/// The spellings of frame headers, out of the child "headerKeys", or out of the section itself where that
-/// is its name: "key" elements whose attribute "name" is one of the twenty words, each with "string"
-/// children. A key with another name, or without one, is passed over; an empty "string" gives no spelling.
+/// The spellings of frame headers, from the child "headerKeys", or from the section itself if that is its
+/// name: "key" elements whose attribute "name" is one of the twenty words, each with "string" children. A key
+/// with another name, or without one, is skipped; an empty "string" gives no spelling.
 THeaderKeys HeaderKeyXML(TiXmlElement* root, std::string key);
 
-/// The names of filters, out of the child "filterKeys", or out of the section itself where that is its
-/// name. Each element below it, whatever its name, adds one list for each of the four letters, an empty one
-/// where it lacks the letter. Does not return from an empty "string" of such a list.
+/// The names of filters, from the child "filterKeys", or from the section itself if that is its name. Each
+/// element below it, whatever its name, adds one list for each of the four letters, an empty one where it
+/// lacks the letter. Does not return from an empty "string" of such a list.
 TFiltersID GetFiltersID(TiXmlElement* root, std::string key);
 
 /// The element sets: the "TLE" elements of the section up to the first that holds no element.

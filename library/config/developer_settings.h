@@ -1,7 +1,7 @@
 // Developer settings of the pipeline's tools, and the settings of the on-line service.
 //
-// All values are texts, as they stand in the file; the members bear the names of their keys. A reader takes
-// the children of the document's first element, whatever its name. A key that is missing or empty leaves its
+// All values are texts, as the file has them; the members are named after their keys. A reader takes the
+// children of the document's first element, whatever its name. A key that is missing or empty leaves its
 // member, and a file that cannot be loaded leaves the record.
 
 #pragma once
@@ -16,7 +16,7 @@ struct TDevelopClon
     std::string DontCreateTmp{};
     std::string keep_tle_days{};
 
-    // How long steps are waited for.
+    // How long to wait for the steps.
     std::string MaxTimeWaitInter{};
     std::string MinTimeWaitInter{};
     std::string TimeWaitCosm{};
@@ -55,7 +55,7 @@ struct TDevelopFitting
     std::string ModelType{};
     std::string SNRPeakPreDetection{};
 
-    // The pieces that a frame is cut into.
+    // The pieces that a frame is split into.
     std::string FrameSegmentationDW{};
     std::string FrameSegmentationDH{};
     std::string FrameSegmentationCover{};
@@ -188,7 +188,7 @@ struct TZunekXML
     std::string ProcessingFolderPath{};
     std::string TimeSleep{};
 
-    // The database; these keys stand below "database".
+    // The database; these keys are below "database".
     std::string host{};
     std::string port{};
     std::string name{};
@@ -212,7 +212,7 @@ void lDevelopAstro(std::string path, TDevelopAstro& settings);
 /// Reads the developer settings of the inter-frame stage.
 void ldevelop_interaip(std::string path, TDevelopInterAip& settings);
 
-/// Reads the developer settings of the photometry, whose first element is as a rule "CommonSettings".
+/// Reads the developer settings of the photometry, whose first element is usually "CommonSettings".
 void lDevelopLocalPhoto(std::string path, TDevelopLocalPhoto& settings);
 
 /// Reads the settings of the on-line service and forms the path of its stop file.

@@ -21,14 +21,14 @@
 
 namespace tavelinUtils {
 
-/// What a key fills: a member that takes its value as GetText reads it, a list of texts, or whatever a
-/// function makes of the text.
+/// The target of a key: a member that takes its value as GetText reads it, a list of texts, or a function of
+/// the text.
 template <class Record>
 using KeyTarget =
     std::variant<double Record::*, int Record::*, short Record::*, bool Record::*, std::string Record::*,
                  std::vector<std::string> Record::*, void (*)(Record& record, std::string text)>;
 
-/// A key of a section and what it fills.
+/// A key of a section and its target.
 template <class Record>
 struct KeyRow
 {
@@ -37,13 +37,13 @@ struct KeyRow
     const char* item = "string"; ///< the name of a list's elements
 };
 
-/// A target whose member takes what a conversion makes of the text, as the StrTo functions do for words.
+/// A target whose member takes the text through a conversion, such as the StrTo functions for words.
 template <auto convert, auto member>
 constexpr auto through = [](auto& record, std::string text) { record.*member = convert(std::move(text)); };
 
 /// Reads the keys that the section holds into the members of the record; lists are appended to. A null
-/// pointer stands for a section that is missing and changes nothing. Does not return from an empty element
-/// of a list, as GetList doesn't.
+/// pointer, for a missing section, changes nothing. Like GetList, it never returns from an empty element of a
+/// list.
 template <class Record, std::size_t count>
 void readKeys(TiXmlElement* section, const KeyRow<Record> (&rows)[count], Record& record)
 {

@@ -1,7 +1,7 @@
 // Observing plans: the field, the site, and how many frames of which points are to be taken.
 //
-// All values are texts, as they stand in the file; the members bear the names of their keys. A reader takes
-// the children of the document's first element, whatever its name. A key that is missing or empty leaves its
+// All values are texts, as the file has them; the members are named after their keys. A reader takes the
+// children of the document's first element, whatever its name. A key that is missing or empty leaves its
 // member, and a file that cannot be loaded leaves the plan.
 
 #pragma once
@@ -43,7 +43,7 @@ struct TAPTScriptSat
     std::string pointsList{};
 };
 
-/// A plan for satellites of the geostationary ring, with three keys more.
+/// A plan for satellites of the geostationary ring, with three more keys.
 struct TAPTScriptGEOTLE : TAPTScriptSat
 {
     std::string gain{};

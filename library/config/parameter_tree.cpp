@@ -78,7 +78,7 @@ ParameterFile::ParameterFile(const std::string& path) : document(path), loaded(d
 
 TiXmlElement* ParameterFile::root()
 {
-    return loaded ? document.FirstChildElement() : nullptr; // a broken file may have parsed half
+    return loaded ? document.FirstChildElement() : nullptr; // a broken file may be parsed in part
 }
 
 bool readParameters(const std::string& path, std::initializer_list<ParameterKey> keys)

@@ -10,7 +10,7 @@
 //       </Peaks>
 //   </Fitting>
 //
-// A writer is the document in one expression, a reader is a list of keys and of what they fill:
+// A writer is the document in one expression, a reader is a list of keys and their targets:
 //
 //   return saveParameters(path, branch("Fitting",
 //       {branch("Peaks", {branch("Peak", {{"X", x}, {"Y", y}})})}));
@@ -31,14 +31,14 @@ namespace tavelinUtils {
 /// The value of a key; none for an element that holds elements.
 using ParameterValue = std::variant<std::monostate, std::string, bool, int, double>;
 
-/// An attribute of an element; there is none where the name is empty.
+/// An attribute of an element; an empty name means none.
 struct ParameterAttribute
 {
     std::string name{};
     std::string value{};
 };
 
-/// An element of a parameter file, not yet in the hands of the XML library: it holds a value, or elements.
+/// An element of a parameter file, before the XML library takes it: it holds a value, or elements.
 struct ParameterElement
 {
     std::string name{};
@@ -50,19 +50,19 @@ struct ParameterElement
 /// An element that holds others, in their order.
 ParameterElement branch(std::string name, std::initializer_list<ParameterElement> children);
 
-/// An element that holds one element named by the item for each text; without a text it stands empty. No text
-/// may be empty: the reader of such a list never returns.
+/// An element that holds one element named `item` for each text; without a text it is empty. No text may be
+/// empty: the reader of such a list never returns.
 ParameterElement textList(std::string name, std::string item, const std::vector<std::string>& texts);
 
-/// Replaces the file by a document of the root. 0 where it was saved, 1 where not. Values go in as
-/// setTextNode makes them: doubles with six decimals, a bool as "true" or "false".
+/// Replaces the file with a document of the root. 0 if it was saved, otherwise 1. Values are written as
+/// setTextNode writes them: doubles with six decimals, a bool as "true" or "false".
 int saveParameters(const std::string& path, const ParameterElement& root);
 
-/// What a key fills. An optional text tells a missing key from an empty text.
+/// The target of a key. An optional text distinguishes a missing key from an empty text.
 using ParameterTarget =
     std::variant<std::string*, double*, std::optional<std::string>*, std::vector<std::string>*>;
 
-/// A key and what it fills.
+/// A key and its target.
 struct ParameterKey
 {
     const char* key = "";
@@ -70,12 +70,12 @@ struct ParameterKey
     const char* item = "string"; ///< the name of a list's elements
 };
 
-/// Reads those of the keys that are children of the file's first element, whatever its name. A key that is
-/// missing or empty leaves its target; lists are appended to. False for a file that cannot be loaded, which
-/// leaves all targets. Does not return from an empty element of a list, as GetList doesn't.
+/// Reads the keys that are children of the file's first element, whatever its name. A key that is missing or
+/// empty leaves its target; lists are appended to. False for a file that cannot be loaded, which leaves all
+/// targets. Like GetList, it never returns from an empty element of a list.
 bool readParameters(const std::string& path, std::initializer_list<ParameterKey> keys);
 
-/// A parameter file, loaded, for those who read its keys into a record.
+/// A loaded parameter file, for readers that fill a record.
 class ParameterFile
 {
 public:

@@ -48,7 +48,7 @@ int sAstrometryNetSettings(std::string path, bool UseWCS, bool UseCenterPixel, s
                            bool UseNewImage, bool UseRDLS, bool UseAXY, bool UseCorr, bool UseCalibration,
                            bool UseAnnotations, std::string ScaleLower, std::string ScaleUpper)
 {
-    // Five values are fixed: what is sent is for no one else, and the scale is given by its two bounds.
+    // Five values are fixed: what is sent is not public, and the scale is given by its two bounds.
     return saveParameters(path, branch("AstrometrySettings", {{"UseWCS", UseWCS},
                                                               {"UseCenterPixel", UseCenterPixel},
                                                               {"WCSPath", WCSPath},

@@ -1,6 +1,6 @@
 // Parameter files of the astrometry: identification with the sky, network services, catalogues, reports.
 //
-// A writer replaces the file and returns 0, or 1 where it cannot be saved.
+// A writer replaces the file and returns 0, or 1 if it cannot be saved.
 
 #pragma once
 
@@ -39,7 +39,7 @@ int sWCSXML(std::string path, std::string CRVAL1, std::string CRVAL2, std::strin
             std::string CD1_1, std::string CD1_2, std::string CD2_1, std::string CD2_2, std::string FOCUS,
             std::string FOV, std::string SCALE, std::string Rotation);
 
-/// Orders a piece of a star catalogue around a position: 0, or 1.
+/// Orders the part of a star catalogue around a position: 0, or 1.
 int sThresGetiNetXML(std::string path, std::string ProcessingType, std::string TypeCat, std::string RA0,
                      std::string DE0, std::string FOV, std::string VLim, std::string DATEOBS,
                      std::string TypeMag, std::string Pathcat, std::string PathRes, std::string PathOut,

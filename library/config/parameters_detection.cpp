@@ -9,7 +9,7 @@
 namespace tavelinUtils {
 namespace {
 
-// A bare name lies in the current folder, and a name behind one slash in the topmost.
+// A bare name is in the current folder, and a name after a single slash in the root.
 bool folderIsMissing(const std::string& path)
 {
     const std::string folder = ExtractPath(path);

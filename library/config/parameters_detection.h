@@ -1,9 +1,9 @@
 // Parameter files of the detection: fitting, marking by hand, searches by Hough, quality of blobs.
 //
-// A writer replaces the file and returns 0, or 1 where it cannot be saved.
-// A reader takes the children of the document's first element, whatever its name. A key that is missing or
-// empty leaves its argument, lists are appended to, and a file that cannot be loaded leaves everything. The
-// walk through a list stays on an item that is empty and never returns.
+// A writer replaces the file and returns 0, or 1 if it cannot be saved. A reader takes the children of the
+// document's first element, whatever its name. A key that is missing or empty leaves its argument, lists are
+// appended to, and a file that cannot be loaded leaves everything. The walk through a list never returns from
+// an empty item.
 
 #pragma once
 
@@ -64,8 +64,8 @@ void LoadThreshHoughGSO(std::string path, std::string& pathConf, std::string& Nu
                         std::string& v_de_max, std::string& LogPath, std::string& ResPath,
                         std::string& OutPath, std::vector<std::string>& Blobspath);
 
-/// Orders a search by Hough for satellites seen from a site: 0, or 1. The site stands below "obssite", the
-/// frame of the blobs below "Blobs".
+/// Orders a search by Hough for satellites seen from a site: 0, or 1. The site is below "obssite", the frame
+/// of the blobs below "Blobs".
 int sThresHoughMOSK(std::string path, std::string appereance_threshold, std::string latitude,
                     std::string longitude, std::string altitude, const std::vector<std::string>& SameTLEs,
                     std::string proirOrbitTLEPath, std::string LogPath, std::string ResPath,
@@ -74,7 +74,7 @@ int sThresHoughMOSK(std::string path, std::string appereance_threshold, std::str
                     std::string STARRMSDE, std::string StepName);
 
 /// Writes what the blobs of a frame have in common, with six decimals, and the word of the frame's type: 0,
-/// or 1. Throws a TavelinException of code 6 with the path where the folder is missing.
+/// or 1. Throws a TavelinException of code 6 with the path if the folder is missing.
 int sHeadParams(std::string path, double FwhmMath, double FwhmSTD, double SigFit, double RMSFit,
                 double RMSFitSTD, double Ecentricity, double Width, double Length, double Angle,
                 double StepMath, double StepSTD, double RawMath, double RawSTD, TTypeFrame TypeFrame);

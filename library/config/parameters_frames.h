@@ -1,9 +1,9 @@
 // Parameter files of frames: correction, conversion, filtering, adding, selecting, editing, packing.
 //
-// A writer replaces the file and returns 0, or 1 where it cannot be saved.
-// A reader takes the children of the document's first element, whatever its name. A key that is missing or
-// empty leaves its argument, lists are appended to, and a file that cannot be loaded leaves everything. The
-// walk through a list stays on an item that is empty and never returns.
+// A writer replaces the file and returns 0, or 1 if it cannot be saved. A reader takes the children of the
+// document's first element, whatever its name. A key that is missing or empty leaves its argument, lists are
+// appended to, and a file that cannot be loaded leaves everything. The walk through a list never returns from
+// an empty item.
 
 #pragma once
 

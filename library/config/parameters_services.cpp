@@ -8,7 +8,7 @@
 namespace tavelinUtils {
 namespace {
 
-// The files of all kinds of tracks have these keys, as far as each kind needs them.
+// Files of all kinds of tracks have those of these keys that the kind needs.
 void readControlLimits(const std::string& path, std::string& angle, std::string& brightness,
                        std::string& timeShift)
 {
@@ -138,7 +138,7 @@ void lConvToTable(std::string path, std::string& Mode, std::string& LogPath, std
                           {"ConfigTavelinPath", &ConfigTavelinPath}});
     if (log) {
         LogPath = *log;
-        slog(LogPath, "lConvToTable=" + path); // only into the log that the file names, never one from before
+        slog(LogPath, "lConvToTable=" + path); // only to the log that the file names, never to an earlier one
     }
 }
 

@@ -42,7 +42,7 @@ constexpr std::string TSubfolders::*seriesFolders[] = {
     &TSubfolders::stackTmpFolder,    &TSubfolders::stackedFolder,
 };
 
-// A file of a series, and the folder in which it lies.
+// A file of a series, and its folder.
 struct SeriesFile
 {
     std::string TOutput::*name;

@@ -1,7 +1,7 @@
 // The settings of a series (Porogs: thresholds): names, places and numbers for the modules of the pipeline.
 //
-// A member is named by its key in the configuration, and its initialiser is the key's default: nothing else
-// tells it. So a new record and one read from a file that says nothing are the same.
+// A member is named by its key in the configuration, and its initialiser is the key's default, which is given
+// nowhere else. So a new record and one read from an empty file are the same.
 
 #pragma once
 

@@ -32,7 +32,7 @@ struct TMasterFrame
     int MedianWindow = 0;
 };
 
-/// Detection on a frame. The members behind AreaWithBadImages have no key: they are carried for the modules
+/// Detection on a frame. The members after AreaWithBadImages have no key: they are carried for the modules
 /// that fit.
 struct TFitt
 {
@@ -91,11 +91,11 @@ struct TAstro
     double MinPixelScale = 1.0;
     double MaxPixelScale = 180.0;
     bool use_astrometry_net = false;
-    int CoefficientsNumber = 0; ///< follows from the degree of the reduction: 3, 10 or 21
+    int CoefficientsNumber = 0; ///< depends on the degree of the reduction: 3, 10 or 21
     TKMTN KMTN{};               ///< no key
 };
 
-/// Photometry, out of a developer's parameter file.
+/// Photometry, from a developer's parameter file.
 struct TDevPhoto
 {
     std::string Text{};

@@ -10,8 +10,8 @@
 
 namespace tavelinUtils {
 
-/// The search for moving objects. The members from TieFrames on have no key: they go into the parameter
-/// files of the search for fast objects.
+/// The search for moving objects. The members from TieFrames on have no key: they are written to the
+/// parameter files of the search for fast objects.
 struct TVO
 {
     double mpc_ident_angle = 15.0;
@@ -29,7 +29,7 @@ struct TVO
     double ThresholdSNR3segment = 0;
     double VelocityPointThreshold2 = 0;
     double VelocityPointThreshold3 = 0;
-    TSpeedLimit TypeSpeedLimit{2}; ///< 2 stands for no known word
+    TSpeedLimit TypeSpeedLimit{2}; ///< 2 means no known word
     double speedlimit = 200.0;
     double confstrobe = 10.0;
     double rms_angle = 20.0;
@@ -74,7 +74,7 @@ struct TInterSat
     std::vector<TTLEstr> TLEs{};
 };
 
-/// Stacking of frames. The members behind snr_peak have no key: they are carried for the module that stacks.
+/// Stacking of frames. The members after snr_peak have no key: they are carried for the module that stacks.
 struct TStacking
 {
     bool run_stacking = true;

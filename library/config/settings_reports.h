@@ -1,4 +1,4 @@
-// Settings of what leaves the pipeline: light curves and the report to the Minor Planet Center.
+// Settings of the pipeline's output: light curves and the report to the Minor Planet Center.
 
 #pragma once
 

@@ -9,14 +9,14 @@
 
 namespace tavelinUtils {
 
-/// The other programs of the pipeline and outside tools; the members bear the names of their keys.
+/// The other programs of the pipeline and outside tools; the members are named after their keys.
 struct TExe
 {
     std::string FindOrb{};
     std::string Java{};
 };
 
-/// Paths of the running module, out of its own parameter file.
+/// Paths of the running module, from its own parameter file.
 struct TInput
 {
     std::string PathLog{};
@@ -83,7 +83,7 @@ struct TZunek
     bool AddRADE = false;
     bool AddCamera = false;
     bool IsSeriesFormed = false;
-    TTypeNextFormation WaitLastFrame{2}; ///< 2 stands for no known word
+    TTypeNextFormation WaitLastFrame{2}; ///< 2 means no known word
     double WaitLastFrameTime = 3.0;
     int SubseriesCount = 0;
     bool SaveTableBlob = false;

@@ -12,7 +12,7 @@
 namespace tavelinUtils {
 namespace {
 
-// A use of master frames, and the raw frames that these are made of.
+// A flag that master frames are used, and the raw frames that they are made of.
 struct MasterFrames
 {
     bool TMasterFrame::*use;
@@ -36,7 +36,7 @@ TFuncRes failure(int code, std::string description, std::string detail)
 TService serviceOf(TiXmlElement* root)
 {
     bool found = false;
-    return StrToService(GetTXT(root, "Service", found)); // no word is an unknown one
+    return StrToService(GetTXT(root, "Service", found)); // a missing word counts as an unknown one
 }
 
 void dropUnused(TMasterFrame& frames)
@@ -49,7 +49,7 @@ void dropUnused(TMasterFrame& frames)
 }
 
 // The coefficients of a polynomial of two variables. A degree that the reduction does not know keeps the
-// number that stood there.
+// present number.
 int coefficientsOf(short degree, int present)
 {
     switch (degree) {

@@ -7,7 +7,7 @@
 //       <ReportSettings><MPCReport><MPCcode>500</MPCcode></MPCReport></ReportSettings>
 //   </root>
 //
-// The name of the root is not looked at.
+// The name of the root does not matter.
 
 #pragma once
 
@@ -18,14 +18,14 @@
 
 namespace tavelinUtils {
 
-/// Reads a configuration into the settings. Every section replaces its record whole, a missing one by the
-/// defaults. Version and the number of coefficients stay where the file does not settle them; a missing
-/// Service is an unknown one. The raw frames of an unused kind of master frame are dropped. Element sets are
-/// read only where asked for; otherwise there are none.
+/// Reads a configuration into the settings. Every section replaces its whole record, a missing one with the
+/// defaults. Version and the number of coefficients stay if the file does not set them; a missing Service is
+/// an unknown one. The raw frames of an unused kind of master frame are dropped. Element sets are read only
+/// if asked for; otherwise there are none.
 ///
 /// Code 0, or 138 for a missing file and 139 for one that cannot be loaded, each with the path in the
-/// description and in the details; the settings are then untouched. Does not return from an empty element of
-/// a list of calibration frames or filter names.
+/// description and in the details; the settings are then untouched. Never returns from an empty element of a
+/// list of calibration frames or filter names.
 TFuncRes LoadUserConfXML(std::string path, TPorogs& porogs, bool loadTLE);
 
 } // namespace tavelinUtils

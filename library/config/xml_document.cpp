@@ -13,13 +13,13 @@
 namespace tavelinUtils {
 namespace {
 
-// The library parses by recursion: deeper documents would overflow the stack. And it compares the
-// attributes of an element with each other.
+// The library parses by recursion: deeper documents would overflow the stack. And it compares every two
+// attributes of an element.
 constexpr int deepestLevel = 10000;
 constexpr int mostAttributes = 10000;
 
-// Line ends of all systems become line feeds, as the library does it when it reads a file itself. The zero
-// bytes behind the text move with its end.
+// Line ends of all systems become line feeds, as when the library reads a file itself. The zero bytes after
+// the text move with its end.
 void normalizeLineEnds(FileBytes& file)
 {
     char* to = file.bytes.get();
@@ -39,7 +39,7 @@ TiXmlElement* childOf(TiXmlElement* parent, const std::string& key)
     return parent == nullptr ? nullptr : parent->FirstChildElement(key.c_str());
 }
 
-// The value of an element's first child node; a null pointer where the element is missing or empty.
+// The value of an element's first child node; a null pointer if the element is missing or empty.
 const char* valueIn(const TiXmlElement* element)
 {
     const TiXmlNode* const node = element == nullptr ? nullptr : element->FirstChild();
@@ -56,7 +56,7 @@ void convert(const char* text, double& target)
     target = toDouble(text);
 }
 
-// Cut to 32 bits first, also where the target is wider.
+// Cut to 32 bits first, even if the target is wider.
 template <class Integer>
 void convert(const char* text, Integer& target)
 {
@@ -127,11 +127,11 @@ bool TtavelinXmlDocument::LoadFile()
             return false;
         }
         Clear();
-        SetTabSize(0); // no rows and columns of errors, which nobody looks at
+        SetTabSize(0); // rows and columns of errors are not needed
         Parse(file.bytes.get(), nullptr, TIXML_ENCODING_UNKNOWN);
         return !Error() && RootElement() != nullptr;
     } catch (const std::exception&) {
-        return false; // a file that the memory does not hold fails as a broken one does
+        return false; // a file too large for the memory fails like a broken one
     }
 }
 
@@ -242,7 +242,7 @@ void GetList(TiXmlElement* parent, std::string item, std::string list, std::vect
     for (; each != nullptr; each = each->NextSiblingElement(item.c_str())) {
         const char* const text = valueIn(each);
         if (text == nullptr) {
-            stayForever(); // the step to the next item belongs to an item with content
+            stayForever(); // only an item with content leads to the next
         }
         target.emplace_back(text);
     }

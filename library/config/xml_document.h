@@ -1,7 +1,7 @@
-// XML document access: loading and saving, values out of elements, and elements out of values.
+// XML document access: loading and saving, reading values from elements, and making elements of values.
 //
-// One rule: a missing value changes nothing. Every setting has its default in its record, and the file
-// only overrides it. There are no bounds here, and no conversion fails: a text that is no number gives 0.
+// One rule: a missing value changes nothing. Every setting has its default in its record, and the file only
+// overrides it. No bounds are applied, and no conversion fails: a text that is no number gives 0.
 
 #pragma once
 
@@ -24,7 +24,7 @@ public:
     /// once for a document.
     bool LoadFile();
 
-    /// Replaces the file by the document, in one write. False where that fails.
+    /// Replaces the file with the document, in one write. False if that fails.
     bool SaveFile();
 
     std::string fileName;
@@ -32,7 +32,7 @@ public:
 
 /// Reads the text of a child element: that of its first child node, whatever its kind. A child that is
 /// missing, or holds no node, leaves the target as it was. A number is read from the front of the text;
-/// integers are cut to 32 bits, `short` to 16, also where the target is wider. A bool is true for exactly
+/// integers are cut to 32 bits, `short` to 16, even if the target is wider. A bool is true for exactly
 /// "true".
 void GetText(TiXmlElement* parent, std::string key, std::string& target);
 void GetText(TiXmlElement* parent, std::string key, double& target);
@@ -42,8 +42,8 @@ void GetText(TiXmlElement* parent, std::string key, long& target);
 void GetText(TiXmlElement* parent, std::string key, unsigned long long& target);
 void GetText(TiXmlElement* parent, std::string key, bool& target);
 
-/// The same, and its attributes "min" and "max", each where present. An element without a node changes
-/// nothing at all.
+/// The same, and its attributes "min" and "max", each if present. An element without a node changes nothing
+/// at all.
 void GetText(TiXmlElement* parent, std::string key, double& target, double& min, double& max);
 void GetText(TiXmlElement* parent, std::string key, int& target, int& min, int& max);
 void GetText(TiXmlElement* parent, std::string key, short& target, short& min, short& max);
@@ -52,24 +52,23 @@ void GetText(TiXmlElement* parent, std::string key, short& target, short& min, s
 void GetText(TiXmlElement* parent, std::string key, std::string& target, std::string& list);
 void GetText(TiXmlElement* parent, std::string key, short& target, std::string& list);
 
-/// Reads an attribute of a child element, where present.
+/// Reads an attribute of a child element, if present.
 void GetAttr(TiXmlElement* parent, std::string key, std::string name, std::string& target);
 
-/// Reads the attributes "min" and "max" of a child element, each where present, and no text.
+/// Reads the attributes "min" and "max" of a child element, each if present, but not its text.
 void GetAttrMinMax(TiXmlElement* parent, std::string key, double& min, double& max);
 void GetAttrMinMax(TiXmlElement* parent, std::string key, int& min, int& max);
 void GetAttrMinMax(TiXmlElement* parent, std::string key, short& min, short& max);
 
-/// Appends the texts of the items below the child named by `list`. An item without any node is not
-/// stepped over: the walk stays on it and never returns.
+/// Appends the texts of the items below the child named by `list`. An item without any node is not skipped:
+/// the walk stays on it and never returns.
 void GetList(TiXmlElement* parent, std::string item, std::string list, std::vector<std::string>& target);
 
-/// The text of a child element, and whether it is there; "" where it is not.
+/// The text of a child element, and whether there is one; "" if there is none.
 std::string GetTXT(TiXmlElement* parent, std::string key, bool& found);
 
-/// A new element with one text node, for the caller to link: the text as it stands, "true" or "false", a
-/// decimal integer, or a double with six decimals. A comment that is not empty becomes the attribute
-/// "comment".
+/// A new element with one text node, for the caller to link: the text itself, "true" or "false", a decimal
+/// integer, or a double with six decimals. A comment that is not empty becomes the attribute "comment".
 TiXmlElement* setTextNode(std::string key, std::string value, std::string comment);
 TiXmlElement* setTextNode(std::string key, const char* value, std::string comment);
 TiXmlElement* setTextNode(std::string key, bool value, std::string comment);
@@ -77,15 +76,14 @@ TiXmlElement* setTextNode(std::string key, int value, std::string comment);
 TiXmlElement* setTextNode(std::string key, double value, std::string comment);
 TiXmlElement* setTextNode(std::string key, unsigned long value, std::string comment);
 
-/// The same, linked to the parent at its end.
+/// The same, linked as the last child of the parent.
 void writeRecord(TiXmlElement*& parent, std::string key, std::string value, std::string comment);
 void writeRecord(TiXmlElement*& parent, std::string key, const char* value, std::string comment);
 void writeRecord(TiXmlElement*& parent, std::string key, bool value, std::string comment);
 void writeRecord(TiXmlElement*& parent, std::string key, int value, std::string comment);
 void writeRecord(TiXmlElement*& parent, std::string key, double value, std::string comment);
 
-/// Never returns. For walks that stay on an element by contract: a loop without effect is none to the
-/// compilers.
+/// Never returns. For walks that stay on an element by contract: compilers may remove a loop without effect.
 [[noreturn]] void stayForever();
 
 } // namespace tavelinUtils

@@ -28,7 +28,7 @@ public:
         while (*at != '\0') {
             if (*at != '<') {
                 if (depth == 0) {
-                    return false; // the library leaves off at a text outside all elements
+                    return false; // the library stops at a text outside all elements
                 }
                 skipText();
             } else if (depth > 0 && startsWith("</")) {
@@ -97,15 +97,15 @@ private:
         }
     }
 
-    // A number entity reaches to the next ";", whatever stands between; the digits alone are looked at, from
-    // the end. Without a ";" the library stops.
+    // A numeric entity reaches to the next ";", whatever is between; its digits are read from the end.
+    // Without a ";" the library stops.
     void skipNumberEntity()
     {
         const char* const end = std::strchr(at + (at[2] == 'x' ? 3 : 2), ';');
         at = end == nullptr ? at + std::strlen(at) : end + 1;
     }
 
-    // A lead byte takes its followers along whatever they are, a "<" included.
+    // A lead byte takes the following bytes with it, whatever they are, even a "<".
     void skipCharacter()
     {
         const auto byte = static_cast<unsigned char>(*at);
@@ -127,7 +127,7 @@ private:
         }
     }
 
-    // What stands in quotes; the closing quote is passed too.
+    // The text in quotes; the closing quote is passed too.
     std::string_view skipQuoted()
     {
         const char quote = *at++;
@@ -155,7 +155,7 @@ private:
         }
     }
 
-    // Name, equals sign and value of an attribute; the value comes back. False where there is none.
+    // Reads name, equals sign and value of an attribute and gives the value. False if there is none.
     bool skipAttribute(std::string_view& value)
     {
         if (!isNameStart(*at)) {
@@ -183,13 +183,13 @@ private:
         return true;
     }
 
-    // Number of attributes; emptyTag tells whether the element ends with its start tag.
+    // The number of attributes; emptyTag reports whether the element ends with its start tag.
     int skipStartTag()
     {
         int attributes = 0;
         emptyTag = false;
         ++at;
-        skipSpace(); // a byte order mark counts as space, also here
+        skipSpace(); // a byte order mark counts as space here too
         skipName();
         for (;;) {
             skipSpace();

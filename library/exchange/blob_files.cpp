@@ -13,7 +13,7 @@ namespace {
 
 constexpr int notRead = 2;
 
-// Images whose gaps are zero, whatever the gaps of the records hold.
+// Copies whose gaps are zero, whatever the gaps of the records hold.
 VihodFullBranch_file imageOf(VihodFullBranch_file record)
 {
     const VihodFullBranch_file blank;
@@ -54,7 +54,7 @@ void saveFitted(const std::string& path, const std::vector<Record>& records)
     }
 }
 
-// The blobs of each object or track, behind their counts.
+// The blobs of each object or track, after their counts.
 template <class Record>
 int writeBlobLists(const std::string& path, const std::vector<Record>& records)
 {

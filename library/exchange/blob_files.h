@@ -1,6 +1,6 @@
 // Files of blobs: fitted records, stars of the light catalogue, compact marks, fast objects, Hough tracks.
 //
-// A file without a count holds as many records as fit into its size; what is left at its end is lost. Gaps of
+// A file without a count holds as many records as fit into its size; a remainder at its end is lost. Gaps of
 // the records are zero in every file.
 
 #pragma once
@@ -13,8 +13,8 @@
 
 namespace tavelinUtils {
 
-/// Writes fitted blobs, 272 bytes each. Throws TavelinException with code 7 and the path when the file can't
-/// be written. The form for VihodExt converts each record on its way.
+/// Writes fitted blobs, 272 bytes each. Throws TavelinException with code 7 and the path if the file can't be
+/// written. The form for VihodExt converts each record.
 void SaveToFile(std::string path, const std::vector<VihodFullBranch_file>& records);
 void SaveToFile(std::string path, const std::vector<VihodExt>& records);
 
@@ -23,13 +23,13 @@ void SaveToFile(std::string path, const std::vector<VihodExt>& records);
 std::vector<VihodFullBranch_file> lVihodFullBranch_file(std::string path);
 std::vector<VihodExt> LoadFromFile(std::string path);
 
-/// Writes stars of the light catalogue, 56 bytes each. A file that can't be written is passed over.
+/// Writes stars of the light catalogue, 56 bytes each. A file that can't be written is skipped in silence.
 void sRecCatLight(std::string path, const std::vector<TRecCatLight>& stars);
 
 /// Reads stars of the light catalogue; empty for a file that can't be opened.
 std::vector<TRecCatLight> lRecCatLight(std::string path);
 
-/// Writes compact marks, 56 bytes each. A file that can't be written is passed over.
+/// Writes compact marks, 56 bytes each. A file that can't be written is skipped in silence.
 void sBlobFastVO(std::string path, const std::vector<TVOBlobFile>& blobs);
 
 /// Reads compact marks; empty for a file that can't be opened.
@@ -43,7 +43,7 @@ int SaveFastObj(std::string path, const std::vector<TBranch>& objects);
 /// missing or can't be opened, or whose count is refused; the list is then as it was.
 int LoadObjects(std::string path, std::vector<TBranch>& objects);
 
-/// Writes positions and amplitudes, 24 bytes each. A file that can't be written is passed over.
+/// Writes positions and amplitudes, 24 bytes each. A file that can't be written is skipped in silence.
 void sXYAdbl(std::string path, const std::vector<TXYAdbl>& positions);
 
 /// Writes the blobs of Hough tracks: a count, then for each track a count and 8 bytes a blob. Returns 0, or

@@ -26,7 +26,7 @@ struct VsxColumn
     VsxField field;
 };
 
-// The columns between the running number and the mark to draw, which nothing reads.
+// The columns between the running number and the drawing mark, which nothing reads.
 constexpr VsxColumn vsxColumns[] = {
     {"type:Text", &TVSX::type},     {"Name:Text", &TVSX::Name},         {"AUID:Text", &TVSX::AUID},
     {"RA:Float:deg", &TVSX::RA},    {"DE:Float:deg", &TVSX::DE},        {"X:Float:pix", &TVSX::X},
@@ -44,7 +44,7 @@ constexpr VsxField shortColumns[] = {
     &TVSX::Const, &TVSX::VarType, &TVSX::Period, &TVSX::MagRange,
 };
 
-// The keys of a star in an answer; its two magnitudes make one text.
+// The keys of a star in an answer; its two magnitudes become one text.
 constexpr KeyRow<TVSX> answerKeys[] = {
     {"Name", &TVSX::Name},
     {"AUID", &TVSX::AUID},
@@ -62,7 +62,7 @@ constexpr KeyRow<TVSX> answerKeys[] = {
 
 constexpr std::string_view noMagnitude = "Nan";
 
-// The fields of a line; those behind its end are empty.
+// The fields of a line; those beyond its end are empty.
 template <std::size_t count>
 std::array<std::string_view, count> fieldsOf(std::string_view line)
 {
@@ -71,7 +71,7 @@ std::array<std::string_view, count> fieldsOf(std::string_view line)
     return fields;
 }
 
-// A record for every line behind the head lines.
+// A record for every line after the head lines.
 template <class Read>
 auto recordsOf(const std::string& path, std::size_t headLines, Read read)
 {
@@ -139,7 +139,7 @@ TVSX starOfAnswer(TiXmlElement* object)
     return star;
 }
 
-// Exactly this word: another one goes to the number reading, which knows "nan" in every case of letters.
+// Exactly this word: any other is read as a number, and there "nan" counts in any case of letters.
 double magnitudeOf(std::string_view text)
 {
     return text == noMagnitude ? 0.0 : toDouble(text);
@@ -245,7 +245,7 @@ void GetVSXObjects(const TiXmlElement* root, std::vector<TVSX>& stars)
     for (const TiXmlElement* object = root->FirstChildElement("VSXObject"); object != nullptr;
          object = object->NextSiblingElement("VSXObject"))
     {
-        stars.push_back(starOfAnswer(const_cast<TiXmlElement*>(object))); // which is only read
+        stars.push_back(starOfAnswer(const_cast<TiXmlElement*>(object))); // it is only read
     }
 }
 

@@ -1,11 +1,11 @@
-// Catalogue lists: known variable stars, comparison stars and satellite names out of tab-separated texts.
+// Catalogue lists: known variable stars, comparison stars and satellite names from tab-separated texts.
 //
 //   N:Int  type:Text   Name:Text  AUID:Text    RA:Float:deg  DE:Float:deg  X:Float:pix  ...
 //   v2
 //   1      B2Vne+B3Vne phi Per    000-BBD-264  25.9152       50.6887       512.5        ...
 //
-// The lists come from the variable star index VSX and the star plotter VSP. A missing file is an empty list,
-// a missing column leaves its field at the default, and text that is no number is 0.
+// The lists come from the variable star index VSX and the star plotter VSP. A missing file gives an empty
+// list, a missing column leaves its field at the default, and text that is no number is 0.
 
 #pragma once
 
@@ -72,30 +72,30 @@ struct TNameSat
 /// The column line of a list of variable stars, without a line feed.
 std::string getHeadVSX();
 
-/// Replaces the file by the list: column line, version mark, one line a star. Coordinates have six
+/// Replaces the file with the list: column line, version mark, one line per star. Coordinates have six
 /// significant digits. Throws TavelinException with code 7 and the path for a file that cannot be written.
 void SaveVSX(std::string path, const std::vector<TVSX>& stars);
 
-/// The stars of such a list: every line behind the first two is one, the empty one too. All have the
-/// magnitude -1000.0.
+/// The stars of such a list: every line after the first two is one, even an empty one. All have the magnitude
+/// -1000.0.
 std::vector<TVSX> LoadVSX(std::string path);
 
-/// Replaces the vector by the stars of a short list, which has one line in front and begins each other with
-/// the position.
+/// Replaces the vector with the stars of a short list, which has one head line and begins every other line
+/// with the position.
 void lListVSX(std::string path, std::vector<TVSX>& stars);
 
-/// Appends the stars of an XML answer of the index. False for a file that cannot be loaded; the vector is
-/// then as it was. An answer without stars is true.
+/// Appends the stars of an XML answer of the index. False for a file that cannot be loaded; the vector then
+/// stays as it was. An answer without stars is true.
 bool LoadVSXQuerry(std::string path, std::vector<TVSX>& stars);
 
-/// Appends the stars below the root of an answer. A null pointer stands for none.
+/// Appends the stars below the root of an answer. A null pointer means no root.
 void GetVSXObjects(const TiXmlElement* root, std::vector<TVSX>& stars);
 
-/// The comparison stars of a chart, one for every line behind the first two. Exactly "Nan" stands for a band
-/// without magnitude and leaves 0; another spelling is read as the number that it means, not-a-number.
+/// The comparison stars of a chart, one for every line after the first two. Exactly "Nan" means a band
+/// without magnitude and leaves 0; another spelling is read as the number not-a-number.
 std::vector<TRecVSP> lVSP(std::string path);
 
-/// Replaces the vector by the stars of a requested list, one for every line. "Nan" is not-a-number here.
+/// Replaces the vector with the stars of a requested list, one for every line. "Nan" is not-a-number here.
 void lListAAVSOvsp(std::string path, std::vector<TAAVSOvsp>& stars);
 
 /// The satellites of a list of names, one for every line.

@@ -14,14 +14,14 @@ namespace {
 
 constexpr int notRead = 1;
 
-// What a file holds of a pixel, and of the place of an object.
+// The part of a pixel, and of the position of an object, that a file holds.
 struct StoredPlace
 {
     int X = 0;
     int Y = 0;
 };
 
-// The head of a segment.
+// The part of a segment's head that a file holds.
 struct StoredSegment
 {
     int X = 0;
@@ -89,7 +89,7 @@ int lBadPix(std::string path, std::vector<pixel>& pixels)
     return 0;
 }
 
-// The stages that read it go on without a file that can't be written.
+// A file that can't be written is skipped: the stages that read it go on without it.
 void SaveSegment(std::string path, std::vector<DTSegment>& segments)
 {
     RecordWriter file(path);
@@ -180,7 +180,7 @@ std::vector<double> ReadArrayFromFileDbl(std::string path, int n)
     std::vector<double> values(static_cast<std::size_t>(std::max(n, 0)));
     const std::size_t count = std::fread(values.data(), sizeof(double), values.size(), file.get());
     if (count < values.size()) {
-        values[count] = 0; // a file that ends within a number has left bytes of it there
+        values[count] = 0; // a file that ends within a number leaves bytes of it there
     }
     return values;
 }

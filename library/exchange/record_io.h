@@ -1,7 +1,7 @@
-// Files that are images of records, one behind the other, with a count in front or with none.
+// Files of bare records, one after the other, with a count in front or with none.
 //
-// Such a file has no magic number, no version and no checksum. A file of other records is read as what it is
-// not; a file that ends early leaves the rest of the records as they were built.
+// Such a file has no magic number, no version and no checksum. A file of other records is misread; a file
+// that ends early leaves the rest of the records as constructed.
 
 #pragma once
 
@@ -19,11 +19,11 @@
 
 namespace tavelinUtils {
 
-/// Up to here a count in a file is believed whatever the size of the file.
+/// A count up to this one is believed whatever the size of the file.
 inline constexpr std::size_t trustedCount = 65536;
 
 /// A count at the head of a file of a given size in bytes: 0 for a negative one, nothing for one that is
-/// refused because no file of that size can mean it.
+/// refused because no file of that size can hold so many records.
 inline std::optional<std::size_t> headCount(int count, std::size_t fileSize)
 {
     const std::size_t size = count < 0 ? 0 : static_cast<std::size_t>(count);
@@ -38,7 +38,7 @@ public:
     {
     }
 
-    /// Adds the image of a record. Does nothing where the file could not be opened.
+    /// Appends the bytes of a record. Does nothing if the file could not be opened.
     template <class Record>
     void write(const Record& record)
     {
@@ -54,7 +54,7 @@ public:
         }
     }
 
-    /// Adds the number of the elements of a list.
+    /// Appends the number of elements of a list.
     void writeCount(std::size_t count)
     {
         write(static_cast<int>(count));
@@ -71,7 +71,7 @@ private:
     bool good;
 };
 
-/// What the writers with a result return: 0, or 1 for a file that could not be written.
+/// The result of a writer: 0, or 1 for a file that could not be written.
 inline int resultOf(bool written)
 {
     return written ? 0 : 1;
@@ -85,14 +85,14 @@ public:
     {
     }
 
-    /// False where the file cannot be opened or read.
+    /// False if the file cannot be opened or read.
     bool isOpen() const
     {
         return opened;
     }
 
-    /// Reads the next record. Where the file ends before it does, the record stays as it is, and so do all
-    /// that follow.
+    /// Reads the next record. If the file ends within it, the record stays as it is, and so do all that
+    /// follow.
     template <class Record>
     void read(Record& record)
     {
@@ -105,7 +105,7 @@ public:
         rest.remove_prefix(sizeof record);
     }
 
-    /// Reads the elements that a list has, as far as the file goes.
+    /// Reads as many elements as the list has, or as the file holds.
     template <class Record>
     void read(std::vector<Record>& records)
     {
@@ -117,7 +117,7 @@ public:
         }
     }
 
-    /// The count at the head of the file, by the rule of headCount; 0 where the file is too short for it.
+    /// The count at the head of the file, by the rule of headCount; 0 if the file is too short for it.
     std::optional<std::size_t> readHeadCount()
     {
         int count = 0;
@@ -125,7 +125,7 @@ public:
         return headCount(count, file.size);
     }
 
-    /// A count as it stands in the file: 0 for a negative or a missing one.
+    /// The next count in the file: 0 for a negative or a missing one.
     std::size_t readCount()
     {
         int count = 0;
@@ -133,8 +133,8 @@ public:
         return count < 0 ? 0 : static_cast<std::size_t>(count);
     }
 
-    /// Whether a count of records is to be believed at this place of the file. A count that is too large for
-    /// the rest of the file ends the reading; a small one is believed all the same.
+    /// Whether to believe a count of records at this position in the file. A large count that exceeds the
+    /// rest of the file is not believed; a small one always is.
     bool believes(std::size_t count, std::size_t sizeOfRecord) const
     {
         return count <= trustedCount || count <= rest.size() / sizeOfRecord;
@@ -152,8 +152,8 @@ private:
     std::string_view rest;
 };
 
-/// Reads a file that is records from its first byte to its last; what is shorter than a record at its end is
-/// left out. False where the file cannot be opened or read; the records are then as they were.
+/// Reads a file of records without a count; a remainder at its end that is shorter than a record is left out.
+/// False where the file cannot be opened or read; the records are then as they were.
 template <class Record>
 bool readRecords(const std::string& path, std::vector<Record>& records)
 {
@@ -172,7 +172,7 @@ bool readRecords(const std::string& path, std::vector<Record>& records)
     return true;
 }
 
-/// Writes a file that is records from its first byte to its last. False where that fails.
+/// Writes a file of records without a count. False if that fails.
 template <class Record>
 bool writeRecords(const std::string& path, const std::vector<Record>& records)
 {

@@ -12,14 +12,14 @@ namespace {
 
 constexpr int notRead = 1;
 
-// What a file of members holds of an entry.
+// The part of an entry that a file of members holds.
 struct StoredEntry
 {
     int frame = 0;
     int blob = 0;
 };
 
-// What a file of positions holds of a representative.
+// The part of a representative that a file of positions holds.
 struct StoredPosition
 {
     double X = 0;
@@ -84,7 +84,7 @@ int lIndVKBin(std::string path, int& frames, std::vector<TRepresent>& representa
         if (!file.believes(entries, sizeof(StoredEntry))) {
             break;
         }
-        // The stored index decides the place, not the order in the file.
+        // The stored index decides, not the order in the file.
         TRepresent nowhere;
         TRepresent* const representative = elementAt(representatives, index);
         readEntries(file, entries, (representative == nullptr ? nowhere : *representative).Items);
@@ -117,7 +117,7 @@ int lXYIndVKBin(std::string path, std::vector<TRepresent>& representatives)
     return 0;
 }
 
-// The pair has no result: a file that can't be written or read is passed over.
+// The pair has no result: a file that can't be written or read is skipped.
 void psIndVKBin(std::string path, int frames, const std::vector<TRepresent>& representatives)
 {
     sIndVKBin(path, frames, representatives);

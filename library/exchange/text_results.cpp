@@ -24,7 +24,7 @@ namespace {
 constexpr std::string_view solvedMark = "PLTSOLVD=T";
 constexpr std::string_view noResultFile = "errNoFileResult";
 
-// Hands the lines of a file with their numbers, from 0, to a function, and returns how many there are.
+// Calls a function with each line of a file and its number, from 0, and returns how many there are.
 template <class Use>
 std::size_t forEachNumberedLine(const FileBytes& file, Use use)
 {
@@ -33,7 +33,7 @@ std::size_t forEachNumberedLine(const FileBytes& file, Use use)
     return number;
 }
 
-// A part of a text that is cut at a separator, from 0; empty where there are fewer.
+// A part, counted from 0, of a text split at a separator; empty if there are fewer.
 std::string_view partOf(std::string_view text, std::string_view separator, std::size_t part)
 {
     for (; part != 0; --part) {
@@ -51,7 +51,7 @@ double valueAt(const std::vector<double>& values, std::size_t index)
     return index < values.size() ? values[index] : 0.0;
 }
 
-// With a tab behind it, the last of a row too.
+// A tab follows each value, the last of a row too.
 void appendTabbed(std::string& out, double value)
 {
     out += FloatToStr(value);
@@ -79,7 +79,7 @@ void appendEntry(std::string& out, std::size_t number, const TRepresent& represe
     out += '\n';
 }
 
-// The numbers of a line behind its first field.
+// The numbers of a line after its first field.
 std::vector<double> rowOf(std::string_view line)
 {
     std::vector<double> row;
@@ -234,7 +234,7 @@ int lIniASTAP(std::string path, TFitHead& head)
         if (number == 0) {
             solved = line == solvedMark;
         } else if (number < values.size()) {
-            values[number] = toDouble(partOf(line, "=", 1)); // whatever key stands before it
+            values[number] = toDouble(partOf(line, "=", 1)); // whatever its key
         }
     });
     if (!solved) {
@@ -269,7 +269,7 @@ int lFisherTable(std::string path, [[maybe_unused]] double value, TFisherTable& 
         return resultCode::emptyFile;
     }
     for (std::size_t i = 0; i < read.Columns.size(); ++i) {
-        if (read.Columns[i] != 0.0) { // 0.0, and not the number that was handed in
+        if (read.Columns[i] != 0.0) { // 0.0, and not the argument
             read.Column = static_cast<int>(i);
         }
     }
@@ -311,7 +311,7 @@ TFuncRes LoadResultExe(std::string path)
     if (readBytes(path, file)) {
         forEachLine(file.view(), [&last](std::string_view line) { last = line; });
     }
-    // A blank ends the text, so of a text of several words the first is all that comes back.
+    // A blank ends the text, so only the first of several words is returned.
     const std::string_view third = partOf(last, " ", 2);
     result.Code = toInt(partOf(partOf(third, "//", 0), "Code=", 1));
     result.Description = partOf(third, "//", 1);

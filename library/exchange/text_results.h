@@ -1,8 +1,8 @@
-// Small results of the astrometric stage as plain text, and the results that other programs leave.
+// Small results of the astrometric stage as plain text, and results written by other programs.
 //
-// A reader of a missing file gives what is empty; text that is no number is 0. Every writer replaces the file
-// and throws TavelinException with code 7 and the path where it cannot be written. Where nothing else is
-// said, numbers have six significant digits.
+// A reader gives an empty result for a missing file; text that is no number is 0. Every writer replaces the
+// file and throws TavelinException with code 7 and the path if it cannot be written. Numbers have six
+// significant digits unless noted otherwise.
 
 #pragma once
 
@@ -21,7 +21,7 @@ struct TFisherTable
 {
     int Column = 0;                ///< the last column that is not 0.0
     std::vector<double> Columns{}; ///< the degrees of freedom of the columns
-    std::vector<int> Rows{};       ///< and of the rows
+    std::vector<int> Rows{};       ///< the degrees of freedom of the rows
     std::vector<std::vector<double>> Values{};
 };
 
@@ -34,12 +34,12 @@ struct TCoordSat
 /// The fields of the first line.
 std::vector<std::string> lBand(std::string path);
 
-/// Appends the numbers behind the first three lines, one a line.
+/// Appends the numbers after the first three lines, one per line.
 void LoadResult61(std::string path, std::vector<double>& values);
 
-/// Writes an array that is stored row by row, which holds width times height values. There is a tab behind
-/// each value, the last of a row too. The path is the folder and the name as they stand: the folder ends in
-/// its separator. A height below 1 leaves an empty file.
+/// Writes an array of width times height values that is stored row by row. A tab follows each value, the last
+/// of a row too. Folder and name are simply joined: the folder ends in its separator. A height below 1 leaves
+/// an empty file.
 void arrayToTxt(std::string folder, std::string name, double* values, long width, long height);
 
 /// Writes X, Y and C of each pixel in a row of its own, in the same way.
@@ -49,8 +49,8 @@ void arrayToTxt(std::string folder, std::string name, const std::vector<pixelD>&
 /// the second list lacks is 0.
 void sAstroPlate(std::string path, TPlateRec plate);
 
-/// A plate; its other fields stay at their defaults. The lists have the length that the file tells, and what
-/// it lacks is 0. A length that no file of that size can mean brings a plate of defaults.
+/// Reads a plate; its other fields stay at their defaults. The lists have the length that the file states,
+/// and missing values are 0. A length that a file of that size cannot hold gives a plate of defaults.
 TPlateRec lAstroPlate(std::string path);
 
 /// Writes the parameters of a reduction in two lines: the first six with 2 decimals, the last two with 6.
@@ -62,18 +62,18 @@ void SaveAstroParam(std::string path, double RA0, double DE0, double Mx, double 
 void sParamAstroQRV_61(std::string path, std::vector<double> xc, std::vector<double> xf,
                        std::vector<double> xw, int model, std::string outPath);
 
-/// Writes the entries of all representatives, one a line, both numbered from 0. Positions have 2 decimals and
-/// values 3. A representative without entries gets no line.
+/// Writes the entries of all representatives, one per line, both numbered from 0. Positions have 2 decimals
+/// and values 3. A representative without entries gets no line.
 void SaveIndIC(std::string path, const std::vector<TRepresent>& representatives);
 
 /// Reads the solution file of a plate solver into centre and matrix of a frame: 1, or 0 where its first line
-/// does not tell that the plate was solved; the head is then as it was. Lines are taken by their places and
-/// not by their keys; one that is missing is 0.
+/// does not say that the plate was solved; the head then stays as it was. Lines count by position and not by
+/// key; a missing one is 0.
 int lIniASTAP(std::string path, TFitHead& head);
 
-/// Reads a table. 0, 4 for a missing file and 2 for one of fewer than three lines; the table is then as it
-/// was. The number is not looked at: Column gets the index of the last column that is not 0.0, and stays
-/// where there is none.
+/// Reads a table. Returns 0, 4 for a missing file and 2 for one of fewer than three lines; on a failure the
+/// table stays as it was. The number is ignored: Column gets the index of the last column that is not 0.0,
+/// and stays if there is none.
 int lFisherTable(std::string path, double value, TFisherTable& table);
 
 /// The differences with 9 decimals, a tab between two.
@@ -82,10 +82,10 @@ std::string DiffSysCoordSatToStr(TCoordSat differences);
 /// The plate of a frame: its first two values are the centre, the rest is empty.
 TPlateRec FitHeadToPlate(const TFitHead& head);
 
-/// The result that another module left in the last line of its log, as in
-/// "2024-03-09 04:05:06.000789 Code=7//Error//in/night.mea". The text behind the first "//", up to a blank or
-/// to the next "//", becomes the description; the comment is "OK" whatever the code. What is missing is 0 and
-/// empty. A missing file is code -1 with "errNoFileResult" in both texts.
+/// The result that another module left in the last line of its log, as in "2024-03-09 04:05:06.000789
+/// Code=7//Error//in/night.mea". The text after the first "//", up to a blank or to the next "//", becomes
+/// the description; the comment is "OK" whatever the code. A missing code is 0, a missing text empty. A
+/// missing file is code -1 with "errNoFileResult" in both texts.
 TFuncRes LoadResultExe(std::string path);
 
 } // namespace tavelinUtils

@@ -20,7 +20,7 @@ constexpr mode_t folderMode = 0755;
 
 constexpr std::size_t copiedPiece = 65536;
 
-// What has a longer path cannot be named to the system.
+// The system accepts no longer path.
 constexpr std::size_t longestRemovedPath = 4095;
 
 void copyBytes(std::FILE* from, std::FILE* to)
@@ -29,7 +29,7 @@ void copyBytes(std::FILE* from, std::FILE* to)
     std::size_t count = 0;
     do {
         count = std::fread(piece.data(), 1, piece.size(), from);
-        std::fwrite(piece.data(), 1, count, to); // a failed write is not told, and the rest is tried
+        std::fwrite(piece.data(), 1, count, to); // a failed write is not reported, and the rest is tried
     } while (count == piece.size());
 }
 
@@ -79,7 +79,7 @@ bool copyfile(std::string source, std::string destination, bool overwrite)
     }
     if (FileExists(destination)) {
         if (!overwrite) {
-            return true; // the file that stands there is as good as a copy
+            return true; // the file that exists there is as good as a copy
         }
         deletefile(destination);
     }
@@ -101,7 +101,7 @@ bool movefile(std::string source, std::string destination)
     if (source == destination) {
         return true;
     }
-    // Always a full copy, also where a new name would do.
+    // Always a full copy, even where renaming would do.
     const bool copied = copyfile(source, destination, true);
     if (copied) {
         deletefile(source); // a source that stays does not undo the copy
@@ -114,7 +114,7 @@ bool CrtDir(std::string path, bool normalize)
     if (normalize) {
         path = normalizeSeparatorDir(path);
     }
-    // The test sees either spelling; what is made has the path as it is.
+    // The test accepts either spelling; the folder is created under the path as it is.
     return DirectoryExists(path) || mkdir(path.c_str(), folderMode) == 0;
 }
 
@@ -140,8 +140,8 @@ int removedirectoryrecursively(const char* path)
     }
     for (const FolderEntry& entry : entries) {
         const std::string entryPath = path + Slash + entry.name;
-        // Never the front part of a path: it may name this folder, the one above it or another entry, which
-        // has its own turn.
+        // Never a shortened path: it may name this folder, the one above it or another entry, which has its
+        // own turn.
         if (entryPath.size() > longestRemovedPath) {
             continue;
         }
@@ -158,8 +158,8 @@ void DeleteDir(std::string path)
     if (!DirectoryExists(path)) {
         return;
     }
-    // Nothing is removed by a list of FindFile: a search goes on with cut paths, and these may lead out of
-    // the folder.
+    // A list of FindFile must not decide what is removed: a search goes on with shortened paths, and these
+    // may lead out of the folder.
     removedirectoryrecursively(path.c_str());
     deletefile(path);
 }

@@ -14,7 +14,7 @@
 namespace tavelinUtils {
 namespace {
 
-// A walk goes on with no more of a folder's path than this.
+// A walk goes on with at most this much of a folder's path.
 constexpr std::size_t longestWalkedPath = 1023;
 
 constexpr std::string_view frameExtensions[] = {".fit", ".FIT", ".fits", ".FITS", ".fts", ".FTS"};
@@ -27,7 +27,7 @@ struct CloseFolder
     }
 };
 
-// A folder of a walk and the way that led there.
+// A folder of a walk and the folders that led to it.
 struct Way
 {
     const std::string& folder;
@@ -50,9 +50,9 @@ bool isOnTheWay(const std::string& folder, const Way* way)
     return way != nullptr;
 }
 
-// Hands each entry below a folder with its path to a function, which says whether the walk enters it. A
-// folder's entries are read before the first is used: no stream stays open on the way down, so that the
-// number of open files sets no limit to the depth.
+// Calls a function with each entry below a folder and its path; its result says whether the walk enters the
+// entry. A folder's entries are read before the first is used: no stream stays open on the way down, so the
+// limit of open files does not limit the depth.
 template <class Use>
 void walk(const std::string& folder, const Way* above, const Use& use)
 {
@@ -66,7 +66,7 @@ void walk(const std::string& folder, const Way* above, const Use& use)
         }
         const bool isCut = path.size() > longestWalkedPath;
         path.resize(std::min(path.size(), longestWalkedPath));
-        // What is cut may end in "/", "/." or "/..", or be the path of the folder itself.
+        // A cut path may end in "/", "/." or "/..", or be the path of the folder itself.
         if (!isCut || !isOnTheWay(path, &here)) {
             walk(path, &here, use);
         }
@@ -106,7 +106,7 @@ void FindFile(std::string root, std::string mask, std::string extension,
 
 void FindFile(std::string root, std::string mask, std::string extension, std::vector<std::string>& files)
 {
-    // The one search that looks at its root: the others find nothing below an empty one.
+    // The only search that tests its root: the others find nothing below an empty one.
     if (root.empty()) {
         return;
     }
@@ -150,7 +150,7 @@ void FindFitFile(std::string root, std::string mask, std::vector<std::string>& r
 
 void FindFitFile(const std::vector<std::string>& roots, std::string mask, std::vector<std::string>& result)
 {
-    // Gathered aside, so that the list of roots may be the result itself.
+    // Collected aside, so that the list of roots may be the result itself.
     std::vector<std::string> frames;
     for (const std::string& root : roots) {
         FindFitFile(root, mask, frames);
@@ -176,7 +176,7 @@ void FindDirRecur(const char* folder, int /*depth*/, std::string name, std::vect
     }
     walk(folder, nullptr, [&](const std::string& path, const FolderEntry& entry) {
         if (entry.isFolder) {
-            directories.push_back(path); // also one whose name keeps the walk out
+            directories.push_back(path); // also one that the walk does not enter because of its name
         }
         return entry.isFolder && (name.empty() || name == entry.name);
     });

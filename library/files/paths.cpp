@@ -29,11 +29,11 @@ std::string GetDrive(std::string path)
 std::string calcpathlevelup(std::string path, bool normalize)
 {
     std::string folder = normalize ? normalizeSeparatorDir(path) : path;
-    // An empty path has no last character: its place is out of range, and at() says so.
+    // An empty path has no last character: at() throws std::out_of_range.
     if (folder.at(folder.size() - 1) != Slash.front()) {
         folder += Slash;
     }
-    // A bare name comes back whole from the second cut, and so it is its own parent.
+    // The second cut returns a bare name whole, so it is its own parent.
     return ExtractPath(ExtractPath(folder)) + Slash;
 }
 

@@ -80,7 +80,7 @@ std::string GetSeriaConfig(std::string seriesPath)
     std::vector<std::string> files;
     FindFile(seriesPath, "", std::string(configurationExtension), files);
     if (files.size() == 1) {
-        return files.front(); // unread: a series of one configuration needs no proof of it
+        return files.front(); // not read: the only configuration needs no test
     }
     const auto configuration = std::find_if(files.begin(), files.end(), isConfiguration);
     return configuration == files.end() ? "" : *configuration;

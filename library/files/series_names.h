@@ -6,7 +6,7 @@
 
 namespace tavelinUtils {
 
-/// Folders of a series. The last three are those of the multi-series tool; "logs" stands twice on purpose.
+/// Folders of a series. The last three are those of the multi-series tool; "logs" is there twice on purpose.
 struct TSubfolders
 {
     std::string tavelinFolder = "tavelin";

@@ -58,7 +58,7 @@ std::vector<int> ReadFromFileInt(std::string path)
     return numbers;
 }
 
-// Those who add to a file go on without it: the result is dropped on purpose.
+// Callers that append to a file go on without it: the result is dropped on purpose.
 void appendText(const std::string& path, std::string_view text)
 {
     writeBytes(path, "a", text);

@@ -60,7 +60,7 @@ std::vector<THisto> calcGisto(std::vector<double>& values, int bins)
         return {};
     }
     std::vector<THisto> histogram = emptyBins(values.front(), values.back(), static_cast<std::size_t>(bins));
-    // Values and limits both rise, so the bin that PutDataToHisto would find never lies behind the last one.
+    // Values and limits both rise, so PutDataToHisto would never go back to an earlier bin.
     std::size_t k = 0;
     for (std::size_t i = 0; i < values.size(); ++i) {
         while (k < histogram.size() && histogram[k].Hi <= values[i]) {

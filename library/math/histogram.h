@@ -29,7 +29,7 @@ std::vector<THisto> calcGisto(std::vector<double>& values, int bins);
 
 /// The histogram of the values about the peak: of each histogram the values in the first greatest bin and its
 /// two neighbours make the next, `iterations` times over. A peak in the first or the last bin moves one
-/// inwards, and where no bin beats the first, the peak of the pass before stays, at first the first bin. The
+/// inwards; where no bin beats the first, the peak of the previous pass stays, initially the first bin. The
 /// values are not changed. An `iterations` of -1 or less gives an empty histogram, and so does a pass that
 /// has no values left.
 std::vector<THisto> calcGistoIteratio(const std::vector<double>& values, int bins, int iterations);

@@ -3,14 +3,13 @@
 //   std::vector<unsigned long> index;
 //   QuickSort(std::vector<double>{3.0, 1.0, 2.0}, index);   // 1, 2, 3; index: 1, 2, 0
 //
-// After a sort, element k of the index is the place in the input of the element that now stands at k. Keys
-// are sorted apart from the records that they belong to, so that the long records move only once, behind the
-// sort.
+// After a sort, element k of the index is the place in the input of the element that is now at k. Keys are
+// sorted apart from their records, so that the long records move only once, after the sort.
 //
 // The sort is not stable, but what it does with ties is fixed by its steps: the pivot is the key in the
 // middle of the range, and keys equal to it change places. A key that is not a number stops both walks of a
-// partition, as a key equal to the pivot does. Arrangements that make the middle key the least or the
-// greatest of its range again and again take quadratic time; they need no more stack than others.
+// partition, as a key equal to the pivot does. Input whose middle key is again and again the least or the
+// greatest of its range takes quadratic time, but no more stack than other input.
 
 #pragma once
 
@@ -23,7 +22,7 @@
 
 namespace tavelinUtils {
 
-/// A point and how far it is from where it should be.
+/// A point and its distance from where it should be, in one unit.
 struct FarPoint
 {
     double X = 0;
@@ -47,7 +46,7 @@ struct BareKeys
     }
 };
 
-/// Keys that take their indexes along.
+/// Keys that move together with their indexes.
 template <class Key>
 struct IndexedKeys
 {
@@ -80,8 +79,8 @@ struct FarPoints
     }
 };
 
-/// What a partition leaves of a range: its left part ends at leftEnd, its right part begins at rightBegin. A
-/// place between them holds what belongs there.
+/// The outcome of a partition: the left part of the range ends at leftEnd, the right part begins at
+/// rightBegin. A key between them is already in its place.
 struct Partition
 {
     int leftEnd;
@@ -146,8 +145,8 @@ Partition partitionAboutMiddle(Keys keys, int left, int right, IsBefore isBefore
     return {j, i};
 }
 
-/// Sorts a range, both ends included. The parts of a partition have nothing in common, so the shorter one may
-/// go first: the order that comes out is the same, and the stack stays at the logarithm of the size.
+/// Sorts a range, both ends included. The two parts of a partition are independent, so the shorter one may go
+/// first: the outcome is the same, and the stack grows with the logarithm of the size.
 template <class Keys, class IsBefore>
 void sortByPartitions(Keys keys, int left, int right, IsBefore isBefore)
 {
@@ -163,8 +162,8 @@ void sortByPartitions(Keys keys, int left, int right, IsBefore isBefore)
     }
 }
 
-/// The key that a sort would bring to a place, without sorting the rest: of each partition only the part with
-/// the place goes on. Keys are reordered.
+/// The key that a sort would bring to a place, without sorting the rest: of each partition only the part that
+/// holds the place is partitioned again. Keys are reordered.
 template <class Key>
 Key keyAtSortedPlace(std::vector<Key>& keys, int place)
 {
@@ -204,7 +203,7 @@ inline void quickSortFarPointsInternal(std::vector<FarPoint>& points, int left, 
     sortByPartitions(FarPoints{points.data()}, left, right, std::less<double>());
 }
 
-/// A sorted copy of the keys, ascending; the index is made anew. An empty list empties the index. A list
+/// A sorted copy of the keys, ascending; the index is filled anew. An empty list empties the index. A list
 /// holds at most 2147483647 keys.
 template <class T>
 std::vector<T> QuickSort(const std::vector<T>& keys, std::vector<unsigned long>& index)
@@ -227,7 +226,7 @@ std::vector<T> QuickSortDown(const std::vector<T>& keys, std::vector<unsigned lo
     return sorted;
 }
 
-/// A sorted copy of the keys, ascending, for those who need no index.
+/// A sorted copy of the keys, ascending, without an index.
 template <class T>
 std::vector<T> QuickSort1(const std::vector<T>& keys)
 {

@@ -33,7 +33,7 @@ void arrange(std::vector<Record>& records, const Index& index)
     records = std::move(arranged);
 }
 
-// The order of keys: element k is the place of the k-th.
+// The order of keys: element k is the index of the k-th.
 template <class Key>
 Index ascendingOrder(const std::vector<Key>& keys)
 {
@@ -42,7 +42,7 @@ Index ascendingOrder(const std::vector<Key>& keys)
     return index;
 }
 
-// The ascending order walked from its end. A descending sort would leave ties in another order.
+// The ascending order reversed. A descending sort would give ties another order.
 Index reversedOrder(const std::vector<double>& keys)
 {
     const Index index = ascendingOrder(keys);

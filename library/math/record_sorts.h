@@ -1,7 +1,7 @@
 // Sorts of plain lists and of records.
 //
-// A sort of records gathers one key of each, sorts the keys with QuickSort, and puts the records in the order
-// of its index; so ties stand as that sort leaves them. Empty lists pass through.
+// A sort of records collects one key of each, sorts the keys with QuickSort, and puts the records in the
+// order of its index; so ties keep the order that this sort gives them. Empty lists stay empty.
 
 #pragma once
 
@@ -21,7 +21,7 @@ void SortInt(std::vector<int>& values);
 void SortSizeT(std::vector<unsigned long>& values);
 void SortSizeTDown(std::vector<unsigned long>& values);
 
-/// The order of the residuals of a fit by magnitude, the smallest first: element k is the place of the k-th.
+/// The order of the residuals of a fit by magnitude, the smallest first: element k is the index of the k-th.
 std::vector<unsigned long> SortByResMNK(std::vector<double> residuals);
 
 /// Sort pixels by X, ascending.
@@ -49,15 +49,15 @@ void pSortBlobsBy_A(std::vector<TComparStar>& stars);
 void pSortBlobsBy_A(THeadBlobs& frame);
 
 /// Sorts marks, the brightest first: by A, Asegm or Astrob (types 2, 3, 4), the largest first, or by m (8),
-/// the smallest first. Any other type has keys of zero and leaves the list as those come out of the sort,
+/// the smallest first. Any other type has keys of zero: the list gets the order that the sort gives to those,
 /// reversed.
 void pSortBlobsBy_A(TTypeSort_Record type, std::vector<TRecLabelPervichka_File>& marks);
 
 /// Sorts heads of frames by time.
 void pSortHead(std::vector<TFitHead>& heads);
 
-/// Sorts fitted objects by the number of pixels of the objects that they name, ascending. One that names
-/// none counts as without pixels.
+/// Sorts fitted objects by the number of pixels of the objects that they refer to, ascending. One that refers
+/// to none counts as having no pixels.
 void pSortObjects(std::vector<TFittObject>& fitted, std::vector<TObjKontur>& objects);
 
 /// Sorts stars by Tag1 of their marks, ascending.
@@ -69,7 +69,7 @@ void SortROtmetka(int width, int height, std::vector<TRecLabelPervichka_File>& m
 
 /// Sorts representatives by the distance between measured and fitted position of their first entry, the
 /// greatest first: mark and fitted object are those at the entry's blob index. A representative without
-/// entries, or with an index outside a list, counts as without distance.
+/// entries, or with an index outside a list, counts as having distance 0.
 void SortICByResXY(std::vector<TRepresent>& representatives,
                    const std::vector<TRecLabelPervichka_File>& marks, const std::vector<TFittObject>& fitted);
 

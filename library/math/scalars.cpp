@@ -17,13 +17,13 @@ bool isInside(int coordinate, int size)
     return coordinate >= 0 && coordinate < size;
 }
 
-// A place in a flat array; one beyond 32 bits wraps, as an index of 32 bits does.
+// An index of a flat array; one beyond 32 bits wraps.
 int place(std::int64_t slow, std::int64_t size, std::int64_t fast)
 {
     return static_cast<int>(static_cast<std::int32_t>(slow * size + fast));
 }
 
-// In 64 bits, where the least index over -1 has a result.
+// In 64 bits, where the least index divided by -1 has a result.
 int quotient(std::int64_t index, std::int64_t size)
 {
     return size == 0 ? 0 : static_cast<int>(index / size);

@@ -22,7 +22,7 @@ double daysOf(const THeadBlobs& frame)
     return frame.date + frame.time;
 }
 
-// A run keeps growing while it is short, at the end of the series, or where the gaps do not tell of a break.
+// A run keeps growing while it is short, at the end of the series, or where the gaps do not show a break.
 bool staysInRun(int i, int runStart, int runEnd, double factor, const std::vector<THeadBlobs>& frames)
 {
     const int followers = static_cast<int>(frames.size()) - i;
@@ -141,7 +141,7 @@ int CalcDeltaUTC(double longitude)
 
 void iICtoBlob(const std::vector<TRepresent>& representatives, std::vector<THeadBlobs>& frames)
 {
-    // The first frame of a number has it.
+    // Of several frames with one number the first counts.
     std::unordered_map<int, THeadBlobs*> frameOfNumber;
     for (THeadBlobs& frame : frames) {
         frameOfNumber.emplace(frame.FrameNumber, &frame);

@@ -39,7 +39,7 @@ double squareOf(double value)
     return value * value;
 }
 
-// The distance of two pixels, with squares summed in 32 bits: a sum beyond them wraps.
+// The distance between two pixels, with squares summed in 32 bits: a sum beyond them wraps.
 double wrappedDistance(const pixel& a, const pixel& b)
 {
     const auto square = [](int from, int to) {
@@ -54,7 +54,7 @@ double distanceOfEnds(const std::vector<pixel>& pixels)
     return wrappedDistance(pixels.front(), pixels.back());
 }
 
-// The centre of pixels by what a function says that each weighs.
+// The centre of pixels whose weights a function gives.
 template <class Pixels, class Weight>
 Point centreOf(const Pixels& pixels, Weight weight)
 {
@@ -91,7 +91,7 @@ double widthAbout(double x, double y, const std::vector<pixel>& contour)
     constexpr double leastWidth = 0.001;
     double nearest = std::numeric_limits<double>::infinity();
     for (const pixel& point : contour) {
-        // Not-a-number, the distance from a centre that is none, comes through.
+        // Not-a-number, the distance from a centre that is not-a-number, is kept.
         nearest = std::min(std::sqrt(squareOf(point.X - x) + squareOf(point.Y - y)), nearest);
     }
     if (contour.empty()) {
@@ -151,7 +151,7 @@ double calcLength(std::vector<pixel>& pixels)
     }
     std::stable_sort(pixels.begin(), pixels.end(), tavelinUtils::sortpixelX);
     const double alongX = distanceOfEnds(pixels);
-    // On what the first sort left: ties in Y stand in the order of X.
+    // Applied to the order by X, so ties in Y stay in that order.
     std::stable_sort(pixels.begin(), pixels.end(), tavelinUtils::sortpixelY);
     const double alongY = distanceOfEnds(pixels);
     return alongY > alongX ? alongY : alongX;
@@ -200,7 +200,7 @@ void CalcEccentricity(std::vector<TObjKontur>& objects)
             object.ValueB = object.ValueA;
         }
         object.Index = index++;
-        calcEccentricityInternal(object); // what it measures stands in the object
+        calcEccentricityInternal(object); // the object takes what it measures
     }
 }
 

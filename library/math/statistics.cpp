@@ -18,7 +18,7 @@ bool isMasked(const std::vector<bool>& mask, std::size_t place)
     return place < mask.size() && mask[place];
 }
 
-// The sum of what a function gives for each place that is not masked.
+// The sum of a function over the indexes that are not masked.
 template <class Term>
 double sumOver(std::size_t count, const std::vector<bool>& mask, Term term)
 {
@@ -42,7 +42,7 @@ double square(double value)
     return value * value;
 }
 
-// The mean of what a function gives for each value of a masked array, and how many there are.
+// The mean of a function over the values that are not masked, and how many there are.
 template <class Term>
 double maskedMean(int n, const double* values, const bool* mask, unsigned long& count, Term term)
 {
@@ -54,7 +54,7 @@ double maskedMean(int n, const double* values, const bool* mask, unsigned long& 
             ++count;
         }
     }
-    return sum / static_cast<double>(count); // zero over zero where none is left
+    return sum / static_cast<double>(count); // zero over zero if none is left
 }
 
 template <class Value>
@@ -166,7 +166,7 @@ double CalculateSKO(const std::vector<double>& values)
         squares += square(value);
     }
     const auto count = static_cast<double>(values.size());
-    // May be the root of a negative number: rounding is not caught here.
+    // May be the root of a negative number: rounding is not corrected here.
     return std::sqrt(squares / count - square(sum / count));
 }
 
@@ -209,9 +209,9 @@ void pcMathSKO(int width, int height, double* values, int iterations, double k, 
         unsigned long count = 0;
         mean = CalculateAverage(n, values, mask.get(), count);
         sigma = CalculateSKO(n, values, mask.get(), count, mean);
-        // Behind the values that go out: they are those of the block before the last clip.
+        // After mean and sigma, which are those of the block before the last clip.
         BlankARR(n, values, mask.get(), mean - k * sigma, mean + k * sigma);
-        // With nothing left sigma is no number, and then it is not above eps either.
+        // With nothing left sigma is not-a-number, and the difference is then not above eps.
         if (!(std::abs(sigma - previousSigma) > eps) || passes >= iterations) {
             return;
         }
@@ -300,7 +300,7 @@ double Median2(std::vector<double>& values)
         return 0.0;
     }
     if (values.size() < 3) {
-        return values[0]; // as it stands: of 7 and 5 it is 7
+        return values[0]; // unsorted: of 7 and 5 it is 7
     }
     std::vector<double> sorted = values;
     const std::size_t even = values.size() % 2 == 0 ? 1 : 0;

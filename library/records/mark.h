@@ -12,8 +12,8 @@
 
 namespace tavelinUtils {
 
-// Byte-packed, because arrays of it take part in the layouts of the pipeline. Read and write the fields by
-// value; bind no reference or pointer to one for longer than a statement.
+// No gaps between the fields, because arrays of the record take part in the layouts of the pipeline. Read and
+// write the fields by value; bind no reference or pointer to one for longer than a statement.
 #pragma pack(push, 1)
 
 /// One mark. A carried field is copied with the mark and by the conversions of blob_conversions.h; no format

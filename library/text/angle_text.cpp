@@ -28,7 +28,7 @@ Sexagesimal sexagesimalOf(double value)
     return {whole, minute, (minutes - minute) * 60.0};
 }
 
-// Sign, whole part and minutes; the seconds that are left come back.
+// Appends sign, whole part and minutes; returns the seconds that are left.
 double appendToMinutes(std::string& out, bool negative, double magnitude, std::string_view separator)
 {
     const Sexagesimal parts = sexagesimalOf(magnitude);

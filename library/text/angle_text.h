@@ -1,6 +1,7 @@
 // Angle text: right ascension and declination as sexagesimal text, and back.
 //
-// Angles are degrees in the records; right ascension is hours in its texts.
+// Angles are degrees in the records; right ascension is hours in its texts. A packed text is one of digits
+// and a sign, without separators and without a point.
 
 #pragma once
 
@@ -10,9 +11,9 @@
 
 namespace tavelinUtils {
 
-/// Right ascension in degrees as sexagesimal hours, "01:00:00.00" for 15.0 with precision 2 and ":".
-/// Without seconds the text ends at the minutes, cut and not rounded. There is no carry and no wrap:
-/// seconds that round up stand as 60, and 360.0 gives hour 24.
+/// Right ascension in degrees as sexagesimal hours, "01:00:00.00" for 15.0 with precision 2 and ":". Without
+/// seconds the text ends at the minutes, cut and not rounded. There is no carry and no wrap: seconds that
+/// round up are written as 60, and 360.0 gives hour 24.
 std::string RAToStr(double degrees, int precision, std::string separator, bool seconds);
 
 /// Declination in degrees as sexagesimal degrees, by the same rules. A positive one has no sign, so its
@@ -35,11 +36,11 @@ double StrRAToDecimal(std::string text);
 /// colon-separated parts, or more than three, give -100.0.
 double StrDEToDecimal(std::string text);
 
-/// Degrees of a packed right ascension HHMMSSsss. Throws std::out_of_range below 6 characters.
+/// Degrees of a packed right ascension, HHMMSSsss. Throws std::out_of_range below 6 characters.
 double pStrTelegrammaToRA(std::string text);
 
-/// Degrees of a packed declination sDDMMSSsss. The first three characters are sign and degrees whatever
-/// stands there, so a text without a sign reads wrongly. Throws std::out_of_range below 7 characters.
+/// Degrees of a packed declination, sDDMMSSsss. The first three characters are sign and degrees whatever they
+/// are, so a text without a sign is read wrongly. Throws std::out_of_range below 7 characters.
 double pStrTelegrammaToDE(std::string text);
 
 /// Append what RAToStr and DEToStr give with seconds.
@@ -50,7 +51,7 @@ void appendDE(std::string& out, double degrees, int precision, std::string_view 
 void appendPackedRA(std::string& out, double degrees, int precision);
 void appendPackedDE(std::string& out, double degrees, int precision);
 
-/// What the functions of the same purpose above give, of views.
+/// The same conversions as above, of views.
 double raOf(std::string_view hours, std::string_view minutes, std::string_view seconds);
 double deOf(std::string_view degrees, std::string_view minutes, std::string_view seconds);
 double raToDecimal(std::string_view text);
@@ -59,7 +60,7 @@ double packedRA(std::string_view text);
 double packedDE(std::string_view text);
 
 /// The seconds at the end of a packed time or angle: the two characters from the position, a point, and
-/// everything behind them. Throws std::out_of_range where the text ends before the two.
+/// everything after them. Throws std::out_of_range where the text ends before the two.
 double packedSeconds(std::string_view text, std::size_t position);
 
 } // namespace tavelinUtils

@@ -19,12 +19,12 @@ struct TBadAreaFrame
 };
 
 /// The rectangles of a setting, each in parentheses: two corners with a "-" between them, each two integers
-/// with a ";". A part of another shape is left out and clears the flag, which the caller sets to true
-/// first. An empty text has no rectangles.
+/// with a ";". An entry of another form is left out and clears the flag, which the caller sets to true first.
+/// An empty text has no rectangles.
 std::vector<TBadAreaFrame> ParsBadAreaFrame(std::string text, bool& ok);
 
-/// Sets code 142 in the result, with the name of the setting behind the code's text as comment, where the
-/// setting holds a part of a wrong shape; otherwise the result stays as it was.
+/// Sets code 142 in the result, with the code's text and the name of the setting as comment, if the setting
+/// holds an entry of a wrong form; otherwise the result stays as it was.
 void CheckBadAreaFrame(std::string name, std::string text, TFuncRes& result);
 
 } // namespace tavelinUtils

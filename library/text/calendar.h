@@ -1,7 +1,7 @@
 // Calendar and MJD: conversions between Modified Julian Date, Julian Date, calendar date and time of day.
 //
-// The calendar is that of the IAU SOFA routines. Months count from 1. Nothing fails: a year or month that
-// the calendar refuses gives 0, and a day outside its month is computed, so that 31 February is 3 March.
+// The calendar is that of the IAU SOFA routines. Months count from 1. No conversion fails: a year or month
+// that the calendar refuses gives 0, and a day outside its month is computed, so that 31 February is 3 March.
 
 #pragma once
 
@@ -21,7 +21,7 @@ struct TDateTime
     double seconds = 0;
 };
 
-/// MJD and Julian Date into each other.
+/// MJD to Julian Date, and back.
 double MJDtoJD(double mjd);
 double JDtoMJD(double jd);
 

@@ -60,7 +60,7 @@ void appendHourAndMinute(std::string& out, int hour, int minute, std::string_vie
     out += separator;
 }
 
-// The "0" before short seconds looks at the value here: 9.996 gives 010.00 with two decimals.
+// The "0" before short seconds depends on the value here: 9.996 gives 010.00 with two decimals.
 void appendSecondsByValue(std::string& out, double seconds, int precision)
 {
     if (seconds < 10.0) {
@@ -82,7 +82,7 @@ void appendCarriedTime(std::string& out, TimeOfDay time, int precision, std::str
         time.minute = 0;
     }
     if (time.hour == 24) {
-        time.hour = 0; // the date stays as it was; nothing tells the caller
+        time.hour = 0; // the date stays as it was, and the caller does not learn of the carry
     }
     appendHourAndMinute(out, time.hour, time.minute, separator);
     if (toDouble(seconds) < 10.0) {
@@ -91,7 +91,7 @@ void appendCarriedTime(std::string& out, TimeOfDay time, int precision, std::str
     out += seconds;
 }
 
-// The first three parts of a text at a separator of any length; a part that is not there is empty.
+// The first three parts of a text at a separator of any length; a missing part is empty.
 std::array<std::string, 3> partsAt(const std::string& text, const std::string& separator)
 {
     std::array<std::string, 3> parts;
@@ -127,7 +127,7 @@ std::string DayToTime(double day, int precision, std::string separator)
 
 void appendTimeMEA(std::string& out, double day, int precision, bool rounded)
 {
-    constexpr int manyDecimals = 15; // what is cut is cut from these
+    constexpr int manyDecimals = 15; // the seconds are cut from this many
     const TimeOfDay time = timeOfDay(day);
     appendHourAndMinute(out, time.hour, time.minute, "");
     const std::size_t begin = out.size();
@@ -322,7 +322,7 @@ void appendEpoch(std::string& out, DateTexts& dates, int date, double time)
 void readEpoch(std::string_view text, DayNumbers& days, int& date, double& time)
 {
     if (text.ends_with('T')) {
-        text.remove_suffix(1); // nothing follows it, so it separates nothing
+        text.remove_suffix(1); // a trailing T separates nothing
     }
     std::array<std::string_view, 2> parts;
     if (cutParts(text, 'T', parts) == parts.size()) {

@@ -1,7 +1,7 @@
 // Date and time text: dates and times of the exchange formats, and back.
 //
 // The forms differ in what matters to a format: whether seconds are rounded or cut, whether a rounded 60 is
-// carried, and in which order the date stands. A date is a whole MJD, a time the fraction of a day.
+// carried, and the order of year, month and day. A date is a whole MJD, a time the fraction of a day.
 
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace tavelinUtils {
 
-class DateTexts; // of base/last_answer.h, as the next
+class DateTexts; // of base/last_answer.h, like the next
 class DayNumbers;
 
 /// Hour, minute and seconds with the separator between them and seconds rounded to the precision. Seconds
@@ -24,7 +24,7 @@ std::string DayToTime(int hour, int minute, double second, int precision, std::s
 std::string DayToTime(double day, int precision, std::string separator);
 
 /// HHMMSSsss without separators. Not rounded: seconds are cut to the precision. Rounded: there is no carry,
-/// and the "0" before short seconds looks at the value and not at the rounded text, so that 9.996 with
+/// and the "0" before short seconds depends on the value and not on the rounded text, so that 9.996 with
 /// precision 2 gives five digits, 01000.
 std::string DayToTimeMEA(double day, int precision, bool rounded);
 
@@ -37,7 +37,7 @@ std::string DateToStr(int year, int month, int day, std::string separator);
 /// DateToStr of an MJD.
 std::string MJDToDate(double mjd, std::string separator);
 
-/// DDMMYY, the last two characters of the year; a shorter year stands whole.
+/// DDMMYY, the last two characters of the year; a shorter year is written whole.
 std::string MJDToDateMEA(double mjd);
 
 /// DD.MM.YYYY.
@@ -51,7 +51,7 @@ int StrTELToDate(std::string text);
 /// below 6 characters.
 double StrTELToTime(std::string text);
 
-/// Date and time in one text, seconds rounded without carry. The date separator stands within the date, the
+/// Date and time in one text, seconds rounded without carry. The date separator is used within the date, the
 /// time separator within the time, the middle one between the two.
 std::string DateTimeToStr(int year, int month, int day, int hour, int minute, double second,
                           std::string dateSeparator, std::string timeSeparator, std::string middleSeparator,
@@ -59,7 +59,7 @@ std::string DateTimeToStr(int year, int month, int day, int hour, int minute, do
 std::string DateTimeToStr(const TDateTime& dateTime, std::string dateSeparator, std::string timeSeparator,
                           std::string middleSeparator, int precision);
 
-/// The same of an MJD. There is no carry: hour 24 and seconds 60.000 can stand in the text.
+/// The same of an MJD. There is no carry: the text can hold hour 24 and seconds 60.000.
 std::string MJDToDateTime(double mjd, std::string dateSeparator, std::string timeSeparator,
                           std::string middleSeparator, int precision);
 
@@ -70,8 +70,7 @@ std::string SysToDateTime(long time);
 /// first half of a day belongs to the night of the day before; one shifted below 0 does not step back.
 std::string DateOfNight(double mjd, double offsetHours, std::string separator);
 
-/// The whole MJD of year, month and day in one text. Parts that are missing count as 0, further ones are
-/// not looked at.
+/// The whole MJD of year, month and day in one text. Missing parts count as 0, further ones are ignored.
 int DateToMJD(std::string text, std::string separator);
 
 /// The fraction of a day of hour, minute and second in one text, by the same rules.
@@ -85,7 +84,7 @@ double StrToDateTime(std::string date, std::string time, std::string dateSeparat
 TDateTime StrDateTimeToDTCode(std::string date, std::string time);
 
 /// The clock text of the pipeline's other platform. Here it reads no clock and is made of zeros:
-/// "0-00-00T00:00:00" with the middle separator "T", and ".000" behind it where the fraction is asked for.
+/// "0-00-00T00:00:00" with the middle separator "T", followed by ".000" if the fraction is asked for.
 /// Tracking messages carry it as their creation date.
 std::string NowToDateTimeWin(bool fraction, std::string middleSeparator);
 std::string NowToDateTimeWin(bool fraction, std::string middleSeparator, std::string dateSeparator,
@@ -99,19 +98,19 @@ void appendTime(std::string& out, double day, int precision, std::string_view se
 void appendTimeMEA(std::string& out, double day, int precision, bool rounded);
 void appendTimeTEL(std::string& out, double day);
 
-/// What StrTELToDate, StrTELToTime and TimeToDay give, of views.
+/// The conversions of StrTELToDate, StrTELToTime and TimeToDay, of views.
 int packedDate(std::string_view text);
 double packedTime(std::string_view text);
 double timeToDay(std::string_view text, char separator);
 
-/// Appends what MJDToDate gives of a whole MJD. The memo serves one separator.
+/// Appends what MJDToDate gives of a whole MJD. The memo is for one separator only.
 void appendDate(std::string& out, DateTexts& dates, int date, const char* separator);
 
 /// Appends an epoch of a tracking message: "2023-02-25T12:00:00.00000".
 void appendEpoch(std::string& out, DateTexts& dates, int date, double time);
 
-/// Reads an epoch into a whole MJD and the fraction of the day. A text that a "T" does not part into two
-/// leaves both as they were.
+/// Reads an epoch into a whole MJD and the fraction of the day. A text that is not split by a "T" into two
+/// parts leaves both as they were.
 void readEpoch(std::string_view text, DayNumbers& days, int& date, double& time);
 
 } // namespace tavelinUtils

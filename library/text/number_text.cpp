@@ -125,8 +125,8 @@ std::string replace(std::string text, std::string from, std::string to)
     if (from == to) {
         return text;
     }
-    // Each search starts at the front again as far as the outcome goes: before the place of the last
-    // replacement nothing can match but what reaches into it.
+    // The outcome is that of a search from the front each time: before the last replacement nothing can match
+    // unless it reaches into it.
     std::size_t place = text.find(from);
     while (place != std::string::npos) {
         text.replace(place, from.size(), to);

@@ -1,7 +1,7 @@
 // Numbers and small texts: fixed-notation numbers, field widths, trims and replacement.
 //
-// The appending helpers are what the writers of formats are made of; the public text functions are thin
-// faces of them, so that there is one rule for each text.
+// The writers of formats use appending helpers; these functions call the same helpers, so that there is one
+// rule for each text.
 
 #pragma once
 
@@ -13,13 +13,13 @@
 
 namespace tavelinUtils {
 
-/// A number in fixed notation with the given number of decimals, rounded as the standard library's
-/// output is: the exact value decides, and a tie goes to the even digit. There is no exponent, precision
-/// 0 gives no point, a negative value keeps its sign also where all digits are 0: -0.001 gives "-0.00".
-/// A negative precision counts as 6.
+/// A number in fixed notation with the given number of decimals, rounded as the standard library rounds: the
+/// exact value decides, and a tie goes to the even digit. There is no exponent, precision 0 gives no point,
+/// and a negative value keeps its sign even if all digits are 0: -0.001 gives "-0.00". A negative precision
+/// counts as 6.
 std::string Str9(double value, int precision);
 
-/// A number rounded to decimals through its text.
+/// A number rounded to decimals by way of its text.
 double SetPrecision(double value, int precision);
 
 /// An integer in decimal.
@@ -41,18 +41,18 @@ std::string Format(int value, std::ios_base::fmtflags adjust, int width);
 std::string Format(unsigned long value, std::ios_base::fmtflags adjust, int width);
 std::string Format(double value, std::ios_base::fmtflags adjust, int width);
 
-/// Cuts a text at each occurrence of the whole separator; empty tokens stay only where asked for. With an
+/// Splits a text at each occurrence of the whole separator; empty tokens are kept only if asked for. With an
 /// empty separator the text is one token.
 std::vector<std::string> split(std::string text, std::string separator, bool keepEmpty);
 
-/// The index of the first name that equals the wanted one; -2 where none does, -1 for an empty list.
+/// The index of the first name that equals the wanted one; -2 if none does, -1 for an empty list.
 int GetDataID(const std::vector<std::string>& names, std::string name);
 
-/// The separator of a line: a tab where that gives more tokens than a blank, otherwise a blank.
+/// The separator of a line: a tab if that gives more tokens than a blank, otherwise a blank.
 std::string GetRazd(std::string line);
 
-/// Replaces until `from` is nowhere left, also where a replacement made it anew. Equal texts change
-/// nothing. An empty `from`, or a `to` that holds `from`, does not end.
+/// Replaces until no `from` is left, also where a replacement creates a new one. Equal texts change nothing.
+/// With an empty `from`, or a `to` that holds `from`, it never returns.
 std::string replace(std::string text, std::string from, std::string to);
 
 /// Remove white space from the front, the end, and both.
@@ -60,7 +60,7 @@ void myltrim(std::string& text);
 void myrtrim(std::string& text);
 void mytrim(std::string& text);
 
-/// Removes every character of the set, wherever it stands.
+/// Removes every character of the set, wherever it occurs.
 void DeleteSymbol(std::string& text, std::string set);
 
 /// Removes the last character of the set, and only that one.
