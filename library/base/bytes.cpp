@@ -10,6 +10,14 @@ namespace {
 
 constexpr std::size_t spareBytes = FileBytes::spareBytes;
 
+// Gives the bytes larger room.
+void moveInto(std::size_t room, FileBytes& file)
+{
+    auto larger = std::make_unique_for_overwrite<char[]>(room + spareBytes);
+    std::memcpy(larger.get(), file.bytes.get(), file.size);
+    file.bytes = std::move(larger);
+}
+
 } // namespace
 
 OpenFile openFile(const std::string& path, const char* mode)
@@ -56,9 +64,7 @@ bool readBytes(const std::string& path, FileBytes& file)
         read.size += count;
         if (read.size == room) {
             room *= 2;
-            auto larger = std::make_unique_for_overwrite<char[]>(room + spareBytes);
-            std::memcpy(larger.get(), read.bytes.get(), read.size);
-            read.bytes = std::move(larger);
+            moveInto(room, read);
         }
     }
     if (std::ferror(stream.get()) != 0) {

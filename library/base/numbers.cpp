@@ -38,8 +38,27 @@ constexpr double exactPowers[exactDecimals + 1] = {1e0,  1e1,  1e2,  1e3,  1e4, 
                                                    1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                    1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
-// |value| times ten to the precision, rounded to the nearest integer with ties to even, all in integer
-// arithmetic; nothing if the result does not fit 64 bits.
+// A product divided by a power of two, rounded to the nearest integer with ties to even; nothing if the
+// result does not fit 64 bits. The product has fewer than 53 + 64 bits, so a larger shift leaves less than a
+// half.
+std::optional<std::uint64_t> shiftedToEven(WideInteger product, int shift)
+{
+    if (shift > 117) {
+        return 0;
+    }
+    const WideInteger quotient = product >> shift;
+    if (quotient >= std::numeric_limits<std::uint64_t>::max()) {
+        return std::nullopt;
+    }
+    const WideInteger rest = product - (quotient << shift);
+    const WideInteger half = WideInteger{1} << (shift - 1);
+    const auto whole = static_cast<std::uint64_t>(quotient);
+    const bool up = rest > half || (rest == half && (whole & 1) != 0);
+    return whole + (up ? 1 : 0);
+}
+
+// |value| times ten to the precision, rounded in integer arithmetic; nothing if the result does not fit 64
+// bits.
 std::optional<std::uint64_t> scaledMagnitude(double value, int precision)
 {
     constexpr int mantissaBits = 52;
@@ -54,20 +73,7 @@ std::optional<std::uint64_t> scaledMagnitude(double value, int precision)
     if (exponent != 0) {
         mantissa |= std::uint64_t{1} << mantissaBits;
     }
-    // The product has fewer than 53 + 64 bits, so a larger shift leaves less than a half.
-    const WideInteger product = WideInteger{mantissa} * powersOfTen[static_cast<std::size_t>(precision)];
-    if (shift > 117) {
-        return 0;
-    }
-    const WideInteger quotient = product >> shift;
-    if (quotient >= std::numeric_limits<std::uint64_t>::max()) {
-        return std::nullopt;
-    }
-    const WideInteger rest = product - (quotient << shift);
-    const WideInteger half = WideInteger{1} << (shift - 1);
-    const auto whole = static_cast<std::uint64_t>(quotient);
-    const bool up = rest > half || (rest == half && (whole & 1) != 0);
-    return whole + (up ? 1 : 0);
+    return shiftedToEven(WideInteger{mantissa} * powersOfTen[static_cast<std::size_t>(precision)], shift);
 }
 
 constexpr char digitPairs[] = "00010203040506070809"
@@ -148,6 +154,41 @@ bool isBelowTen(std::string_view number)
 std::string_view withoutLeadingSpace(std::string_view text)
 {
     return text.substr(std::min(text.find_first_not_of(whiteSpace), text.size()));
+}
+
+// The digits of a number in fixed notation. isWhole: they are all of the number, and exact.
+struct PlainNumber
+{
+    std::uint64_t digits = 0;
+    std::ptrdiff_t decimals = 0;
+    bool negative = false;
+    bool isWhole = false;
+};
+
+// Too many digits wrap around here; such a number is not whole.
+PlainNumber plainNumber(std::string_view text)
+{
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    PlainNumber number;
+    number.negative = *at == '-';
+    at += number.negative || *at == '+' ? 1 : 0;
+    const auto readDigits = [&number, &at, end] {
+        const char* const begin = at;
+        for (; at != end && isDigit(*at); ++at) {
+            number.digits = number.digits * 10 + static_cast<std::uint64_t>(*at - '0');
+        }
+        return at - begin;
+    };
+    std::ptrdiff_t count = readDigits();
+    if (at != end && *at == '.') {
+        ++at;
+        number.decimals = readDigits();
+        count += number.decimals;
+    }
+    const bool goesOn = at != end && std::strchr("eExX", *at) != nullptr;
+    number.isWhole = count > 0 && count <= 18 && number.digits <= exactInteger && !goesOn;
+    return number;
 }
 
 // The C library's conversion, which needs a zero byte after the text.
@@ -235,38 +276,15 @@ double toDouble(std::string_view text)
     if (text.empty()) {
         return 0;
     }
-    const char* at = text.data();
-    const char* const end = at + text.size();
-    const bool negative = *at == '-';
-    if (negative || *at == '+') {
-        ++at;
-    }
-    // A number with too many digits wraps around here and is left to the library.
-    std::uint64_t number = 0;
-    const auto readDigits = [&number, &at, end] {
-        const char* const begin = at;
-        for (; at != end && isDigit(*at); ++at) {
-            number = number * 10 + static_cast<std::uint64_t>(*at - '0');
-        }
-        return at - begin;
-    };
-    std::ptrdiff_t digits = readDigits();
-    std::ptrdiff_t decimals = 0;
-    if (at != end && *at == '.') {
-        ++at;
-        decimals = readDigits();
-        digits += decimals;
-    }
-    const bool plain = digits > 0 && digits <= 18 && number <= exactInteger;
-    const bool goesOn = at != end && std::strchr("eExX", *at) != nullptr;
-    if (!plain || goesOn) {
+    const PlainNumber number = plainNumber(text);
+    if (!number.isWhole) {
         return readByLibrary(text);
     }
-    double magnitude = static_cast<double>(number);
-    if (decimals > 0 && number != 0) {
-        magnitude /= exactPowers[decimals];
+    double magnitude = static_cast<double>(number.digits);
+    if (number.decimals > 0 && number.digits != 0) {
+        magnitude /= exactPowers[number.decimals];
     }
-    return negative ? -magnitude : magnitude;
+    return number.negative ? -magnitude : magnitude;
 }
 
 int toInt(std::string_view text)

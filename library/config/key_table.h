@@ -41,6 +41,23 @@ struct KeyRow
 template <auto convert, auto member>
 constexpr auto through = [](auto& record, std::string text) { record.*member = convert(std::move(text)); };
 
+/// Reads one key of a section into its target; a missing key leaves it.
+template <class Record, class Target>
+void readKey(TiXmlElement* section, const KeyRow<Record>& row, Target target, Record& record)
+{
+    if constexpr (std::is_same_v<Target, std::vector<std::string> Record::*>) {
+        GetList(section, row.item, row.key, record.*target);
+    } else if constexpr (std::is_member_object_pointer_v<Target>) {
+        GetText(section, row.key, record.*target);
+    } else {
+        bool found = false;
+        std::string text = GetTXT(section, row.key, found);
+        if (found) {
+            target(record, std::move(text));
+        }
+    }
+}
+
 /// Reads the keys that the section holds into the members of the record; lists are appended to. A null
 /// pointer, for a missing section, changes nothing. Like GetList, it never returns from an empty element of a
 /// list.
@@ -51,21 +68,7 @@ void readKeys(TiXmlElement* section, const KeyRow<Record> (&rows)[count], Record
         return;
     }
     for (const KeyRow<Record>& row : rows) {
-        const auto read = [&](auto target) {
-            using Target = decltype(target);
-            if constexpr (std::is_same_v<Target, std::vector<std::string> Record::*>) {
-                GetList(section, row.item, row.key, record.*target);
-            } else if constexpr (std::is_member_object_pointer_v<Target>) {
-                GetText(section, row.key, record.*target);
-            } else {
-                bool found = false;
-                std::string text = GetTXT(section, row.key, found);
-                if (found) {
-                    target(record, std::move(text));
-                }
-            }
-        };
-        std::visit(read, row.target);
+        std::visit([&](auto target) { readKey(section, row, target, record); }, row.target);
     }
 }
 

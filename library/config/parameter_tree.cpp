@@ -28,23 +28,29 @@ std::unique_ptr<TiXmlElement> xmlOf(const ParameterElement& element)
     return xml;
 }
 
+void readTarget(TiXmlElement* root, const ParameterKey& row, std::vector<std::string>& target)
+{
+    GetList(root, row.item, row.key, target);
+}
+
+void readTarget(TiXmlElement* root, const ParameterKey& row, std::optional<std::string>& target)
+{
+    bool found = false;
+    std::string text = GetTXT(root, row.key, found);
+    if (found) {
+        target = std::move(text);
+    }
+}
+
+template <class Value>
+void readTarget(TiXmlElement* root, const ParameterKey& row, Value& target)
+{
+    GetText(root, row.key, target);
+}
+
 void readKey(TiXmlElement* root, const ParameterKey& row)
 {
-    const auto read = [&](auto* target) {
-        using Target = std::remove_pointer_t<decltype(target)>;
-        if constexpr (std::is_same_v<Target, std::vector<std::string>>) {
-            GetList(root, row.item, row.key, *target);
-        } else if constexpr (std::is_same_v<Target, std::optional<std::string>>) {
-            bool found = false;
-            std::string text = GetTXT(root, row.key, found);
-            if (found) {
-                *target = std::move(text);
-            }
-        } else {
-            GetText(root, row.key, *target);
-        }
-    };
-    std::visit(read, row.target);
+    std::visit([&](auto* target) { readTarget(root, row, *target); }, row.target);
 }
 
 } // namespace

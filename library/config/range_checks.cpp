@@ -94,6 +94,31 @@ std::string seriesConfigurationOf(const std::string& path, const std::string& se
     return DirectoryExists(seriesFolder) ? GetSeriaConfig(seriesFolder) : "";
 }
 
+// An empty program folder leaves the program configuration out.
+void loadPrograms(const std::string& programFolder, const std::string& logPath, TPorogs& porogs,
+                  TFuncRes& result)
+{
+    porogs.exe.Java = "java";
+    const std::string config = programConfigurationOf(programFolder, porogs.subfolders);
+    slog(logPath, "loading vomar.conf: " + config);
+    if (!programFolder.empty()) {
+        result = lConfig(config, porogs.exe);
+        nameMissingPrograms(porogs.exe);
+    }
+}
+
+std::string foundConfiguration(const std::string& path, const std::string& seriesFolder,
+                               const std::string& logPath, TFuncRes& result)
+{
+    const std::string config = seriesConfigurationOf(path, seriesFolder);
+    slog(logPath, "userConf.Config = " + config);
+    if (config.empty()) {
+        result = GetErrCode(resultCode::undeterminedConfiguration, "");
+        throwErrCode(resultCode::undeterminedConfiguration, "");
+    }
+    return config;
+}
+
 bool isListed(int value, std::string_view list)
 {
     bool found = false;
@@ -125,22 +150,11 @@ TPorogs LoadUserConf(std::string seriesFolder, std::string programFolder, std::s
     result = GetErrCode(resultCode::success, "");
     TPorogs porogs;
     SetBlanks(porogs);
-    porogs.exe.Java = "java";
-    const std::string programConfig = programConfigurationOf(programFolder, porogs.subfolders);
-    slog(logPath, "loading vomar.conf: " + programConfig);
-    if (!programFolder.empty()) {
-        result = lConfig(programConfig, porogs.exe);
-        nameMissingPrograms(porogs.exe);
-        if (result.Code != resultCode::success) {
-            return porogs;
-        }
+    loadPrograms(programFolder, logPath, porogs, result);
+    if (result.Code != resultCode::success) {
+        return porogs;
     }
-    const std::string config = seriesConfigurationOf(configPath, seriesFolder);
-    slog(logPath, "userConf.Config = " + config);
-    if (config.empty()) {
-        result = GetErrCode(resultCode::undeterminedConfiguration, "");
-        throwErrCode(resultCode::undeterminedConfiguration, "");
-    }
+    const std::string config = foundConfiguration(configPath, seriesFolder, logPath, result);
     result = LoadUserConfXML(config, porogs, loadTLE);
     if (result.Code == resultCode::success) {
         DelExtensionExe(porogs);

@@ -77,6 +77,15 @@ void readText(TiXmlElement* parent, const std::string& key, Target& target)
 }
 
 template <class Target>
+void readTextAndList(TiXmlElement* parent, const std::string& key, Target& target, std::string& list)
+{
+    if (valueIn(childOf(parent, key)) != nullptr) {
+        GetText(parent, key, target);
+        GetAttr(parent, key, "list", list);
+    }
+}
+
+template <class Target>
 void readAttribute(const TiXmlElement* element, const char* name, Target& target)
 {
     const char* const text = element == nullptr ? nullptr : element->Attribute(name);
@@ -201,18 +210,12 @@ void GetText(TiXmlElement* parent, std::string key, short& target, short& min, s
 
 void GetText(TiXmlElement* parent, std::string key, std::string& target, std::string& list)
 {
-    if (valueIn(childOf(parent, key)) != nullptr) {
-        GetText(parent, key, target);
-        GetAttr(parent, key, "list", list);
-    }
+    readTextAndList(parent, key, target, list);
 }
 
 void GetText(TiXmlElement* parent, std::string key, short& target, std::string& list)
 {
-    if (valueIn(childOf(parent, key)) != nullptr) {
-        GetText(parent, key, target);
-        GetAttr(parent, key, "list", list);
-    }
+    readTextAndList(parent, key, target, list);
 }
 
 void GetAttr(TiXmlElement* parent, std::string key, std::string name, std::string& target)

@@ -24,32 +24,15 @@ public:
     bool goesBeyond(int deepest, int mostAttributes)
     {
         int depth = 0;
-        skipSpace();
-        while (*at != '\0') {
-            if (*at != '<') {
-                if (depth == 0) {
-                    return false; // the library stops at a text outside all elements
-                }
-                skipText();
-            } else if (depth > 0 && startsWith("</")) {
-                skipBehind(">");
-                --depth;
-            } else if (startsWithWord("<?xml")) {
-                skipDeclaration(depth == 0);
-            } else if (startsWith("<!--")) {
-                at += 4;
-                skipBehind("-->");
-            } else if (startsWith("<![CDATA[")) {
-                skipBehind("]]>");
-            } else if (isNameStart(at[1])) {
-                if (skipStartTag() > mostAttributes || depth >= deepest) {
-                    return true;
-                }
-                depth += emptyTag ? 0 : 1;
-            } else {
-                skipBehind(">");
+        for (skipSpace(); *at != '\0'; skipSpace()) {
+            if (depth == 0 && *at != '<') {
+                return false; // the library stops at a text outside all elements
             }
-            skipSpace();
+            const bool isElement = *at == '<' && isNameStart(at[1]);
+            if (isElement && (skipStartTag() > mostAttributes || depth >= deepest)) {
+                return true;
+            }
+            depth += isElement ? (emptyTag ? 0 : 1) : skipOther(depth == 0);
         }
         return false;
     }
@@ -142,7 +125,12 @@ private:
         return {begin, static_cast<std::size_t>(end - begin)};
     }
 
-    void skipBehind(const char* text)
+    void skipRest()
+    {
+        at += std::strlen(at);
+    }
+
+    void skipPast(const char* text)
     {
         const char* const found = std::strstr(at, text);
         at = found == nullptr ? at + std::strlen(at) : found + std::strlen(text);
@@ -168,10 +156,15 @@ private:
         }
         ++at;
         skipSpace();
-        if (*at == '"' || *at == '\'') {
-            value = skipQuoted();
-            return true;
+        if (*at != '"' && *at != '\'') {
+            return skipUnquoted(value);
         }
+        value = skipQuoted();
+        return true;
+    }
+
+    bool skipUnquoted(std::string_view& value)
+    {
         const char* const begin = at;
         while (*at != '\0' && !isSpace(*at) && *at != '/' && *at != '>') {
             if (*at == '"' || *at == '\'') {
@@ -186,28 +179,54 @@ private:
     // The number of attributes; emptyTag reports whether the element ends with its start tag.
     int skipStartTag()
     {
-        int attributes = 0;
-        emptyTag = false;
         ++at;
         skipSpace(); // a byte order mark counts as space here too
         skipName();
-        for (;;) {
-            skipSpace();
-            if (*at == '>') {
-                ++at;
-                return attributes;
-            }
-            if (*at == '/' || *at == '\0') {
-                emptyTag = true;
-                skipBehind(">");
-                return attributes;
-            }
+        int attributes = 0;
+        for (skipSpace(); !skipTagEnd(); skipSpace()) {
             std::string_view value;
             if (!skipAttribute(value)) {
-                at += std::strlen(at);
+                skipRest();
             }
             ++attributes;
         }
+        return attributes;
+    }
+
+    // False where attributes follow.
+    bool skipTagEnd()
+    {
+        emptyTag = *at == '/' || *at == '\0';
+        if (!emptyTag && *at != '>') {
+            return false;
+        }
+        skipPast(">");
+        return true;
+    }
+
+    // Skips all that is no start tag and returns the change of depth.
+    int skipOther(bool outside)
+    {
+        if (*at != '<') {
+            skipText();
+        } else if (!outside && startsWith("</")) {
+            skipPast(">");
+            return -1;
+        } else if (startsWithWord("<?xml")) {
+            skipDeclaration(outside);
+        } else if (startsWith("<!--")) {
+            skipComment();
+        } else {
+            skipPast(startsWith("<![CDATA[") ? "]]>" : ">");
+        }
+        return 0;
+    }
+
+    // What closes the comment comes after the four characters that open it.
+    void skipComment()
+    {
+        at += 4;
+        skipPast("-->");
     }
 
     // A declaration outside all elements settles the encoding, once.
@@ -218,19 +237,7 @@ private:
         std::string_view encoding;
         while (*at != '\0' && *at != '>') {
             skipSpace();
-            const bool isEncoding = startsWithWord("encoding");
-            if (isEncoding || startsWithWord("version") || startsWithWord("standalone")) {
-                std::string_view value;
-                if (!skipAttribute(value)) {
-                    at += std::strlen(at);
-                } else if (isEncoding) {
-                    encoding = value;
-                }
-            } else {
-                while (*at != '\0' && *at != '>' && !isSpace(*at)) {
-                    ++at;
-                }
-            }
+            skipDeclarationItem(encoding);
         }
         if (*at == '>') {
             ++at;
@@ -239,6 +246,23 @@ private:
             utf8 = encoding.empty() || strncasecmp(encoding.data(), "UTF-8", 5) == 0 ||
                    strncasecmp(encoding.data(), "UTF8", 4) == 0;
             encodingSettled = true;
+        }
+    }
+
+    void skipDeclarationItem(std::string_view& encoding)
+    {
+        const bool isEncoding = startsWithWord("encoding");
+        if (isEncoding || startsWithWord("version") || startsWithWord("standalone")) {
+            std::string_view value;
+            if (!skipAttribute(value)) {
+                skipRest();
+            } else if (isEncoding) {
+                encoding = value;
+            }
+            return;
+        }
+        while (*at != '\0' && *at != '>' && !isSpace(*at)) {
+            ++at;
         }
     }
 

@@ -67,6 +67,18 @@ int writeBlobLists(const std::string& path, const std::vector<Record>& records)
     return resultOf(file.close());
 }
 
+// False where the rest of the file cannot hold the blobs.
+bool readBlobs(RecordReader& file, TBranch& object)
+{
+    const std::size_t blobs = file.readCount();
+    if (!file.believes(blobs, sizeof(TIndFrBl))) {
+        return false;
+    }
+    object.Items.resize(blobs);
+    file.read(object.Items);
+    return true;
+}
+
 template <class Record>
 std::vector<Record> recordsOf(const std::string& path)
 {
@@ -131,15 +143,9 @@ int LoadObjects(std::string path, std::vector<TBranch>& objects)
     }
     objects.resize(*count);
     for (TBranch& object : objects) {
-        if (file.atEnd()) {
+        if (file.atEnd() || !readBlobs(file, object)) {
             break;
         }
-        const std::size_t blobs = file.readCount();
-        if (!file.believes(blobs, sizeof(TIndFrBl))) {
-            break;
-        }
-        object.Items.resize(blobs);
-        file.read(object.Items);
     }
     return 0;
 }

@@ -64,6 +64,23 @@ bool readObject(RecordReader& file, TObjKontur& object)
     return true;
 }
 
+// False where the rest of the file cannot hold the points.
+bool readSegment(RecordReader& file, DTSegment& segment)
+{
+    const std::size_t points = file.readCount();
+    StoredSegment head{segment.X, segment.Y, segment.Value};
+    file.read(head);
+    segment.X = head.X;
+    segment.Y = head.Y;
+    segment.Value = head.Value;
+    if (!file.believes(points, sizeof(TSegmentPoint))) {
+        return false;
+    }
+    segment.Points.resize(points);
+    file.read(segment.Points);
+    return true;
+}
+
 } // namespace
 
 int sBadPix(std::string path, const std::vector<pixel>& pixels)
@@ -111,20 +128,9 @@ void LoadSegment(std::string path, std::vector<DTSegment>& segments)
     }
     segments.resize(*count);
     for (DTSegment& segment : segments) {
-        if (file.atEnd()) {
+        if (file.atEnd() || !readSegment(file, segment)) {
             break;
         }
-        const std::size_t points = file.readCount();
-        StoredSegment head{segment.X, segment.Y, segment.Value};
-        file.read(head);
-        segment.X = head.X;
-        segment.Y = head.Y;
-        segment.Value = head.Value;
-        if (!file.believes(points, sizeof(TSegmentPoint))) {
-            break;
-        }
-        segment.Points.resize(points);
-        file.read(segment.Points);
     }
 }
 

@@ -45,6 +45,22 @@ void readEntries(RecordReader& file, std::size_t count, std::vector<TIndVK>& ent
     }
 }
 
+// False where the rest of the file cannot hold the entries.
+bool readMembers(RecordReader& file, std::vector<TRepresent>& representatives)
+{
+    int index = -1;
+    file.read(index);
+    const std::size_t entries = file.readCount();
+    if (!file.believes(entries, sizeof(StoredEntry))) {
+        return false;
+    }
+    // The stored index decides, not the order in the file.
+    TRepresent nowhere;
+    TRepresent* const representative = elementAt(representatives, index);
+    readEntries(file, entries, (representative == nullptr ? nowhere : *representative).Items);
+    return true;
+}
+
 } // namespace
 
 int sIndVKBin(std::string path, int frames, const std::vector<TRepresent>& representatives)
@@ -77,17 +93,9 @@ int lIndVKBin(std::string path, int& frames, std::vector<TRepresent>& representa
     }
     frames = storedFrames;
     representatives.resize(*count);
-    for (std::size_t record = 0; record < *count && !file.atEnd(); ++record) {
-        int index = -1;
-        file.read(index);
-        const std::size_t entries = file.readCount();
-        if (!file.believes(entries, sizeof(StoredEntry))) {
-            break;
-        }
-        // The stored index decides, not the order in the file.
-        TRepresent nowhere;
-        TRepresent* const representative = elementAt(representatives, index);
-        readEntries(file, entries, (representative == nullptr ? nowhere : *representative).Items);
+    std::size_t left = *count;
+    while (left != 0 && !file.atEnd() && readMembers(file, representatives)) {
+        --left;
     }
     return 0;
 }

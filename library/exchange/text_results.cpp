@@ -61,20 +61,16 @@ void appendTabbed(std::string& out, double value)
 void appendEntry(std::string& out, std::size_t number, const TRepresent& representative, std::size_t entry)
 {
     const TIndVK& item = representative.Items[entry];
-    out += std::to_string(number);
-    out += '\t';
+    out += std::to_string(number) + '\t';
     appendInt(out, representative.Index);
-    out += '\t';
-    out += std::to_string(entry);
+    out += '\t' + std::to_string(entry);
     for (const int value : {item.FrameNumber, item.BlobIndex, item.Third}) {
         out += '\t';
         appendInt(out, value);
     }
     out += representative.Index < 0 ? "\t0\t" : "\t1\t";
-    appendFixed(out, representative.X, 2);
-    out += '\t';
-    appendFixed(out, representative.Y, 2);
-    out += '\t';
+    appendColumn(out, representative.X, 2);
+    appendColumn(out, representative.Y, 2);
     appendFixed(out, representative.Value, 3);
     out += '\n';
 }
@@ -90,6 +86,43 @@ std::vector<double> rowOf(std::string_view line)
         }
     });
     return row;
+}
+
+void readPlateLine(std::size_t number, std::string_view line, TPlateRec& plate)
+{
+    constexpr std::size_t headLines = 3;
+    if (number == 1) {
+        plate.Value1 = toDouble(line);
+    } else if (number == 2) {
+        plate.Value2 = toDouble(line);
+    } else if (number >= headLines && number - headLines < plate.List1.size()) {
+        plate.List1[number - headLines] = toDouble(partOf(line, "\t", 0));
+        plate.List2[number - headLines] = toDouble(partOf(line, "\t", 1));
+    }
+}
+
+constexpr std::size_t firstOfMatrix = 9;
+using SolutionLines = std::array<double, firstOfMatrix + std::extent_v<decltype(TFitHead::CD)>>;
+
+void setSolution(const SolutionLines& values, TFitHead& head)
+{
+    constexpr std::size_t firstCentre = 3;
+    head.CRVAL1 = values[firstCentre];
+    head.CRVAL2 = values[firstCentre + 1];
+    for (std::size_t i = 0; i < std::size(head.CD); ++i) {
+        head.CD[i] = values[firstOfMatrix + i];
+    }
+}
+
+// The last column that is not 0.0, whatever number the caller asked for.
+int lastColumnOf(const std::vector<double>& columns, int fallback)
+{
+    for (std::size_t i = columns.size(); i > 0; --i) {
+        if (columns[i - 1] != 0.0) {
+            return static_cast<int>(i - 1);
+        }
+    }
+    return fallback;
 }
 
 } // namespace
@@ -157,28 +190,19 @@ void sAstroPlate(std::string path, TPlateRec plate)
 
 TPlateRec lAstroPlate(std::string path)
 {
-    constexpr std::size_t headLines = 3;
     TPlateRec plate;
     FileBytes file;
     if (!readBytes(path, file)) {
         return plate;
     }
     const std::optional<std::size_t> count = headCount(toInt(partOf(file.view(), "\n", 0)), file.size);
-    if (!count) {
-        return plate;
+    if (count) {
+        plate.List1.resize(*count);
+        plate.List2.resize(*count);
+        forEachNumberedLine(file, [&plate](std::size_t number, std::string_view line) {
+            readPlateLine(number, line, plate);
+        });
     }
-    plate.List1.resize(*count);
-    plate.List2.resize(*count);
-    forEachNumberedLine(file, [&](std::size_t number, std::string_view line) {
-        if (number == 1) {
-            plate.Value1 = toDouble(line);
-        } else if (number == 2) {
-            plate.Value2 = toDouble(line);
-        } else if (number >= headLines && number - headLines < *count) {
-            plate.List1[number - headLines] = toDouble(partOf(line, "\t", 0));
-            plate.List2[number - headLines] = toDouble(partOf(line, "\t", 1));
-        }
-    });
     return plate;
 }
 
@@ -222,9 +246,7 @@ void SaveIndIC(std::string path, const std::vector<TRepresent>& representatives)
 
 int lIniASTAP(std::string path, TFitHead& head)
 {
-    constexpr std::size_t firstCentre = 3;
-    constexpr std::size_t firstOfMatrix = 9;
-    std::array<double, firstOfMatrix + std::extent_v<decltype(TFitHead::CD)>> values{};
+    SolutionLines values{};
     bool solved = false;
     FileBytes file;
     if (!readBytes(path, file)) {
@@ -237,15 +259,10 @@ int lIniASTAP(std::string path, TFitHead& head)
             values[number] = toDouble(partOf(line, "=", 1)); // whatever its key
         }
     });
-    if (!solved) {
-        return 0;
+    if (solved) {
+        setSolution(values, head);
     }
-    head.CRVAL1 = values[firstCentre];
-    head.CRVAL2 = values[firstCentre + 1];
-    for (std::size_t i = 0; i < std::size(head.CD); ++i) {
-        head.CD[i] = values[firstOfMatrix + i];
-    }
-    return 1;
+    return solved ? 1 : 0;
 }
 
 int lFisherTable(std::string path, [[maybe_unused]] double value, TFisherTable& table)
@@ -255,7 +272,6 @@ int lFisherTable(std::string path, [[maybe_unused]] double value, TFisherTable& 
     }
     FileBytes file;
     TFisherTable read;
-    read.Column = table.Column;
     const bool isReadable = readBytes(path, file);
     const std::size_t count = forEachNumberedLine(file, [&read](std::size_t number, std::string_view line) {
         if (number == 1) {
@@ -268,11 +284,7 @@ int lFisherTable(std::string path, [[maybe_unused]] double value, TFisherTable& 
     if (!isReadable || count < 3) {
         return resultCode::emptyFile;
     }
-    for (std::size_t i = 0; i < read.Columns.size(); ++i) {
-        if (read.Columns[i] != 0.0) { // 0.0, and not the argument
-            read.Column = static_cast<int>(i);
-        }
-    }
+    read.Column = lastColumnOf(read.Columns, table.Column);
     table = std::move(read);
     return resultCode::success;
 }
@@ -291,10 +303,7 @@ std::string DiffSysCoordSatToStr(TCoordSat differences)
 
 TPlateRec FitHeadToPlate(const TFitHead& head)
 {
-    TPlateRec plate;
-    plate.Value1 = head.CRVAL1;
-    plate.Value2 = head.CRVAL2;
-    return plate;
+    return {.Value1 = head.CRVAL1, .Value2 = head.CRVAL2};
 }
 
 TFuncRes LoadResultExe(std::string path)

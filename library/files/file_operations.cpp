@@ -33,6 +33,21 @@ void copyBytes(std::FILE* from, std::FILE* to)
     } while (count == piece.size());
 }
 
+bool copyContent(const std::string& source, const std::string& destination)
+{
+    std::FILE* const from = fopen(source, "rb");
+    if (from == nullptr) {
+        return false;
+    }
+    std::FILE* const to = fopen(destination, "wb");
+    if (to != nullptr) {
+        copyBytes(from, to);
+        std::fclose(to);
+    }
+    std::fclose(from);
+    return to != nullptr;
+}
+
 bool holdsMask(const std::string& path, const std::string& mask)
 {
     return !mask.empty() && ExtractFileName(path, Slash).find(mask) != std::string::npos;
@@ -83,17 +98,7 @@ bool copyfile(std::string source, std::string destination, bool overwrite)
         }
         deletefile(destination);
     }
-    std::FILE* const from = fopen(source, "rb");
-    if (from == nullptr) {
-        return false;
-    }
-    std::FILE* const to = fopen(destination, "wb");
-    if (to != nullptr) {
-        copyBytes(from, to);
-        std::fclose(to);
-    }
-    std::fclose(from);
-    return to != nullptr;
+    return copyContent(source, destination);
 }
 
 bool movefile(std::string source, std::string destination)

@@ -38,6 +38,13 @@ std::size_t peakOf(const std::vector<THisto>& bins, std::size_t fallback)
     return peak == bins.begin() ? fallback : static_cast<std::size_t>(peak - bins.begin());
 }
 
+// Moves a peak in the first or the last bin by one.
+std::size_t inwards(std::size_t peak, std::size_t bins)
+{
+    peak = std::max<std::size_t>(peak, 1);
+    return peak == bins - 1 ? peak - 1 : peak;
+}
+
 // The values of the bins about a peak, in the order of the bins.
 std::vector<double> valuesAbout(std::size_t peak, const std::vector<THisto>& bins,
                                 const std::vector<double>& values)
@@ -84,10 +91,7 @@ std::vector<THisto> calcGistoIteratio(const std::vector<double>& values, int bin
             break;
         }
         peak = peakOf(histogram, peak);
-        peak = std::max<std::size_t>(peak, 1);
-        if (peak == histogram.size() - 1) {
-            --peak;
-        }
+        peak = inwards(peak, histogram.size());
         working = valuesAbout(peak, histogram, working);
     }
     return histogram;

@@ -87,47 +87,72 @@ struct Partition
     int rightBegin;
 };
 
-/// Parts a range, both ends included, about the key in its middle: a walk from the left stops at each key
-/// that is not before the pivot, one from the right at each that is not behind it, and the two that they stop
-/// at change places, until the walks meet.
-template <class Keys, class IsBefore>
-Partition partitionAboutMiddle(Keys keys, int left, int right, IsBefore isBefore)
+/// The stops of a walk within one block, as steps from the begin of the block.
+struct BlockStops
 {
-    constexpr int blockSize = 64;
-    const auto pivot = keys.keyAt(left + (right - left) / 2);
-    int i = left;
-    int j = right;
+    static constexpr int blockSize = 64;
 
-    // Where the walks are far apart they go block by block: first the stops of a block are written down,
-    // which needs no branch that can be guessed wrong, then the stops of both sides change places in order.
-    unsigned char leftStops[blockSize];
-    unsigned char rightStops[blockSize];
-    int leftNext = 0, leftCount = 0;
-    int rightNext = 0, rightCount = 0;
-    while (j - i >= 2 * blockSize) {
-        if (leftNext == leftCount) {
-            leftNext = leftCount = 0;
-            for (int step = 0; step < blockSize; ++step) {
-                leftStops[leftCount] = static_cast<unsigned char>(step);
-                leftCount += isBefore(keys.keyAt(i + step), pivot) ? 0 : 1;
-            }
-        }
-        if (rightNext == rightCount) {
-            rightNext = rightCount = 0;
-            for (int step = 0; step < blockSize; ++step) {
-                rightStops[rightCount] = static_cast<unsigned char>(step);
-                rightCount += isBefore(pivot, keys.keyAt(j - step)) ? 0 : 1;
-            }
-        }
-        for (; leftNext < leftCount && rightNext < rightCount; ++leftNext, ++rightNext) {
-            keys.exchange(i + leftStops[leftNext], j - rightStops[rightNext]);
-        }
-        i += leftNext == leftCount ? blockSize : 0;
-        j -= rightNext == rightCount ? blockSize : 0;
+    unsigned char steps[blockSize];
+    int next = 0;
+    int count = 0;
+
+    bool isEmpty() const
+    {
+        return next == count;
     }
-    i += leftNext < leftCount ? leftStops[leftNext] : 0;
-    j -= rightNext < rightCount ? rightStops[rightNext] : 0;
+    int nextStep() const
+    {
+        return steps[next];
+    }
+    /// Writes down the steps that are stops, without a branch that can be predicted wrong.
+    template <class IsStop>
+    void find(IsStop isStop)
+    {
+        int found = 0;
+        for (int step = 0; step < blockSize; ++step) {
+            steps[found] = static_cast<unsigned char>(step);
+            found += isStop(step) ? 1 : 0;
+        }
+        next = 0;
+        count = found;
+    }
+};
 
+/// How far the two walks of a partition have come.
+struct Walks
+{
+    int fromLeft;
+    int fromRight;
+};
+
+/// Moves the walks towards each other block by block while they are far apart: the stops of both sides are
+/// found first and then change places in order.
+template <class Keys, class Key, class IsBefore>
+Walks walkByBlocks(Keys keys, const Key& pivot, int i, int j, IsBefore isBefore)
+{
+    constexpr int size = BlockStops::blockSize;
+    BlockStops left;
+    BlockStops right;
+    while (j - i >= 2 * size) {
+        if (left.isEmpty()) {
+            left.find([=, &pivot](int step) { return !isBefore(keys.keyAt(i + step), pivot); });
+        }
+        if (right.isEmpty()) {
+            right.find([=, &pivot](int step) { return !isBefore(pivot, keys.keyAt(j - step)); });
+        }
+        for (; !left.isEmpty() && !right.isEmpty(); ++left.next, ++right.next) {
+            keys.exchange(i + left.nextStep(), j - right.nextStep());
+        }
+        i += left.isEmpty() ? size : 0;
+        j -= right.isEmpty() ? size : 0;
+    }
+    return {i + (left.isEmpty() ? 0 : left.nextStep()), j - (right.isEmpty() ? 0 : right.nextStep())};
+}
+
+/// Moves the walks key by key until they meet.
+template <class Keys, class Key, class IsBefore>
+Walks walkByKeys(Keys keys, const Key& pivot, int i, int j, IsBefore isBefore)
+{
     while (i <= j) {
         while (isBefore(keys.keyAt(i), pivot)) {
             ++i;
@@ -142,7 +167,19 @@ Partition partitionAboutMiddle(Keys keys, int left, int right, IsBefore isBefore
         ++i;
         --j;
     }
-    return {j, i};
+    return {i, j};
+}
+
+/// Splits a range, both ends included, about the key in its middle: a walk from the left stops at each key
+/// that is not before the pivot, one from the right at each that is not after it, and the two keys change
+/// places, until the walks meet.
+template <class Keys, class IsBefore>
+Partition partitionAboutMiddle(Keys keys, int left, int right, IsBefore isBefore)
+{
+    const auto pivot = keys.keyAt(left + (right - left) / 2);
+    const Walks far = walkByBlocks(keys, pivot, left, right, isBefore);
+    const Walks met = walkByKeys(keys, pivot, far.fromLeft, far.fromRight, isBefore);
+    return {met.fromRight, met.fromLeft};
 }
 
 /// Sorts a range, both ends included. The two parts of a partition are independent, so the shorter one may go

@@ -53,6 +53,15 @@ void cutIntoTens(int frames, std::vector<int>& starts, std::vector<int>& ends)
     ends.back() = frames - 1;
 }
 
+using FramesByNumber = std::unordered_map<int, THeadBlobs*>;
+
+// A null pointer for an unknown frame and for a blob that the frame does not have.
+TRecLabelPervichka_File* markOf(const TIndVK& entry, const FramesByNumber& frames)
+{
+    const auto frame = frames.find(entry.FrameNumber);
+    return frame == frames.end() ? nullptr : tavelinUtils::elementAt(frame->second->Marks, entry.BlobIndex);
+}
+
 } // namespace
 
 void CalcInstrMagnitude(std::vector<TrackVtorichka>& tracks, double referenceRange)
@@ -142,19 +151,14 @@ int CalcDeltaUTC(double longitude)
 void iICtoBlob(const std::vector<TRepresent>& representatives, std::vector<THeadBlobs>& frames)
 {
     // Of several frames with one number the first counts.
-    std::unordered_map<int, THeadBlobs*> frameOfNumber;
+    FramesByNumber frameOfNumber;
     for (THeadBlobs& frame : frames) {
         frameOfNumber.emplace(frame.FrameNumber, &frame);
     }
     int number = 0;
     for (const TRepresent& representative : representatives) {
         for (const TIndVK& entry : representative.Items) {
-            const auto found = frameOfNumber.find(entry.FrameNumber);
-            if (found == frameOfNumber.end()) {
-                continue;
-            }
-            auto* const mark = tavelinUtils::elementAt(found->second->Marks, entry.BlobIndex);
-            if (mark != nullptr) {
+            if (auto* const mark = markOf(entry, frameOfNumber)) {
                 mark->Tag1 = number;
             }
         }

@@ -112,16 +112,9 @@ double middleOf(const std::vector<pixel>& area, int pixel::*coordinate)
     return lower + ((*highest).*coordinate - lower) / 2.0;
 }
 
-} // namespace
-
-void cMoments(std::vector<pixel>& pixels, double centreX, double centreY, strob_params& shape)
+void sumMoments(std::vector<pixel>& pixels, double centreX, double centreY, strob_params& shape)
 {
-    if (pixels.size() < 2) {
-        return;
-    }
     const double base = cMinC(pixels);
-    shape.StrobA = 0;
-    shape.StrobB = 0;
     double mxx = 0;
     double mxy = 0;
     double myy = 0;
@@ -136,11 +129,55 @@ void cMoments(std::vector<pixel>& pixels, double centreX, double centreY, strob_
     shape.Mxx = mxx;
     shape.Mxy = mxy;
     shape.Myy = myy;
-    const double root = std::sqrt(squareOf(mxx - myy) + 4.0 * squareOf(mxy));
-    const double largerAxis = mxx + myy + root;
-    shape.Exc = largerAxis != 0.0 ? std::sqrt(1.0 - (mxx + myy - root) / largerAxis) : 0.0;
-    if (mxx - myy != 0.0) {
-        shape.Angle = 0.5 * std::atan2(2.0 * mxy, mxx - myy) * (180.0 / pi);
+}
+
+// The stored centre where the object's kind asks for it and there is one, otherwise that of the area.
+void setCentre(TObjKontur& object, strob_params& shape)
+{
+    constexpr int hasCentre = 1;
+    if (object.Kind == hasCentre && object.XWeight != 0.0) {
+        shape.XWeight = object.XWeight;
+        shape.YWeight = object.YWeight;
+        shape.XMean = object.XMean;
+        shape.YMean = object.YMean;
+    } else {
+        const double background = cMinC(object.Area);
+        cMathAndWeightXY(object.Area, background, shape.XWeight, shape.YWeight, shape.XMean, shape.YMean);
+    }
+    if (shape.XMean == 0.0 || shape.YMean == 0.0) {
+        shape.XMean = shape.XWeight;
+        shape.YMean = shape.YWeight;
+    }
+}
+
+void store(const strob_params& shape, TObjKontur& object)
+{
+    object.Width = shape.Width;
+    object.Length = shape.Length;
+    object.Angle = shape.Angle;
+    object.Exc = shape.Exc;
+    object.XWeight = shape.XWeight;
+    object.YWeight = shape.YWeight;
+    object.XMean = shape.XMean;
+    object.YMean = shape.YMean;
+}
+
+} // namespace
+
+void cMoments(std::vector<pixel>& pixels, double centreX, double centreY, strob_params& shape)
+{
+    if (pixels.size() < 2) {
+        return;
+    }
+    shape.StrobA = 0;
+    shape.StrobB = 0;
+    sumMoments(pixels, centreX, centreY, shape);
+    const double sum = shape.Mxx + shape.Myy;
+    const double difference = shape.Mxx - shape.Myy;
+    const double root = std::sqrt(squareOf(difference) + 4.0 * squareOf(shape.Mxy));
+    shape.Exc = sum + root != 0.0 ? std::sqrt(1.0 - (sum - root) / (sum + root)) : 0.0;
+    if (difference != 0.0) {
+        shape.Angle = 0.5 * std::atan2(2.0 * shape.Mxy, difference) * (180.0 / pi);
     }
 }
 
@@ -159,21 +196,8 @@ double calcLength(std::vector<pixel>& pixels)
 
 strob_params calcEccentricityInternal(TObjKontur& object)
 {
-    constexpr int hasCentre = 1;
     strob_params shape;
-    const double background = cMinC(object.Area);
-    if (object.Kind == hasCentre && object.XWeight != 0.0) {
-        shape.XWeight = object.XWeight;
-        shape.YWeight = object.YWeight;
-        shape.XMean = object.XMean;
-        shape.YMean = object.YMean;
-    } else {
-        cMathAndWeightXY(object.Area, background, shape.XWeight, shape.YWeight, shape.XMean, shape.YMean);
-    }
-    if (shape.XMean == 0.0 || shape.YMean == 0.0) {
-        shape.XMean = shape.XWeight;
-        shape.YMean = shape.YWeight;
-    }
+    setCentre(object, shape);
     cMoments(object.Area, shape.XWeight, shape.YWeight, shape);
     shape.Length = calcLength(object.Area);
     shape.Width = widthAbout(shape.XMean, shape.YMean, object.Contour);
@@ -181,14 +205,7 @@ strob_params calcEccentricityInternal(TObjKontur& object)
         shape.XBox = middleOf(object.Area, &pixel::X);
         shape.YBox = middleOf(object.Area, &pixel::Y);
     }
-    object.Width = shape.Width;
-    object.Length = shape.Length;
-    object.Angle = shape.Angle;
-    object.Exc = shape.Exc;
-    object.XWeight = shape.XWeight;
-    object.YWeight = shape.YWeight;
-    object.XMean = shape.XMean;
-    object.YMean = shape.YMean;
+    store(shape, object);
     return shape;
 }
 

@@ -57,6 +57,21 @@ double maskedMean(int n, const double* values, const bool* mask, unsigned long& 
     return sum / static_cast<double>(count); // zero over zero if none is left
 }
 
+// Sides below 0 count as 0; a block has at most as many values as an int counts.
+int sizeOfBlock(int width, int height)
+{
+    const auto side = [](int size) { return static_cast<std::size_t>(std::max(size, 0)); };
+    return static_cast<int>(
+        std::min<std::size_t>(side(width) * side(height), std::numeric_limits<int>::max()));
+}
+
+// Brings the value of a sorted place there.
+void select(std::vector<double>& values, std::size_t place)
+{
+    const auto at = values.begin() + static_cast<std::ptrdiff_t>(place);
+    std::nth_element(values.begin(), at, values.end(), isBelowNanLast);
+}
+
 template <class Value>
 Value largest(const std::vector<Value>& values)
 {
@@ -200,9 +215,7 @@ void pcMathSKO(int width, int height, double* values, int iterations, double k, 
     if (eps >= noClipping || iterations == 0) {
         return;
     }
-    const auto inside = [](int size) { return static_cast<std::size_t>(std::max(size, 0)); };
-    const std::size_t size = inside(width) * inside(height);
-    const int n = static_cast<int>(std::min<std::size_t>(size, std::numeric_limits<int>::max()));
+    const int n = sizeOfBlock(width, height);
     const auto mask = std::make_unique<bool[]>(static_cast<std::size_t>(n));
     double previousSigma = -1.0;
     for (int passes = 1;; ++passes) {
@@ -281,16 +294,12 @@ double Median(std::vector<double>& values)
     if (values.size() == 2) {
         return (values[0] + values[1]) / 2.0;
     }
-    const auto select = [&](std::size_t place) {
-        const auto at = values.begin() + static_cast<std::ptrdiff_t>(place);
-        std::nth_element(values.begin(), at, values.end(), isBelowNanLast);
-    };
     const std::size_t middle = values.size() / 2;
-    select(middle + 1); // one above the middle of an odd count: measurements were tuned with it
+    select(values, middle + 1); // one above the middle of an odd count: measurements were tuned with it
     if (values.size() % 2 == 1) {
         return values[middle + 1];
     }
-    select(middle);
+    select(values, middle);
     return (values[middle] + values[middle + 1]) / 2.0;
 }
 

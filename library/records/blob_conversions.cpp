@@ -33,38 +33,34 @@ Marks filledMarks(const std::vector<Record>& records, Fill fill)
     return marks;
 }
 
-// The fields that a row of a blob table shares with the mark; only code and kind have rules of their own.
 template <class From, class To>
-void copyTableFields(const From& from, To& to)
+void copyShape(const From& from, To& to)
 {
-    to.X_bf = from.X_bf;
-    to.Y_bf = from.Y_bf;
-    to.X_f = from.X_f;
-    to.Y_f = from.Y_f;
-    to.AuxInt1 = from.AuxInt1;
-    to.AuxInt2 = from.AuxInt2;
-    to.AuxInt3 = from.AuxInt3;
-    to.LinkIndex = from.LinkIndex;
-    to.SNRafit = from.SNRafit;
-    to.SNRasegm = from.SNRasegm;
-    to.SNRpeak = from.SNRpeak;
-    to.FWHM = from.FWHM;
-    to.SigFit = from.SigFit;
-    to.RMSFit = from.RMSFit;
-    to.SNcorrnotnorm = from.SNcorrnotnorm;
-    to.corrnorm = from.corrnorm;
     to.Exc = from.Exc;
     to.Angle = from.Angle;
     to.Length = from.Length;
     to.Width = from.Width;
     to.Radius = from.Radius;
+}
+
+// Amplitudes, noise and the measures of the fit that have one meaning in all records.
+template <class From, class To>
+void copySignal(const From& from, To& to)
+{
+    to.SNRafit = from.SNRafit;
+    to.SNRasegm = from.SNRasegm;
+    to.SNRpeak = from.SNRpeak;
+    to.FWHM = from.FWHM;
+    to.SigFit = from.SigFit;
+    to.SNcorrnotnorm = from.SNcorrnotnorm;
+    to.corrnorm = from.corrnorm;
     to.A = from.A;
     to.Asegm = from.Asegm;
-    to.Astrob = from.Astrob;
-    to.RA = from.RA;
-    to.AuxValue = from.AuxValue;
-    to.DE = from.DE;
-    to.m = from.m;
+}
+
+template <class From, class To>
+void copyRefValues(const From& from, To& to)
+{
     to.RefValue1 = from.RefValue1;
     to.RefValue2 = from.RefValue2;
     to.RefValue3 = from.RefValue3;
@@ -74,10 +70,40 @@ void copyTableFields(const From& from, To& to)
     to.RefValue7 = from.RefValue7;
     to.RefValue8 = from.RefValue8;
     to.RefValue9 = from.RefValue9;
+}
+
+// The numbers that a mark and a row of a blob table only carry.
+template <class From, class To>
+void copyCarriedNumbers(const From& from, To& to)
+{
+    to.AuxInt1 = from.AuxInt1;
+    to.AuxInt2 = from.AuxInt2;
+    to.AuxInt3 = from.AuxInt3;
+    to.LinkIndex = from.LinkIndex;
+    to.AuxValue = from.AuxValue;
     to.Tag1 = from.Tag1;
     to.Tag2 = from.Tag2;
     to.Tag3 = from.Tag3;
     to.Tag4 = from.Tag4;
+}
+
+// The fields that a row of a blob table shares with the mark; only code and kind have rules of their own.
+template <class From, class To>
+void copyTableFields(const From& from, To& to)
+{
+    to.X_bf = from.X_bf;
+    to.Y_bf = from.Y_bf;
+    to.X_f = from.X_f;
+    to.Y_f = from.Y_f;
+    to.RMSFit = from.RMSFit;
+    to.Astrob = from.Astrob;
+    to.RA = from.RA;
+    to.DE = from.DE;
+    to.m = from.m;
+    copyShape(from, to);
+    copySignal(from, to);
+    copyRefValues(from, to);
+    copyCarriedNumbers(from, to);
 }
 
 void fillFromTable(TRecLabelPervichka_File& mark, const TBlobTable& row, int date, double time)
@@ -113,56 +139,27 @@ template <class Record>
 void fillFromFitted(TRecLabelPervichka_File& mark, const Record& record, int date, double time)
 {
     fillFittedPosition(mark, record);
+    copyShape(record, mark);
+    copySignal(record, mark);
     mark.BlobCode = static_cast<BlobCode>(record.BlobCode);
     mark.TypeBlob = IntToTypeBlob(static_cast<int>(record.TypeBlob));
     mark.AuxInt1 = record.Aux1;
     mark.AuxInt2 = record.Aux2;
     mark.AuxInt3 = record.Aux3;
     mark.LinkIndex = record.LinkIndex;
-    mark.SNRafit = record.SNRafit;
-    mark.SNRasegm = record.SNRasegm;
-    mark.SNRpeak = record.SNRpeak;
-    mark.FWHM = record.FWHM;
-    mark.SigFit = record.SigFit;
     mark.RMSFit = record.A * record.RMSratio;
-    mark.SNcorrnotnorm = record.SNcorrnotnorm;
-    mark.corrnorm = record.corrnorm;
-    mark.Exc = record.Exc;
-    mark.Angle = record.Angle;
-    mark.Length = record.Length;
-    mark.Width = record.Width;
-    mark.Radius = record.Radius;
-    mark.A = record.A;
-    mark.Asegm = record.Asegm;
     mark.Astrob = record.AstrobCount;
     mark.date = date;
     mark.time = time;
 }
 
-// The fields that both forms of a fitted blob share.
+// The fields that both forms of a fitted blob only carry.
 template <class From, class To>
-void copyFittedFields(const From& from, To& to)
+void copyCarriedOfFitted(const From& from, To& to)
 {
-    to.X = from.X;
-    to.Y = from.Y;
-    to.A = from.A;
-    to.Asegm = from.Asegm;
-    to.BackMean = from.BackMean;
-    to.BackSKO = from.BackSKO;
-    to.SNRafit = from.SNRafit;
-    to.SNRasegm = from.SNRasegm;
-    to.SNRpeak = from.SNRpeak;
-    to.Radius = from.Radius;
-    to.FWHM = from.FWHM;
-    to.SigFit = from.SigFit;
-    to.RMSratio = from.RMSratio;
     to.Aux1 = from.Aux1;
     to.Aux2 = from.Aux2;
     to.Aux3 = from.Aux3;
-    to.Width = from.Width;
-    to.Length = from.Length;
-    to.Angle = from.Angle;
-    to.Exc = from.Exc;
     to.Ref1 = from.Ref1;
     to.Ref2 = from.Ref2;
     to.Tail1 = from.Tail1;
@@ -171,9 +168,21 @@ void copyFittedFields(const From& from, To& to)
     to.Tail4 = from.Tail4;
     to.Tail5 = from.Tail5;
     to.Tail6 = from.Tail6;
+}
+
+// The fields that both forms of a fitted blob share.
+template <class From, class To>
+void copyFittedFields(const From& from, To& to)
+{
+    to.X = from.X;
+    to.Y = from.Y;
+    to.BackMean = from.BackMean;
+    to.BackSKO = from.BackSKO;
+    to.RMSratio = from.RMSratio;
     to.LinkIndex = from.LinkIndex;
-    to.SNcorrnotnorm = from.SNcorrnotnorm;
-    to.corrnorm = from.corrnorm;
+    copyShape(from, to);
+    copySignal(from, to);
+    copyCarriedOfFitted(from, to);
 }
 
 TVOBlobFile compactForm(const TRecLabelPervichka_File& mark)

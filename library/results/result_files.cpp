@@ -81,7 +81,7 @@ void sResTXT(std::string path, std::vector<TFuncRes> results)
     for (const TFuncRes& result : results) {
         lines += logLine(stamp, result);
     }
-    writeBytes(path, "a", lines); // a log that cannot be opened leaves no trace
+    writeBytes(path, "a", lines); // a log that cannot be opened is skipped in silence
 }
 
 int sResXML(std::string path, TFuncRes result)
@@ -140,8 +140,7 @@ std::vector<TFuncRes> lArrResXML(std::string path)
 void slog(std::string path, std::string text)
 {
     if (!path.empty()) {
-        writeBytes(path, "a",
-                   NowToDateTime(" ") + " " + text + "\n"); // a log that cannot be opened leaves no trace
+        writeBytes(path, "a", NowToDateTime(" ") + " " + text + "\n"); // as in sResTXT
     }
 }
 

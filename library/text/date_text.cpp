@@ -69,6 +69,17 @@ void appendSecondsByValue(std::string& out, double seconds, int precision)
     appendFixed(out, seconds, precision);
 }
 
+void carryMinutes(TimeOfDay& time)
+{
+    if (time.minute == 60) {
+        ++time.hour;
+        time.minute = 0;
+    }
+    if (time.hour == 24) {
+        time.hour = 0; // the date stays as it was, and the caller does not learn of the carry
+    }
+}
+
 // With the carry that the other time texts do not have.
 void appendCarriedTime(std::string& out, TimeOfDay time, int precision, std::string_view separator)
 {
@@ -77,13 +88,7 @@ void appendCarriedTime(std::string& out, TimeOfDay time, int precision, std::str
         seconds = Str9(0.0, precision);
         ++time.minute;
     }
-    if (time.minute == 60) {
-        ++time.hour;
-        time.minute = 0;
-    }
-    if (time.hour == 24) {
-        time.hour = 0; // the date stays as it was, and the caller does not learn of the carry
-    }
+    carryMinutes(time);
     appendHourAndMinute(out, time.hour, time.minute, separator);
     if (toDouble(seconds) < 10.0) {
         out += '0';

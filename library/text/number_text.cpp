@@ -158,8 +158,7 @@ void DeleteSymbol(std::string& text, std::string set)
 
 void DeleteLastSymbol(std::string& text, std::string set)
 {
-    const std::size_t last = text.find_last_of(set);
-    if (last != std::string::npos) {
+    if (const std::size_t last = text.find_last_of(set); last != std::string::npos) {
         text.erase(last, 1);
     }
 }
