@@ -1,5 +1,5 @@
 # Sanitizers and counters. The alignment check is left out for one reason: a mark is a byte-packed
-# record that holds texts and lists, and these then stand at odd addresses. For the same reason the leak check
+# record that holds texts and lists, and these are then at odd addresses. For the same reason the leak check
 # wants LSAN_OPTIONS=use_unaligned=1, which the test preset "sanitize" and scripts/fuzz set.
 add_library(vomar_sanitizers INTERFACE)
 set(sanitizers address,undefined)
