@@ -79,6 +79,7 @@ bool readParameters(const std::string& path, std::initializer_list<ParameterKey>
 class ParameterFile
 {
 public:
+    /// Loads the file.
     explicit ParameterFile(const std::string& path);
 
     /// The first element of the document, whatever its name, as long as this object lives; a null pointer

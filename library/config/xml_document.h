@@ -17,6 +17,7 @@ namespace tavelinUtils {
 class TtavelinXmlDocument : public TiXmlDocument
 {
 public:
+    /// Of the file at the path; reads nothing yet.
     explicit TtavelinXmlDocument(std::string path);
 
     /// Reads the file. False where it cannot be opened or read, is not well-formed, holds no element, or
@@ -27,7 +28,7 @@ public:
     /// Replaces the file with the document, in one write. False if that fails.
     bool SaveFile();
 
-    std::string fileName;
+    std::string fileName; ///< the path that LoadFile reads and SaveFile writes
 };
 
 /// Reads the text of a child element: that of its first child node, whatever its kind. A child that is

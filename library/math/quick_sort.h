@@ -36,10 +36,12 @@ struct BareKeys
 {
     Key* keys;
 
+    /// The key at a place.
     Key keyAt(int place) const
     {
         return keys[place];
     }
+    /// Exchanges what is at two places.
     void exchange(int a, int b) const
     {
         std::swap(keys[a], keys[b]);
@@ -53,10 +55,12 @@ struct IndexedKeys
     Key* keys;
     unsigned long* index;
 
+    /// The key at a place.
     Key keyAt(int place) const
     {
         return keys[place];
     }
+    /// Exchanges what is at two places.
     void exchange(int a, int b) const
     {
         std::swap(keys[a], keys[b]);
@@ -69,10 +73,12 @@ struct FarPoints
 {
     FarPoint* points;
 
+    /// The key at a place.
     double keyAt(int place) const
     {
         return points[place].Distance;
     }
+    /// Exchanges what is at two places.
     void exchange(int a, int b) const
     {
         std::swap(points[a], points[b]);
@@ -96,10 +102,12 @@ struct BlockStops
     int next = 0;
     int count = 0;
 
+    /// Whether no stop is left.
     bool isEmpty() const
     {
         return next == count;
     }
+    /// The next stop.
     int nextStep() const
     {
         return steps[next];
@@ -220,14 +228,15 @@ Key keyAtSortedPlace(std::vector<Key>& keys, int place)
     return keys[static_cast<std::size_t>(place)];
 }
 
-/// Sort a range of keys, both ends included, with the elements of the index at the same places, ascending or
-/// descending. A range of fewer than two places changes nothing.
+/// Sorts a range of keys, both ends included, with the elements of the index at the same places, ascending. A
+/// range of fewer than two places changes nothing.
 template <class T>
 void quickSortInternal(std::vector<T>& keys, int left, int right, std::vector<unsigned long>& index)
 {
     sortByPartitions(IndexedKeys<T>{keys.data(), index.data()}, left, right, std::less<T>());
 }
 
+/// The same, descending.
 template <class T>
 void quickSortInternalDown(std::vector<T>& keys, int left, int right, std::vector<unsigned long>& index)
 {

@@ -23,19 +23,23 @@ struct TFuncRes
 class TavelinException : public std::exception
 {
 public:
+    /// Made of a message, a comment and a code.
     TavelinException(const std::string& text, const std::string& about, int number)
         : code(number), message(text), comment(about)
     {
     }
 
+    /// The message.
     const char* what() const noexcept override
     {
         return message.c_str();
     }
+    /// What the failure is about, usually a path or a name.
     std::string getComment() const
     {
         return comment;
     }
+    /// The code of the result; code_table.h names them.
     int getCode() const
     {
         return code;
