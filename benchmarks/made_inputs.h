@@ -9,5 +9,5 @@
 void makeInput(const std::string& path, const std::string& word, long marks, long objects);
 
 /// Makes the track table of a series: so many tracks, of marks of one night, with the standard 62 columns and
-/// with names out of so many. `number` tells the series apart.
+/// with names out of so many. `number` is different for each series.
 void makeTrackTable(const std::string& path, long number, long tracks, long marksOfATrack, long names);

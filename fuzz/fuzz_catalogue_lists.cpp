@@ -1,4 +1,4 @@
-// Catalogue lists: any bytes behind the first, which chooses the reader, give a star for each line that
+// Catalogue lists: any bytes after the first, which chooses the reader, give a star for each line that
 // counts.
 
 #include "exchange/catalogue_lists.h"

@@ -5,7 +5,7 @@
 
 namespace {
 
-// A list has the size that the file tells, or none where the file is too small for a large one.
+// A list has the size that the file states, or none where the file is too small for a large one.
 void checkSize(std::size_t listSize, int count, std::size_t fileSize)
 {
     constexpr std::size_t trustedCount = 65536;

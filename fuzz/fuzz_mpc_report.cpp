@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         tavelinUtils::sMPC("/dev/null", tracks);
         tavelinUtils::sMPCAndHorRes("/dev/null", tracks, tracks);
     } catch (const std::out_of_range&) {
-        // A keyword with nothing behind it.
+        // A keyword with nothing after it.
     }
     return 0;
 }

@@ -1,4 +1,4 @@
-// Parameter files: any bytes behind the first, which chooses the reader, give values or a failed load.
+// Parameter files: any bytes after the first, which chooses the reader, give values or a failed load.
 
 #include "config/developer_settings.h"
 #include "config/observing_plans.h"

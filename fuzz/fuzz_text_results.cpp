@@ -1,4 +1,4 @@
-// Small text results: any bytes behind the first, which chooses the reader, give numbers or none.
+// Small text results: any bytes after the first, which chooses the reader, give numbers or none.
 
 #include "exchange/text_results.h"
 #include "files/text_files.h"

@@ -31,7 +31,7 @@ public:
     }
 };
 
-/// Lists that are written again: a count is believed without a record behind it, and long lists of empty
+/// Lists that are written again: a count is believed without a record after it, and long lists of empty
 /// records take the time that other inputs need.
 inline bool isShort(std::size_t size)
 {

@@ -494,7 +494,7 @@ TEST(TelegramReader, LinesOfOtherCountsAreNoMark)
              " 250223 12000000 01000000 -00300000 001095",      // and so is one before
              "250223  12000000 01000000 -00300000 001095",      // or a second one between
              "250223 12000000 01000000 -00300000  001095",
-             "250223\t12000000 01000000 -00300000 001095", // a tab parts nothing
+             "250223\t12000000 01000000 -00300000 001095", // a tab separates nothing
          })
     {
         SCOPED_TRACE(line);

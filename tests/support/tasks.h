@@ -117,7 +117,7 @@ inline void expectQuietEnd(const ChildEnd& end)
     EXPECT_EQ(end.output, "");
 }
 
-/// A copy of the built tool, so that the log that stands beside it stays in the test's folder.
+/// A copy of the built tool, so that the log beside it stays in the test's folder.
 inline std::string copyOfTool(const std::string& path)
 {
     std::filesystem::copy_file(builtTool(), path);

@@ -36,7 +36,7 @@ std::string bytesOf(const std::string& path);
 /// Makes a file of the bytes; fails the test where it cannot be written.
 void makeFile(const std::string& path, const std::string& bytes);
 
-/// Whether anything stands at the path.
+/// Whether anything is at the path.
 bool exists(const std::string& path);
 
 /// The bytes that `write(path)` leaves in a file that was longer before.
