@@ -266,12 +266,6 @@ constexpr FilterLetter filterLetters[] = {
     {"I", &TFiltersID::I},
 };
 
-// The first child of a name; a null pointer where it or its parent is missing.
-TiXmlElement* childOf(TiXmlElement* parent, const std::string& name)
-{
-    return parent == nullptr ? nullptr : parent->FirstChildElement(name.c_str());
-}
-
 // The list of a name in a section. A file of header keys alone has no section around them.
 TiXmlElement* listIn(TiXmlElement* root, const std::string& section, const std::string& list)
 {

@@ -34,11 +34,6 @@ void normalizeLineEnds(FileBytes& file)
     std::fill_n(to, FileBytes::spareBytes, '\0');
 }
 
-TiXmlElement* childOf(TiXmlElement* parent, const std::string& key)
-{
-    return parent == nullptr ? nullptr : parent->FirstChildElement(key.c_str());
-}
-
 // The value of an element's first child node; a null pointer if the element is missing or empty.
 const char* valueIn(const TiXmlElement* element)
 {
@@ -156,6 +151,11 @@ bool TtavelinXmlDocument::SaveFile()
     const bool complete = std::fclose(memory) == 0 && printed;
     const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
     return complete && writeBytes(fileName, "w", {text, size});
+}
+
+TiXmlElement* childOf(TiXmlElement* parent, const std::string& name)
+{
+    return parent == nullptr ? nullptr : parent->FirstChildElement(name.c_str());
 }
 
 void GetText(TiXmlElement* parent, std::string key, std::string& target)

@@ -31,6 +31,9 @@ public:
     std::string fileName; ///< the path that LoadFile reads and SaveFile writes
 };
 
+/// The first child of that name; a null pointer where it or its parent is missing.
+TiXmlElement* childOf(TiXmlElement* parent, const std::string& name);
+
 /// Reads the text of a child element: that of its first child node, whatever its kind. A child that is
 /// missing, or holds no node, leaves the target as it was. A number is read from the front of the text;
 /// integers are cut to 32 bits, `short` to 16, even if the target is wider. A bool is true for exactly

@@ -224,11 +224,6 @@ bool saveDocument(const std::string& path, const std::vector<TrackVtorichka>& tr
     return file.close();
 }
 
-TiXmlElement* childOf(TiXmlElement* element, const char* name)
-{
-    return element == nullptr ? nullptr : element->FirstChildElement(name);
-}
-
 std::size_t countObservations(TiXmlElement* element, const char* name)
 {
     std::size_t count = 0;
