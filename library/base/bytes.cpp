@@ -50,29 +50,30 @@ std::size_t sizeOf(std::FILE* file)
     return known ? static_cast<std::size_t>(status.st_size) : 0;
 }
 
-bool readBytes(const std::string& path, FileBytes& file)
+bool readBytes(std::FILE* stream, FileBytes& file)
 {
-    const OpenFile stream = openForReading(path);
-    if (!stream) {
-        return false;
-    }
     // One byte more than the size of the file, so that the first read already meets its end.
-    std::size_t room = sizeOf(stream.get()) + 1;
+    std::size_t room = sizeOf(stream) + 1;
     FileBytes read{std::make_unique_for_overwrite<char[]>(room + spareBytes), 0};
-    while (const std::size_t count =
-               std::fread(read.bytes.get() + read.size, 1, room - read.size, stream.get())) {
+    while (const std::size_t count = std::fread(read.bytes.get() + read.size, 1, room - read.size, stream)) {
         read.size += count;
         if (read.size == room) {
             room *= 2;
             moveInto(room, read);
         }
     }
-    if (std::ferror(stream.get()) != 0) {
+    if (std::ferror(stream) != 0) {
         return false;
     }
     std::memset(read.bytes.get() + read.size, 0, spareBytes);
     file = std::move(read);
     return true;
+}
+
+bool readBytes(const std::string& path, FileBytes& file)
+{
+    const OpenFile stream = openForReading(path);
+    return stream != nullptr && readBytes(stream.get(), file);
 }
 
 bool writeBytes(const std::string& path, const char* mode, std::string_view bytes)

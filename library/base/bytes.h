@@ -50,8 +50,11 @@ struct FileBytes
     }
 };
 
-/// Reads a file to its end in one step and adds spare zero bytes. False for a file that cannot be opened or
-/// read, such as a folder; the target is then untouched.
+/// Reads an open file to its end in one step and adds spare zero bytes. False for a file that cannot be read,
+/// such as a folder; the target is then untouched.
+bool readBytes(std::FILE* stream, FileBytes& file);
+
+/// The same for a path. False also for a file that cannot be opened.
 bool readBytes(const std::string& path, FileBytes& file);
 
 /// Opens a file in the mode and writes the bytes in one call. False when opening, writing or closing fails.

@@ -1,4 +1,4 @@
-// Lines: line ends, fields at fixed columns, and the lines of a whole file.
+// Lines: their ends, their fields, and the lines of a list or of a file given to a reader.
 
 #pragma once
 
@@ -6,9 +6,14 @@
 #include "tokens.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <cstdio>
+#include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace tavelinUtils {
 
@@ -21,46 +26,144 @@ inline std::string_view withoutLineEnd(std::string_view line)
     return line;
 }
 
-/// A field at fixed columns of a line, counted from 0.
-struct LineColumn
+/// A field of a line of fixed columns: its first column, counted from 1, and how many columns it has.
+struct Field
 {
     std::size_t first;
     std::size_t width;
 };
 
-/// The text of a field. Throws std::out_of_range where the line ends before the field; where it ends within
-/// the field, the text is shorter.
-inline std::string_view cutColumn(std::string_view line, LineColumn column)
+/// Whether the fields follow each other without a gap from column 1 to the end of a line of that length.
+template <std::size_t count>
+constexpr bool fillLine(const Field (&fields)[count], std::size_t lineLength)
 {
-    return line.substr(column.first, column.width);
+    std::size_t next = 1;
+    for (const Field& field : fields) {
+        if (field.first != next) {
+            return false;
+        }
+        next += field.width;
+    }
+    return next == lineLength + 1;
 }
 
-/// Calls a function with each line of a file's bytes, without its line end and the tabs before that. A line
-/// feed at the end of the bytes starts no further line.
+/// The text of a field. Throws std::out_of_range where the line ends before the column in front of the field;
+/// where it ends within the field, the text is shorter.
+inline std::string_view cut(std::string_view line, Field field)
+{
+    return line.substr(field.first - 1, field.width);
+}
+
+/// The same, but an empty text where the line ends before the field.
+inline std::string_view cutIfThere(std::string_view line, Field field)
+{
+    return line.size() < field.first ? std::string_view() : cut(line, field);
+}
+
+/// A text without its blanks.
+inline std::string withoutBlanks(std::string_view text)
+{
+    std::string rest(text);
+    std::erase(rest, ' ');
+    return rest;
+}
+
+/// Appends a field that holds nothing.
+inline void appendBlank(std::string& out, Field field)
+{
+    out.append(field.width, ' ');
+}
+
+/// A field of a line whose fields have one blank between them: how a reader takes its text, and how a writer
+/// appends it. A reader that passes a field over has takeNothing there.
+template <class Target, class Source>
+struct TokenField
+{
+    void (*read)(Target& target, std::string_view text);
+    void (*append)(std::string& out, const Source& source);
+};
+
+/// The read of a field whose text is not used.
+template <class Target>
+void takeNothing(Target& /*target*/, std::string_view /*text*/)
+{
+}
+
+/// Gives each field the token of its place, from the first on. Unrolled by the compiler, so that a table of
+/// fields costs no more than calls in a row.
+template <const auto& fields, class Target, std::size_t room>
+void readFields(const std::array<std::string_view, room>& tokens, Target& target)
+{
+    static_assert(room >= std::size(fields));
+    [&]<std::size_t... place>(std::index_sequence<place...>)
+    {
+        (fields[place].read(target, tokens[place]), ...);
+    }
+    (std::make_index_sequence<std::size(fields)>());
+}
+
+/// Appends the fields with a blank between them.
+template <const auto& fields, class Source>
+void appendFields(std::string& out, const Source& source)
+{
+    [&]<std::size_t... place>(std::index_sequence<place...>)
+    {
+        ((place == 0 ? void() : out.push_back(' '), fields[place].append(out, source)), ...);
+    }
+    (std::make_index_sequence<std::size(fields)>());
+}
+
+/// Calls use(line) for each line of a file's bytes, without its line end and without the tabs before that.
+/// A line feed at the end of the bytes makes no further line.
 template <class Use>
 void forEachLine(std::string_view bytes, Use use)
 {
     forEachToken(bytes, '\n', [&use](std::string_view line) { use(withoutLineEnd(line)); });
 }
 
-/// The number of lines that the bytes of a file hold at most.
+/// How many lines the bytes of a file hold at most.
 inline std::size_t countLines(std::string_view bytes)
 {
     return static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1;
 }
 
-/// Calls reader.reserve with the number of lines of a file, then reader.add for each line. False for a file
-/// that cannot be read.
+/// Gives each line of a list to a reader: reserve(lines) once, then add(line) for each.
+template <class Reader>
+void takeLines(const std::vector<std::string>& lines, Reader& reader)
+{
+    reader.reserve(lines.size());
+    for (const std::string& line : lines) {
+        reader.add(line);
+    }
+}
+
+/// The same for each line of the bytes of a file.
+template <class Reader>
+void takeLines(std::string_view bytes, Reader& reader)
+{
+    reader.reserve(countLines(bytes));
+    forEachLine(bytes, [&reader](std::string_view line) { reader.add(line); });
+}
+
+/// The same for each line of an open file. False for a file that cannot be read; the reader is then
+/// untouched.
+template <class Reader>
+bool readLines(std::FILE* stream, Reader& reader)
+{
+    FileBytes file;
+    if (!readBytes(stream, file)) {
+        return false;
+    }
+    takeLines(file.view(), reader);
+    return true;
+}
+
+/// The same for each line of a file. False also for a file that cannot be opened, and for a folder.
 template <class Reader>
 bool readLines(const std::string& path, Reader& reader)
 {
-    FileBytes file;
-    if (!readBytes(path, file)) {
-        return false;
-    }
-    reader.reserve(countLines(file.view()));
-    forEachLine(file.view(), [&reader](std::string_view line) { reader.add(line); });
-    return true;
+    const OpenFile stream = openForReading(path);
+    return stream != nullptr && readLines(stream.get(), reader);
 }
 
 } // namespace tavelinUtils

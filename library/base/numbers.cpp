@@ -214,10 +214,10 @@ void appendFixed(std::string& out, double value, int precision)
     }
 }
 
-void appendColumn(std::string& out, double value, int precision)
+void appendCell(std::string& out, double value, int decimals, char end)
 {
-    appendFixed(out, value, precision);
-    out += '\t';
+    appendFixed(out, value, decimals);
+    out += end;
 }
 
 void appendFixedTwoDigits(std::string& out, double value, int precision)

@@ -21,8 +21,8 @@ int toInt(std::string_view text);
 /// counts as 6.
 void appendFixed(std::string& out, double value, int precision);
 
-/// Appends the same number and a tab.
-void appendColumn(std::string& out, double value, int precision);
+/// Appends the same number and the character that ends its cell: a tab, a comma, a line feed.
+void appendCell(std::string& out, double value, int decimals, char end);
 
 /// Appends the same number with a "0" in front if the rounded text means a number below 10.0, so a negative
 /// number has the "0" before its sign.

@@ -69,8 +69,8 @@ void appendEntry(std::string& out, std::size_t number, const TRepresent& represe
         appendInt(out, value);
     }
     out += representative.Index < 0 ? "\t0\t" : "\t1\t";
-    appendColumn(out, representative.X, 2);
-    appendColumn(out, representative.Y, 2);
+    appendCell(out, representative.X, 2, '\t');
+    appendCell(out, representative.Y, 2, '\t');
     appendFixed(out, representative.Value, 3);
     out += '\n';
 }

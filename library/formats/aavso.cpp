@@ -45,18 +45,12 @@ void appendField(std::string& out, std::string_view field)
     out += ',';
 }
 
-void appendNumber(std::string& out, double value, int decimals)
-{
-    appendFixed(out, value, decimals);
-    out += ',';
-}
-
 void appendLine(std::string& out, const Line& line, double magnitude, double signalToNoise)
 {
     appendField(out, line.name);
-    appendNumber(out, line.date, 7);
-    appendNumber(out, magnitude, 3);
-    appendNumber(out, 1.0 / signalToNoise, 4); // a signal of 0 stands as "inf"
+    appendCell(out, line.date, 7, ',');
+    appendCell(out, magnitude, 3, ',');
+    appendCell(out, 1.0 / signalToNoise, 4, ','); // a signal of 0 stands as "inf"
     appendField(out, line.filter);
     appendField(out, "NO");
     appendField(out, line.kind);

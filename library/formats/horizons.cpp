@@ -21,13 +21,13 @@ constexpr std::string_view tableEnd = "$$EOE";
 
 // A line of the table, 0-based. The columns are those of the observer quantities 1, 4, 9 and 47 with
 // fractions of seconds; a table of other quantities is read by the same positions.
-constexpr LineColumn date{1, 11};
-constexpr LineColumn time{13, 12};
-constexpr LineColumn rightAscension{30, 11};
-constexpr LineColumn declination{42, 11};
-constexpr LineColumn magnitude{79, 6};
-constexpr LineColumn speed{95, 10};
-constexpr LineColumn positionAngle{107, 10};
+constexpr Field date{2, 11};
+constexpr Field time{14, 12};
+constexpr Field rightAscension{31, 11};
+constexpr Field declination{43, 11};
+constexpr Field magnitude{80, 6};
+constexpr Field speed{96, 10};
+constexpr Field positionAngle{108, 10};
 
 using Lines = std::vector<std::string_view>;
 
@@ -42,15 +42,15 @@ int dateOf(std::string_view text)
 void addLine(TrackVtorichka& track, std::string_view line, DayNumbers& dates)
 {
     TRecLabelPervichka_File mark;
-    mark.date = dates.answerTo(cutColumn(line, date), dateOf);
-    mark.time = timeToDay(cutColumn(line, time), ':');
-    const auto [hours, minutes, seconds] = threeParts(cutColumn(line, rightAscension), ' ');
+    mark.date = dates.answerTo(cut(line, date), dateOf);
+    mark.time = timeToDay(cut(line, time), ':');
+    const auto [hours, minutes, seconds] = threeParts(cut(line, rightAscension), ' ');
     mark.RA = raOf(hours, minutes, seconds);
-    const auto [degrees, arcminutes, arcseconds] = threeParts(cutColumn(line, declination), ' ');
+    const auto [degrees, arcminutes, arcseconds] = threeParts(cut(line, declination), ' ');
     mark.DE = deOf(degrees, arcminutes, arcseconds);
-    mark.m = toDouble(cutColumn(line, magnitude));
-    track.V = toDouble(cutColumn(line, speed)); // the head has one value for the track: that of the last line
-    track.PA = toDouble(cutColumn(line, positionAngle));
+    mark.m = toDouble(cut(line, magnitude));
+    track.V = toDouble(cut(line, speed)); // the head has one value for the track: that of the last line
+    track.PA = toDouble(cut(line, positionAngle));
     track.Marks.push_back(std::move(mark));
 }
 

@@ -28,11 +28,11 @@ constexpr std::string_view trackTableColumns[] = {
 
 void appendMark(std::string& out, const TRecLabelPervichka_File& mark, std::string_view object)
 {
-    appendColumn(out, MJDtoJD(mark.date) + mark.time, 7);
+    appendCell(out, MJDtoJD(mark.date) + mark.time, 7, '\t');
     for (const double magnitude : {double{mark.m}, double{mark.mEnsemble}, double{mark.mInstr},
                                    double{mark.mInstr1000}, double{mark.mInstrComp}})
     {
-        appendColumn(out, magnitude, 5);
+        appendCell(out, magnitude, 5, '\t');
     }
     out += object;
     out += "\t\n"; // the last field too; the column line ends without a tab

@@ -1,9 +1,9 @@
 #include "formats/mea.h"
 
+#include "base/bytes.h"
 #include "base/last_answer.h"
 #include "base/lines.h"
 #include "base/numbers.h"
-#include "files/essentials.h"
 #include "files/text_files.h"
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
@@ -13,6 +13,7 @@
 #include <clocale>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
 #include <string_view>
 
 namespace tavelinUtils {
@@ -24,20 +25,70 @@ constexpr std::size_t nameWidth = 7;
 constexpr std::size_t usualLineLength = 64;
 constexpr std::size_t ephemerisLineLength = 160;
 
-// The tokens of a mark's line, in their order. The sixth is a number that nothing uses.
-enum Token : std::size_t
+// What a mark's line is read into.
+struct ReadMark
 {
-    name,
-    date,
-    time,
-    rightAscension,
-    declination,
-    literal,
-    magnitude,
-    tokenCount
+    DayNumbers& days;
+    std::string_view object;
+    MeasuredMark mark;
 };
 
-using Tokens = std::array<std::string_view, tokenCount>;
+// What a mark's line is written from.
+struct WrittenMark
+{
+    const TrackVtorichka& track;
+    const TRecLabelPervichka_File& mark;
+    DateTexts& dates;
+    bool plainMagnitude; // as printf gives it: the form of the lines with an ephemeris
+};
+
+// Two digits before the point; the sign stands in front of the padding: -01.20.
+void appendMagnitude(std::string& out, double m)
+{
+    if (m < 0.0) {
+        out += '-';
+    }
+    if (std::abs(m) < 10.0) {
+        out += '0';
+    }
+    appendFixed(out, std::abs(m), 2);
+}
+
+// A mark's line. The writer puts one blank between two fields, the reader takes any number of them.
+//
+//   name        7 or more   the object; padded on its right, and a longer name stays whole
+//   date        6           DDMMYY
+//   time        10          HHMMSSsss, cut and not rounded, and a 0: times have one decimal less than angles
+//   RA          10          HHMMSSssss
+//   DE          10, 11      sign (of a negative one only) DDMMSSssss
+//   number      3           001; other programs write other numbers here, and nothing uses them
+//   magnitude   5 or more   sign (of a negative one only) MM.mm
+constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
+    {[](ReadMark& to, std::string_view text) { to.object = text; },
+     [](std::string& out, const WrittenMark& from) {
+         appendPaddedRight(out, from.track.QRVName, nameWidth);
+     }},
+    {[](ReadMark& to, std::string_view text) { to.mark.date = to.days.answerTo(text, packedDate); },
+     [](std::string& out, const WrittenMark& from) {
+         out += from.dates.answerTo(int{from.mark.date}, MJDToDateMEA);
+     }},
+    {[](ReadMark& to, std::string_view text) { to.mark.time = packedTime(text); },
+     [](std::string& out, const WrittenMark& from) {
+         appendTimeMEA(out, from.mark.time, 3, false);
+         out += '0';
+     }},
+    {[](ReadMark& to, std::string_view text) { to.mark.RA = packedRA(text); },
+     [](std::string& out, const WrittenMark& from) { appendPackedRA(out, from.mark.RA, 4); }},
+    {[](ReadMark& to, std::string_view text) { to.mark.DE = packedDE(text); },
+     [](std::string& out, const WrittenMark& from) { appendPackedDE(out, from.mark.DE, 4); }},
+    {takeNothing, [](std::string& out, const WrittenMark& /*from*/) { out += "001"; }},
+    {[](ReadMark& to, std::string_view text) { to.mark.m = toDouble(text); },
+     [](std::string& out, const WrittenMark& from) {
+         from.plainMagnitude ? appendFixed(out, from.mark.m, 2) : appendMagnitude(out, from.mark.m);
+     }},
+};
+
+using Tokens = std::array<std::string_view, std::size(markFields)>;
 
 // Cuts a line at blanks, where runs of them count as one; false unless it has as many tokens as a mark.
 bool cutTokens(std::string_view line, Tokens& tokens)
@@ -49,9 +100,9 @@ bool cutTokens(std::string_view line, Tokens& tokens)
             ++at;
         }
         if (at == line.size()) {
-            return count == tokenCount;
+            return count == tokens.size();
         }
-        if (count == tokenCount) {
+        if (count == tokens.size()) {
             return false;
         }
         const std::size_t begin = at;
@@ -80,13 +131,13 @@ public:
         }
         Tokens tokens;
         if (cutTokens(line, tokens)) {
-            gathering.add(tokens[name], {dates.answerTo(tokens[date], packedDate), packedTime(tokens[time]),
-                                         packedRA(tokens[rightAscension]), packedDE(tokens[declination]),
-                                         toDouble(tokens[magnitude])});
+            ReadMark read{days, {}, {}};
+            readFields<markFields>(tokens, read);
+            gathering.add(read.object, read.mark);
         }
     }
 
-    std::vector<TrackVtorichka> tracks(const std::string& originator) const
+    std::vector<TrackVtorichka> takeTracks(const std::string& originator) const
     {
         return gathering.tracks(
             [&](TrackVtorichka& track, const std::string& object) {
@@ -101,43 +152,13 @@ public:
 private:
     bool siteSeen = false;
     std::string telescope;
-    DayNumbers dates;
+    DayNumbers days;
     TrackGathering<MeasuredMark> gathering;
 };
 
-// Two digits before the point; the sign stands in front of the padding: -01.20.
-void appendMagnitude(std::string& out, double m)
-{
-    if (m < 0.0) {
-        out += '-';
-    }
-    if (std::abs(m) < 10.0) {
-        out += '0';
-    }
-    appendFixed(out, std::abs(m), 2);
-}
-
-// Everything up to the magnitude.
-void appendPosition(std::string& out, const std::string& object, const TRecLabelPervichka_File& mark,
-                    DateTexts& dates)
-{
-    appendPaddedRight(out, object, nameWidth);
-    out += ' ';
-    out += dates.answerTo(int{mark.date}, MJDToDateMEA);
-    out += ' ';
-    appendTimeMEA(out, mark.time, 3, false);
-    out += "0 ";
-    appendPackedRA(out, mark.RA, 4);
-    out += ' ';
-    appendPackedDE(out, mark.DE, 4);
-    out += " 001 ";
-}
-
 void appendMarkLine(std::string& out, const TrackVtorichka& track, std::size_t index, DateTexts& dates)
 {
-    const TRecLabelPervichka_File& mark = track.Marks[index];
-    appendPosition(out, track.QRVName, mark, dates);
-    appendMagnitude(out, mark.m);
+    appendFields<markFields>(out, WrittenMark{track, track.Marks[index], dates, false});
     out += '\n';
 }
 
@@ -146,8 +167,7 @@ void appendComparedLine(std::string& out, const TrackVtorichka& track, std::size
     constexpr double arcseconds = 3600.0;
     const TRecLabelPervichka_File& mark = track.Marks[index];
     const TInterBlob ephemeris = index < track.InterBlobs.size() ? track.InterBlobs[index] : TInterBlob{};
-    appendPosition(out, track.QRVName, mark, dates);
-    appendFixed(out, mark.m, 2); // plain: neither the padding nor the sign of the other form
+    appendFields<markFields>(out, WrittenMark{track, mark, dates, true});
     for (const double value :
          {mark.date + mark.time, double{mark.RA}, double{mark.DE}, ephemeris.Value2, ephemeris.Value3,
           (mark.RA - ephemeris.Value2) * arcseconds, (mark.DE - ephemeris.Value3) * arcseconds})
@@ -186,23 +206,21 @@ void writeMea(const std::string& path, const std::vector<TrackVtorichka>& tracks
 
 std::vector<TrackVtorichka> lMEATrack(const std::vector<std::string>& lines, std::string originator)
 {
-    MeaLines reading;
-    reading.reserve(lines.size());
-    for (const std::string& line : lines) {
-        reading.add(line);
-    }
-    return reading.tracks(originator);
+    MeaLines reader;
+    takeLines(lines, reader);
+    return reader.takeTracks(originator);
 }
 
 std::vector<TrackVtorichka> plMEATrack(std::string path, std::string originator)
 {
-    if (!FileExists(path)) {
+    const OpenFile file = openFile(path, "rb");
+    if (!file) {
         return {};
     }
-    std::setlocale(LC_NUMERIC, "C");
-    MeaLines reading;
-    readLines(path, reading);
-    return reading.tracks(originator);
+    std::setlocale(LC_NUMERIC, "C"); // also for a folder, which opens and has no lines
+    MeaLines reader;
+    readLines(file.get(), reader);
+    return reader.takeTracks(originator);
 }
 
 void sMEA(std::string path, const std::vector<TrackVtorichka>& tracks)

@@ -30,30 +30,60 @@ constexpr HeaderLine headerLines[] = {
     {"ACK", &TMPCReportHeader::ACK}, {"AC2", &TMPCReportHeader::AC2}, {"NET", &TMPCReportHeader::NET},
 };
 
-// An observation line, 0-based. Columns 12-14 and 77-79 have no row: nothing reads them, and the station of
-// a track comes from the COD line of the header.
-constexpr LineColumn nameColumn{0, 12};
-constexpr LineColumn dateColumn{15, 10};
-constexpr LineColumn dayFraction{25, 7};
-constexpr LineColumn rightAscension{32, 12};
-constexpr LineColumn declination{44, 12};
-constexpr LineColumn magnitude{65, 5};
-constexpr LineColumn band{70, 7};
+// An observation line.
+//
+//    1-12   name           a permanent number at the left, all else at the right; a wider one stays whole
+//   13      discovery      the asterisk of a new object: never set
+//   14      note 1         never set
+//   15      note 2         C, a CCD: there is no other kind of camera here
+//   16-25   date           year month day
+//   26-32   day fraction   .ddddd, and 32, a sixth digit, is blank
+//   33-44   RA             hours minutes seconds.ss, and 44, a third decimal, is blank
+//   45-56   DE             sign (of a negative one only) degrees minutes seconds.s, and 56, a second decimal,
+//                          is blank
+//   57-65   unset          blank by the standard
+//   66-70   magnitude      MM.m, and 70, a second decimal, is blank
+//   71-77   band           71 by the standard; what is wider stands here whole
+//   78-80   station        not read: the COD line of the header says it
+//
+// Other programs write those further decimals, so the reader takes each field whole.
+constexpr Field nameField{1, 12};
+constexpr Field discovery{13, 1};
+constexpr Field note1{14, 1};
+constexpr Field note2{15, 1};
+constexpr Field dateField{16, 10};
+constexpr Field dayFraction{26, 7};
+constexpr Field rightAscension{33, 12};
+constexpr Field declination{45, 12};
+constexpr Field unset{57, 9};
+constexpr Field magnitude{66, 5};
+constexpr Field band{71, 7};
+constexpr Field station{78, 3};
+constexpr Field observationFields[] = {nameField,      discovery,   note1, note2,     dateField, dayFraction,
+                                       rightAscension, declination, unset, magnitude, band,      station};
 constexpr std::size_t lineLength = 80;
+static_assert(fillLine(observationFields, lineLength));
+
+// The ends of four fields, where a finer measurement has one more decimal.
+constexpr Field endOfDayFraction{32, 1};
+constexpr Field endOfRightAscension{44, 1};
+constexpr Field endOfDeclination{56, 1};
+constexpr Field endOfMagnitude{70, 1};
+
+constexpr std::string_view ccd = "C";
+static_assert(ccd.size() == note2.width);
 
 constexpr std::size_t permanentNumberLength = 5;
-constexpr std::string_view blanksBeforeMagnitude = "          ";
 constexpr std::string_view markTable =
     "N:Int\tNBl:Int\tdate:Date\ttime:Time\tName:Text\tRA:Float:deg\tDE:Float:deg\tm:Float:mag";
 constexpr std::string_view markTableEnd = "\tNEORatio:Float\tDraw:Bool";
 
-// A permanent number stands at the left of its columns, a provisional designation at their right.
 void appendName(std::string& out, std::string_view name)
 {
     if (name.size() == permanentNumberLength) {
-        appendPaddedRight(out, name, nameColumn.width);
+        appendPaddedRight(out, name, nameField.width);
     } else {
-        appendPaddedLeft(out, name, nameColumn.width);
+        appendPaddedLeft(out, name, nameField.width);
     }
 }
 
@@ -69,17 +99,20 @@ void appendObservation(std::string& out, std::string_view name, std::string_view
                        const TRecLabelPervichka_File& mark, DateTexts& dates)
 {
     appendName(out, name);
-    out += "  C";
+    appendBlank(out, discovery);
+    appendBlank(out, note1);
+    out += ccd;
     appendDate(out, dates, mark.date, " ");
     appendDayFraction(out, mark.time);
-    out += ' ';
+    appendBlank(out, endOfDayFraction);
     appendRA(out, mark.RA, 2, " ");
-    out += ' ';
+    appendBlank(out, endOfRightAscension);
     appendDE(out, mark.DE, 1, " ");
-    out += blanksBeforeMagnitude;
+    appendBlank(out, endOfDeclination);
+    appendBlank(out, unset);
     // The "0" looks at the rounded text: 9.96 stands as 10.0.
     appendFixedTwoDigits(out, mark.m, 1);
-    out += ' ';
+    appendBlank(out, endOfMagnitude);
     appendPaddedRight(out, mark.filtr, band.width);
     out += code;
 }
@@ -130,32 +163,36 @@ void appendComparison(std::string& out, const TRecLabelPervichka_File& ephemeris
     out += ')';
 }
 
-// A text without its blanks.
-std::string packed(std::string_view text)
+// The number of a field, whose blanks do not count.
+double numberOf(std::string_view line, Field field)
 {
-    std::string rest(text);
-    std::erase(rest, ' ');
-    return rest;
+    return toDouble(withoutBlanks(cut(line, field)));
 }
 
-TMPCMea observationOf(std::string_view line, DayNumbers& dates)
+// The fraction of the day: its field begins with the point, or with a blank before a digit.
+double timeOf(std::string_view line)
+{
+    return toDouble(std::string("0").append(withoutBlanks(cut(line, dayFraction))));
+}
+
+TMPCMea observationOf(std::string_view line, DayNumbers& days)
 {
     TMPCMea observation;
-    observation.Name = packed(cutColumn(line, nameColumn));
-    observation.date = dates.answerTo(
-        cutColumn(line, dateColumn), [](std::string_view text) { return DateToMJD(std::string(text), " "); });
-    observation.time = toDouble(std::string("0").append(packed(cutColumn(line, dayFraction))));
-    const auto [hours, minutes, seconds] = threeParts(cutColumn(line, rightAscension), ' ');
+    observation.Name = withoutBlanks(cut(line, nameField));
+    observation.date = days.answerTo(cut(line, dateField),
+                                     [](std::string_view text) { return DateToMJD(std::string(text), " "); });
+    observation.time = timeOf(line);
+    const auto [hours, minutes, seconds] = threeParts(cut(line, rightAscension), ' ');
     observation.RA = raOf(hours, minutes, seconds);
-    const auto [degrees, arcminutes, arcseconds] = threeParts(cutColumn(line, declination), ' ');
+    const auto [degrees, arcminutes, arcseconds] = threeParts(cut(line, declination), ' ');
     observation.DE = deOf(degrees, arcminutes, arcseconds);
-    observation.m = toDouble(packed(cutColumn(line, magnitude)));
-    observation.filtr = packed(cutColumn(line, band));
+    observation.m = numberOf(line, magnitude);
+    observation.filtr = withoutBlanks(cut(line, band));
     return observation;
 }
 
 // Takes the lines of a report one after the other.
-class ReportLines
+class MpcReportLines
 {
 public:
     void reserve(std::size_t lines)
@@ -167,18 +204,18 @@ public:
     {
         for (const HeaderLine& row : headerLines) {
             if (line.starts_with(row.keyword)) {
-                header.*row.text = line.substr(4); // raises where nothing stands behind the keyword
+                header.*row.text = line.substr(4); // throws where the line ends with the keyword
                 return;
             }
         }
         if (line.size() == lineLength) {
-            TMPCMea observation = observationOf(line, dates);
+            TMPCMea observation = observationOf(line, days);
             const std::string name = std::move(observation.Name);
             gathering.add(name, std::move(observation));
         }
     }
 
-    std::vector<TrackVtorichka> tracks() const
+    std::vector<TrackVtorichka> takeTracks() const
     {
         return gathering.tracks(
             [this](TrackVtorichka& track, const std::string& name) {
@@ -197,7 +234,7 @@ public:
 
 private:
     TMPCReportHeader header;
-    DayNumbers dates;
+    DayNumbers days;
     TrackGathering<TMPCMea> gathering;
 };
 
@@ -270,25 +307,22 @@ void sMPCAndHorRes(std::string path, const std::vector<TrackVtorichka>& tracks,
 
 std::vector<TrackVtorichka> lMPC(const std::vector<std::string>& lines)
 {
-    ReportLines reading;
-    reading.reserve(lines.size());
-    for (const std::string& line : lines) {
-        reading.add(line);
-    }
-    return reading.tracks();
+    MpcReportLines reader;
+    takeLines(lines, reader);
+    return reader.takeTracks();
 }
 
 std::vector<TrackVtorichka> lMPC(std::string path)
 {
-    ReportLines reading;
-    readLines(path, reading); // a missing file has no lines
-    return reading.tracks();
+    MpcReportLines reader;
+    readLines(path, reader); // a missing file has no lines
+    return reader.takeTracks();
 }
 
 TMPCMea ParsMPCMea(std::string line)
 {
-    DayNumbers dates;
-    return observationOf(line, dates);
+    DayNumbers days;
+    return observationOf(line, days);
 }
 
 std::string getHeadMPC()

@@ -8,8 +8,6 @@
 #include "text/date_text.h"
 #include "text/number_text.h"
 
-#include <algorithm>
-#include <array>
 #include <cstddef>
 #include <string_view>
 #include <utility>
@@ -17,20 +15,14 @@
 namespace tavelinUtils {
 namespace {
 
-// A line of the table of fixed columns, 0-based.
-constexpr LineColumn date{27, 10};
-constexpr LineColumn time{38, 13};
-constexpr LineColumn rightAscension{72, 10};
-constexpr LineColumn declination{85, 10};
+// A line of the table of fixed columns; what lies between these fields is not read.
+constexpr Field date{28, 10};
+constexpr Field time{39, 13};
+constexpr Field rightAscension{73, 10};
+constexpr Field declination{86, 10};
 
 constexpr std::string_view namePrefix = "radec_";
 constexpr double degreesOfHour = 15.0;
-
-// Empty where the line ends before the column: these lists report nothing, a short line neither.
-std::string_view cut(std::string_view line, LineColumn column)
-{
-    return line.substr(std::min(column.first, line.size()), column.width);
-}
 
 std::string upTo(const std::string& text, char separator)
 {
@@ -43,10 +35,10 @@ int dateOf(std::string_view text)
 }
 
 // Takes the lines of a table one after the other.
-class TableLines
+class AmuLines
 {
 public:
-    explicit TableLines(TrackVtorichka& target) : track(target)
+    explicit AmuLines(TrackVtorichka& target) : track(target)
     {
     }
 
@@ -62,24 +54,24 @@ public:
             return;
         }
         TRecLabelPervichka_File mark;
-        mark.date = dates.answerTo(cut(line, date), dateOf);
-        mark.time = timeToDay(cut(line, time), ':');
-        mark.RA = toDouble(cut(line, rightAscension));
-        mark.DE = toDouble(cut(line, declination));
+        mark.date = days.answerTo(cutIfThere(line, date), dateOf);
+        mark.time = timeToDay(cutIfThere(line, time), ':');
+        mark.RA = toDouble(cutIfThere(line, rightAscension));
+        mark.DE = toDouble(cutIfThere(line, declination));
         track.Marks.push_back(std::move(mark));
     }
 
 private:
     TrackVtorichka& track;
     bool columnLineSeen = false;
-    DayNumbers dates;
+    DayNumbers days;
 };
 
 // Takes the lines of a list of reference measurements one after the other.
-class ReferenceLines
+class EtalonAmuLines
 {
 public:
-    explicit ReferenceLines(TrackVtorichka& target) : track(target)
+    explicit EtalonAmuLines(TrackVtorichka& target) : track(target)
     {
     }
 
@@ -116,16 +108,16 @@ void loadAMU(std::string path, TrackVtorichka& track)
 {
     track.NORAD = upTo(ExtractFileName(path, Slash), '_');
     track.ResidFile = path;
-    TableLines reading(track);
-    readLines(path, reading); // a missing file has no lines
+    AmuLines reader(track);
+    readLines(path, reader); // a missing file has no lines
 }
 
 void loadEtalonAMU(std::string path, TrackVtorichka& track)
 {
     track.NORAD = upTo(replace(ExtractFileName(path, Slash), std::string(namePrefix), ""), '-');
     track.ResidFile = path;
-    ReferenceLines reading(track);
-    readLines(path, reading); // a missing file has no lines
+    EtalonAmuLines reader(track);
+    readLines(path, reader); // a missing file has no lines
 }
 
 } // namespace tavelinUtils

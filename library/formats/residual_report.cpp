@@ -29,9 +29,8 @@ constexpr std::size_t usualLineLength = 240;
 void appendStatistics(std::string& out, std::string_view label, double mean, double rms)
 {
     out += label;
-    appendColumn(out, mean, 2);
-    appendFixed(out, rms, 2);
-    out += '\n';
+    appendCell(out, mean, 2, '\t');
+    appendCell(out, rms, 2, '\n');
 }
 
 void appendPosition(std::string& out, double rightAscension, double declination)
@@ -53,15 +52,15 @@ void appendMark(std::string& out, const TRecLabelPervichka_File& mark, DateTexts
     out += 'T';
     appendTime(out, mark.time, 6, ":");
     out += '\t';
-    appendColumn(out, mark.time, 10);
+    appendCell(out, mark.time, 10, '\t');
     out += isLarge ? largeSign : noSign;
     out += '\t';
-    appendColumn(out, residualRA, 2);
-    appendColumn(out, residualDE, 2);
-    appendColumn(out, mark.Angle, 2);
-    appendColumn(out, mark.Length, 2);
-    appendColumn(out, mark.RA, 10);
-    appendColumn(out, mark.DE, 10);
+    appendCell(out, residualRA, 2, '\t');
+    appendCell(out, residualDE, 2, '\t');
+    appendCell(out, mark.Angle, 2, '\t');
+    appendCell(out, mark.Length, 2, '\t');
+    appendCell(out, mark.RA, 10, '\t');
+    appendCell(out, mark.DE, 10, '\t');
     appendPosition(out, mark.RA, mark.DE);
     appendPosition(out, mark.RefValue4, mark.RefValue5);
     for (const double pixels : {double{mark.X_f}, double{mark.Y_f}, double{mark.X_bf}, double{mark.Y_bf}}) {
@@ -113,8 +112,8 @@ void appendMean(std::string& out, std::string_view label, double mean, double rm
     if (mean > 0.0) {
         out += '+';
     }
-    appendColumn(out, mean, 2);
-    appendColumn(out, rms, 2);
+    appendCell(out, mean, 2, '\t');
+    appendCell(out, rms, 2, '\t');
 }
 
 void appendSummary(std::string& out, const TrackVtorichka& track, const std::string& path)

@@ -9,10 +9,10 @@
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
-#include "text/number_text.h"
 
 #include <array>
 #include <cstddef>
+#include <iterator>
 #include <map>
 #include <stdexcept>
 #include <string_view>
@@ -25,132 +25,180 @@ constexpr std::string_view title = "Measurements";
 constexpr std::string_view kind = "conversion";
 constexpr std::string_view numbersTitle = "#SSMAS   #INTER";
 constexpr std::string_view columnTitles = "   Data        UT           CU           DE      RMS  m";
-constexpr std::string_view rms = "001";
 constexpr std::size_t usualLineLength = 64;
 constexpr std::size_t blockHeadLength = 128;
 
-// The reader starts with the line of the first object's numbers.
+// The lines before the numbers of the first object are not read but for one; both are counted from 0.
 constexpr std::size_t telescopeLine = 1;
 constexpr std::size_t firstObjectLine = 6;
 
-// The items of a mark's line, in their order; two blanks leave an empty one, and RMS is not read.
-enum Item : std::size_t
+// What a mark's line is read into.
+struct ReadMark
 {
-    dateItem,
-    timeItem,
-    emptyItem,
-    rightAscension,
-    declination,
-    rmsItem,
-    magnitude,
-    itemCount
+    DayNumbers& days;
+    MeasuredMark mark;
 };
-constexpr std::size_t objectItems = 2;
+
+// What a mark's line is written from.
+struct WrittenMark
+{
+    const TRecLabelPervichka_File& mark;
+    DateTexts& dates;
+};
+
+// DD.MM.YYYY
+int dateOf(std::string_view text)
+{
+    const auto [day, month, year] = threeParts(text, '.');
+    return DateToMJD(std::string(year), std::string(month), std::string(day));
+}
+
+// The "0" looks at the value, but not where the text came to 10.0 by rounding.
+void appendMagnitude(std::string& out, double m)
+{
+    const std::size_t begin = out.size();
+    appendFixed(out, m, 1);
+    if (m < 10.0 && std::string_view(out).substr(begin) != "10.0") {
+        out.insert(begin, 1, '0');
+    }
+}
+
+// The line of an object, its two numbers with one blank between them. The writer falls back to QRVName where
+// a track has no such number.
+//
+//   SSMAS number   as it is; read into the names of the track, and not into HeadText2
+//   INTER number   as it is
+constexpr TokenField<THeadTrVtor, TrackVtorichka> objectFields[] = {
+    {[](THeadTrVtor& to, std::string_view text) { to.NORAD = to.QRVName = text; },
+     [](std::string& out, const TrackVtorichka& from) {
+         out += from.HeadText2.empty() ? from.QRVName : from.HeadText2;
+     }},
+    {[](THeadTrVtor& to, std::string_view text) { to.HeadText3 = text; },
+     [](std::string& out, const TrackVtorichka& from) {
+         out += from.HeadText3.empty() ? from.QRVName : from.HeadText3;
+     }},
+};
+
+// A mark's line, its fields with one blank between them.
+//
+//   date        10, 11      DD.MM.YYYY
+//   time        11          HH:MM:SS.ss
+//   nothing     0           between the two blanks after the time; readers of these files count on it
+//   RA          11          HH:MM:SS.ss
+//   DE          11, 12      sign (of a negative one only) DD.MM.SS.ss, with points and not with colons
+//   RMS         3           001; the error is not known here, and not read
+//   magnitude   4 or more   MM.m
+constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
+    {[](ReadMark& to, std::string_view text) { to.mark.date = to.days.answerTo(text, dateOf); },
+     [](std::string& out, const WrittenMark& from) {
+         out += from.dates.answerTo(int{from.mark.date}, MJDToDateTEL);
+     }},
+    {[](ReadMark& to, std::string_view text) { to.mark.time = timeToDay(text, ':'); },
+     [](std::string& out, const WrittenMark& from) { appendTimeTEL(out, from.mark.time); }},
+    {takeNothing, [](std::string& /*out*/, const WrittenMark& /*from*/) {}},
+    {[](ReadMark& to, std::string_view text) { to.mark.RA = raToDecimal(text); },
+     [](std::string& out, const WrittenMark& from) { appendRA(out, from.mark.RA, 2, ":"); }},
+    {[](ReadMark& to, std::string_view text) { to.mark.DE = deToDecimal(text); },
+     [](std::string& out, const WrittenMark& from) { appendDE(out, from.mark.DE, 2, "."); }},
+    {takeNothing, [](std::string& out, const WrittenMark& /*from*/) { out += "001"; }},
+    {[](ReadMark& to, std::string_view text) { to.mark.m = toDouble(text); },
+     [](std::string& out, const WrittenMark& from) { appendMagnitude(out, from.mark.m); }},
+};
 
 // Takes the lines of a report one after the other.
 //
 // There is one working track, and with each mark it is the last track of the result. Here it is a head and
-// the place where its marks begin; the tracks get their marks when all lines are read.
-class ReportLines
+// the number of the mark that it begins with; the tracks get their marks when all lines are read.
+class SsmasLines
 {
 public:
-    explicit ReportLines(std::string originator) : observatory(std::move(originator))
+    explicit SsmasLines(std::string originator) : observatory(std::move(originator))
     {
     }
 
     void reserve(std::size_t lines)
     {
-        marks.reserve(lines);
+        sequence.reserve(lines);
     }
 
+    // After the lines at the front of the report, the number of fields alone says what a line is:
+    //
+    //   object    fields                     what happens
+    //   any       2                          an object opens; where the object before is open, has marks, and
+    //   the
+    //                                        line has a first field, the line closes what it has opened
+    //   closed    any other number           nothing: the line is skipped
+    //   open      7                          a mark of the object
+    //   open      below 7, a first field     the object closes if it has marks, else nothing
+    //   open      all others                 nothing
     void add(std::string_view line)
     {
-        if (lineNumber++ < firstObjectLine) {
-            if (lineNumber == telescopeLine + 1) {
-                telescope = line;
-            }
+        const std::size_t number = lineNumber++;
+        if (number < firstObjectLine) {
+            addFrontLine(number, line);
             return;
         }
-        std::array<std::string_view, itemCount> items;
-        const std::size_t count = cutParts(line, ' ', items);
-        if (count == objectItems) {
-            openObject(items);
-        } else if (!open) {
-            return;
+        Tokens tokens;
+        const std::size_t count = cutParts(line, ' ', tokens);
+        if (count == std::size(objectFields)) {
+            openObject(tokens);
         }
-        if (count == itemCount) {
-            addMark(items);
-        }
-        open = true;
-        if (count < itemCount && workingBegin != marks.size() && !items[0].empty()) {
-            working = THeadTrVtor{};
-            workingBegin = marks.size();
-            open = false;
+        if (open && count == tokens.size()) {
+            addMark(tokens);
+        } else if (open && count < tokens.size() && !tokens[0].empty()) {
+            closeObject();
         }
     }
 
     std::vector<TrackVtorichka> takeTracks()
     {
-        std::size_t total = 0;
-        for (const Span& span : spans) {
-            total += span.end - span.begin;
-        }
         constexpr std::size_t mostRepeated = 1'000'000;
-        if (total > marks.size() + mostRepeated) {
+        if (sequence.marksOfTracks() > sequence.markCount() + mostRepeated) {
             throw std::length_error("SSMAS: objects that repeat each other's marks");
         }
-        for (std::size_t i = 0; i < tracks.size(); ++i) {
-            tracks[i].Marks.reserve(spans[i].end - spans[i].begin);
-            for (std::size_t mark = spans[i].begin; mark < spans[i].end; ++mark) {
-                setMeasured(tracks[i].Marks.emplace_back(), marks[mark]);
-            }
-        }
-        return std::exchange(tracks, {});
+        return sequence.takeTracks();
     }
 
 private:
-    using Items = std::array<std::string_view, itemCount>;
+    using Tokens = std::array<std::string_view, std::size(markFields)>;
 
-    // The marks of a track of the result.
-    struct Span
+    void addFrontLine(std::size_t number, std::string_view line)
     {
-        std::size_t begin = 0;
-        std::size_t end = 0;
-    };
+        if (number == telescopeLine) {
+            telescope = line;
+        }
+    }
 
-    void openObject(const Items& items)
+    // The working track keeps its marks. The track that the result gets stays as constructed without a mark.
+    void openObject(const Tokens& tokens)
     {
         working.originator = observatory;
         working.telescope = telescope;
-        working.QRVName = items[0];
-        working.NORAD = items[0];
-        working.HeadText3 = items[1];
-        tracks.emplace_back();
-        spans.emplace_back();
+        readFields<objectFields>(tokens, working);
+        sequence.addTrack();
+        lastIsWorking = false;
+        open = true;
     }
 
-    void addMark(const Items& items)
+    void addMark(const Tokens& tokens)
     {
-        MeasuredMark mark;
-        mark.date = dates.answerTo(items[dateItem], dateOf);
-        mark.time = timeToDay(items[timeItem], ':');
-        mark.RA = raToDecimal(items[rightAscension]);
-        mark.DE = deToDecimal(items[declination]);
-        mark.m = toDouble(items[magnitude]);
-        marks.push_back(mark);
-        Span& last = spans.back();
-        if (last.end == 0) {
-            static_cast<THeadTrVtor&>(tracks.back()) = working;
-            last.begin = workingBegin;
+        ReadMark read{days, {}};
+        readFields<markFields>(tokens, read);
+        sequence.addMark(read.mark);
+        if (!lastIsWorking) {
+            static_cast<THeadTrVtor&>(sequence.lastTrack()) = working;
+            sequence.beginLastTrackAt(workingBegin);
+            lastIsWorking = true;
         }
-        last.end = marks.size();
     }
 
-    static int dateOf(std::string_view text)
+    void closeObject()
     {
-        std::array<std::string_view, 3> parts;
-        cutParts(text, '.', parts);
-        return DateToMJD(std::string(parts[2]), std::string(parts[1]), std::string(parts[0]));
+        if (workingBegin != sequence.markCount()) {
+            working = THeadTrVtor{};
+            workingBegin = sequence.markCount();
+            open = false;
+        }
     }
 
     std::string observatory;
@@ -159,37 +207,10 @@ private:
     bool open = false;
     THeadTrVtor working;
     std::size_t workingBegin = 0;
-    std::vector<MeasuredMark> marks;
-    std::vector<TrackVtorichka> tracks;
-    std::vector<Span> spans; // of each track
-    DayNumbers dates;
+    bool lastIsWorking = false; // whether the last track of the result has the working track's head
+    TrackSequence sequence;
+    DayNumbers days;
 };
-
-// The "0" looks at the value, but not where the text came to 10.0 by rounding.
-void appendMagnitude(std::string& out, double m)
-{
-    const std::string text = Str9(m, 1);
-    if (m < 10.0 && text != "10.0") {
-        out += '0';
-    }
-    out += text;
-}
-
-void appendMark(std::string& out, const TRecLabelPervichka_File& mark, DateTexts& dates)
-{
-    out += dates.answerTo(int{mark.date}, MJDToDateTEL);
-    out += ' ';
-    appendTimeTEL(out, mark.time);
-    out += "  ";
-    appendRA(out, mark.RA, 2, ":");
-    out += ' ';
-    appendDE(out, mark.DE, 2, ".");
-    out += ' ';
-    out += rms;
-    out += ' ';
-    appendMagnitude(out, mark.m);
-    out += '\n';
-}
 
 void appendLine(std::string& out, std::string_view line)
 {
@@ -202,9 +223,8 @@ void appendBlockHead(std::string& out, const TrackVtorichka& track, std::size_t 
     appendLine(out, std::to_string(number));
     appendLine(out, "");
     appendLine(out, numbersTitle);
-    out += track.HeadText2.empty() ? track.QRVName : track.HeadText2;
-    out += ' ';
-    appendLine(out, track.HeadText3.empty() ? track.QRVName : track.HeadText3);
+    appendFields<objectFields>(out, track);
+    out += '\n';
     appendLine(out, columnTitles);
 }
 
@@ -212,18 +232,16 @@ void appendBlockHead(std::string& out, const TrackVtorichka& track, std::size_t 
 
 std::vector<TrackVtorichka> lckako_meas(const std::vector<std::string>& lines, std::string observatory)
 {
-    ReportLines reading(std::move(observatory));
-    for (const std::string& line : lines) {
-        reading.add(line);
-    }
-    return reading.takeTracks();
+    SsmasLines reader(std::move(observatory));
+    takeLines(lines, reader);
+    return reader.takeTracks();
 }
 
 std::vector<TrackVtorichka> lckako_meas(std::string path, std::string observatory)
 {
-    ReportLines reading(std::move(observatory));
-    readLines(path, reading); // a missing file has no lines
-    return reading.takeTracks();
+    SsmasLines reader(std::move(observatory));
+    readLines(path, reader); // a missing file has no lines
+    return reader.takeTracks();
 }
 
 void sSSMAS(std::string path, const std::vector<TrackVtorichka>& tracks)
@@ -242,7 +260,8 @@ void sSSMAS(std::string path, const std::vector<TrackVtorichka>& tracks)
         appendBlockHead(text, track, ++number);
         for (std::size_t i = 0; i < track.Marks.size(); ++i) {
             fetchAhead(track.Marks, i);
-            appendMark(text, track.Marks[i], dates);
+            appendFields<markFields>(text, WrittenMark{track.Marks[i], dates});
+            text += '\n';
         }
     }
     writeText(path, text);

@@ -30,36 +30,30 @@ int starOf(const TRepresent& match)
     return match.Items[1].BlobIndex;
 }
 
-void appendLastNumber(std::string& out, double value, int decimals)
-{
-    appendFixed(out, value, decimals);
-    out += '\n';
-}
-
 // What stands behind the first field of a star's line.
 void appendStar(std::string& out, const TRecCat2& star)
 {
     out += '\t';
     out += star.Name;
     out += '\t';
-    appendColumn(out, star.RA, 5);
-    appendColumn(out, star.DE, 5);
+    appendCell(out, star.RA, 5, '\t');
+    appendCell(out, star.DE, 5, '\t');
     appendRA(out, star.RA, 2, ":");
     out += '\t';
     appendDE(out, star.DE, 1, ":");
     out += '\t';
-    appendLastNumber(out, star.m, 1);
+    appendCell(out, star.m, 1, '\n');
 }
 
 void appendMatch(std::string& out, const TRecLabelPervichka_File& blob, const TRecLabelPervichka_File& star)
 {
-    appendColumn(out, blob.X_bf, 3);
-    appendColumn(out, blob.Y_bf, 3);
-    appendColumn(out, star.RA, 6);
-    appendColumn(out, star.DE, 6);
-    appendColumn(out, star.X_bf, 3);
-    appendColumn(out, star.Y_bf, 3);
-    appendLastNumber(out, star.m, 3);
+    appendCell(out, blob.X_bf, 3, '\t');
+    appendCell(out, blob.Y_bf, 3, '\t');
+    appendCell(out, star.RA, 6, '\t');
+    appendCell(out, star.DE, 6, '\t');
+    appendCell(out, star.X_bf, 3, '\t');
+    appendCell(out, star.Y_bf, 3, '\t');
+    appendCell(out, star.m, 3, '\n');
 }
 
 } // namespace
@@ -105,9 +99,9 @@ void sBlobs(std::string path, const std::vector<TRecTRI>& points)
     for (std::size_t i = 0; i < points.size(); ++i) {
         text += std::to_string(i);
         text += '\t';
-        appendColumn(text, points[i].X, 1);
-        appendColumn(text, points[i].Y, 1);
-        appendLastNumber(text, points[i].Value9, 1);
+        appendCell(text, points[i].X, 1, '\t');
+        appendCell(text, points[i].Y, 1, '\t');
+        appendCell(text, points[i].Value9, 1, '\n');
     }
     writeText(path, text);
 }

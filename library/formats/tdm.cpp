@@ -18,8 +18,8 @@ constexpr std::string_view separator = " = ";
 constexpr std::size_t segmentHeadLength = 320;
 constexpr std::size_t linesOfAMarkLength = 160;
 
-// Cuts the text in front of the next separator off. The separator counts as put behind the whole text, so
-// that a " =" at its end is one too; a text without one is cut whole where it is the first of a line.
+// Takes the text before the next separator, and the separator, from the front of a line. The line is read as
+// if a blank followed it, so that " =" at its end is a separator too; without one the rest is the field.
 std::string_view cutField(std::string_view& text)
 {
     std::size_t end = text.find(separator);
@@ -33,14 +33,14 @@ std::string_view cutField(std::string_view& text)
     return field;
 }
 
-// The last two items of a line cut at each blank; a blank at its end is no further item.
-struct DataItems
+// The last two fields of a data line that is cut at each blank; a blank at its end is no further field.
+struct DataFields
 {
     std::string_view epoch;
     std::string_view value;
 };
 
-DataItems dataItems(std::string_view line)
+DataFields dataFields(std::string_view line)
 {
     if (line.ends_with(' ')) {
         line.remove_suffix(1);
@@ -56,7 +56,7 @@ DataItems dataItems(std::string_view line)
 }
 
 // Takes the lines of a message one after the other.
-class MessageLines
+class TdmLines
 {
 public:
     void reserve(std::size_t lines)
@@ -93,7 +93,7 @@ public:
     }
 
 private:
-    // The last track bears what was said last; a segment that does not say it inherits it.
+    // The last track carries the values read most recently; a segment without a value inherits it.
     void nameLastTrack()
     {
         if (!tracks.empty()) {
@@ -111,13 +111,13 @@ private:
             return;
         }
         if (key == "ANGLE_1") {
-            const DataItems items = dataItems(line);
-            mark.RA = toDouble(items.value);
-            readEpoch(items.epoch, days, mark.date, mark.time);
+            const DataFields fields = dataFields(line);
+            mark.RA = toDouble(fields.value);
+            readEpoch(fields.epoch, days, mark.date, mark.time);
         } else if (key == "ANGLE_2") {
-            mark.DE = toDouble(dataItems(line).value);
+            mark.DE = toDouble(dataFields(line).value);
         } else if (key == "MAG") {
-            mark.m = toDouble(dataItems(line).value);
+            mark.m = toDouble(dataFields(line).value);
             tracks.addMark(mark);
         }
     }
@@ -169,8 +169,7 @@ void appendDataLine(std::string& out, std::string_view key, std::string_view epo
     out += separator;
     out += epoch;
     out += ' ';
-    appendFixed(out, value, decimals);
-    out += '\n';
+    appendCell(out, value, decimals, '\n');
 }
 
 void appendData(std::string& out, const TrackVtorichka& track, DateTexts& dates)
@@ -191,16 +190,16 @@ void appendData(std::string& out, const TrackVtorichka& track, DateTexts& dates)
 
 } // namespace
 
-std::string creationDate()
+std::string zeroCreationDate()
 {
     return NowToDateTimeWin(false, "T");
 }
 
 std::vector<TrackVtorichka> lTDM(std::string path)
 {
-    MessageLines reading;
-    readLines(path, reading); // a missing file has no lines
-    return reading.takeTracks();
+    TdmLines reader;
+    readLines(path, reader); // a missing file has no lines
+    return reader.takeTracks();
 }
 
 void sTDM(std::string path, const std::vector<TrackVtorichka>& tracks)
@@ -212,7 +211,7 @@ void sTDM(std::string path, const std::vector<TrackVtorichka>& tracks)
     text.reserve(countMarks(tracks) * linesOfAMarkLength + tracks.size() * segmentHeadLength +
                  segmentHeadLength);
     appendLine(text, "CCSDS_TDM_VERS", "1.0");
-    appendLine(text, "CREATION_DATE", creationDate());
+    appendLine(text, "CREATION_DATE", zeroCreationDate());
     appendLine(text, "ORIGINATOR", tracks.front().originator);
     DateTexts dates;
     for (const TrackVtorichka& track : tracks) {

@@ -34,7 +34,8 @@ std::vector<TrackVtorichka> lTDM(std::string path);
 /// file that cannot be written.
 void sTDM(std::string path, const std::vector<TrackVtorichka>& tracks);
 
-/// The file's creation date: this system carries none, and writes zeros.
-std::string creationDate();
+/// The creation date of every message that is written here: "0-00-00T00:00:00", since no clock is read for
+/// it.
+std::string zeroCreationDate();
 
 } // namespace tavelinUtils

@@ -111,7 +111,7 @@ std::string epochOf(const TRecLabelPervichka_File& mark, DateTexts& dates)
 void appendHeader(std::string& out, const std::vector<TrackVtorichka>& tracks)
 {
     appendIndented(out, 1, "<header>\n");
-    appendElement(out, 2, "CREATION_DATE", creationDate());
+    appendElement(out, 2, "CREATION_DATE", zeroCreationDate());
     appendElement(out, 2, "ORIGINATOR", tracks.empty() ? "" : escaped(tracks.front().originator));
     appendIndented(out, 1, "</header>\n");
 }

@@ -11,7 +11,9 @@
 
 #include <array>
 #include <cstddef>
+#include <iterator>
 #include <string_view>
+#include <utility>
 
 namespace tavelinUtils {
 namespace {
@@ -19,26 +21,72 @@ namespace {
 constexpr std::string_view blockEnd = "END";
 constexpr std::size_t usualLineLength = 44;
 
-// The words of a head line and of a mark line, in their order.
-enum HeadWord : std::size_t
+// What a mark's line is read into.
+struct ReadMark
 {
-    originator,
-    telescope,
-    objectName,
-    headWords
-};
-enum MarkWord : std::size_t
-{
-    date,
-    time,
-    rightAscension,
-    declination,
-    magnitude,
-    markWords
+    DayNumbers& days;
+    MeasuredMark mark;
 };
 
-// The tenths of a magnitude in its field; the three characters before it are not read.
-constexpr LineColumn tenths{3, 3};
+// What a mark's line is written from.
+struct WrittenMark
+{
+    const TRecLabelPervichka_File& mark;
+    DateTexts& dates;
+};
+
+// The field of a magnitude: three characters that say nothing of it, then its tenths. What a longer text has
+// after them is not read.
+constexpr std::string_view magnitudePrefix = "001";
+constexpr Field tenths{4, 3};
+
+// A negative magnitude gets the "0" too: 0010-12.
+void appendMagnitude(std::string& out, double m)
+{
+    out += magnitudePrefix;
+    if (m < 10.0) {
+        out += '0';
+    }
+    const std::size_t begin = out.size();
+    appendFixed(out, m, 1);
+    erasePoint(out, begin);
+}
+
+// The head line of a block, its fields with one blank between them.
+//
+//   originator   as it is
+//   telescope    as it is
+//   object       as it is
+constexpr TokenField<THeadTrVtor, TrackVtorichka> headFields[] = {
+    {[](THeadTrVtor& to, std::string_view text) { to.originator = text; },
+     [](std::string& out, const TrackVtorichka& from) { out += from.originator; }},
+    {[](THeadTrVtor& to, std::string_view text) { to.telescope = text; },
+     [](std::string& out, const TrackVtorichka& from) { out += from.telescope; }},
+    {[](THeadTrVtor& to, std::string_view text) { to.NORAD = to.QRVName = text; },
+     [](std::string& out, const TrackVtorichka& from) { out += from.QRVName; }},
+};
+
+// A mark's line, its fields with one blank between them.
+//
+//   date        6           DDMMYY
+//   time        8           HHMMSSss, rounded
+//   RA          8           HHMMSSss
+//   DE          8, 9        sign (of a negative one only) DDMMSSss
+//   magnitude   6 or more   001 and tenths of a magnitude, MMm
+constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
+    {[](ReadMark& to, std::string_view text) { to.mark.date = to.days.answerTo(text, packedDate); },
+     [](std::string& out, const WrittenMark& from) {
+         out += from.dates.answerTo(int{from.mark.date}, MJDToDateMEA);
+     }},
+    {[](ReadMark& to, std::string_view text) { to.mark.time = packedTime(text); },
+     [](std::string& out, const WrittenMark& from) { appendTimeMEA(out, from.mark.time, 2, true); }},
+    {[](ReadMark& to, std::string_view text) { to.mark.RA = packedRA(text); },
+     [](std::string& out, const WrittenMark& from) { appendPackedRA(out, from.mark.RA, 2); }},
+    {[](ReadMark& to, std::string_view text) { to.mark.DE = packedDE(text); },
+     [](std::string& out, const WrittenMark& from) { appendPackedDE(out, from.mark.DE, 2); }},
+    {[](ReadMark& to, std::string_view text) { to.mark.m = toDouble(cut(text, tenths)) / 10.0; },
+     [](std::string& out, const WrittenMark& from) { appendMagnitude(out, from.mark.m); }},
+};
 
 // Takes the lines of a file one after the other.
 class TelegramLines
@@ -49,19 +97,16 @@ public:
         tracks.reserve(lines);
     }
 
+    // The number of fields alone says what a line is. A blank at its end is one more, empty field.
     void add(std::string_view line)
     {
-        std::array<std::string_view, markWords> words;
-        switch (cutParts(line, ' ', words)) {
-        case headWords: open(words); break;
+        Tokens tokens;
+        switch (cutParts(line, ' ', tokens)) {
+        case std::size(headFields): open(tokens); break;
+        case std::size(markFields): addMark(tokens); break;
         case 1:
-            if (!words[0].empty()) {
+            if (!tokens[0].empty()) {
                 close();
-            }
-            break;
-        case markWords:
-            if (inBlock) {
-                block.push_back(markOf(words));
             }
             break;
         default: break;
@@ -74,16 +119,22 @@ public:
     }
 
 private:
-    using Words = std::array<std::string_view, markWords>;
+    using Tokens = std::array<std::string_view, std::size(markFields)>;
 
     // A second head line overwrites the head and keeps the marks.
-    void open(const Words& words)
+    void open(const Tokens& tokens)
     {
-        head.originator = words[originator];
-        head.telescope = words[telescope];
-        head.QRVName = words[objectName];
-        head.NORAD = words[objectName];
+        readFields<headFields>(tokens, head);
         inBlock = true;
+    }
+
+    void addMark(const Tokens& tokens)
+    {
+        if (inBlock) {
+            ReadMark read{days, {}};
+            readFields<markFields>(tokens, read);
+            block.push_back(read.mark);
+        }
     }
 
     void close()
@@ -96,76 +147,27 @@ private:
         inBlock = false;
     }
 
-    MeasuredMark markOf(const Words& words)
-    {
-        MeasuredMark mark;
-        mark.date = dates.answerTo(words[date], packedDate);
-        mark.time = packedTime(words[time]);
-        mark.RA = packedRA(words[rightAscension]);
-        mark.DE = packedDE(words[declination]);
-        mark.m = toDouble(cutColumn(words[magnitude], tenths)) / 10.0;
-        return mark;
-    }
-
     bool inBlock = false;
     THeadTrVtor head;
     std::vector<MeasuredMark> block;
     TrackSequence tracks;
-    DayNumbers dates;
+    DayNumbers days;
 };
-
-void appendHead(std::string& out, const TrackVtorichka& track)
-{
-    out += track.originator;
-    out += ' ';
-    out += track.telescope;
-    out += ' ';
-    out += track.QRVName;
-    out += '\n';
-}
-
-// A negative magnitude gets the "0" too: 0010-12.
-void appendMagnitude(std::string& out, double m)
-{
-    out += "001";
-    if (m < 10.0) {
-        out += '0';
-    }
-    const std::size_t begin = out.size();
-    appendFixed(out, m, 1);
-    erasePoint(out, begin);
-}
-
-void appendMark(std::string& out, const TRecLabelPervichka_File& mark, DateTexts& dates)
-{
-    out += dates.answerTo(int{mark.date}, MJDToDateMEA);
-    out += ' ';
-    appendTimeMEA(out, mark.time, 2, true);
-    out += ' ';
-    appendPackedRA(out, mark.RA, 2);
-    out += ' ';
-    appendPackedDE(out, mark.DE, 2);
-    out += ' ';
-    appendMagnitude(out, mark.m);
-    out += '\n';
-}
 
 } // namespace
 
 std::vector<TrackVtorichka> lTelegramma(const std::vector<std::string>& lines)
 {
-    TelegramLines reading;
-    for (const std::string& line : lines) {
-        reading.add(line);
-    }
-    return reading.takeTracks();
+    TelegramLines reader;
+    takeLines(lines, reader);
+    return reader.takeTracks();
 }
 
 std::vector<TrackVtorichka> lTelegramma(std::string path)
 {
-    TelegramLines reading;
-    readLines(path, reading); // a missing file has no lines
-    return reading.takeTracks();
+    TelegramLines reader;
+    readLines(path, reader); // a missing file has no lines
+    return reader.takeTracks();
 }
 
 void sTelegramma(std::string path, const std::vector<TrackVtorichka>& tracks)
@@ -177,10 +179,12 @@ void sTelegramma(std::string path, const std::vector<TrackVtorichka>& tracks)
     text.reserve((countMarks(tracks) + 2 * tracks.size()) * usualLineLength);
     DateTexts dates;
     for (const TrackVtorichka& track : tracks) {
-        appendHead(text, track);
+        appendFields<headFields>(text, track);
+        text += '\n';
         for (std::size_t i = 0; i < track.Marks.size(); ++i) {
             fetchAhead(track.Marks, i);
-            appendMark(text, track.Marks[i], dates);
+            appendFields<markFields>(text, WrittenMark{track.Marks[i], dates});
+            text += '\n';
         }
         text += blockEnd;
         text += "\n\n";

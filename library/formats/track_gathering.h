@@ -17,14 +17,14 @@
 
 namespace tavelinUtils {
 
-/// What every measurement format says of a mark.
+/// The values of a mark that every measurement format holds.
 struct MeasuredMark
 {
     int date = 0;    ///< whole MJD
     double time = 0; ///< fraction of the day
     double RA = 0;   ///< degrees
     double DE = 0;   ///< degrees
-    double m = 0;
+    double m = 0;    ///< magnitude
 };
 
 /// Gives a mark its measured values and leaves everything else.
@@ -109,7 +109,7 @@ public:
     /// Adds a track, whose head may be filled until the tracks are taken.
     TrackVtorichka& addTrack()
     {
-        ends.push_back(marks.size());
+        spans.push_back({marks.size(), marks.size()});
         return heads.emplace_back();
     }
 
@@ -126,27 +126,56 @@ public:
     void addMark(const MeasuredMark& mark)
     {
         marks.push_back(mark);
-        ends.back() = marks.size();
+        spans.back().end = marks.size();
+    }
+
+    /// How many marks have been added.
+    std::size_t markCount() const
+    {
+        return marks.size();
+    }
+
+    /// Lets the last track begin with an earlier mark, by the number of marks before it: the marks from there
+    /// on are repeated in it.
+    void beginLastTrackAt(std::size_t mark)
+    {
+        spans.back().begin = mark;
+    }
+
+    /// How many marks the tracks have together, repeated ones as often as they come.
+    std::size_t marksOfTracks() const
+    {
+        std::size_t total = 0;
+        for (const Span& span : spans) {
+            total += span.end - span.begin;
+        }
+        return total;
     }
 
     /// The tracks with their marks; the sequence is empty afterwards.
     std::vector<TrackVtorichka> takeTracks()
     {
-        std::size_t next = 0;
         for (std::size_t i = 0; i < heads.size(); ++i) {
-            heads[i].Marks.reserve(ends[i] - next);
-            for (; next < ends[i]; ++next) {
-                setMeasured(heads[i].Marks.emplace_back(), marks[next]);
+            heads[i].Marks.reserve(spans[i].end - spans[i].begin);
+            for (std::size_t mark = spans[i].begin; mark < spans[i].end; ++mark) {
+                setMeasured(heads[i].Marks.emplace_back(), marks[mark]);
             }
         }
-        ends.clear();
+        spans.clear();
         marks.clear();
         return std::exchange(heads, {});
     }
 
 private:
+    // The marks of a track.
+    struct Span
+    {
+        std::size_t begin;
+        std::size_t end;
+    };
+
     std::vector<TrackVtorichka> heads;
-    std::vector<std::size_t> ends; // of each track's marks
+    std::vector<Span> spans; // of each track
     std::vector<MeasuredMark> marks;
 };
 

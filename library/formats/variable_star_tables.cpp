@@ -15,12 +15,6 @@
 namespace tavelinUtils {
 namespace {
 
-void appendLastColumn(std::string& out, double value, int decimals)
-{
-    appendFixed(out, value, decimals);
-    out += '\n';
-}
-
 double mjdOf(const TRecLabelPervichka_File& mark)
 {
     return mark.date + mark.time;
@@ -86,9 +80,9 @@ void SaveManyInstr(std::string path, const TrackVtorichka& track)
 {
     std::string text = "JD+time\tm_cat\tmi_psf\tmi_strobe\tm_apert\tmi_apert\n";
     for (const TRecLabelPervichka_File& mark : track.Marks) {
-        appendColumn(text, jdOf(mark), 10);
-        appendColumn(text, mark.m, 3);
-        appendLastColumn(text, mark.mInstr, 3);
+        appendCell(text, jdOf(mark), 10, '\t');
+        appendCell(text, mark.m, 3, '\t');
+        appendCell(text, mark.mInstr, 3, '\n');
     }
     writeText(path, text);
 }
@@ -97,8 +91,8 @@ void SaveInstrVO(std::string path, const TrackVtorichka& track, double factor)
 {
     std::string text = "JD\tmi_apert\n";
     for (const TRecLabelPervichka_File& mark : track.Marks) {
-        appendColumn(text, jdOf(mark) * factor, 10);
-        appendLastColumn(text, mark.mInstr, 3);
+        appendCell(text, jdOf(mark) * factor, 10, '\t');
+        appendCell(text, mark.mInstr, 3, '\n');
     }
     writeText(path, text);
 }
@@ -107,7 +101,7 @@ void smI(std::string path, std::vector<TLocPhotoBlob> blobs)
 {
     std::string text;
     for (const TLocPhotoBlob& blob : blobs) {
-        appendLastColumn(text, blob.Mark.Spare1, 5);
+        appendCell(text, blob.Mark.Spare1, 5, '\n');
     }
     rewriteText(path, text);
 }
@@ -120,9 +114,9 @@ void sVarSLightCurvesVO(std::string path, std::vector<TLocPhotoBlob> blobs, std:
         text = timeLabel + "\tMag\tErrMag\tPathFit\n";
     }
     for (const TLocPhotoBlob& blob : blobs) {
-        appendColumn(text, mjdOf(blob.Mark), 7);
-        appendColumn(text, blob.Mark.mEnsemble, 5);
-        appendColumn(text, blob.Mark.Spare5, 5);
+        appendCell(text, mjdOf(blob.Mark), 7, '\t');
+        appendCell(text, blob.Mark.mEnsemble, 5, '\t');
+        appendCell(text, blob.Mark.Spare5, 5, '\t');
         text += ExtractFileName(blob.Head.PathFit, Slash);
         text += '\n';
     }
@@ -149,8 +143,8 @@ void sVarSLightCurvesVE(std::string path, std::vector<TLocPhotoBlob> blobs, std:
 {
     std::string text = timeLabel + "\tMag\n";
     for (const TLocPhotoBlob& blob : blobs) {
-        appendColumn(text, mjdOf(blob.Mark), 7);
-        appendLastColumn(text, blob.Mark.mEnsemble, 5);
+        appendCell(text, mjdOf(blob.Mark), 7, '\t');
+        appendCell(text, blob.Mark.mEnsemble, 5, '\n');
     }
     rewriteText(path, text);
 }
@@ -158,7 +152,7 @@ void sVarSLightCurvesVE(std::string path, std::vector<TLocPhotoBlob> blobs, std:
 void sInstrMag(std::string path, double value, const std::vector<TFrameBrightnes>& frames)
 {
     std::string text;
-    appendLastColumn(text, value, 2);
+    appendCell(text, value, 2, '\n');
     for (const TFrameBrightnes& frame : frames) {
         appendFrame(text, frame);
     }
@@ -202,10 +196,10 @@ void sFormatMuniwin(std::string path, std::vector<TLocPhotoBlob> objects,
     }
     text += '\n';
     for (std::size_t i = 0; i < objects.size(); ++i) {
-        appendColumn(text, mjdOf(objects[i].Mark), 7);
-        appendColumn(text, objects[i].Mark.Spare1, 5);
+        appendCell(text, mjdOf(objects[i].Mark), 7, '\t');
+        appendCell(text, objects[i].Mark.Spare1, 5, '\t');
         for (const TLocPhotoBlob& star : starsOf(series, i)) {
-            appendColumn(text, star.Mark.Spare1, 5);
+            appendCell(text, star.Mark.Spare1, 5, '\t');
         }
         text += '\n';
     }
@@ -218,7 +212,7 @@ void sV_C_FormatMuniwin(std::string path, std::string filter, std::vector<TLocPh
     std::string text = "JD\t" + setHeadV_C(static_cast<int>(starsOf(series, 0).size()) + 1);
     text += "\nAperture: N * FWHM, Filter : " + filter + ", JD : geocentric\n";
     for (std::size_t i = 0; i < objects.size(); ++i) {
-        appendColumn(text, mjdOf(objects[i].Mark), 7);
+        appendCell(text, mjdOf(objects[i].Mark), 7, '\t');
         text += GetDataV_C(objects[i], starsOf(series, i));
         text += '\n';
     }
@@ -245,7 +239,7 @@ std::string GetDataV_C(TLocPhotoBlob object, std::vector<TLocPhotoBlob> stars)
     std::string data;
     for (std::size_t i = 0; i < magnitudes.size(); ++i) {
         for (std::size_t j = i + 1; j < magnitudes.size(); ++j) {
-            appendColumn(data, magnitudes[i] - magnitudes[j], 5);
+            appendCell(data, magnitudes[i] - magnitudes[j], 5, '\t');
         }
     }
     return data;

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstddef>
 #include <stdexcept>
 #include <string>
@@ -22,6 +23,36 @@ Texts linesOf(std::string_view bytes)
     forEachLine(bytes, [&lines](std::string_view line) { lines.emplace_back(line); });
     return lines;
 }
+
+struct Person
+{
+    std::string name;
+    int age = 0;
+};
+
+constexpr TokenField<Person, Person> personFields[] = {
+    {[](Person& to, std::string_view text) { to.name = text; },
+     [](std::string& out, const Person& from) { out += from.name; }},
+    {takeNothing, [](std::string& out, const Person& /*from*/) { out += "aged"; }},
+    {[](Person& to, std::string_view text) { to.age = static_cast<int>(text.size()); },
+     [](std::string& out, const Person& from) { out.append(static_cast<std::size_t>(from.age), 'I'); }},
+};
+
+// Keeps what it is given.
+struct KeptLines
+{
+    std::size_t room = 0;
+    std::vector<std::string> taken;
+
+    void reserve(std::size_t lines)
+    {
+        room = lines;
+    }
+    void add(std::string_view line)
+    {
+        taken.emplace_back(line);
+    }
+};
 
 } // namespace
 
@@ -55,26 +86,125 @@ TEST(CountLines, IsNeverBelowTheLines)
 
 TEST(ReadLines, ReservesRoomAndGivesEachLine)
 {
-    struct Lines
-    {
-        std::size_t room = 0;
-        std::vector<std::string> taken;
-
-        void reserve(std::size_t count)
-        {
-            room = count;
-        }
-        void add(std::string_view line)
-        {
-            taken.emplace_back(line);
-        }
-    };
     const TemporaryFolder folder;
     makeFile(folder / "a.txt", "one\r\n\ntwo\t\n three");
-    Lines lines;
+    KeptLines lines;
     EXPECT_TRUE(readLines(folder / "a.txt", lines));
     EXPECT_GE(lines.room, 4U);
     EXPECT_EQ(lines.taken, (std::vector<std::string>{"one", "", "two", " three"}));
     EXPECT_FALSE(readLines(folder / "none.txt", lines));
     EXPECT_EQ(lines.taken.size(), 4U);
+}
+
+TEST(Field, IsCutFromItsFirstColumnCountedFrom1)
+{
+    EXPECT_EQ(cut("abcdef", {1, 2}), "ab");
+    EXPECT_EQ(cut("abcdef", {3, 3}), "cde");
+    EXPECT_EQ(cut("abcdef", {6, 1}), "f");
+}
+
+TEST(Field, ThatTheLineEndsInIsShorter)
+{
+    EXPECT_EQ(cut("abcdef", {5, 9}), "ef");
+    EXPECT_EQ(cut("abcdef", {7, 1}), "");
+    EXPECT_EQ(cut("", {1, 1}), "");
+}
+
+TEST(Field, AfterTheEndOfTheLineThrows)
+{
+    EXPECT_THROW(cut("abcdef", {8, 1}), std::out_of_range);
+    EXPECT_THROW(cut("", {2, 1}), std::out_of_range);
+}
+
+TEST(Field, ThatMayBeMissingIsEmptyAfterTheEndOfTheLine)
+{
+    EXPECT_EQ(cutIfThere("abcdef", {2, 2}), "bc");
+    EXPECT_EQ(cutIfThere("abcdef", {6, 4}), "f");
+    EXPECT_EQ(cutIfThere("abcdef", {7, 1}), "");
+    EXPECT_EQ(cutIfThere("abcdef", {8, 1}), "");
+    EXPECT_EQ(cutIfThere("", {1, 1}), "");
+}
+
+TEST(Field, AllOfALineLeaveNoGapAndNoRest)
+{
+    constexpr Field whole[] = {{1, 2}, {3, 1}, {4, 3}};
+    constexpr Field withGap[] = {{1, 2}, {4, 3}};
+    constexpr Field overlapping[] = {{1, 2}, {2, 5}};
+    constexpr Field late[] = {{2, 5}};
+    EXPECT_TRUE(fillLine(whole, 6));
+    EXPECT_FALSE(fillLine(whole, 5));
+    EXPECT_FALSE(fillLine(whole, 7));
+    EXPECT_FALSE(fillLine(withGap, 6));
+    EXPECT_FALSE(fillLine(overlapping, 6));
+    EXPECT_FALSE(fillLine(late, 6));
+}
+
+TEST(Field, BlankOneIsAppendedInItsWidth)
+{
+    std::string line = "a";
+    appendBlank(line, {2, 3});
+    appendBlank(line, {5, 0});
+    EXPECT_EQ(line, "a   ");
+}
+
+TEST(TextWithoutBlanks, KeepsAllElse)
+{
+    EXPECT_EQ(withoutBlanks(" 1 2\t 3 "), "12\t3");
+    EXPECT_EQ(withoutBlanks("   "), "");
+    EXPECT_EQ(withoutBlanks(""), "");
+}
+
+TEST(TokenFields, AreReadInTheirOrder)
+{
+    const std::array<std::string_view, 4> tokens{"Ann", "x", "IIII", "not read"};
+    Person person;
+    readFields<personFields>(tokens, person);
+    EXPECT_EQ(person.name, "Ann");
+    EXPECT_EQ(person.age, 4);
+}
+
+TEST(TokenFields, AreAppendedWithABlankBetweenThem)
+{
+    std::string line = "<";
+    appendFields<personFields>(line, Person{"Ann", 2});
+    EXPECT_EQ(line, "<Ann aged II");
+}
+
+TEST(TakeLines, ReservesRoomAndGivesEachLineOfAListAsItIs)
+{
+    KeptLines kept;
+    takeLines(std::vector<std::string>{"one", "", "two\t"}, kept);
+    EXPECT_EQ(kept.room, 3U);
+    EXPECT_EQ(kept.taken, (std::vector<std::string>{"one", "", "two\t"}));
+}
+
+TEST(TakeLines, GivesTheLinesOfBytesWithoutTheirEnds)
+{
+    KeptLines kept;
+    takeLines(std::string_view("one\r\n\ntwo\t\n"), kept);
+    EXPECT_GE(kept.room, 3U);
+    EXPECT_EQ(kept.taken, (std::vector<std::string>{"one", "", "two"}));
+}
+
+TEST(ReadLines, TakesAnOpenFile)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.txt", "one\ntwo\n");
+    const OpenFile file = openFile(folder / "a.txt", "rb");
+    KeptLines kept;
+    ASSERT_NE(file, nullptr);
+    EXPECT_TRUE(readLines(file.get(), kept));
+    EXPECT_EQ(kept.taken, (std::vector<std::string>{"one", "two"}));
+}
+
+TEST(ReadLines, FolderGivesNoLinesAlsoWhereItIsOpen)
+{
+    const TemporaryFolder folder;
+    KeptLines kept;
+    EXPECT_FALSE(readLines(folder.path(), kept));
+    const OpenFile file = openFile(folder.path(), "rb");
+    ASSERT_NE(file, nullptr);
+    EXPECT_FALSE(readLines(file.get(), kept));
+    EXPECT_EQ(kept.room, 0U);
+    EXPECT_TRUE(kept.taken.empty());
 }

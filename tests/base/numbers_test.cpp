@@ -612,3 +612,12 @@ TEST(AppendPadded, LongerTextIsKeptWhole)
     appendPaddedRight(out, "u", 0);
     EXPECT_EQ(out, "|abcdefghijklmnopqrstu");
 }
+
+TEST(Numbers, CellIsTheNumberAndWhatEndsIt)
+{
+    std::string text = "a\t";
+    appendCell(text, 1.005, 2, '\t');
+    appendCell(text, -0.0, 1, ',');
+    appendCell(text, 12.0, 0, '\n');
+    EXPECT_EQ(text, "a\t1.00\t-0.0,12\n");
+}

@@ -260,7 +260,7 @@ TEST(TdmWriter, ListOfManyMarks)
 
 TEST(TdmEpoch, CreationDateIsMadeOfZeros)
 {
-    EXPECT_EQ(creationDate(), "0-00-00T00:00:00");
+    EXPECT_EQ(zeroCreationDate(), "0-00-00T00:00:00");
 }
 
 TEST(TdmEpoch, SecondsThatRoundUpTo60AreCarriedAndTheDateStays)
