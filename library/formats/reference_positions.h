@@ -11,15 +11,15 @@
 
 namespace tavelinUtils {
 
-/// Appends a mark for each line behind the first to the track. Date, time, right ascension and declination,
-/// in degrees, stand in fixed columns; the rest of a line that is too short for one counts as 0. Sets NORAD
-/// to what stands before the first "_" of the file's name, and ResidFile to the path.
+/// Appends a mark for each line after the first to the track. Date, time, right ascension and declination,
+/// both in degrees, have fixed columns; what a line is too short for counts as 0. Sets NORAD to what precedes
+/// the first "_" of the file's name, and ResidFile to the path.
 void loadAMU(std::string path, TrackVtorichka& track);
 
 /// Appends a mark for each line that does not begin with "#" to the track: epoch, right ascension in hours,
-/// declination in degrees, parted by one blank each. An epoch that its "T" does not part into two leaves date
-/// and time at 0. Sets NORAD to what stands before the first "-" of the file's name without its "radec_", and
-/// ResidFile to the path.
+/// declination in degrees, with one blank between them. An epoch of a single part leaves date and time at 0.
+/// Sets NORAD to what precedes the first "-" of the file's name without its "radec_", and ResidFile to the
+/// path.
 void loadEtalonAMU(std::string path, TrackVtorichka& track);
 
 } // namespace tavelinUtils

@@ -330,7 +330,7 @@ void readEpoch(std::string_view text, DayNumbers& days, int& date, double& time)
         text.remove_suffix(1); // a trailing T separates nothing
     }
     std::array<std::string_view, 2> parts;
-    if (cutParts(text, 'T', parts) == parts.size()) {
+    if (cutParts(text, 'T', parts) >= parts.size()) {
         date = days.answerTo(parts[0], [](std::string_view day) { return DateToMJD(std::string(day), "-"); });
         time = timeToDay(parts[1], ':');
     }

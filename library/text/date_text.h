@@ -109,8 +109,8 @@ void appendDate(std::string& out, DateTexts& dates, int date, const char* separa
 /// Appends an epoch of a tracking message: "2023-02-25T12:00:00.00000".
 void appendEpoch(std::string& out, DateTexts& dates, int date, double time);
 
-/// Reads an epoch into a whole MJD and the fraction of the day. A text that is not split by a "T" into two
-/// parts leaves both as they were.
+/// Reads an epoch into a whole MJD and the fraction of the day: the first two of the parts between its "T"s.
+/// A text of one part leaves both as they were; a "T" at the end makes no further part.
 void readEpoch(std::string_view text, DayNumbers& days, int& date, double& time);
 
 } // namespace tavelinUtils

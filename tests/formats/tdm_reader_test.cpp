@@ -1,4 +1,3 @@
-#include "base/last_answer.h"
 #include "formats/tdm.h"
 #include "text/date_text.h"
 
@@ -82,32 +81,14 @@ TEST(TdmEpoch, DateAndTimeAreRead)
         {"T12:00:00", 0, 0.5},
         {"xTy", 0, 0.0},
         {"TT", 0, 0.0},
+        // Of three parts and more the first two.
+        {"2034-02-22T23:08:33.417T56", 64015, day(23, 8, 33.417)},
+        {"TTT", 0, 0.0},
     };
-    DayNumbers days;
     for (const auto& [text, date, time] : rows) {
         SCOPED_TRACE(text);
-        int readDate = 1;
-        double readTime = 0.125;
-        readEpoch(text, days, readDate, readTime);
-        EXPECT_EQ(readDate, date);
-        EXPECT_DOUBLE_EQ(readTime, time);
         expectMark(readMark({"ANGLE_1 = " + std::string(text) + " 15.0", angle2, mag}),
                    {date, time, 15.0, -0.5, 9.5});
-    }
-}
-
-TEST(TdmEpoch, TextThatIsNotTwoPartsLeavesDateAndTime)
-{
-    DayNumbers days;
-    for (const char* text : {"", "T", "=", "2023-02-25", "2023-02-25T", "2023-02-25 12:00:00",
-                             "2023-02-25t12:00:00", "12:00:00", "2023-02-25T12:00:00UTC", "TTT"})
-    {
-        SCOPED_TRACE(text);
-        int date = 1;
-        double time = 0.125;
-        readEpoch(text, days, date, time);
-        EXPECT_EQ(date, 1);
-        EXPECT_EQ(time, 0.125);
     }
 }
 

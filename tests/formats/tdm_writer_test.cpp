@@ -297,18 +297,3 @@ TEST(TdmEpoch, SecondsThatRoundUpTo60AreCarriedAndTheDateStays)
         EXPECT_EQ(bytes.substr(bytes.find("DATA_START")), dataOf(text, "0.0000000", "0.0000000", "0.0000"));
     }
 }
-
-TEST(TdmEpoch, IsAppendedAndDatesMayAlternate)
-{
-    std::string text = "<";
-    DateTexts dates;
-    appendEpoch(text, dates, 60000, 0.5);
-    text += "|";
-    appendEpoch(text, dates, 60000, 0.25);
-    text += "|";
-    appendEpoch(text, dates, 0, 0.25);
-    text += "|";
-    appendEpoch(text, dates, 60000, 0.75);
-    EXPECT_EQ(text, "<2023-02-25T12:00:00.00000|2023-02-25T06:00:00.00000|1858-11-17T06:00:00.00000|"
-                    "2023-02-25T18:00:00.00000");
-}
