@@ -215,14 +215,18 @@ TEST(ReferencePositions, SecondBlankIsAnEmptyItem)
     expectMark(onlyMark(etalonTrack("2024-02-29T06:00:00  10.5 -20.25\n")), 60369, 0.25, 0.0, 10.5);
 }
 
-TEST(ReferencePositions, EpochThatDoesNotPartIntoTwoLeavesDateAndTime)
+TEST(ReferencePositions, EpochOfOnePartLeavesDateAndTime)
 {
-    for (const char* epoch :
-         {"60369.25", "2024-02-29", "2024-02-29T", "2024-02-29t06:00:00", "2024-02-29T06:00:00T1", ""})
-    {
+    for (const char* epoch : {"60369.25", "2024-02-29", "2024-02-29T", "2024-02-29t06:00:00", ""}) {
         SCOPED_TRACE(epoch);
         expectMark(onlyMark(etalonTrack(std::string(epoch) + " 1.0 2.0\n")), 0, 0.0, 15.0, 2.0);
     }
+}
+
+TEST(ReferencePositions, EpochOfMoreThanTwoPartsIsReadByItsFirstTwo)
+{
+    expectMark(onlyMark(etalonTrack("2024-02-29T06:00:00T1 1.0 2.0\n")), 60369, 0.25, 15.0, 2.0);
+    expectMark(onlyMark(etalonTrack("TTT 1.0 2.0\n")), 0, 0.0, 15.0, 2.0);
 }
 
 TEST(ReferencePositions, EpochLinesThatEndEarlyAreZeroInTheRest)

@@ -265,10 +265,20 @@ TEST(TdmXmlObservations, EpochIsThatOfTheLastElement)
     expectTheMark(marks[0]);
 }
 
-TEST(TdmXmlObservations, EpochThatIsNotTwoPartsLeavesDateAndTime)
+TEST(TdmXmlObservations, EpochOfMoreThanTwoPartsIsReadByItsFirstTwo)
 {
-    for (const char* epoch :
-         {"2000-01-01", "T", "2000-01-01T", "2000-01-01 06:00:00", "2000-01-01T06:00:00UTC"}) {
+    for (const char* epoch : {"2000-01-01T06:00:00UTC", "2000-01-01T06:00:00T56"}) {
+        SCOPED_TRACE(epoch);
+        const Marks marks =
+            readMarks(mag + "<observation><EPOCH>" + epoch + "</EPOCH><MAG>1.0</MAG></observation>");
+        ASSERT_EQ(marks.size(), 2u);
+        expectMark(marks[1], {51544, 0.25, 0.0, 0.0, 1.0});
+    }
+}
+
+TEST(TdmXmlObservations, EpochOfOnePartLeavesDateAndTime)
+{
+    for (const char* epoch : {"2000-01-01", "T", "2000-01-01T", "2000-01-01 06:00:00"}) {
         SCOPED_TRACE(epoch);
         const Marks marks =
             readMarks(mag + "<observation><EPOCH>" + epoch + "</EPOCH><MAG>1.0</MAG></observation>");

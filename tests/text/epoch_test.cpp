@@ -1,6 +1,8 @@
 #include "base/last_answer.h"
 #include "text/date_text.h"
 
+#include "support/sexagesimal.h"
+
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -9,11 +11,6 @@
 using namespace tavelinUtils;
 
 namespace {
-
-double day(int hour, int minute, double second)
-{
-    return (second / 3600.0 + (minute / 60.0 + hour)) / 24.0;
-}
 
 struct EpochRow
 {
