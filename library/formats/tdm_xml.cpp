@@ -23,16 +23,19 @@ namespace {
 struct Shape
 {
     std::string_view declaration;
-    std::string_view root;
+    std::string_view attributes; // of the root
     std::string_view path;
     std::string_view magnitudeType;
     bool observationPerValue;
 };
+// An observation for each value.
 constexpr Shape valueShape{"<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n",
-                           "<tdm id=\"CCSDS_TDM_VERS\" version=\"2.0\">\n", "2,1", "", true};
-constexpr Shape markShape{"<?xml version=\"1.0\" ?>\n", "<tdm>\n", "2, 1", "APPARENT", false};
+                           " id=\"CCSDS_TDM_VERS\" version=\"2.0\"", "2,1", "", true};
+// An observation for each mark.
+constexpr Shape markShape{"<?xml version=\"1.0\" ?>\n", "", "2, 1", "APPARENT", false};
 
-// Collects a document in pieces of a size that stays in the processor's memory.
+// Prints a document line by line and knows how deep each element is. Writes pieces of a
+// size that stays in the processor's caches.
 class DocumentFile
 {
 public:
@@ -44,9 +47,53 @@ public:
         }
     }
 
-    std::string text;
+    /// A line before all elements.
+    void declare(std::string_view declaration)
+    {
+        text += declaration;
+    }
 
-    /// Hands a full piece on.
+    void begin(std::string_view name, std::string_view attributes = "")
+    {
+        beginLine(name);
+        text += attributes;
+        text += ">\n";
+        ++depth;
+    }
+
+    void end(std::string_view name)
+    {
+        --depth;
+        indent();
+        endElement(name);
+    }
+
+    /// An element without anything in it.
+    void empty(std::string_view name)
+    {
+        beginLine(name);
+        text += " />\n";
+    }
+
+    void element(std::string_view name, std::string_view value)
+    {
+        beginLine(name);
+        text += '>';
+        text += value;
+        endElement(name);
+    }
+
+    /// An element of a number, with a text before it.
+    void number(std::string_view name, std::string_view before, double value, int decimals)
+    {
+        beginLine(name);
+        text += '>';
+        text += before;
+        appendFixed(text, value, decimals);
+        endElement(name);
+    }
+
+    /// Writes a full piece out.
     void flushFull()
     {
         if (text.size() >= pieceLength) {
@@ -54,7 +101,7 @@ public:
         }
     }
 
-    /// Hands the rest on; false where anything failed.
+    /// Writes the rest out and closes the file; false where anything failed.
     bool close()
     {
         flush();
@@ -65,6 +112,26 @@ private:
     static constexpr std::size_t pieceLength = std::size_t{1} << 20;
     static constexpr std::size_t longestAddition = std::size_t{1} << 12;
 
+    void indent()
+    {
+        constexpr std::size_t columnsOfALevel = 4;
+        text.append(depth * columnsOfALevel, ' ');
+    }
+
+    void beginLine(std::string_view name)
+    {
+        indent();
+        text += '<';
+        text += name;
+    }
+
+    void endElement(std::string_view name)
+    {
+        text += "</";
+        text += name;
+        text += ">\n";
+    }
+
     void flush()
     {
         complete = complete && file && std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
@@ -72,26 +139,10 @@ private:
     }
 
     OpenFile file;
+    std::string text;
+    std::size_t depth = 0;
     bool complete = true;
 };
-
-void appendIndented(std::string& out, std::size_t depth, std::string_view line)
-{
-    constexpr std::size_t indent = 4;
-    out.append(depth * indent, ' ');
-    out += line;
-}
-
-void appendElement(std::string& out, std::size_t depth, std::string_view name, std::string_view text)
-{
-    appendIndented(out, depth, "<");
-    out += name;
-    out += '>';
-    out += text;
-    out += "</";
-    out += name;
-    out += ">\n";
-}
 
 // A text that comes from outside, escaped as the library does it.
 std::string escaped(const std::string& text)
@@ -108,82 +159,63 @@ std::string epochOf(const TRecLabelPervichka_File& mark, DateTexts& dates)
     return epoch;
 }
 
-void appendHeader(std::string& out, const std::vector<TrackVtorichka>& tracks)
+void writeHeader(DocumentFile& file, const std::vector<TrackVtorichka>& tracks)
 {
-    appendIndented(out, 1, "<header>\n");
-    appendElement(out, 2, "CREATION_DATE", zeroCreationDate());
-    appendElement(out, 2, "ORIGINATOR", tracks.empty() ? "" : escaped(tracks.front().originator));
-    appendIndented(out, 1, "</header>\n");
+    file.begin("header");
+    file.element("CREATION_DATE", zeroCreationDate());
+    file.element("ORIGINATOR", tracks.empty() ? "" : escaped(tracks.front().originator));
+    file.end("header");
 }
 
-void appendMetadata(std::string& out, const TrackVtorichka& track, const Shape& shape, DateTexts& dates)
+void writeMetadata(DocumentFile& file, const TrackVtorichka& track, const Shape& shape, DateTexts& dates)
 {
-    appendIndented(out, 3, "<metadata>\n");
-    appendElement(out, 4, "TIME_SYSTEM", "UTC");
-    appendElement(out, 4, "START_TIME", epochOf(track.Marks.front(), dates));
-    appendElement(out, 4, "STOP_TIME", epochOf(track.Marks.back(), dates));
-    appendElement(out, 4, "PARTICIPANT_1", escaped(track.telescope));
-    appendElement(out, 4, "PARTICIPANT_2", escaped(track.QRVName));
-    appendElement(out, 4, "MODE", "SEQUENTIAL");
-    appendElement(out, 4, "PATH", shape.path);
-    appendElement(out, 4, "ANGLE_TYPE", "RADEC");
-    appendElement(out, 4, "REFERENCE_FRAME", escaped(track.REFERENCE_FRAME));
+    file.begin("metadata");
+    file.element("TIME_SYSTEM", "UTC");
+    file.element("START_TIME", epochOf(track.Marks.front(), dates));
+    file.element("STOP_TIME", epochOf(track.Marks.back(), dates));
+    file.element("PARTICIPANT_1", escaped(track.telescope));
+    file.element("PARTICIPANT_2", escaped(track.QRVName));
+    file.element("MODE", "SEQUENTIAL");
+    file.element("PATH", shape.path);
+    file.element("ANGLE_TYPE", "RADEC");
+    file.element("REFERENCE_FRAME", escaped(track.REFERENCE_FRAME));
     if (!shape.magnitudeType.empty()) {
-        appendElement(out, 4, "MAG_TYPE", shape.magnitudeType);
+        file.element("MAG_TYPE", shape.magnitudeType);
     }
-    appendIndented(out, 3, "</metadata>\n");
-}
-
-constexpr std::string_view observationBegin = "                <observation>\n";
-constexpr std::string_view observationEnd = "                </observation>\n";
-
-void appendValue(std::string& out, std::string_view name, std::string_view before, double value, int decimals)
-{
-    constexpr std::string_view indented = "                    <";
-    out += indented;
-    out += name;
-    out += '>';
-    out += before;
-    appendFixed(out, value, decimals);
-    out += "</";
-    out += name;
-    out += ">\n";
+    file.end("metadata");
 }
 
 // One value with its epoch beside it.
-void appendValueObservation(std::string& out, std::string_view epoch, std::string_view name, double value,
-                            int decimals)
+void writeValue(DocumentFile& file, std::string_view epoch, std::string_view name, double value, int decimals)
 {
-    out += observationBegin;
-    appendElement(out, 5, "EPOCH", epoch);
-    appendValue(out, name, "", value, decimals);
-    out += observationEnd;
+    file.begin("observation");
+    file.element("EPOCH", epoch);
+    file.number(name, "", value, decimals);
+    file.end("observation");
 }
 
-void appendValues(std::string& out, std::string_view epoch, const TRecLabelPervichka_File& mark)
+// An observation for each value of a mark.
+void writeValues(DocumentFile& file, std::string_view epoch, const TRecLabelPervichka_File& mark)
 {
-    appendValueObservation(out, epoch, "ANGLE_1", mark.RA, 7);
-    appendValueObservation(out, epoch, "ANGLE_2", mark.DE, 7);
-    appendValueObservation(out, epoch, "MAG", mark.m, 4);
+    writeValue(file, epoch, "ANGLE_1", mark.RA, 7);
+    writeValue(file, epoch, "ANGLE_2", mark.DE, 7);
+    writeValue(file, epoch, "MAG", mark.m, 4);
 }
 
-// All values of a mark, each with the epoch in front.
-void appendMark(std::string& out, std::string& epoch, const TRecLabelPervichka_File& mark)
+// One observation of a mark, with the epoch before each value.
+void writeMark(DocumentFile& file, std::string& epoch, const TRecLabelPervichka_File& mark)
 {
     epoch += ' ';
-    out += observationBegin;
-    appendValue(out, "ANGLE_1", epoch, mark.RA, 7);
-    appendValue(out, "ANGLE_2", epoch, mark.DE, 7);
-    appendValue(out, "MAG", epoch, mark.m, 4);
-    out += observationEnd;
+    file.begin("observation");
+    file.number("ANGLE_1", epoch, mark.RA, 7);
+    file.number("ANGLE_2", epoch, mark.DE, 7);
+    file.number("MAG", epoch, mark.m, 4);
+    file.end("observation");
 }
 
-void appendSegment(DocumentFile& file, const TrackVtorichka& track, const Shape& shape, DateTexts& dates)
+void writeData(DocumentFile& file, const TrackVtorichka& track, const Shape& shape, DateTexts& dates)
 {
-    std::string& out = file.text;
-    appendIndented(out, 2, "<segment>\n");
-    appendMetadata(out, track, shape, dates);
-    appendIndented(out, 3, "<data>\n");
+    file.begin("data");
     std::string epoch;
     for (std::size_t i = 0; i < track.Marks.size(); ++i) {
         fetchAhead(track.Marks, i);
@@ -191,36 +223,43 @@ void appendSegment(DocumentFile& file, const TrackVtorichka& track, const Shape&
         epoch.clear();
         appendEpoch(epoch, dates, mark.date, mark.time);
         if (shape.observationPerValue) {
-            appendValues(out, epoch, mark);
+            writeValues(file, epoch, mark);
         } else {
-            appendMark(out, epoch, mark);
+            writeMark(file, epoch, mark);
         }
         file.flushFull();
     }
-    appendIndented(out, 3, "</data>\n");
-    appendIndented(out, 2, "</segment>\n");
+    file.end("data");
+}
+
+void writeBody(DocumentFile& file, const std::vector<TrackVtorichka>& tracks, const Shape& shape)
+{
+    if (countMarks(tracks) == 0) {
+        file.empty("body");
+        return;
+    }
+    DateTexts dates;
+    file.begin("body");
+    for (const TrackVtorichka& track : tracks) {
+        if (!track.Marks.empty()) {
+            file.begin("segment");
+            writeMetadata(file, track, shape, dates);
+            writeData(file, track, shape, dates);
+            file.end("segment");
+        }
+    }
+    file.end("body");
 }
 
 bool saveDocument(const std::string& path, const std::vector<TrackVtorichka>& tracks, const Shape& shape)
 {
-    TiXmlBase::SetCondenseWhiteSpace(false); // as whoever writes or reads an XML file leaves the library
+    TiXmlBase::SetCondenseWhiteSpace(false); // as every reader and writer of XML files leaves the library
     DocumentFile file(path);
-    file.text += shape.declaration;
-    file.text += shape.root;
-    appendHeader(file.text, tracks);
-    if (countMarks(tracks) == 0) {
-        appendIndented(file.text, 1, "<body />\n");
-    } else {
-        DateTexts dates;
-        appendIndented(file.text, 1, "<body>\n");
-        for (const TrackVtorichka& track : tracks) {
-            if (!track.Marks.empty()) {
-                appendSegment(file, track, shape, dates);
-            }
-        }
-        appendIndented(file.text, 1, "</body>\n");
-    }
-    file.text += "</tdm>\n";
+    file.declare(shape.declaration);
+    file.begin("tdm", shape.attributes);
+    writeHeader(file, tracks);
+    writeBody(file, tracks, shape);
+    file.end("tdm");
     return file.close();
 }
 
@@ -255,7 +294,7 @@ void GetTDMObservations(TiXmlElement* element, std::string tagName,
     marks.reserve(marks.size() + countObservations(element, tagName.c_str()));
     DayNumbers days;
     std::string epoch;
-    MeasuredMark mark; // lives across the observations: what one does not say stays
+    MeasuredMark mark; // kept across the observations: one without a value has that of those before it
     mark.m = noMagnitude;
     TiXmlElement* each = childOf(element, tagName.c_str());
     for (; each != nullptr; each = each->NextSiblingElement(tagName.c_str())) {
