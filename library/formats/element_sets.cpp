@@ -1,11 +1,11 @@
 #include "formats/element_sets.h"
 
-#include "base/bytes.h"
 #include "base/lines.h"
 #include "files/text_files.h"
 
 #include <cstddef>
 #include <string_view>
+#include <utility>
 
 namespace tavelinUtils {
 namespace {
@@ -13,17 +13,18 @@ namespace {
 constexpr std::string_view noName = "0";
 constexpr std::size_t usualSetLength = 170;
 
-} // namespace
-
-std::vector<TTLEstr> l3LEstr(std::string path)
+// Takes the lines of a file one after the other.
+class ElementSetLines
 {
-    std::vector<TTLEstr> sets;
-    FileBytes file;
-    if (!readBytes(path, file)) {
-        return sets;
+public:
+    void reserve(std::size_t lines)
+    {
+        constexpr std::size_t linesOfASet = 3;
+        sets.reserve(lines / linesOfASet + 1);
     }
-    TTLEstr set; // never cleared: a set has what it lacks from the one before
-    forEachLine(file.view(), [&](std::string_view line) {
+
+    void add(std::string_view line)
+    {
         switch (line.empty() ? ' ' : line.front()) {
         case '0': set.Line0 = line; break;
         case '1': set.Line1 = line; break;
@@ -33,8 +34,25 @@ std::vector<TTLEstr> l3LEstr(std::string path)
             break;
         default: break;
         }
-    });
-    return sets;
+    }
+
+    std::vector<TTLEstr> takeSets()
+    {
+        return std::exchange(sets, {});
+    }
+
+private:
+    TTLEstr set; // never cleared: a set has what it lacks from the one before
+    std::vector<TTLEstr> sets;
+};
+
+} // namespace
+
+std::vector<TTLEstr> l3LEstr(std::string path)
+{
+    ElementSetLines reader;
+    readLines(path, reader); // a missing file has no lines
+    return reader.takeSets();
 }
 
 void s3LEstr(std::string path, const std::vector<TTLEstr>& sets)

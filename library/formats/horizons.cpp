@@ -1,17 +1,15 @@
 #include "formats/horizons.h"
 
-#include "base/bytes.h"
 #include "base/last_answer.h"
 #include "base/lines.h"
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "formats/track_gathering.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <string_view>
-#include <utility>
 
 namespace tavelinUtils {
 namespace {
@@ -19,8 +17,16 @@ namespace {
 constexpr std::string_view tableStart = "$$SOE";
 constexpr std::string_view tableEnd = "$$EOE";
 
-// A line of the table, 0-based. The columns are those of the observer quantities 1, 4, 9 and 47 with
-// fractions of seconds; a table of other quantities is read by the same positions.
+// A line of the table. These are the fields of the observer quantities 1, 4, 9 and 47 with fractions of
+// seconds that are read; a table of other quantities is read by the same columns.
+//
+//    2-12   date             year-month-day, the month by its name
+//   14-25   time             hours:minutes:seconds.sss
+//   31-41   RA               hours minutes seconds.ss
+//   43-53   DE               sign degrees minutes seconds.s
+//   80-85   magnitude
+//   96-105  speed
+//  108-117  position angle   degrees
 constexpr Field date{2, 11};
 constexpr Field time{14, 12};
 constexpr Field rightAscension{31, 11};
@@ -29,9 +35,7 @@ constexpr Field magnitude{80, 6};
 constexpr Field speed{96, 10};
 constexpr Field positionAngle{108, 10};
 
-using Lines = std::vector<std::string_view>;
-
-// "2022-Sep-01". Raises where the month is none.
+// "2022-Sep-01". Throws where the month is none.
 int dateOf(std::string_view text)
 {
     static const std::map<std::string, std::string> months = GetMonthCount();
@@ -39,37 +43,86 @@ int dateOf(std::string_view text)
     return DateToMJD(std::string(year), months.at(std::string(month)), std::string(day));
 }
 
-void addLine(TrackVtorichka& track, std::string_view line, DayNumbers& dates)
+// Takes the lines of a file one after the other.
+class HorizonsLines
 {
-    TRecLabelPervichka_File mark;
-    mark.date = dates.answerTo(cut(line, date), dateOf);
-    mark.time = timeToDay(cut(line, time), ':');
-    const auto [hours, minutes, seconds] = threeParts(cut(line, rightAscension), ' ');
-    mark.RA = raOf(hours, minutes, seconds);
-    const auto [degrees, arcminutes, arcseconds] = threeParts(cut(line, declination), ' ');
-    mark.DE = deOf(degrees, arcminutes, arcseconds);
-    mark.m = toDouble(cut(line, magnitude));
-    track.V = toDouble(cut(line, speed)); // the head has one value for the track: that of the last line
-    track.PA = toDouble(cut(line, positionAngle));
-    track.Marks.push_back(std::move(mark));
-}
+public:
+    explicit HorizonsLines(TrackVtorichka& target) : track(target)
+    {
+    }
 
-int readTable(const Lines& lines, TrackVtorichka& track)
+    void reserve(std::size_t lines)
+    {
+        marks.reserve(lines);
+    }
+
+    void add(std::string_view line)
+    {
+        if (place == Place::before) {
+            place = line == tableStart ? Place::inside : line == tableEnd ? Place::withoutTable : place;
+        } else if (place == Place::inside && line == tableEnd) {
+            place = Place::after;
+        } else if (place == Place::inside) {
+            addMark(line);
+        }
+    }
+
+    void appendMarks() const
+    {
+        track.Marks.reserve(track.Marks.size() + marks.size());
+        for (const MeasuredMark& mark : marks) {
+            setMeasured(track.Marks.emplace_back(), mark);
+        }
+    }
+
+    bool tableIsWhole() const
+    {
+        return place == Place::after;
+    }
+
+private:
+    enum class Place
+    {
+        before,
+        inside,
+        after,
+        withoutTable // its end mark came first: what follows is not looked at
+    };
+
+    void addMark(std::string_view line)
+    {
+        MeasuredMark mark;
+        mark.date = days.answerTo(cut(line, date), dateOf);
+        mark.time = timeToDay(cut(line, time), ':');
+        const auto [hours, minutes, seconds] = threeParts(cut(line, rightAscension), ' ');
+        mark.RA = raOf(hours, minutes, seconds);
+        const auto [degrees, arcminutes, arcseconds] = threeParts(cut(line, declination), ' ');
+        mark.DE = deOf(degrees, arcminutes, arcseconds);
+        mark.m = toDouble(cut(line, magnitude));
+        track.V = toDouble(cut(line, speed)); // the head has one value for the track: that of the last line
+        track.PA = toDouble(cut(line, positionAngle));
+        marks.push_back(mark);
+    }
+
+    TrackVtorichka& track;
+    Place place = Place::before;
+    std::vector<MeasuredMark> marks;
+    DayNumbers days;
+};
+
+// Reads what giveLines(reader) gives a reader of lines.
+template <class GiveLines>
+int readTable(TrackVtorichka& track, GiveLines giveLines)
 {
-    const auto start = std::find(lines.begin(), lines.end(), tableStart);
-    const auto end = std::find(lines.begin(), lines.end(), tableEnd);
-    if (start == lines.end() || end < start) {
-        return -1;
+    HorizonsLines reader(track);
+    try {
+        giveLines(reader);
+    } catch (...) {
+        reader.appendMarks(); // those of the lines before the one that throws
+        throw;
     }
-    // Lines too short for the last column end the reading, so there is no room to be made for them.
-    const auto isWhole = [](std::string_view line) { return line.size() >= positionAngle.first; };
-    track.Marks.reserve(track.Marks.size() +
-                        static_cast<std::size_t>(std::count_if(start + 1, end, isWhole)));
-    DayNumbers dates;
-    for (auto line = start + 1; line != end; ++line) {
-        addLine(track, *line, dates);
-    }
-    return end == lines.end() ? -1 : 0; // what was read up to there stays
+    reader.appendMarks();
+    return reader.tableIsWhole() ? 0 : -1;
 }
 
 } // namespace
@@ -82,19 +135,12 @@ std::map<std::string, std::string> GetMonthCount()
 
 int lHorizons(const std::vector<std::string>& lines, TrackVtorichka& track)
 {
-    return readTable(Lines(lines.begin(), lines.end()), track);
+    return readTable(track, [&lines](HorizonsLines& reader) { takeLines(lines, reader); });
 }
 
 int lHorizons(std::string path, TrackVtorichka& track)
 {
-    FileBytes file;
-    if (!readBytes(path, file)) {
-        return -1;
-    }
-    Lines lines;
-    lines.reserve(countLines(file.view()));
-    forEachLine(file.view(), [&lines](std::string_view line) { lines.push_back(line); });
-    return readTable(lines, track);
+    return readTable(track, [&path](HorizonsLines& reader) { readLines(path, reader); });
 }
 
 } // namespace tavelinUtils
