@@ -15,11 +15,11 @@ namespace {
 constexpr std::string_view columnNames =
     "#NAME,DATE,MAG,MAGERR,FILTER,TRANS,MTYPE,CNAME,CMAG,KNAME,KMAG,AIRMASS,GROUP,CHART,NOTES\n";
 constexpr std::string_view ensemble = "ENSEMBLE"; // whatever CNAME of a mark says
-constexpr std::string_view notTold = "na";
+constexpr std::string_view notKnown = "na";
 constexpr std::size_t headLength = 256;
 constexpr std::size_t usualLineLength = 112;
 
-// What a line takes from elsewhere than its mark.
+// The fields of a line that its mark does not hold, or not in this form.
 struct Line
 {
     std::string_view name;
@@ -50,18 +50,18 @@ void appendLine(std::string& out, const Line& line, double magnitude, double sig
     appendField(out, line.name);
     appendCell(out, line.date, 7, ',');
     appendCell(out, magnitude, 3, ',');
-    appendCell(out, 1.0 / signalToNoise, 4, ','); // a signal of 0 stands as "inf"
+    appendCell(out, 1.0 / signalToNoise, 4, ','); // "inf" for a signal of 0
     appendField(out, line.filter);
     appendField(out, "NO");
     appendField(out, line.kind);
     appendField(out, ensemble);
-    appendField(out, notTold); // CMAG
+    appendField(out, notKnown); // CMAG
     appendField(out, line.checkName);
     appendField(out, line.checkMagnitude);
-    appendField(out, notTold); // AIRMASS
-    appendField(out, notTold); // GROUP
+    appendField(out, notKnown); // AIRMASS
+    appendField(out, notKnown); // GROUP
     appendField(out, line.chart);
-    out += notTold; // NOTES
+    out += notKnown; // NOTES
     out += '\n';
 }
 
@@ -85,7 +85,7 @@ void sAAVSO(std::string path, const std::vector<TrackVtorichka>& tracks)
             const std::string_view filter = i < firstMarks.size() ? firstMarks[i].filtr : mark.filtr;
             appendLine(text,
                        {track.QRVName, MJDtoJD(mark.date) + mark.time, filter, mark.MTYPE, mark.KNAME,
-                        notTold, mark.CHART},
+                        notKnown, mark.CHART},
                        mark.mEnsemble, mark.SNRpeak);
         }
     }
@@ -105,7 +105,7 @@ void sAAVSO(std::string path, std::string obsCode, std::string filter, std::stri
         const TRecLabelPervichka_File& mark = objects[i].Mark;
         const bool checked = i < checkStars.size() && !checkStars[i].empty();
         const std::string checkMagnitude =
-            checked ? Str9(checkStars[i].front().Mark.Spare2, 3) : std::string(notTold);
+            checked ? Str9(checkStars[i].front().Mark.Spare2, 3) : std::string(notKnown);
         // An MJD, although the header says JD.
         appendLine(text,
                    {mark.SpareText, mark.date + mark.time, filter, mType, checkName, checkMagnitude, chart},

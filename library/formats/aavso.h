@@ -18,15 +18,15 @@
 
 namespace tavelinUtils {
 
-/// Replaces the file by a report of the tracks under the observer code of the first. The magnitude is
-/// mEnsemble, its error the reciprocal of SNRpeak ("inf" for 0). FILTER comes from the mark at the same
+/// Replaces the file by a report of the tracks under the observer code of the first. DATE is the Julian date,
+/// MAG is mEnsemble, MAGERR the reciprocal of SNRpeak ("inf" for 0). FILTER comes from the mark at the same
 /// place in the first track, and only where that has none from the mark itself. CNAME is always "ENSEMBLE".
 /// An empty list leaves the file as it is. Throws TavelinException with code 7 and the path for a file that
 /// cannot be written.
 void sAAVSO(std::string path, const std::vector<TrackVtorichka>& tracks);
 
-/// Replaces the file by a report of one star, a line for each frame. DATE is the MJD, whatever the header
-/// says. KNAME is that of the first check star, KMAG that of the first check star on the same frame; where
+/// Replaces the file by a report of one star, a line for each frame. DATE is the MJD, although the header
+/// says JD. KNAME is that of the first check star, KMAG that of the first check star on the same frame; where
 /// there is none they are "" and "na".
 void sAAVSO(std::string path, std::string obsCode, std::string filter, std::string mType,
             std::vector<TLocPhotoBlob> objects, std::vector<std::vector<TLocPhotoBlob>> checkStars,

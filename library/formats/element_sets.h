@@ -13,9 +13,9 @@
 
 namespace tavelinUtils {
 
-/// The element sets of a file; none for a missing one. The first character of a line tells what it is: "0" a
-/// name, "1" the first line of elements, "2" the second, which ends the set; every other line is passed over.
-/// A set that lacks its name or its first line has those of the set before it. Nothing in a line is tested.
+/// The element sets of a file; none for a missing one. The first character of a line says what it is: "0" a
+/// name, "1" the first line of elements, "2" the second, which ends the set; all others are skipped. A set
+/// that lacks its name or its first line has those of the set before it. The rest of a line is not checked.
 std::vector<TTLEstr> l3LEstr(std::string path);
 
 /// Replaces the file by the element sets. An empty name is written as "0", so that the set has a name line

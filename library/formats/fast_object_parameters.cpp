@@ -62,7 +62,7 @@ const std::string& textOf(const std::string& value)
     return value;
 }
 
-// A line of the file: the member that it is read into and written from, and the comment behind its value.
+// A line of the file: the member that it is read into and written from, and the comment after its value.
 struct FastSearchLine
 {
     void (*read)(TFastSearchParam& parameters, std::string_view text);
@@ -172,7 +172,7 @@ TFastSearchParam parametersOf(const TPorogs& porogs)
     return parameters;
 }
 
-// The value of a line, cut as if the mark of a comment stood behind it: a "/" at the end goes with that.
+// The value of a line, cut as if the mark of a comment followed it: a "/" at the end is lost.
 std::string_view valueOf(std::string_view line)
 {
     const std::size_t end = line.find(commentMark);
@@ -190,7 +190,7 @@ std::vector<std::string_view> linesOf(const FileBytes& file)
     return lines;
 }
 
-// Hands the lines from the first to an element each, as far as both go.
+// Calls read(element, line) for each element and the lines from the first on, as far as both go.
 template <class Element, class Read>
 void fill(std::vector<Element>& list, const std::vector<std::string_view>& lines, std::size_t first,
           Read read)

@@ -80,16 +80,16 @@ struct TParHOK
 };
 
 /// Replaces the file by the parameters of a search: the arguments, and thresholds and paths of the settings.
-/// Each value has its comment right behind it, but the name, which is the first line. Throws TavelinException
+/// Each value is followed by its comment, except the name, which is the first line. Throws TavelinException
 /// with code 7 and the path for a file that cannot be written.
 void sParamFAST(std::string path, std::string name, std::string pathOut, std::string pathRes,
                 const TPorogs& porogs, int allFrames, int width, int height, int trackFrames, double exposure,
                 const std::vector<std::string>& paths);
 
-/// Writes the marks of each frame to "blobFast_<number>.bin" in the folder of the path, numbered from 0, puts
-/// the paths of these files behind those that the list holds, and writes the parameters with the list. Width,
-/// height and exposure are those of the first frame, 0 where there is none. A file of blobs that cannot be
-/// written is passed over; the parameters throw as sParamFAST does.
+/// Writes the marks of each frame to "blobFast_<number>.bin" in the folder of the path, numbered from 0,
+/// appends the paths of these files to the list, and writes the parameters with the list. Width, height and
+/// exposure are those of the first frame, 0 where there is none. A file of blobs that cannot be written is
+/// not reported; the parameters throw as sParamFAST does.
 void sParamFastObjTaVeLin2(std::string path, std::string name, std::string pathOut, std::string pathRes,
                            const TPorogs& porogs, const std::vector<THeadBlobs>& frames, int trackFrames,
                            std::vector<std::string>& paths);

@@ -19,10 +19,10 @@ namespace tavelinUtils {
 std::map<std::string, std::string> GetMonthCount();
 
 /// Appends a mark for each line between "$$SOE" and "$$EOE" to the track, and sets V and PA of its head to
-/// those of the last line. Returns 0, or -1 where one of the two is missing, or "$$EOE" stands first, which
-/// gives no marks; without "$$EOE" all lines behind "$$SOE" are read. Throws std::out_of_range for a line
+/// those of the last line. Returns 0, or -1 where one of the two is missing, or "$$EOE" comes first, which
+/// gives no marks; without "$$EOE" all lines after "$$SOE" are read. Throws std::out_of_range for a line
 /// that is too short for one of the columns and for a month that is none; marks of the lines before it stay
-/// in the track. What is no number counts as 0.
+/// in the track. Text that is no number counts as 0.
 int lHorizons(const std::vector<std::string>& lines, TrackVtorichka& track);
 
 /// The same with the lines of a file; -1 for a missing one.

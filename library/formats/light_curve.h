@@ -1,4 +1,4 @@
-// Light curve table, the brightness of tracks over time: a line per mark, each field with a tab behind it.
+// Light curve table, the brightness of tracks over time: a line per mark, each field followed by a tab.
 //
 //   JD geocentric	apparent	ensemble	instrumental	instr1000km	instrComp	object
 //   2460001.0000000	9.50000	0.00000	0.00000	0.00000	0.00000	12345
@@ -13,7 +13,7 @@
 namespace tavelinUtils {
 
 /// Replaces the file by the table, whose first column is named by the label and holds Julian dates. Without
-/// tracks it is the column line alone. A file that cannot be written is passed over in silence.
+/// tracks it is the column line alone. A file that cannot be written is not reported.
 void SaveLightCurve(std::string path, const std::vector<TrackVtorichka>& tracks, std::string timeLabel);
 
 /// The column header of a track table of light curves.

@@ -12,7 +12,7 @@
 namespace tavelinUtils {
 namespace {
 
-// Hands each element of a name below each element of another name to a function.
+// Calls use(element) for each element named `item` below each child of the root named `group`.
 template <class Use>
 void forEachBelow(TiXmlElement* root, const char* group, const char* item, Use use)
 {

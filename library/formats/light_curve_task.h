@@ -42,7 +42,7 @@ struct TLCTask
     std::string magType = "DIF";
 };
 
-/// What a report of a light curve says of its times.
+/// The time system that the note of a light curve names.
 struct TReportVS
 {
     std::string TimeSystem{};

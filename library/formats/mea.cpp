@@ -42,7 +42,7 @@ struct WrittenMark
     bool plainMagnitude; // as printf gives it: the form of the lines with an ephemeris
 };
 
-// Two digits before the point; the sign stands in front of the padding: -01.20.
+// Two digits before the point; the sign comes before the padding: -01.20.
 void appendMagnitude(std::string& out, double m)
 {
     if (m < 0.0) {

@@ -18,7 +18,7 @@ namespace tavelinUtils {
 std::vector<TrackVtorichka> plMEATrack(std::string path, std::string originator);
 
 /// The tracks of the lines of a MEA file. The first line gives the telescope. A line that does not have
-/// exactly seven tokens is passed over; a token that is no number counts as 0. Throws std::out_of_range for
+/// exactly seven fields is skipped; text that is no number counts as 0. Throws std::out_of_range for
 /// a date below 4 characters, a time or right ascension below 6, a declination below 7.
 std::vector<TrackVtorichka> lMEATrack(const std::vector<std::string>& lines, std::string originator);
 
@@ -26,9 +26,9 @@ std::vector<TrackVtorichka> lMEATrack(const std::vector<std::string>& lines, std
 /// the file as it is. Throws TavelinException with code 7 and the path for a file that cannot be written.
 void sMEA(std::string path, const std::vector<TrackVtorichka>& tracks);
 
-/// The same with the comparison against an ephemeris behind each line: MJD, position, the position of the
-/// ephemeris, which a mark's TInterBlob holds, and the residuals in arcseconds, none of them corrected by
-/// the cosine of the declination. A mark without a TInterBlob is compared with that of a new one.
+/// The same, and after each mark its comparison with an ephemeris: MJD, position, and the position of the
+/// ephemeris, which the mark's TInterBlob holds, in degrees, then the residuals in arcseconds without the
+/// cosine of the declination. A mark without a TInterBlob is compared with that of a new one.
 void sMEA_TLE(std::string path, const std::vector<TrackVtorichka>& tracks);
 
 } // namespace tavelinUtils

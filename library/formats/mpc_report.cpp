@@ -43,7 +43,7 @@ constexpr HeaderLine headerLines[] = {
 //                          is blank
 //   57-65   unset          blank by the standard
 //   66-70   magnitude      MM.m, and 70, a second decimal, is blank
-//   71-77   band           71 by the standard; what is wider stands here whole
+//   71-77   band           71 by the standard; a wider one is here as it is
 //   78-80   station        not read: the COD line of the header says it
 //
 // Other programs write those further decimals, so the reader takes each field whole.
@@ -110,7 +110,7 @@ void appendObservation(std::string& out, std::string_view name, std::string_view
     appendDE(out, mark.DE, 1, " ");
     appendBlank(out, endOfDeclination);
     appendBlank(out, unset);
-    // The "0" looks at the rounded text: 9.96 stands as 10.0.
+    // The "0" looks at the rounded text: 9.96 gives 10.0.
     appendFixedTwoDigits(out, mark.m, 1);
     appendBlank(out, endOfMagnitude);
     appendPaddedRight(out, mark.filtr, band.width);

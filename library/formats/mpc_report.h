@@ -7,7 +7,7 @@
 //
 // Published as "Format For Optical Astrometric Observations Of Comets, Minor Planets and Natural
 // Satellites" by the Minor Planet Center. Ours differs in the sign of a declination: a positive one has
-// none, so that its line has 79 columns, and the reader passes such a line over.
+// none, so that its line has 79 columns, and the reader skips such a line.
 
 #pragma once
 
@@ -27,7 +27,7 @@ struct TMPCMea
     double time = 0; ///< fraction of the day
     double RA = 0;   ///< degrees
     double DE = 0;   ///< degrees
-    double m = 0;
+    double m = 0;    ///< magnitude
 };
 
 /// The header lines: one for each of the nine texts that is not empty, keyword in front.
@@ -42,17 +42,17 @@ std::string GetStringMPC(std::string name, std::string code, const TRecLabelPerv
 /// code 7 and the path for a file that cannot be written.
 void sMPC(std::string path, const std::vector<TrackVtorichka>& tracks);
 
-/// The same, always under MPCChecker, with a comparison behind each line: the residuals RefValue4,
+/// The same, always under MPCChecker, with a comparison after each line: the residuals RefValue4,
 /// RefValue5 and RefValue6, position and magnitude of the mark at the same place of the second list, and
-/// the time of the observed mark. A flag tells residuals above 1.0 and above 2.0. Where the second list has
+/// the time of the observed mark. A flag marks residuals above 1.0 and above 2.0. Where the second list has
 /// no such track or mark the comparison is "???".
 void sMPCAndHorRes(std::string path, const std::vector<TrackVtorichka>& tracks,
                    const std::vector<TrackVtorichka>& ephemerisTracks);
 
 /// The tracks of a report, in the order in which their names first occur; the header is copied to each, the
-/// last line of a keyword wins. A line that is neither a header line nor 80 characters long is passed over;
-/// text that is no number counts as 0. Throws std::out_of_range for a keyword with nothing behind it, not
-/// even its blank.
+/// last line of a keyword wins. A line that is neither a header line nor 80 characters long is skipped;
+/// text that is no number counts as 0. Throws std::out_of_range for a keyword with nothing after it, not even
+/// its blank.
 std::vector<TrackVtorichka> lMPC(const std::vector<std::string>& lines);
 
 /// The same of a file; none for a missing one.

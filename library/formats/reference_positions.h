@@ -1,7 +1,7 @@
-// Lists of reference positions: two text files that tell where an object was, its name in that of the file.
+// Lists of reference positions: two text files of where an object was, its name in that of the file.
 //
-// The name of the object is a part of the file's name. A file that is missing has no lines, and nothing
-// tells; the head is filled all the same. What is not there is empty and counts as 0.
+// A missing file has no lines and is not reported; the head is filled all the same. A missing field is empty
+// and counts as 0.
 
 #pragma once
 

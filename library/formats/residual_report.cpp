@@ -41,10 +41,10 @@ void appendPosition(std::string& out, double rightAscension, double declination)
     out += '\t';
 }
 
-// Seventeen fields, each with a tab behind it, the last one too.
+// Seventeen fields, each followed by a tab, the last one too.
 void appendMark(std::string& out, const TRecLabelPervichka_File& mark, DateTexts& dates)
 {
-    // Neither the cosine of the declination nor the step from 360 to 0 degrees is looked at.
+    // Without the cosine of the declination, and not wrapped at 360 degrees.
     const double residualRA = arcseconds * (mark.RA - mark.RefValue4);
     const double residualDE = arcseconds * (mark.DE - mark.RefValue5);
     const bool isLarge = std::abs(residualRA) > largeResidual || std::abs(residualDE) > largeResidual;

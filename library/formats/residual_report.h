@@ -17,7 +17,7 @@ namespace tavelinUtils {
 /// Writes a ".resid" file for each track that has marks, then the summary `name`.result, all into the folder,
 /// which must exist. The calculated right ascension and declination of a mark are its RefValue4 and
 /// RefValue5, in degrees; mean and rms of a track are DispX and LymX for the right ascension, DispY and LymY
-/// for the declination, in arcseconds. All of them are taken as they stand. Residuals are arcseconds without
+/// for the declination, in arcseconds. All of them are written unchanged. Residuals are arcseconds without
 /// the cosine of the declination, and are not wrapped at 360 degrees. Throws TavelinException with code 7 and
 /// the path for the first file that cannot be written.
 void SaveResidAMU(std::string folder, std::string name, const std::vector<TrackVtorichka>& tracks);

@@ -121,7 +121,7 @@ public:
         sequence.reserve(lines);
     }
 
-    // After the lines at the front of the report, the number of fields alone says what a line is:
+    // After the first lines of the report, the number of fields alone says what a line is:
     //
     //   object    fields                     what happens
     //   any       2                          an object opens; where the object before is open, has marks, and

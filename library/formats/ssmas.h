@@ -26,11 +26,11 @@ struct TSSMASHAED
     std::string telescop{};
 };
 
-/// The tracks of a report; none for fewer than seven lines. Each blank parts items, and their number decides:
-/// two open an object, seven are a mark of an open object, and a line of fewer with a first item closes an
-/// object that has marks. An object without marks leaves a default track in its place. Text that is no
-/// number counts as 0. Throws std::length_error for a report whose objects repeat the marks of those before
-/// them, as objects with an empty name do, more than a million times.
+/// The tracks of a report; none for fewer than seven lines. Each blank separates two fields, which may be
+/// empty, and their number decides: two open an object, seven are a mark of an open object, and fewer, the
+/// first of them not empty, close an object that has marks. An object without marks leaves a default track in
+/// its place. Text that is no number counts as 0. Throws std::length_error for a report whose objects repeat
+/// the marks of those before them, as objects with an empty name do, more than a million times.
 std::vector<TrackVtorichka> lckako_meas(const std::vector<std::string>& lines, std::string observatory);
 
 /// The same of a file; none for a missing one.

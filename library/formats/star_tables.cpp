@@ -30,7 +30,7 @@ int starOf(const TRepresent& match)
     return match.Items[1].BlobIndex;
 }
 
-// What stands behind the first field of a star's line.
+// The fields of a star's line after the first.
 void appendStar(std::string& out, const TRecCat2& star)
 {
     out += '\t';

@@ -1,9 +1,9 @@
 // Star tables of the astrometric reduction: catalogue stars, blobs, and which was matched with which.
 //
-// Text for people to look at, one line each, fields parted by tabs; nothing reads them back. The first entry
-// of a representative names the measured blob, the second the catalogue star, both by their BlobIndex. A
-// representative with fewer than two entries, or one whose index is not in its list, is passed over.
-// All of them throw TavelinException with code 7 and the path for a file that cannot be written.
+// Text for people to look at, one line each, with tabs between the fields; nothing reads them back. The first
+// entry of a representative names the measured blob, the second the catalogue star, both by their BlobIndex.
+// A representative with fewer than two entries, or one whose index is not in its list, is skipped. All of
+// them throw TavelinException with code 7 and the path for a file that cannot be written.
 
 #pragma once
 
@@ -18,7 +18,7 @@ namespace tavelinUtils {
 void sStars(std::string path, const std::vector<TRecCat2>& stars);
 
 /// The same with the index of the matched blob in place of the number; it is empty for a star without one,
-/// and of several blobs the last counts. The indexes of blobs are written as they stand.
+/// and of several blobs the last counts. The indexes of blobs are written unchecked.
 void sStars(std::string path, const std::vector<TRepresent>& representatives,
             const std::vector<TRecCat2>& stars);
 

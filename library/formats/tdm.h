@@ -24,9 +24,9 @@
 
 namespace tavelinUtils {
 
-/// The tracks of a message, one for each segment; none for a missing file or one without a segment. What
-/// a line does not say stays as the lines before it said it, across segments: originator, participants,
-/// and the values of a mark. The reference frame is not read. A text that is no number counts as 0.
+/// The tracks of a message, one for each segment; none for a missing file or one without a segment. A
+/// segment or a mark without a value has the one read most recently, across segments: originator,
+/// participants, epoch, angles. The reference frame is not read. Text that is no number counts as 0.
 std::vector<TrackVtorichka> lTDM(std::string path);
 
 /// Replaces the file by the tracks as a message, under the originator of the first. A track without marks

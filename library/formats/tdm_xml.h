@@ -34,8 +34,8 @@ namespace tavelinUtils {
 /// without marks has no segment. False where the file cannot be written.
 bool sTDMPOLxml(std::string path, const std::vector<TrackVtorichka>& tracks);
 
-/// Replaces the file by a document of another shape: one observation for each mark, whose three values bear
-/// their epoch in front; with the magnitudes' type, and without encoding and version. The reader below is
+/// Replaces the file by a document of another shape: one observation for each mark, each of whose three
+/// values follows its epoch; with the magnitudes' type, and without encoding and version. The reader below is
 /// not made for it.
 bool sTDMxml(std::string path, const std::vector<TrackVtorichka>& tracks);
 
@@ -44,7 +44,7 @@ bool sTDMxml(std::string path, const std::vector<TrackVtorichka>& tracks);
 /// loaded.
 bool lTDMxml(std::string path, std::vector<TrackVtorichka>& tracks);
 
-/// Appends the marks of an element's children of that name. What an observation does not say stays from
+/// Appends the marks of an element's children of that name. A value that an observation lacks is that of
 /// those before it; a mark is complete when its magnitude is above -1000.0. A null pointer has no children.
 void GetTDMObservations(TiXmlElement* element, std::string tagName,
                         std::vector<TRecLabelPervichka_File>& marks);

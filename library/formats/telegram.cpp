@@ -35,8 +35,8 @@ struct WrittenMark
     DateTexts& dates;
 };
 
-// The field of a magnitude: three characters that say nothing of it, then its tenths. What a longer text has
-// after them is not read.
+// The field of a magnitude: three characters that are no part of it, then the tenths. The reader ignores
+// what follows the sixth character.
 constexpr std::string_view magnitudePrefix = "001";
 constexpr Field tenths{4, 3};
 

@@ -16,8 +16,8 @@
 namespace tavelinUtils {
 
 /// The tracks of a telegram, one for each closed block. Three words open a block or rename the open one,
-/// one word of any kind closes it, five are a mark of an open block, and everything else is passed over.
-/// Each blank parts words, so that two blanks in a row, or one at the end of a line, make a word more.
+/// one word of any kind closes it, five are a mark of an open block, and everything else is skipped.
+/// Each blank separates two words, so that two blanks in a row, or one at the end of a line, make one more.
 /// Throws std::out_of_range for a date below 4 characters, a time or right ascension below 6, a
 /// declination below 7, a magnitude field below 3.
 std::vector<TrackVtorichka> lTelegramma(const std::vector<std::string>& lines);

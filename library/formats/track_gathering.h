@@ -37,8 +37,8 @@ inline void setMeasured(TRecLabelPervichka_File& mark, const MeasuredMark& measu
     mark.m = measured.m;
 }
 
-/// Collects observations by object. Tracks stand in the order in which their objects were first named,
-/// marks in the order in which they were added.
+/// Collects observations by object. Tracks have the order in which their objects were first named,
+/// marks the order in which they were added.
 template <class Observation>
 class TrackGathering
 {
@@ -75,7 +75,7 @@ public:
 private:
     std::size_t trackOf(std::string_view object)
     {
-        // The lines of an object stand together as a rule.
+        // As a rule the lines of an object follow each other.
         if (!names.empty() && names[last] == object) {
             return last;
         }

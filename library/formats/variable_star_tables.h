@@ -1,8 +1,8 @@
 // Tables of the variable-star branch: instrumental magnitudes, light curves of one star, V-C tables.
 //
 // The V-C tables are those of the Muniwin program. Some times are Julian dates and some Modified ones,
-// whatever the column is called: each function says which. Where nothing else is said, what cannot be written
-// is passed over in silence.
+// whatever the column is called: each function says which. Unless a function says otherwise, a file that
+// cannot be written is not reported.
 
 #pragma once
 
