@@ -23,16 +23,91 @@ namespace {
 struct Shape
 {
     std::string_view declaration;
-    std::string_view attributes; // of the root
+    std::string_view root;
     std::string_view path;
     std::string_view magnitudeType;
     bool observationPerValue;
 };
 // An observation for each value.
 constexpr Shape valueShape{"<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n",
-                           " id=\"CCSDS_TDM_VERS\" version=\"2.0\"", "2,1", "", true};
+                           "<tdm id=\"CCSDS_TDM_VERS\" version=\"2.0\">\n", "2,1", "", true};
 // An observation for each mark.
-constexpr Shape markShape{"<?xml version=\"1.0\" ?>\n", "", "2, 1", "APPARENT", false};
+constexpr Shape markShape{"<?xml version=\"1.0\" ?>\n", "<tdm>\n", "2, 1", "APPARENT", false};
+
+// The texts of an element, in one piece each: there are twelve lines for every mark. They have the blanks of
+// the deepest level, of which a line takes as many as its own depth needs.
+class Element
+{
+public:
+    explicit constexpr Element(std::string_view name)
+    {
+        for (const std::string_view part : {blanks, std::string_view("<"), name, std::string_view(">")}) {
+            put(part, open, openSize);
+        }
+        for (const std::string_view part : {blanks, std::string_view("</"), name, std::string_view(">\n")}) {
+            put(part, close, closeSize);
+        }
+    }
+
+    /// "<name>" at a depth, with its blanks.
+    constexpr std::string_view begin(std::size_t depth) const
+    {
+        return std::string_view(open, openSize).substr(blanks.size() - depth * columnsOfALevel);
+    }
+
+    /// "</name>" and the end of the line, at a depth.
+    constexpr std::string_view end(std::size_t depth) const
+    {
+        return std::string_view(close, closeSize).substr(blanks.size() - depth * columnsOfALevel);
+    }
+
+    /// The same after a value.
+    constexpr std::string_view end() const
+    {
+        return end(0);
+    }
+
+private:
+    static constexpr std::size_t columnsOfALevel = 4;
+    static constexpr std::string_view blanks = "                    ";
+
+    static constexpr void put(std::string_view part, char* text, std::size_t& size)
+    {
+        for (const char character : part) {
+            text[size++] = character;
+        }
+    }
+
+    char open[48] = {};
+    char close[48] = {};
+    std::size_t openSize = 0;
+    std::size_t closeSize = 0;
+};
+
+namespace element {
+constexpr Element header("header");
+constexpr Element creationDate("CREATION_DATE");
+constexpr Element originator("ORIGINATOR");
+constexpr Element body("body");
+constexpr Element segment("segment");
+constexpr Element metadata("metadata");
+constexpr Element timeSystem("TIME_SYSTEM");
+constexpr Element startTime("START_TIME");
+constexpr Element stopTime("STOP_TIME");
+constexpr Element participant1("PARTICIPANT_1");
+constexpr Element participant2("PARTICIPANT_2");
+constexpr Element mode("MODE");
+constexpr Element path("PATH");
+constexpr Element angleType("ANGLE_TYPE");
+constexpr Element referenceFrame("REFERENCE_FRAME");
+constexpr Element magnitudeType("MAG_TYPE");
+constexpr Element data("data");
+constexpr Element observation("observation");
+constexpr Element epoch("EPOCH");
+constexpr Element angle1("ANGLE_1");
+constexpr Element angle2("ANGLE_2");
+constexpr Element magnitude("MAG");
+} // namespace element
 
 // Prints a document line by line and knows how deep each element is. Writes pieces of a
 // size that stays in the processor's caches.
@@ -47,50 +122,54 @@ public:
         }
     }
 
-    /// A line before all elements.
-    void declare(std::string_view declaration)
+    /// The lines before the first element, and the root's own.
+    void beginRoot(std::string_view declaration, std::string_view root)
     {
         text += declaration;
-    }
-
-    void begin(std::string_view name, std::string_view attributes = "")
-    {
-        beginLine(name);
-        text += attributes;
-        text += ">\n";
+        text += root;
         ++depth;
     }
 
-    void end(std::string_view name)
+    void endRoot()
+    {
+        text += "</tdm>\n";
+    }
+
+    void begin(const Element& element)
+    {
+        text += element.begin(depth);
+        text += '\n';
+        ++depth;
+    }
+
+    void end(const Element& element)
     {
         --depth;
-        indent();
-        endElement(name);
+        text += element.end(depth);
     }
 
     /// An element without anything in it.
-    void empty(std::string_view name)
+    void empty(const Element& element)
     {
-        beginLine(name);
+        text += element.begin(depth);
+        text.pop_back();
         text += " />\n";
     }
 
-    void element(std::string_view name, std::string_view value)
+    void value(const Element& element, std::string_view value)
     {
-        beginLine(name);
-        text += '>';
+        text += element.begin(depth);
         text += value;
-        endElement(name);
+        text += element.end();
     }
 
     /// An element of a number, with a text before it.
-    void number(std::string_view name, std::string_view before, double value, int decimals)
+    void number(const Element& element, std::string_view before, double value, int decimals)
     {
-        beginLine(name);
-        text += '>';
+        text += element.begin(depth);
         text += before;
         appendFixed(text, value, decimals);
-        endElement(name);
+        text += element.end();
     }
 
     /// Writes a full piece out.
@@ -111,26 +190,6 @@ public:
 private:
     static constexpr std::size_t pieceLength = std::size_t{1} << 20;
     static constexpr std::size_t longestAddition = std::size_t{1} << 12;
-
-    void indent()
-    {
-        constexpr std::size_t columnsOfALevel = 4;
-        text.append(depth * columnsOfALevel, ' ');
-    }
-
-    void beginLine(std::string_view name)
-    {
-        indent();
-        text += '<';
-        text += name;
-    }
-
-    void endElement(std::string_view name)
-    {
-        text += "</";
-        text += name;
-        text += ">\n";
-    }
 
     void flush()
     {
@@ -161,61 +220,62 @@ std::string epochOf(const TRecLabelPervichka_File& mark, DateTexts& dates)
 
 void writeHeader(DocumentFile& file, const std::vector<TrackVtorichka>& tracks)
 {
-    file.begin("header");
-    file.element("CREATION_DATE", zeroCreationDate());
-    file.element("ORIGINATOR", tracks.empty() ? "" : escaped(tracks.front().originator));
-    file.end("header");
+    file.begin(element::header);
+    file.value(element::creationDate, zeroCreationDate());
+    file.value(element::originator, tracks.empty() ? "" : escaped(tracks.front().originator));
+    file.end(element::header);
 }
 
 void writeMetadata(DocumentFile& file, const TrackVtorichka& track, const Shape& shape, DateTexts& dates)
 {
-    file.begin("metadata");
-    file.element("TIME_SYSTEM", "UTC");
-    file.element("START_TIME", epochOf(track.Marks.front(), dates));
-    file.element("STOP_TIME", epochOf(track.Marks.back(), dates));
-    file.element("PARTICIPANT_1", escaped(track.telescope));
-    file.element("PARTICIPANT_2", escaped(track.QRVName));
-    file.element("MODE", "SEQUENTIAL");
-    file.element("PATH", shape.path);
-    file.element("ANGLE_TYPE", "RADEC");
-    file.element("REFERENCE_FRAME", escaped(track.REFERENCE_FRAME));
+    file.begin(element::metadata);
+    file.value(element::timeSystem, "UTC");
+    file.value(element::startTime, epochOf(track.Marks.front(), dates));
+    file.value(element::stopTime, epochOf(track.Marks.back(), dates));
+    file.value(element::participant1, escaped(track.telescope));
+    file.value(element::participant2, escaped(track.QRVName));
+    file.value(element::mode, "SEQUENTIAL");
+    file.value(element::path, shape.path);
+    file.value(element::angleType, "RADEC");
+    file.value(element::referenceFrame, escaped(track.REFERENCE_FRAME));
     if (!shape.magnitudeType.empty()) {
-        file.element("MAG_TYPE", shape.magnitudeType);
+        file.value(element::magnitudeType, shape.magnitudeType);
     }
-    file.end("metadata");
+    file.end(element::metadata);
 }
 
 // One value with its epoch beside it.
-void writeValue(DocumentFile& file, std::string_view epoch, std::string_view name, double value, int decimals)
+void writeValue(DocumentFile& file, std::string_view epoch, const Element& valueElement, double value,
+                int decimals)
 {
-    file.begin("observation");
-    file.element("EPOCH", epoch);
-    file.number(name, "", value, decimals);
-    file.end("observation");
+    file.begin(element::observation);
+    file.value(element::epoch, epoch);
+    file.number(valueElement, "", value, decimals);
+    file.end(element::observation);
 }
 
 // An observation for each value of a mark.
 void writeValues(DocumentFile& file, std::string_view epoch, const TRecLabelPervichka_File& mark)
 {
-    writeValue(file, epoch, "ANGLE_1", mark.RA, 7);
-    writeValue(file, epoch, "ANGLE_2", mark.DE, 7);
-    writeValue(file, epoch, "MAG", mark.m, 4);
+    writeValue(file, epoch, element::angle1, mark.RA, 7);
+    writeValue(file, epoch, element::angle2, mark.DE, 7);
+    writeValue(file, epoch, element::magnitude, mark.m, 4);
 }
 
 // One observation of a mark, with the epoch before each value.
 void writeMark(DocumentFile& file, std::string& epoch, const TRecLabelPervichka_File& mark)
 {
     epoch += ' ';
-    file.begin("observation");
-    file.number("ANGLE_1", epoch, mark.RA, 7);
-    file.number("ANGLE_2", epoch, mark.DE, 7);
-    file.number("MAG", epoch, mark.m, 4);
-    file.end("observation");
+    file.begin(element::observation);
+    file.number(element::angle1, epoch, mark.RA, 7);
+    file.number(element::angle2, epoch, mark.DE, 7);
+    file.number(element::magnitude, epoch, mark.m, 4);
+    file.end(element::observation);
 }
 
 void writeData(DocumentFile& file, const TrackVtorichka& track, const Shape& shape, DateTexts& dates)
 {
-    file.begin("data");
+    file.begin(element::data);
     std::string epoch;
     for (std::size_t i = 0; i < track.Marks.size(); ++i) {
         fetchAhead(track.Marks, i);
@@ -229,37 +289,36 @@ void writeData(DocumentFile& file, const TrackVtorichka& track, const Shape& sha
         }
         file.flushFull();
     }
-    file.end("data");
+    file.end(element::data);
 }
 
 void writeBody(DocumentFile& file, const std::vector<TrackVtorichka>& tracks, const Shape& shape)
 {
     if (countMarks(tracks) == 0) {
-        file.empty("body");
+        file.empty(element::body);
         return;
     }
     DateTexts dates;
-    file.begin("body");
+    file.begin(element::body);
     for (const TrackVtorichka& track : tracks) {
         if (!track.Marks.empty()) {
-            file.begin("segment");
+            file.begin(element::segment);
             writeMetadata(file, track, shape, dates);
             writeData(file, track, shape, dates);
-            file.end("segment");
+            file.end(element::segment);
         }
     }
-    file.end("body");
+    file.end(element::body);
 }
 
 bool saveDocument(const std::string& path, const std::vector<TrackVtorichka>& tracks, const Shape& shape)
 {
     TiXmlBase::SetCondenseWhiteSpace(false); // as every reader and writer of XML files leaves the library
     DocumentFile file(path);
-    file.declare(shape.declaration);
-    file.begin("tdm", shape.attributes);
+    file.beginRoot(shape.declaration, shape.root);
     writeHeader(file, tracks);
     writeBody(file, tracks, shape);
-    file.end("tdm");
+    file.endRoot();
     return file.close();
 }
 
