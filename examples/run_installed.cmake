@@ -1,14 +1,7 @@
 # Installs the build into a folder of its own, then configures, builds and runs a program that finds the library
 # there.
 
-function(run)
-    execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE printed ERROR_VARIABLE printed)
-    if(NOT status EQUAL 0)
-        list(JOIN ARGN " " command)
-        message(FATAL_ERROR "${command}\n${printed}")
-    endif()
-    set(printed ${printed} PARENT_SCOPE)
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/../cmake/run_command.cmake)
 
 file(REMOVE_RECURSE ${WORK})
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/prefix)

@@ -124,9 +124,8 @@ public:
     // After the first lines of the report, the number of fields alone says what a line is:
     //
     //   object    fields                     what happens
-    //   any       2                          an object opens; where the object before is open, has marks, and
-    //   the
-    //                                        line has a first field, the line closes what it has opened
+    //   any       2                          an object opens; it closes at once if the object before
+    //                                        is open with marks and the line has a first field
     //   closed    any other number           nothing: the line is skipped
     //   open      7                          a mark of the object
     //   open      below 7, a first field     the object closes if it has marks, else nothing

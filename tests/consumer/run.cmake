@@ -1,14 +1,7 @@
 # Builds and runs the consumer, with the sources in SOURCE if that is given, otherwise with the build BUILD installed
 # into a folder of its own.
 
-function(run)
-    execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE printed ERROR_VARIABLE printed)
-    if(NOT status EQUAL 0)
-        list(JOIN ARGN " " command)
-        message(FATAL_ERROR "${command}\n${printed}")
-    endif()
-    set(printed ${printed} PARENT_SCOPE)
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/../../cmake/run_command.cmake)
 
 file(REMOVE_RECURSE ${WORK})
 if(SOURCE)
