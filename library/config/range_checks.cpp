@@ -110,7 +110,7 @@ void loadPrograms(const std::string& programFolder, const std::string& logPath, 
 std::string foundConfiguration(const std::string& path, const std::string& seriesFolder,
                                const std::string& logPath, TFuncRes& result)
 {
-    const std::string config = seriesConfigurationOf(path, seriesFolder);
+    std::string config = seriesConfigurationOf(path, seriesFolder);
     slog(logPath, "userConf.Config = " + config);
     if (config.empty()) {
         result = GetErrCode(resultCode::undeterminedConfiguration, "");
