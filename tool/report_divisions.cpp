@@ -115,8 +115,8 @@ Marks marksByTime(TrackList& tracks)
         TRecLabelPervichka_File* mark;
     };
     std::vector<Place> places;
-    for (auto track = tracks.rbegin(); track != tracks.rend(); ++track) {
-        for (TRecLabelPervichka_File& mark : track->Marks) {
+    for (std::size_t i = tracks.size(); i-- > 0;) {
+        for (TRecLabelPervichka_File& mark : tracks[i].Marks) {
             places.push_back({mark.date + mark.time, &mark});
         }
     }
@@ -133,8 +133,8 @@ Marks marksByTime(TrackList& tracks)
 std::vector<TInterBlob> interBlobsLaterFirst(const TrackList& tracks)
 {
     std::vector<TInterBlob> interBlobs;
-    for (auto track = tracks.rbegin(); track != tracks.rend(); ++track) {
-        interBlobs.insert(interBlobs.end(), track->InterBlobs.begin(), track->InterBlobs.end());
+    for (std::size_t i = tracks.size(); i-- > 0;) {
+        interBlobs.insert(interBlobs.end(), tracks[i].InterBlobs.begin(), tracks[i].InterBlobs.end());
     }
     return interBlobs;
 }

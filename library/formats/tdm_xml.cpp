@@ -355,7 +355,7 @@ void GetTDMObservations(TiXmlElement* element, std::string tagName,
     std::string epoch;
     MeasuredMark mark; // kept across the observations: one without a value has that of those before it
     mark.m = noMagnitude;
-    TiXmlElement* each = childOf(element, tagName.c_str());
+    TiXmlElement* each = childOf(element, tagName);
     for (; each != nullptr; each = each->NextSiblingElement(tagName.c_str())) {
         GetText(each, "EPOCH", epoch);
         GetText(each, "ANGLE_1", mark.RA);
