@@ -18,7 +18,6 @@ using namespace tavelinUtils;
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 } // namespace
