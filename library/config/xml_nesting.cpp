@@ -84,8 +84,8 @@ private:
     // Without a ";" the library stops.
     void skipNumberEntity()
     {
-        const char* const end = std::strchr(at + (at[2] == 'x' ? 3 : 2), ';');
-        at = end == nullptr ? at + std::strlen(at) : end + 1;
+        at += at[2] == 'x' ? 3 : 2;
+        skipPast(';');
     }
 
     // A lead byte takes the following bytes with it, whatever they are, even a "<".
@@ -128,6 +128,12 @@ private:
     void skipRest()
     {
         at += std::strlen(at);
+    }
+
+    void skipPast(char end)
+    {
+        const char* const found = std::strchr(at, end);
+        at = found == nullptr ? at + std::strlen(at) : found + 1;
     }
 
     void skipPast(const char* text)
@@ -200,7 +206,7 @@ private:
         if (!emptyTag && *at != '>') {
             return false;
         }
-        skipPast(">");
+        skipPast('>');
         return true;
     }
 
@@ -210,14 +216,16 @@ private:
         if (*at != '<') {
             skipText();
         } else if (!outside && startsWith("</")) {
-            skipPast(">");
+            skipPast('>');
             return -1;
         } else if (startsWithWord("<?xml")) {
             skipDeclaration(outside);
         } else if (startsWith("<!--")) {
             skipComment();
+        } else if (startsWith("<![CDATA[")) {
+            skipPast("]]>");
         } else {
-            skipPast(startsWith("<![CDATA[") ? "]]>" : ">");
+            skipPast('>');
         }
         return 0;
     }
