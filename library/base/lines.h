@@ -3,6 +3,7 @@
 #pragma once
 
 #include "bytes.h"
+#include "text_buffer.h"
 #include "tokens.h"
 
 #include <algorithm>
@@ -69,7 +70,7 @@ inline std::string withoutBlanks(std::string_view text)
 }
 
 /// Appends a field that holds nothing.
-inline void appendBlank(std::string& out, Field field)
+inline void appendBlank(TextBuffer& out, Field field)
 {
     out.append(field.width, ' ');
 }
@@ -80,7 +81,7 @@ template <class Target, class Source>
 struct TokenField
 {
     void (*read)(Target& target, std::string_view text);
-    void (*append)(std::string& out, const Source& source);
+    void (*append)(TextBuffer& out, const Source& source);
 };
 
 /// The read of a field whose text is not used.
@@ -104,11 +105,11 @@ void readFields(const std::array<std::string_view, room>& tokens, Target& target
 
 /// Appends the fields with a blank between them.
 template <const auto& fields, class Source>
-void appendFields(std::string& out, const Source& source)
+void appendFields(TextBuffer& out, const Source& source)
 {
     [&]<std::size_t... place>(std::index_sequence<place...>)
     {
-        ((place == 0 ? void() : out.push_back(' '), fields[place].append(out, source)), ...);
+        ((place == 0 ? void() : void(out += ' '), fields[place].append(out, source)), ...);
     }
     (std::make_index_sequence<std::size(fields)>());
 }

@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
-#include <optional>
+#include <string>
 
 namespace tavelinUtils {
 namespace {
@@ -57,84 +57,65 @@ std::optional<std::uint64_t> shiftedToEven(WideInteger product, int shift)
     return whole + (up ? 1 : 0);
 }
 
-// |value| times ten to the precision, rounded in integer arithmetic; nothing if the result does not fit 64
-// bits.
-std::optional<std::uint64_t> scaledMagnitude(double value, int precision)
+constexpr char pairsOfDigits[] = "00010203040506070809"
+                                 "10111213141516171819"
+                                 "20212223242526272829"
+                                 "30313233343536373839"
+                                 "40414243444546474849"
+                                 "50515253545556575859"
+                                 "60616263646566676869"
+                                 "70717273747576777879"
+                                 "80818283848586878889"
+                                 "90919293949596979899";
+
+void writePair(char* to, std::uint64_t number)
 {
-    constexpr int mantissaBits = 52;
-    constexpr int exponentBias = 1075;
-    const auto bits = std::bit_cast<std::uint64_t>(value);
-    const auto exponent = static_cast<int>(bits >> mantissaBits & 0x7ff);
-    const int shift = exponentBias - std::max(exponent, 1);
-    if (precision < 0 || precision > largestDecimals || shift <= 0) {
-        return std::nullopt;
-    }
-    std::uint64_t mantissa = bits & ((std::uint64_t{1} << mantissaBits) - 1);
-    if (exponent != 0) {
-        mantissa |= std::uint64_t{1} << mantissaBits;
-    }
-    return shiftedToEven(WideInteger{mantissa} * powersOfTen[static_cast<std::size_t>(precision)], shift);
+    std::memcpy(to, pairsOfDigits + number * 2, 2);
 }
 
-constexpr char digitPairs[] = "00010203040506070809"
-                              "10111213141516171819"
-                              "20212223242526272829"
-                              "30313233343536373839"
-                              "40414243444546474849"
-                              "50515253545556575859"
-                              "60616263646566676869"
-                              "70717273747576777879"
-                              "80818283848586878889"
-                              "90919293949596979899";
-
-// Writes the digits of a number so that they end at `end`; returns where they start.
-char* writeDigitsBefore(char* end, std::uint64_t number)
+// How many digits a number has, 1 for 0.
+int countDigits(std::uint64_t number)
 {
-    while (number >= 100) {
-        end -= 2;
-        std::memcpy(end, digitPairs + number % 100 * 2, 2);
-        number /= 100;
-    }
-    if (number >= 10) {
-        end -= 2;
-        std::memcpy(end, digitPairs + number * 2, 2);
-    } else {
-        *--end = static_cast<char>('0' + number);
-    }
-    return end;
+    constexpr int logarithm = 1233; // of 2 to base 10, times 4096
+    const int fewest = static_cast<int>(std::bit_width(number | 1)) * logarithm >> 12;
+    return fewest + (number >= powersOfTen[static_cast<std::size_t>(fewest)] ? 1 : 0) + (number == 0 ? 1 : 0);
 }
 
-void appendScaled(std::string& out, bool negative, std::uint64_t scaled, int precision)
+char* writeWhole(char* to, std::uint64_t number)
 {
-    char digits[48];
-    char* const end = digits + sizeof digits;
-    char* begin = writeDigitsBefore(end, scaled);
-    while (end - begin <= precision) {
-        *--begin = '0';
+    if (number < 10) {
+        *to = static_cast<char>('0' + number);
+        return to + 1;
     }
-    if (precision > 0) {
-        // The whole part moves one place to the front and makes room for the point.
-        const auto whole = static_cast<std::size_t>(end - begin - precision);
-        std::memmove(begin - 1, begin, whole);
-        --begin;
-        begin[whole] = '.';
+    if (number < 100) {
+        writePair(to, number);
+        return to + 2;
     }
-    if (negative) {
-        *--begin = '-';
+    return writeDigits(to, number, countDigits(number));
+}
+
+// The room that a number of 64 bits takes with sign, point and a zero before it.
+constexpr std::size_t scaledLength = 32;
+
+char* writeScaled(char* to, std::uint64_t scaled, int precision)
+{
+    if (precision == 0) {
+        return writeWhole(to, scaled);
     }
-    out.append(begin, static_cast<std::size_t>(end - begin));
+    const std::uint64_t unit = powersOfTen[static_cast<std::size_t>(precision)];
+    const std::uint64_t whole = scaled / unit;
+    to = writeWhole(to, whole);
+    *to = '.';
+    return writeDigits(to + 1, scaled - whole * unit, precision);
 }
 
 // For what integer arithmetic cannot hold: many decimals, large numbers, infinities.
-void appendFixedAtLength(std::string& out, double value, int precision)
+void appendFixedAtLength(TextBuffer& out, double value, int precision)
 {
     constexpr std::size_t longestWhole = std::numeric_limits<double>::max_exponent10 + 3;
-    const std::size_t begin = out.size();
-    out.resize(begin + longestWhole + static_cast<std::size_t>(precision) + 1);
-    char* const first = out.data() + begin;
-    const auto written =
-        std::to_chars(first, out.data() + out.size(), value, std::chars_format::fixed, precision);
-    out.resize(begin + static_cast<std::size_t>(written.ptr - first));
+    const std::size_t most = longestWhole + static_cast<std::size_t>(precision) + 1;
+    char* const to = out.room(most);
+    out.endAt(std::to_chars(to, to + most, value, std::chars_format::fixed, precision).ptr);
 }
 
 bool isDigit(char c)
@@ -149,6 +130,16 @@ bool isBelowTen(std::string_view number)
         return number != "-nan";
     }
     return isDigit(number.front()) && (number.size() == 1 || !isDigit(number[1]));
+}
+
+// Whether eight characters are digits: neither they nor 6 more than they leave the range from 0x30 to 0x3f.
+bool eightDigits(const char* text)
+{
+    constexpr std::uint64_t ones = 0x0101010101010101;
+    constexpr std::uint64_t highHalves = 0xf0 * ones;
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, text, sizeof bytes);
+    return (bytes & highHalves) == '0' * ones && ((bytes + 6 * ones) & highHalves) == '0' * ones;
 }
 
 std::string_view withoutLeadingSpace(std::string_view text)
@@ -205,41 +196,109 @@ double readByLibrary(std::string_view text)
 
 } // namespace
 
-void appendFixed(std::string& out, double value, int precision)
+std::uint64_t powerOfTen(int exponent)
 {
-    if (const auto scaled = scaledMagnitude(value, precision)) {
-        appendScaled(out, std::signbit(value), *scaled, precision);
-    } else {
-        appendFixedAtLength(out, value, precision < 0 ? 6 : precision);
-    }
+    return powersOfTen[static_cast<std::size_t>(exponent)];
 }
 
-void appendCell(std::string& out, double value, int decimals, char end)
+std::optional<std::uint64_t> scaledMagnitude(double value, int precision)
+{
+    constexpr int mantissaBits = 52;
+    constexpr int exponentBias = 1075;
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    const auto exponent = static_cast<int>(bits >> mantissaBits & 0x7ff);
+    const int shift = exponentBias - std::max(exponent, 1);
+    if (precision < 0 || precision > largestDecimals || shift <= 0) {
+        return std::nullopt;
+    }
+    std::uint64_t mantissa = bits & ((std::uint64_t{1} << mantissaBits) - 1);
+    if (exponent != 0) {
+        mantissa |= std::uint64_t{1} << mantissaBits;
+    }
+    return shiftedToEven(WideInteger{mantissa} * powersOfTen[static_cast<std::size_t>(precision)], shift);
+}
+
+char* writeDigits(char* to, std::uint64_t number, int digits)
+{
+    char* at = to + digits;
+    while (at - to >= 2) {
+        at -= 2;
+        writePair(at, number % 100);
+        number /= 100;
+    }
+    if (at != to) {
+        *to = static_cast<char>('0' + number % 10);
+    }
+    return to + digits;
+}
+
+void appendFixed(TextBuffer& out, double value, int precision)
+{
+    const auto scaled = scaledMagnitude(value, precision);
+    if (!scaled) {
+        appendFixedAtLength(out, value, precision < 0 ? 6 : precision);
+        return;
+    }
+    char* to = out.room(scaledLength);
+    if (std::signbit(value)) {
+        *to++ = '-';
+    }
+    out.endAt(writeScaled(to, *scaled, precision));
+}
+
+void appendCell(TextBuffer& out, double value, int decimals, char end)
 {
     appendFixed(out, value, decimals);
     out += end;
 }
 
-void appendFixedTwoDigits(std::string& out, double value, int precision)
+void appendFixedTwoDigits(TextBuffer& out, double value, int precision)
 {
-    const std::size_t begin = out.size();
-    appendFixed(out, value, precision);
-    if (isBelowTen(std::string_view(out).substr(begin))) {
-        out.insert(begin, 1, '0');
+    const auto scaled = scaledMagnitude(value, precision);
+    if (!scaled || std::signbit(value)) {
+        TextBuffer number;
+        appendFixed(number, value, precision);
+        out += isBelowTen(number.view()) ? "0" : "";
+        out += number.view();
+        return;
     }
+    char* to = out.room(scaledLength);
+    if (*scaled / 10 < powerOfTen(precision)) {
+        *to++ = '0';
+    }
+    out.endAt(writeScaled(to, *scaled, precision));
 }
 
-void appendInt(std::string& out, int value)
+void appendFixedPacked(TextBuffer& out, double value, int precision)
 {
-    char digits[16];
-    const auto written = std::to_chars(digits, digits + sizeof digits, value);
-    out.append(digits, written.ptr);
+    const auto scaled = scaledMagnitude(value, precision);
+    if (!scaled || std::signbit(value)) {
+        const std::size_t begin = out.size();
+        appendFixedTwoDigits(out, value, precision);
+        erasePoint(out, begin);
+        return;
+    }
+    char* const to = out.room(scaledLength);
+    out.endAt(writeDigits(to, *scaled, std::max(countDigits(*scaled), precision + 2)));
 }
 
-void appendTwoDigits(std::string& out, int value)
+void appendInt(TextBuffer& out, int value)
+{
+    char* to = out.room(scaledLength);
+    auto magnitude = static_cast<std::uint32_t>(value);
+    if (value < 0) {
+        *to++ = '-';
+        magnitude = 0 - magnitude;
+    }
+    out.endAt(writeWhole(to, magnitude));
+}
+
+void appendTwoDigits(TextBuffer& out, int value)
 {
     if (value >= 0 && value < 100) {
-        out.append(&digitPairs[static_cast<std::size_t>(value) * 2], 2);
+        char* const to = out.room(2);
+        writePair(to, static_cast<std::uint64_t>(value));
+        out.endAt(to + 2);
         return;
     }
     if (value < 0) {
@@ -248,24 +307,53 @@ void appendTwoDigits(std::string& out, int value)
     appendInt(out, value);
 }
 
-void erasePoint(std::string& out, std::size_t begin)
+void erasePoint(TextBuffer& out, std::size_t begin)
 {
-    const std::size_t point = out.find('.', begin);
-    if (point != std::string::npos) {
+    const std::size_t point = out.view().find('.', begin);
+    if (point != std::string_view::npos) {
         out.erase(point, 1);
     }
 }
 
-void appendPaddedRight(std::string& out, std::string_view text, std::size_t width)
+void appendPaddedRight(TextBuffer& out, std::string_view text, std::size_t width)
 {
     out += text;
     out.append(width - std::min(width, text.size()), ' ');
 }
 
-void appendPaddedLeft(std::string& out, std::string_view text, std::size_t width)
+void appendPaddedLeft(TextBuffer& out, std::string_view text, std::size_t width)
 {
     out.append(width - std::min(width, text.size()), ' ');
     out += text;
+}
+
+std::optional<PackedDigits> packedDigits(std::string_view text)
+{
+    constexpr std::size_t paired = 8;
+    constexpr std::size_t mostFurther = 8;
+    if (text.size() < paired || text.size() > paired + mostFurther || !eightDigits(text.data())) {
+        return std::nullopt;
+    }
+    const auto pair = [text](std::size_t place) {
+        return (text[place] - '0') * 10 + (text[place + 1] - '0');
+    };
+    auto seconds = static_cast<std::uint64_t>(pair(4) * 100 + pair(6));
+    for (const char c : text.substr(paired)) {
+        if (!isDigit(c)) {
+            return std::nullopt;
+        }
+        seconds = seconds * 10 + static_cast<std::uint64_t>(c - '0');
+    }
+    return PackedDigits{pair(0), pair(2),
+                        static_cast<double>(seconds) / exactPowers[2 + text.size() - paired]};
+}
+
+std::optional<int> twoDigits(std::string_view text)
+{
+    if (text.size() != 2 || !isDigit(text[0]) || !isDigit(text[1])) {
+        return std::nullopt;
+    }
+    return (text[0] - '0') * 10 + (text[1] - '0');
 }
 
 double toDouble(std::string_view text)
@@ -328,9 +416,9 @@ double roundedTo(double value, int precision)
 {
     const auto scaled = scaledMagnitude(value, precision);
     if (!scaled || *scaled > exactInteger) {
-        std::string text;
+        TextBuffer text;
         appendFixed(text, value, precision);
-        return toDouble(text);
+        return toDouble(text.view());
     }
     return std::copysign(static_cast<double>(*scaled) / exactPowers[precision], value);
 }

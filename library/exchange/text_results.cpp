@@ -52,13 +52,13 @@ double valueAt(const std::vector<double>& values, std::size_t index)
 }
 
 // A tab follows each value, the last of a row too.
-void appendTabbed(std::string& out, double value)
+void appendTabbed(TextBuffer& out, double value)
 {
     out += FloatToStr(value);
     out += '\t';
 }
 
-void appendEntry(std::string& out, std::size_t number, const TRepresent& representative, std::size_t entry)
+void appendEntry(TextBuffer& out, std::size_t number, const TRepresent& representative, std::size_t entry)
 {
     const TIndVK& item = representative.Items[entry];
     out += std::to_string(number) + '\t';
@@ -154,7 +154,7 @@ void LoadResult61(std::string path, std::vector<double>& values)
 
 void arrayToTxt(std::string folder, std::string name, double* values, long width, long height)
 {
-    std::string text;
+    TextBuffer text;
     for (long row = 0; row < height; ++row) {
         for (long column = 0; column < width; ++column) {
             appendTabbed(text, values[row * width + column]);
@@ -166,7 +166,7 @@ void arrayToTxt(std::string folder, std::string name, double* values, long width
 
 void arrayToTxt(std::string folder, std::string name, const std::vector<pixelD>& pixels)
 {
-    std::string text;
+    TextBuffer text;
     for (const pixelD& place : pixels) {
         appendTabbed(text, place.X);
         appendTabbed(text, place.Y);
@@ -178,12 +178,15 @@ void arrayToTxt(std::string folder, std::string name, const std::vector<pixelD>&
 
 void sAstroPlate(std::string path, TPlateRec plate)
 {
-    std::string text = std::to_string(plate.List1.size()) + '\n';
-    text.append(FloatToStr(plate.Value1)).append("\n");
-    text.append(FloatToStr(plate.Value2)).append("\n");
+    TextBuffer text(std::to_string(plate.List1.size()) + '\n');
+    text += FloatToStr(plate.Value1);
+    text += "\n";
+    text += FloatToStr(plate.Value2);
+    text += "\n";
     for (std::size_t i = 0; i < plate.List1.size(); ++i) {
         appendTabbed(text, plate.List1[i]);
-        text.append(FloatToStr(valueAt(plate.List2, i))).append("\n");
+        text += FloatToStr(valueAt(plate.List2, i));
+        text += "\n";
     }
     writeText(path, text);
 }
@@ -209,7 +212,7 @@ TPlateRec lAstroPlate(std::string path)
 void SaveAstroParam(std::string path, double RA0, double DE0, double Mx, double My, double PoleRA,
                     double PoleDE, double Focus, double Gamma)
 {
-    std::string text = "RA0\tDE0\tMx\tMy\tPoleRA\tPoleDE\tFocus\tGamma\n";
+    TextBuffer text("RA0\tDE0\tMx\tMy\tPoleRA\tPoleDE\tFocus\tGamma\n");
     for (const double value : {RA0, DE0, Mx, My, PoleRA, PoleDE}) {
         appendFixed(text, value, 2);
         text += '\t';
@@ -224,18 +227,19 @@ void SaveAstroParam(std::string path, double RA0, double DE0, double Mx, double 
 void sParamAstroQRV_61(std::string path, std::vector<double> xc, std::vector<double> xf,
                        std::vector<double> xw, int model, std::string outPath)
 {
-    std::string text = IntToStr(model) + "\t//ModelAPl\n" + outPath + "\t//pathOUT\nXc\tXf\tXw\n";
+    TextBuffer text(IntToStr(model) + "\t//ModelAPl\n" + outPath + "\t//pathOUT\nXc\tXf\tXw\n");
     for (std::size_t i = 0; i < xc.size(); ++i) {
         appendTabbed(text, xc[i]);
         appendTabbed(text, valueAt(xf, i));
-        text.append(FloatToStr(valueAt(xw, i))).append("\n");
+        text += FloatToStr(valueAt(xw, i));
+        text += "\n";
     }
     writeText(path, text);
 }
 
 void SaveIndIC(std::string path, const std::vector<TRepresent>& representatives)
 {
-    std::string text = "i\tIC\tj\tframe\tiblob\tkFstar\tpr\tX\tY\tmFcat\n";
+    TextBuffer text("i\tIC\tj\tframe\tiblob\tkFstar\tpr\tX\tY\tmFcat\n");
     for (std::size_t i = 0; i < representatives.size(); ++i) {
         for (std::size_t entry = 0; entry < representatives[i].Items.size(); ++entry) {
             appendEntry(text, i, representatives[i], entry);
@@ -291,14 +295,14 @@ int lFisherTable(std::string path, [[maybe_unused]] double value, TFisherTable& 
 
 std::string DiffSysCoordSatToStr(TCoordSat differences)
 {
-    std::string text;
+    TextBuffer text;
     for (const double value : differences.Values) {
         if (!text.empty()) {
             text += '\t';
         }
         appendFixed(text, value, 9);
     }
-    return text;
+    return text.str();
 }
 
 TPlateRec FitHeadToPlate(const TFitHead& head)

@@ -89,7 +89,7 @@ void Write(std::string path, const std::vector<std::string>& lines)
 
 void Write(std::string path, const std::vector<double>& values)
 {
-    std::string text;
+    TextBuffer text;
     for (const double value : values) {
         appendFixed(text, value, writtenDecimals);
         text += '\n';
@@ -99,7 +99,7 @@ void Write(std::string path, const std::vector<double>& values)
 
 void Write(std::string path, const std::vector<std::vector<double>>& rows)
 {
-    std::string text;
+    TextBuffer text;
     for (const std::vector<double>& row : rows) {
         const char* separator = "";
         for (const double value : row) {

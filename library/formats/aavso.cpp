@@ -31,7 +31,7 @@ struct Line
     std::string_view chart;
 };
 
-void appendHead(std::string& out, std::string_view observerCode)
+void appendHead(TextBuffer& out, std::string_view observerCode)
 {
     out += "#TYPE=Extended\n#OBSCODE=";
     out += observerCode;
@@ -39,13 +39,13 @@ void appendHead(std::string& out, std::string_view observerCode)
     out += columnNames;
 }
 
-void appendField(std::string& out, std::string_view field)
+void appendField(TextBuffer& out, std::string_view field)
 {
     out += field;
     out += ',';
 }
 
-void appendLine(std::string& out, const Line& line, double magnitude, double signalToNoise)
+void appendLine(TextBuffer& out, const Line& line, double magnitude, double signalToNoise)
 {
     appendField(out, line.name);
     appendCell(out, line.date, 7, ',');
@@ -73,7 +73,7 @@ void sAAVSO(std::string path, const std::vector<TrackVtorichka>& tracks)
         return;
     }
     std::remove(path.c_str());
-    std::string text;
+    TextBuffer text;
     text.reserve(headLength + countMarks(tracks) * usualLineLength);
     appendHead(text, tracks.front().ObsCode);
     const std::vector<TRecLabelPervichka_File>& firstMarks = tracks.front().Marks;
@@ -97,7 +97,7 @@ void sAAVSO(std::string path, std::string obsCode, std::string filter, std::stri
             std::string chart)
 {
     std::remove(path.c_str());
-    std::string text;
+    TextBuffer text;
     appendHead(text, obsCode);
     const bool named = !checkStars.empty() && !checkStars.front().empty();
     const std::string checkName = named ? checkStars.front().front().Mark.KNAME : "";

@@ -26,7 +26,7 @@ constexpr std::string_view trackTableColumns[] = {
     "Draw:Bool",
 };
 
-void appendMark(std::string& out, const TRecLabelPervichka_File& mark, std::string_view object)
+void appendMark(TextBuffer& out, const TRecLabelPervichka_File& mark, std::string_view object)
 {
     appendCell(out, MJDtoJD(mark.date) + mark.time, 7, '\t');
     for (const double magnitude : {double{mark.m}, double{mark.mEnsemble}, double{mark.mInstr},
@@ -42,7 +42,7 @@ void appendMark(std::string& out, const TRecLabelPervichka_File& mark, std::stri
 
 void SaveLightCurve(std::string path, const std::vector<TrackVtorichka>& tracks, std::string timeLabel)
 {
-    std::string text;
+    TextBuffer text;
     text.reserve((countMarks(tracks) + 2) * usualLineLength);
     text += timeLabel;
     text += columnNames;

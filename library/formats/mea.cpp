@@ -43,7 +43,7 @@ struct WrittenMark
 };
 
 // Two digits before the point; the sign comes before the padding: -01.20.
-void appendMagnitude(std::string& out, double m)
+void appendMagnitude(TextBuffer& out, double m)
 {
     if (m < 0.0) {
         out += '-';
@@ -65,25 +65,23 @@ void appendMagnitude(std::string& out, double m)
 //   magnitude   5 or more   sign (of a negative one only) MM.mm
 constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
     {[](ReadMark& to, std::string_view text) { to.object = text; },
-     [](std::string& out, const WrittenMark& from) {
-         appendPaddedRight(out, from.track.QRVName, nameWidth);
-     }},
+     [](TextBuffer& out, const WrittenMark& from) { appendPaddedRight(out, from.track.QRVName, nameWidth); }},
     {[](ReadMark& to, std::string_view text) { to.mark.date = to.days.answerTo(text, packedDate); },
-     [](std::string& out, const WrittenMark& from) {
+     [](TextBuffer& out, const WrittenMark& from) {
          out += from.dates.answerTo(int{from.mark.date}, MJDToDateMEA);
      }},
     {[](ReadMark& to, std::string_view text) { to.mark.time = packedTime(text); },
-     [](std::string& out, const WrittenMark& from) {
+     [](TextBuffer& out, const WrittenMark& from) {
          appendTimeMEA(out, from.mark.time, 3, false);
          out += '0';
      }},
     {[](ReadMark& to, std::string_view text) { to.mark.RA = packedRA(text); },
-     [](std::string& out, const WrittenMark& from) { appendPackedRA(out, from.mark.RA, 4); }},
+     [](TextBuffer& out, const WrittenMark& from) { appendPackedRA(out, from.mark.RA, 4); }},
     {[](ReadMark& to, std::string_view text) { to.mark.DE = packedDE(text); },
-     [](std::string& out, const WrittenMark& from) { appendPackedDE(out, from.mark.DE, 4); }},
-    {takeNothing, [](std::string& out, const WrittenMark& /*from*/) { out += "001"; }},
+     [](TextBuffer& out, const WrittenMark& from) { appendPackedDE(out, from.mark.DE, 4); }},
+    {takeNothing, [](TextBuffer& out, const WrittenMark& /*from*/) { out += "001"; }},
     {[](ReadMark& to, std::string_view text) { to.mark.m = toDouble(text); },
-     [](std::string& out, const WrittenMark& from) {
+     [](TextBuffer& out, const WrittenMark& from) {
          from.plainMagnitude ? appendFixed(out, from.mark.m, 2) : appendMagnitude(out, from.mark.m);
      }},
 };
@@ -156,13 +154,13 @@ private:
     TrackGathering<MeasuredMark> gathering;
 };
 
-void appendMarkLine(std::string& out, const TrackVtorichka& track, std::size_t index, DateTexts& dates)
+void appendMarkLine(TextBuffer& out, const TrackVtorichka& track, std::size_t index, DateTexts& dates)
 {
     appendFields<markFields>(out, WrittenMark{track, track.Marks[index], dates, false});
     out += '\n';
 }
 
-void appendComparedLine(std::string& out, const TrackVtorichka& track, std::size_t index, DateTexts& dates)
+void appendComparedLine(TextBuffer& out, const TrackVtorichka& track, std::size_t index, DateTexts& dates)
 {
     constexpr double arcseconds = 3600.0;
     const TRecLabelPervichka_File& mark = track.Marks[index];
@@ -186,7 +184,7 @@ void writeMea(const std::string& path, const std::vector<TrackVtorichka>& tracks
     if (tracks.empty()) {
         return;
     }
-    std::string text;
+    TextBuffer text;
     text.reserve((countMarks(tracks) + 1) * lineLength);
     text += tracks.front().telescope;
     text += siteEpoch;

@@ -78,7 +78,7 @@ constexpr std::string_view markTable =
     "N:Int\tNBl:Int\tdate:Date\ttime:Time\tName:Text\tRA:Float:deg\tDE:Float:deg\tm:Float:mag";
 constexpr std::string_view markTableEnd = "\tNEORatio:Float\tDraw:Bool";
 
-void appendName(std::string& out, std::string_view name)
+void appendName(TextBuffer& out, std::string_view name)
 {
     if (name.size() == permanentNumberLength) {
         appendPaddedRight(out, name, nameField.width);
@@ -87,7 +87,7 @@ void appendName(std::string& out, std::string_view name)
     }
 }
 
-void appendDayFraction(std::string& out, double time)
+void appendDayFraction(TextBuffer& out, double time)
 {
     // Without its first character. A fraction that rounds to 1 keeps its date: nothing is carried over.
     const std::size_t begin = out.size();
@@ -95,7 +95,7 @@ void appendDayFraction(std::string& out, double time)
     out.erase(begin, 1);
 }
 
-void appendObservation(std::string& out, std::string_view name, std::string_view code,
+void appendObservation(TextBuffer& out, std::string_view name, std::string_view code,
                        const TRecLabelPervichka_File& mark, DateTexts& dates)
 {
     appendName(out, name);
@@ -117,7 +117,7 @@ void appendObservation(std::string& out, std::string_view name, std::string_view
     out += code;
 }
 
-void appendHeader(std::string& out, const TMPCReportHeader& header)
+void appendHeader(TextBuffer& out, const TMPCReportHeader& header)
 {
     for (const std::string& line : GetListHeadMPC(header)) {
         out += line;
@@ -125,7 +125,7 @@ void appendHeader(std::string& out, const TMPCReportHeader& header)
     }
 }
 
-void appendResidual(std::string& out, double residual)
+void appendResidual(TextBuffer& out, double residual)
 {
     appendPaddedLeft(out, Str9(residual, 2), 5);
 }
@@ -142,7 +142,7 @@ std::string_view residualFlag(const TRecLabelPervichka_File& residuals)
 }
 
 // Residuals and position of the ephemeris; the time alone is that of the observed mark.
-void appendComparison(std::string& out, const TRecLabelPervichka_File& ephemeris, double observedTime)
+void appendComparison(TextBuffer& out, const TRecLabelPervichka_File& ephemeris, double observedTime)
 {
     out += "   ";
     out += residualFlag(ephemeris);
@@ -254,10 +254,10 @@ std::vector<std::string> GetListHeadMPC(const TMPCReportHeader& header)
 
 std::string GetStringMPC(std::string name, std::string code, const TRecLabelPervichka_File& mark)
 {
-    std::string line;
+    TextBuffer line;
     DateTexts dates;
     appendObservation(line, name, code, mark, dates);
-    return line;
+    return line.str();
 }
 
 void sMPC(std::string path, const std::vector<TrackVtorichka>& tracks)
@@ -265,7 +265,7 @@ void sMPC(std::string path, const std::vector<TrackVtorichka>& tracks)
     if (tracks.empty()) {
         return;
     }
-    std::string text;
+    TextBuffer text;
     text.reserve((countMarks(tracks) + 10) * (lineLength + 2));
     appendHeader(text, tracks.front().MPCHeader);
     DateTexts dates;
@@ -286,7 +286,7 @@ void sMPCAndHorRes(std::string path, const std::vector<TrackVtorichka>& tracks,
     if (tracks.empty()) {
         return;
     }
-    std::string text;
+    TextBuffer text;
     appendHeader(text, tracks.front().MPCHeader);
     DateTexts dates;
     for (std::size_t i = 0; i < tracks.size(); ++i) {

@@ -26,14 +26,14 @@ constexpr double largeResidual = 2.0; // arcseconds
 constexpr double arcseconds = 3600.0;
 constexpr std::size_t usualLineLength = 240;
 
-void appendStatistics(std::string& out, std::string_view label, double mean, double rms)
+void appendStatistics(TextBuffer& out, std::string_view label, double mean, double rms)
 {
     out += label;
     appendCell(out, mean, 2, '\t');
     appendCell(out, rms, 2, '\n');
 }
 
-void appendPosition(std::string& out, double rightAscension, double declination)
+void appendPosition(TextBuffer& out, double rightAscension, double declination)
 {
     appendRA(out, rightAscension, 3, ":");
     out += '\t';
@@ -42,7 +42,7 @@ void appendPosition(std::string& out, double rightAscension, double declination)
 }
 
 // Seventeen fields, each followed by a tab, the last one too.
-void appendMark(std::string& out, const TRecLabelPervichka_File& mark, DateTexts& dates)
+void appendMark(TextBuffer& out, const TRecLabelPervichka_File& mark, DateTexts& dates)
 {
     // Without the cosine of the declination, and not wrapped at 360 degrees.
     const double residualRA = arcseconds * (mark.RA - mark.RefValue4);
@@ -72,7 +72,7 @@ void appendMark(std::string& out, const TRecLabelPervichka_File& mark, DateTexts
 
 std::string residualsOf(const TrackVtorichka& track)
 {
-    std::string text;
+    TextBuffer text;
     text.reserve((track.Marks.size() + 2) * usualLineLength);
     text += statisticsColumns;
     text += '\n';
@@ -84,7 +84,7 @@ std::string residualsOf(const TrackVtorichka& track)
     for (const TRecLabelPervichka_File& mark : track.Marks) {
         appendMark(text, mark, dates);
     }
-    return text;
+    return text.str();
 }
 
 // The part of the source's path that names the set of measurements; empty in a shorter path.
@@ -106,7 +106,7 @@ std::string pathOf(const std::string& folder, const std::string& name, const Tra
 }
 
 // A mean above 0 has a sign, one of 0 has none.
-void appendMean(std::string& out, std::string_view label, double mean, double rms)
+void appendMean(TextBuffer& out, std::string_view label, double mean, double rms)
 {
     out += label;
     if (mean > 0.0) {
@@ -116,7 +116,7 @@ void appendMean(std::string& out, std::string_view label, double mean, double rm
     appendCell(out, rms, 2, '\t');
 }
 
-void appendSummary(std::string& out, const TrackVtorichka& track, const std::string& path)
+void appendSummary(TextBuffer& out, const TrackVtorichka& track, const std::string& path)
 {
     out += "NObs: ";
     out += std::to_string(track.Marks.size());
@@ -130,7 +130,7 @@ void appendSummary(std::string& out, const TrackVtorichka& track, const std::str
 
 void SaveResidAMU(std::string folder, std::string name, const std::vector<TrackVtorichka>& tracks)
 {
-    std::string summary = name;
+    TextBuffer summary(name);
     summary += '\t';
     summary += statisticsColumns;
     summary += '\n';

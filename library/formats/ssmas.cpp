@@ -54,12 +54,15 @@ int dateOf(std::string_view text)
 }
 
 // The "0" looks at the value, but not where the text came to 10.0 by rounding.
-void appendMagnitude(std::string& out, double m)
+void appendMagnitude(TextBuffer& out, double m)
 {
     const std::size_t begin = out.size();
     appendFixed(out, m, 1);
-    if (m < 10.0 && std::string_view(out).substr(begin) != "10.0") {
-        out.insert(begin, 1, '0');
+    if (m < 10.0 && out.view().substr(begin) != "10.0") {
+        const std::string text(out.view().substr(begin));
+        out.shorten(begin);
+        out += '0';
+        out += text;
     }
 }
 
@@ -70,11 +73,11 @@ void appendMagnitude(std::string& out, double m)
 //   INTER number   as it is
 constexpr TokenField<THeadTrVtor, TrackVtorichka> objectFields[] = {
     {[](THeadTrVtor& to, std::string_view text) { to.NORAD = to.QRVName = text; },
-     [](std::string& out, const TrackVtorichka& from) {
+     [](TextBuffer& out, const TrackVtorichka& from) {
          out += from.HeadText2.empty() ? from.QRVName : from.HeadText2;
      }},
     {[](THeadTrVtor& to, std::string_view text) { to.HeadText3 = text; },
-     [](std::string& out, const TrackVtorichka& from) {
+     [](TextBuffer& out, const TrackVtorichka& from) {
          out += from.HeadText3.empty() ? from.QRVName : from.HeadText3;
      }},
 };
@@ -90,19 +93,19 @@ constexpr TokenField<THeadTrVtor, TrackVtorichka> objectFields[] = {
 //   magnitude   4 or more   MM.m
 constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
     {[](ReadMark& to, std::string_view text) { to.mark.date = to.days.answerTo(text, dateOf); },
-     [](std::string& out, const WrittenMark& from) {
+     [](TextBuffer& out, const WrittenMark& from) {
          out += from.dates.answerTo(int{from.mark.date}, MJDToDateTEL);
      }},
     {[](ReadMark& to, std::string_view text) { to.mark.time = timeToDay(text, ':'); },
-     [](std::string& out, const WrittenMark& from) { appendTimeTEL(out, from.mark.time); }},
-    {takeNothing, [](std::string& /*out*/, const WrittenMark& /*from*/) {}},
+     [](TextBuffer& out, const WrittenMark& from) { appendTimeTEL(out, from.mark.time); }},
+    {takeNothing, [](TextBuffer& /*out*/, const WrittenMark& /*from*/) {}},
     {[](ReadMark& to, std::string_view text) { to.mark.RA = raToDecimal(text); },
-     [](std::string& out, const WrittenMark& from) { appendRA(out, from.mark.RA, 2, ":"); }},
+     [](TextBuffer& out, const WrittenMark& from) { appendRA(out, from.mark.RA, 2, ":"); }},
     {[](ReadMark& to, std::string_view text) { to.mark.DE = deToDecimal(text); },
-     [](std::string& out, const WrittenMark& from) { appendDE(out, from.mark.DE, 2, "."); }},
-    {takeNothing, [](std::string& out, const WrittenMark& /*from*/) { out += "001"; }},
+     [](TextBuffer& out, const WrittenMark& from) { appendDE(out, from.mark.DE, 2, "."); }},
+    {takeNothing, [](TextBuffer& out, const WrittenMark& /*from*/) { out += "001"; }},
     {[](ReadMark& to, std::string_view text) { to.mark.m = toDouble(text); },
-     [](std::string& out, const WrittenMark& from) { appendMagnitude(out, from.mark.m); }},
+     [](TextBuffer& out, const WrittenMark& from) { appendMagnitude(out, from.mark.m); }},
 };
 
 // Takes the lines of a report one after the other.
@@ -211,13 +214,13 @@ private:
     DayNumbers days;
 };
 
-void appendLine(std::string& out, std::string_view line)
+void appendLine(TextBuffer& out, std::string_view line)
 {
     out += line;
     out += '\n';
 }
 
-void appendBlockHead(std::string& out, const TrackVtorichka& track, std::size_t number)
+void appendBlockHead(TextBuffer& out, const TrackVtorichka& track, std::size_t number)
 {
     appendLine(out, std::to_string(number));
     appendLine(out, "");
@@ -248,7 +251,7 @@ void sSSMAS(std::string path, const std::vector<TrackVtorichka>& tracks)
     if (tracks.empty()) {
         return;
     }
-    std::string text;
+    TextBuffer text;
     text.reserve(countMarks(tracks) * usualLineLength + (tracks.size() + 1) * blockHeadLength);
     appendLine(text, title);
     appendLine(text, tracks.front().telescope);

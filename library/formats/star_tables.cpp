@@ -31,7 +31,7 @@ int starOf(const TRepresent& match)
 }
 
 // The fields of a star's line after the first.
-void appendStar(std::string& out, const TRecCat2& star)
+void appendStar(TextBuffer& out, const TRecCat2& star)
 {
     out += '\t';
     out += star.Name;
@@ -45,7 +45,7 @@ void appendStar(std::string& out, const TRecCat2& star)
     appendCell(out, star.m, 1, '\n');
 }
 
-void appendMatch(std::string& out, const TRecLabelPervichka_File& blob, const TRecLabelPervichka_File& star)
+void appendMatch(TextBuffer& out, const TRecLabelPervichka_File& blob, const TRecLabelPervichka_File& star)
 {
     appendCell(out, blob.X_bf, 3, '\t');
     appendCell(out, blob.Y_bf, 3, '\t');
@@ -60,7 +60,7 @@ void appendMatch(std::string& out, const TRecLabelPervichka_File& blob, const TR
 
 void sStars(std::string path, const std::vector<TRecCat2>& stars)
 {
-    std::string text;
+    TextBuffer text;
     text.reserve(stars.size() * usualLineLength);
     for (std::size_t i = 0; i < stars.size(); ++i) {
         text += std::to_string(i);
@@ -81,7 +81,7 @@ void sStars(std::string path, const std::vector<TRepresent>& representatives,
             *blob = blobOf(representative);
         }
     }
-    std::string text;
+    TextBuffer text;
     text.reserve(stars.size() * usualLineLength);
     for (std::size_t i = 0; i < stars.size(); ++i) {
         if (blobs[i] != noBlob) {
@@ -94,7 +94,7 @@ void sStars(std::string path, const std::vector<TRepresent>& representatives,
 
 void sBlobs(std::string path, const std::vector<TRecTRI>& points)
 {
-    std::string text;
+    TextBuffer text;
     text.reserve(points.size() * usualLineLength);
     for (std::size_t i = 0; i < points.size(); ++i) {
         text += std::to_string(i);
@@ -110,7 +110,7 @@ void sRefStars(std::string path, std::vector<TRepresent>& representatives,
                const std::vector<TRecLabelPervichka_File>& blobs,
                const std::vector<TRecLabelPervichka_File>& stars)
 {
-    std::string text(refStarColumns);
+    TextBuffer text(refStarColumns);
     text.reserve((representatives.size() + 1) * usualLineLength);
     for (const TRepresent& representative : representatives) {
         if (!isMatch(representative)) {

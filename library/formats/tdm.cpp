@@ -130,7 +130,7 @@ private:
     TrackSequence tracks;
 };
 
-void appendLine(std::string& out, std::string_view key, std::string_view value)
+void appendLine(TextBuffer& out, std::string_view key, std::string_view value)
 {
     out += key;
     out += separator;
@@ -138,7 +138,7 @@ void appendLine(std::string& out, std::string_view key, std::string_view value)
     out += '\n';
 }
 
-void appendEpochLine(std::string& out, std::string_view key, const TRecLabelPervichka_File& mark,
+void appendEpochLine(TextBuffer& out, std::string_view key, const TRecLabelPervichka_File& mark,
                      DateTexts& dates)
 {
     out += key;
@@ -147,7 +147,7 @@ void appendEpochLine(std::string& out, std::string_view key, const TRecLabelPerv
     out += '\n';
 }
 
-void appendMetadata(std::string& out, const TrackVtorichka& track, DateTexts& dates)
+void appendMetadata(TextBuffer& out, const TrackVtorichka& track, DateTexts& dates)
 {
     out += "META_START\n";
     appendLine(out, "TIME_SYSTEM", "UTC");
@@ -162,8 +162,7 @@ void appendMetadata(std::string& out, const TrackVtorichka& track, DateTexts& da
     out += "META_STOP\n";
 }
 
-void appendDataLine(std::string& out, std::string_view key, std::string_view epoch, double value,
-                    int decimals)
+void appendDataLine(TextBuffer& out, std::string_view key, std::string_view epoch, double value, int decimals)
 {
     out += key;
     out += separator;
@@ -172,10 +171,10 @@ void appendDataLine(std::string& out, std::string_view key, std::string_view epo
     appendCell(out, value, decimals, '\n');
 }
 
-void appendData(std::string& out, const TrackVtorichka& track, DateTexts& dates)
+void appendData(TextBuffer& out, const TrackVtorichka& track, DateTexts& dates)
 {
     out += "DATA_START\n";
-    std::string epoch;
+    TextBuffer epoch;
     for (std::size_t i = 0; i < track.Marks.size(); ++i) {
         fetchAhead(track.Marks, i);
         const TRecLabelPervichka_File& mark = track.Marks[i];
@@ -207,7 +206,7 @@ void sTDM(std::string path, const std::vector<TrackVtorichka>& tracks)
     if (tracks.empty()) {
         return;
     }
-    std::string text;
+    TextBuffer text;
     text.reserve(countMarks(tracks) * linesOfAMarkLength + tracks.size() * segmentHeadLength +
                  segmentHeadLength);
     appendLine(text, "CCSDS_TDM_VERS", "1.0");

@@ -152,7 +152,7 @@ public:
     void empty(const Element& element)
     {
         text += element.begin(depth);
-        text.pop_back();
+        text.shorten(text.size() - 1);
         text += " />\n";
     }
 
@@ -193,12 +193,13 @@ private:
 
     void flush()
     {
-        complete = complete && file && std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
+        complete =
+            complete && file && std::fwrite(text.view().data(), 1, text.size(), file.get()) == text.size();
         text.clear();
     }
 
     OpenFile file;
-    std::string text;
+    TextBuffer text;
     std::size_t depth = 0;
     bool complete = true;
 };
@@ -213,9 +214,9 @@ std::string escaped(const std::string& text)
 
 std::string epochOf(const TRecLabelPervichka_File& mark, DateTexts& dates)
 {
-    std::string epoch;
+    TextBuffer epoch;
     appendEpoch(epoch, dates, mark.date, mark.time);
-    return epoch;
+    return epoch.str();
 }
 
 void writeHeader(DocumentFile& file, const std::vector<TrackVtorichka>& tracks)
@@ -263,7 +264,7 @@ void writeValues(DocumentFile& file, std::string_view epoch, const TRecLabelPerv
 }
 
 // One observation of a mark, with the epoch before each value.
-void writeMark(DocumentFile& file, std::string& epoch, const TRecLabelPervichka_File& mark)
+void writeMark(DocumentFile& file, TextBuffer& epoch, const TRecLabelPervichka_File& mark)
 {
     epoch += ' ';
     file.begin(element::observation);
@@ -276,7 +277,7 @@ void writeMark(DocumentFile& file, std::string& epoch, const TRecLabelPervichka_
 void writeData(DocumentFile& file, const TrackVtorichka& track, const Shape& shape, DateTexts& dates)
 {
     file.begin(element::data);
-    std::string epoch;
+    TextBuffer epoch;
     for (std::size_t i = 0; i < track.Marks.size(); ++i) {
         fetchAhead(track.Marks, i);
         const TRecLabelPervichka_File& mark = track.Marks[i];

@@ -41,7 +41,7 @@ constexpr std::string_view magnitudePrefix = "001";
 constexpr Field tenths{4, 3};
 
 // A negative magnitude gets the "0" too: 0010-12.
-void appendMagnitude(std::string& out, double m)
+void appendMagnitude(TextBuffer& out, double m)
 {
     out += magnitudePrefix;
     if (m < 10.0) {
@@ -59,11 +59,11 @@ void appendMagnitude(std::string& out, double m)
 //   object       as it is
 constexpr TokenField<THeadTrVtor, TrackVtorichka> headFields[] = {
     {[](THeadTrVtor& to, std::string_view text) { to.originator = text; },
-     [](std::string& out, const TrackVtorichka& from) { out += from.originator; }},
+     [](TextBuffer& out, const TrackVtorichka& from) { out += from.originator; }},
     {[](THeadTrVtor& to, std::string_view text) { to.telescope = text; },
-     [](std::string& out, const TrackVtorichka& from) { out += from.telescope; }},
+     [](TextBuffer& out, const TrackVtorichka& from) { out += from.telescope; }},
     {[](THeadTrVtor& to, std::string_view text) { to.NORAD = to.QRVName = text; },
-     [](std::string& out, const TrackVtorichka& from) { out += from.QRVName; }},
+     [](TextBuffer& out, const TrackVtorichka& from) { out += from.QRVName; }},
 };
 
 // A mark's line, its fields with one blank between them.
@@ -75,17 +75,17 @@ constexpr TokenField<THeadTrVtor, TrackVtorichka> headFields[] = {
 //   magnitude   6 or more   001 and tenths of a magnitude, MMm
 constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
     {[](ReadMark& to, std::string_view text) { to.mark.date = to.days.answerTo(text, packedDate); },
-     [](std::string& out, const WrittenMark& from) {
+     [](TextBuffer& out, const WrittenMark& from) {
          out += from.dates.answerTo(int{from.mark.date}, MJDToDateMEA);
      }},
     {[](ReadMark& to, std::string_view text) { to.mark.time = packedTime(text); },
-     [](std::string& out, const WrittenMark& from) { appendTimeMEA(out, from.mark.time, 2, true); }},
+     [](TextBuffer& out, const WrittenMark& from) { appendTimeMEA(out, from.mark.time, 2, true); }},
     {[](ReadMark& to, std::string_view text) { to.mark.RA = packedRA(text); },
-     [](std::string& out, const WrittenMark& from) { appendPackedRA(out, from.mark.RA, 2); }},
+     [](TextBuffer& out, const WrittenMark& from) { appendPackedRA(out, from.mark.RA, 2); }},
     {[](ReadMark& to, std::string_view text) { to.mark.DE = packedDE(text); },
-     [](std::string& out, const WrittenMark& from) { appendPackedDE(out, from.mark.DE, 2); }},
+     [](TextBuffer& out, const WrittenMark& from) { appendPackedDE(out, from.mark.DE, 2); }},
     {[](ReadMark& to, std::string_view text) { to.mark.m = toDouble(cut(text, tenths)) / 10.0; },
-     [](std::string& out, const WrittenMark& from) { appendMagnitude(out, from.mark.m); }},
+     [](TextBuffer& out, const WrittenMark& from) { appendMagnitude(out, from.mark.m); }},
 };
 
 // Takes the lines of a file one after the other.
@@ -175,7 +175,7 @@ void sTelegramma(std::string path, const std::vector<TrackVtorichka>& tracks)
     if (tracks.empty()) {
         return;
     }
-    std::string text;
+    TextBuffer text;
     text.reserve((countMarks(tracks) + 2 * tracks.size()) * usualLineLength);
     DateTexts dates;
     for (const TrackVtorichka& track : tracks) {

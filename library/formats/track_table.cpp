@@ -125,7 +125,7 @@ public:
     {
     }
 
-    void append(std::string& out, const TrackVtorichka& track, std::string_view name, int number)
+    void append(TextBuffer& out, const TrackVtorichka& track, std::string_view name, int number)
     {
         for (std::size_t i = 0; i < track.Marks.size(); ++i) {
             fetchAhead(track.Marks, i);
@@ -177,7 +177,7 @@ void sListTrack(std::string path, std::string source, std::string prefix,
                 const std::vector<TrackVtorichka>& tracks, std::string suffix, bool longName, bool rewrite,
                 std::string header)
 {
-    std::string text = headLines(header);
+    TextBuffer text(headLines(header));
     TrackWriter writer(header);
     for (const TrackVtorichka& track : tracks) {
         const std::string name = shownName(track, track.QRVName, source, prefix, suffix, track.N, longName);
@@ -192,7 +192,7 @@ void sTrack(std::string path, std::string source, std::string prefix, std::strin
             bool longName, const TrackVtorichka& track, std::string givenName, std::string header,
             bool /*flag*/)
 {
-    std::string text;
+    TextBuffer text;
     const std::string name = shownName(track, givenName, source, prefix, suffix, number, longName);
     TrackWriter(header).append(text, track, name, number);
     if (!text.empty()) {
@@ -219,11 +219,11 @@ std::string getHeadTrack()
 
 std::string GetDataTrack(THeadTrack column, const TrackVtorichka& track, int index)
 {
-    std::string text;
+    TextBuffer text;
     DateTexts dates;
     const std::size_t mark = index < 0 ? track.Marks.size() : static_cast<std::size_t>(index);
     columnOfTrack(column.Name).append(text, markToWrite(track, mark, track.QRVName, track.N, dates));
-    return text;
+    return text.str();
 }
 
 TCasts StrToCast(std::string text)

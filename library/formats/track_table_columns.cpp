@@ -13,7 +13,7 @@ namespace {
 
 // The field of a record's value: a double with that many decimals, an integer or a text.
 template <int decimals, class Value>
-void appendValue(std::string& out, const Value& value)
+void appendValue(TextBuffer& out, const Value& value)
 {
     if constexpr (std::is_same_v<Value, double>) {
         appendFixed(out, value, decimals);
@@ -58,7 +58,7 @@ template <auto member, int decimals = 0>
 constexpr TableColumn ofMark(std::string_view description)
 {
     return {description,
-            [](std::string& out, const MarkToWrite& from) { appendValue<decimals>(out, from.mark.*member); },
+            [](TextBuffer& out, const MarkToWrite& from) { appendValue<decimals>(out, from.mark.*member); },
             readOfMark<member>};
 }
 
@@ -66,17 +66,17 @@ template <auto member, int decimals = 0>
 constexpr TableColumn ofTrack(std::string_view description)
 {
     return {description,
-            [](std::string& out, const MarkToWrite& from) { appendValue<decimals>(out, from.track.*member); },
+            [](TextBuffer& out, const MarkToWrite& from) { appendValue<decimals>(out, from.track.*member); },
             readOfTrack<member>, true};
 }
 
 // Other tools expect the column.
-void writeZero(std::string& out, const MarkToWrite& /*from*/)
+void writeZero(TextBuffer& out, const MarkToWrite& /*from*/)
 {
     out += '0';
 }
 
-void writeNotAvailable(std::string& out, const MarkToWrite& /*from*/)
+void writeNotAvailable(TextBuffer& out, const MarkToWrite& /*from*/)
 {
     out += "na";
 }
@@ -91,7 +91,7 @@ constexpr TableColumn readOnly(std::string_view description)
 // The name that the writer gives the track, which need not be its own.
 constexpr TableColumn nameOfTrack(std::string_view description)
 {
-    return {description, [](std::string& out, const MarkToWrite& from) { out += from.name; },
+    return {description, [](TextBuffer& out, const MarkToWrite& from) { out += from.name; },
             readOfTrack<&THeadTrVtor::QRVName>, true};
 }
 
@@ -113,29 +113,29 @@ using Head = THeadTrVtor;
 constexpr TableColumn lineColumns[] = {
     nameOfTrack("Name"),
     {"Candidates",
-     [](std::string& out, const MarkToWrite& from) { out += textAt(from.track.Candidates, from.index); }},
+     [](TextBuffer& out, const MarkToWrite& from) { out += textAt(from.track.Candidates, from.index); }},
     // No tab follows: the column is the last of its line.
-    {"Cast", [](std::string& out, const MarkToWrite& from) { out += textAt(from.track.Cast, from.index); },
+    {"Cast", [](TextBuffer& out, const MarkToWrite& from) { out += textAt(from.track.Cast, from.index); },
      nullptr, false, false},
 };
 
 // The standard header, in its order.
 constexpr TableColumn standardColumns[] = {
-    {"N:Int", [](std::string& out, const MarkToWrite& from) { appendInt(out, from.number); },
+    {"N:Int", [](TextBuffer& out, const MarkToWrite& from) { appendInt(out, from.number); },
      readOfTrack<&Head::N>, true},
     {"NBl:Int",
-     [](std::string& out, const MarkToWrite& from) { out += std::to_string(from.track.Marks.size()); }},
+     [](TextBuffer& out, const MarkToWrite& from) { out += std::to_string(from.track.Marks.size()); }},
     nameOfTrack("QRVName:Text"),
     {"date:Date",
-     [](std::string& out, const MarkToWrite& from) { appendDate(out, from.dates, from.mark.date, "-"); },
+     [](TextBuffer& out, const MarkToWrite& from) { appendDate(out, from.dates, from.mark.date, "-"); },
      [](const MarkToFill& to, std::string_view field) {
          to.mark.date =
              to.days.answerTo(field, [](std::string_view day) { return DateToMJD(std::string(day), "-"); });
      }},
-    {"time:Time", [](std::string& out, const MarkToWrite& from) { appendTime(out, from.mark.time, 7, ":"); },
+    {"time:Time", [](TextBuffer& out, const MarkToWrite& from) { appendTime(out, from.mark.time, 7, ":"); },
      [](const MarkToFill& to, std::string_view field) { to.mark.time = timeToDay(field, ':'); }},
     {"mjd:Float:day",
-     [](std::string& out, const MarkToWrite& from) { appendFixed(out, from.mark.date + from.mark.time, 12); },
+     [](TextBuffer& out, const MarkToWrite& from) { appendFixed(out, from.mark.date + from.mark.time, 12); },
      [](const MarkToFill& to, std::string_view field) { to.mark.mjd = field; }}, // a text: it sets no time
     ofMark<&Mark::RA, 6>("RA:Float:deg"),
     ofMark<&Mark::DE, 6>("DE:Float:deg"),
@@ -145,7 +145,7 @@ constexpr TableColumn standardColumns[] = {
     ofMark<&Mark::mInstr, 4>("mInstr:Float:mag"),
     ofMark<&Mark::mInstr1000, 4>("mInstr1000:Float:mag"),
     {"m_MPC:Float:mag",
-     [](std::string& out, const MarkToWrite& from) { appendFixed(out, from.interBlob.m_MPC, 2); },
+     [](TextBuffer& out, const MarkToWrite& from) { appendFixed(out, from.interBlob.m_MPC, 2); },
      [](const MarkToFill& to, std::string_view field) { to.interBlob.m_MPC = toDouble(field); }},
     ofTrack<&Head::MPCChecker>("MPCChecker:Text"),
     ofTrack<&Head::NORAD>("NORAD:Text"),
@@ -155,7 +155,7 @@ constexpr TableColumn standardColumns[] = {
     ofMark<&Mark::Y_f, 2>("Y_f:Float:pix"),
     // Not read: the residual of an orbit fit does not outlive the fit.
     {"FindOrb:Float:arcsec",
-     [](std::string& out, const MarkToWrite& from) { appendFixed(out, from.track.FindOrb, 2); }},
+     [](TextBuffer& out, const MarkToWrite& from) { appendFixed(out, from.track.FindOrb, 2); }},
     ofTrack<&Head::LymX, 2>("LymX:Float"),
     ofTrack<&Head::LymY, 2>("LymY:Float"),
     ofTrack<&Head::LymXY, 2>("LymXY:Float"),
@@ -188,7 +188,7 @@ constexpr TableColumn standardColumns[] = {
     ofMark<&Mark::Length, 2>("Length:Float"),
     ofTrack<&Head::Length_rms, 2>("Length_rms:Float"),
     ofMark<&Mark::Width, 2>("Width:Float"),
-    {"iF:Int", [](std::string& out, const MarkToWrite& from) { appendInt(out, shifted(from.mark.iF, 1)); },
+    {"iF:Int", [](TextBuffer& out, const MarkToWrite& from) { appendInt(out, shifted(from.mark.iF, 1)); },
      [](const MarkToFill& to, std::string_view field) {
          const int number = toInt(field);
          to.mark.iFRaw = number;
@@ -196,23 +196,23 @@ constexpr TableColumn standardColumns[] = {
      }},
     ofMark<&Mark::iB>("iB:Int"),
     ofMark<&Mark::QRVID>("QRVID:Text"),
-    {"TrMade:Text", [](std::string& out, const MarkToWrite& from) { out += HowMakeToStr(from.track.TrMade); },
+    {"TrMade:Text", [](TextBuffer& out, const MarkToWrite& from) { out += HowMakeToStr(from.track.TrMade); },
      [](const MarkToFill& to, std::string_view field) { to.track.TrMade = StrToHowMake(std::string(field)); },
      true},
     {"NEORatio:Float", writeZero},
     {"AccurRaDe:Float:arcsec", writeZero},
     {"MPC_RMS:Float", writeZero},
     {"HA:Float", writeZero},
-    {"Draw:Bool", [](std::string& out, const MarkToWrite&) { out += '1'; }},
+    {"Draw:Bool", [](TextBuffer& out, const MarkToWrite&) { out += '1'; }},
 };
 
 // Columns of other headers. They are read after the standard ones, so that noradid wins over NORAD, and mRA
 // and mDE over V_ra and V_de.
 constexpr TableColumn furtherColumns[] = {
     {"time_bjd",
-     [](std::string& out, const MarkToWrite& from) { appendTime(out, from.mark.time_bjd, 7, ":"); }},
+     [](TextBuffer& out, const MarkToWrite& from) { appendTime(out, from.mark.time_bjd, 7, ":"); }},
     // Unlike in mjd, the fraction of the day is not added.
-    {"bjd", [](std::string& out, const MarkToWrite& from) { appendFixed(out, from.mark.bjd, 12); }},
+    {"bjd", [](TextBuffer& out, const MarkToWrite& from) { appendFixed(out, from.mark.bjd, 12); }},
     ofMark<&Mark::mEnsemble, 4>("mEnsemble"),
     ofMark<&Mark::mInstrComp, 4>("mInstrComp"),
     ofTrack<&Head::NORAD>("noradid"),

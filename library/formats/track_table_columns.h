@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../base/last_answer.h"
+#include "../base/text_buffer.h"
 #include "../records/track.h"
 
 #include <cstddef>
@@ -51,7 +52,7 @@ using ReadField = void (*)(const MarkToFill& mark, std::string_view field);
 struct TableColumn
 {
     std::string_view description; ///< "name", "name:type" or "name:type:unit"
-    void (*write)(std::string& out, const MarkToWrite& mark) = nullptr;
+    void (*write)(TextBuffer& out, const MarkToWrite& mark) = nullptr;
     ReadField read = nullptr; ///< a null pointer for a column that is not read
     bool ofHead = false;      ///< it sets a value of the track, which every line repeats
     bool hasTab = true;       ///< a tab follows the field
@@ -62,7 +63,7 @@ struct TableColumn
     }
 
     /// Appends the field of a mark and its tab.
-    void append(std::string& out, const MarkToWrite& mark) const
+    void append(TextBuffer& out, const MarkToWrite& mark) const
     {
         write(out, mark);
         if (hasTab) {

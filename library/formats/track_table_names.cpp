@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <utility>
 
 namespace tavelinUtils {
 namespace {
@@ -28,9 +27,11 @@ std::string CalcSecondName(std::string path, int number, std::string prefix, std
     }
     const std::string folder = ExtractPath(path);
     const std::size_t tail = std::min<std::size_t>(number > 99 ? 1 : 2, folder.size());
-    std::string name = std::move(prefix);
+    TextBuffer name(prefix);
     appendTwoDigits(name, number);
-    return name + suffix + folder.substr(folder.size() - tail);
+    name += suffix;
+    name += folder.substr(folder.size() - tail);
+    return name.str();
 }
 
 std::string CalcSecondNameSat(int number, std::string prefix)

@@ -50,7 +50,7 @@ TBrightnesEntry entryOf(std::string_view text)
     return {toInt(items[0]), toInt(items[1]), toDouble(items[2]), toDouble(items[3]), toDouble(items[4])};
 }
 
-void appendEntry(std::string& out, const TBrightnesEntry& entry)
+void appendEntry(TextBuffer& out, const TBrightnesEntry& entry)
 {
     appendInt(out, entry.I1);
     out += ';';
@@ -61,7 +61,7 @@ void appendEntry(std::string& out, const TBrightnesEntry& entry)
     }
 }
 
-void appendFrame(std::string& out, const TFrameBrightnes& frame)
+void appendFrame(TextBuffer& out, const TFrameBrightnes& frame)
 {
     out += ExtractFileName(frame.name, Slash);
     out += ':';
@@ -78,7 +78,7 @@ void appendFrame(std::string& out, const TFrameBrightnes& frame)
 
 void SaveManyInstr(std::string path, const TrackVtorichka& track)
 {
-    std::string text = "JD+time\tm_cat\tmi_psf\tmi_strobe\tm_apert\tmi_apert\n";
+    TextBuffer text("JD+time\tm_cat\tmi_psf\tmi_strobe\tm_apert\tmi_apert\n");
     for (const TRecLabelPervichka_File& mark : track.Marks) {
         appendCell(text, jdOf(mark), 10, '\t');
         appendCell(text, mark.m, 3, '\t');
@@ -89,7 +89,7 @@ void SaveManyInstr(std::string path, const TrackVtorichka& track)
 
 void SaveInstrVO(std::string path, const TrackVtorichka& track, double factor)
 {
-    std::string text = "JD\tmi_apert\n";
+    TextBuffer text("JD\tmi_apert\n");
     for (const TRecLabelPervichka_File& mark : track.Marks) {
         appendCell(text, jdOf(mark) * factor, 10, '\t');
         appendCell(text, mark.mInstr, 3, '\n');
@@ -99,7 +99,7 @@ void SaveInstrVO(std::string path, const TrackVtorichka& track, double factor)
 
 void smI(std::string path, std::vector<TLocPhotoBlob> blobs)
 {
-    std::string text;
+    TextBuffer text;
     for (const TLocPhotoBlob& blob : blobs) {
         appendCell(text, blob.Mark.Spare1, 5, '\n');
     }
@@ -109,9 +109,9 @@ void smI(std::string path, std::vector<TLocPhotoBlob> blobs)
 void sVarSLightCurvesVO(std::string path, std::vector<TLocPhotoBlob> blobs, std::string timeLabel,
                         bool withHeader)
 {
-    std::string text;
+    TextBuffer text;
     if (withHeader) {
-        text = timeLabel + "\tMag\tErrMag\tPathFit\n";
+        text += timeLabel + "\tMag\tErrMag\tPathFit\n";
     }
     for (const TLocPhotoBlob& blob : blobs) {
         appendCell(text, mjdOf(blob.Mark), 7, '\t');
@@ -141,7 +141,7 @@ void lVarSLightCurvesVO(std::string path, bool withHeader, std::vector<TLocPhoto
 
 void sVarSLightCurvesVE(std::string path, std::vector<TLocPhotoBlob> blobs, std::string timeLabel)
 {
-    std::string text = timeLabel + "\tMag\n";
+    TextBuffer text(timeLabel + "\tMag\n");
     for (const TLocPhotoBlob& blob : blobs) {
         appendCell(text, mjdOf(blob.Mark), 7, '\t');
         appendCell(text, blob.Mark.mEnsemble, 5, '\n');
@@ -151,7 +151,7 @@ void sVarSLightCurvesVE(std::string path, std::vector<TLocPhotoBlob> blobs, std:
 
 void sInstrMag(std::string path, double value, const std::vector<TFrameBrightnes>& frames)
 {
-    std::string text;
+    TextBuffer text;
     appendCell(text, value, 2, '\n');
     for (const TFrameBrightnes& frame : frames) {
         appendFrame(text, frame);
@@ -187,7 +187,7 @@ void PutInstrMag(std::string text, TFrameBrightnes& frame)
 void sFormatMuniwin(std::string path, std::vector<TLocPhotoBlob> objects,
                     std::vector<std::vector<TLocPhotoBlob>> series)
 {
-    std::string text = "JD\t";
+    TextBuffer text("JD\t");
     text += objects.empty() ? "" : objects.front().Mark.SpareText;
     text += '\t';
     for (const TLocPhotoBlob& star : starsOf(series, 0)) {
@@ -209,7 +209,7 @@ void sFormatMuniwin(std::string path, std::vector<TLocPhotoBlob> objects,
 void sV_C_FormatMuniwin(std::string path, std::string filter, std::vector<TLocPhotoBlob> objects,
                         std::vector<std::vector<TLocPhotoBlob>> series)
 {
-    std::string text = "JD\t" + setHeadV_C(static_cast<int>(starsOf(series, 0).size()) + 1);
+    TextBuffer text("JD\t" + setHeadV_C(static_cast<int>(starsOf(series, 0).size()) + 1));
     text += "\nAperture: N * FWHM, Filter : " + filter + ", JD : geocentric\n";
     for (std::size_t i = 0; i < objects.size(); ++i) {
         appendCell(text, mjdOf(objects[i].Mark), 7, '\t');
@@ -236,13 +236,13 @@ std::string GetDataV_C(TLocPhotoBlob object, std::vector<TLocPhotoBlob> stars)
     for (const TLocPhotoBlob& star : stars) {
         magnitudes.push_back(star.Mark.Spare1);
     }
-    std::string data;
+    TextBuffer data;
     for (std::size_t i = 0; i < magnitudes.size(); ++i) {
         for (std::size_t j = i + 1; j < magnitudes.size(); ++j) {
             appendCell(data, magnitudes[i] - magnitudes[j], 5, '\t');
         }
     }
-    return data;
+    return data.str();
 }
 
 } // namespace tavelinUtils

@@ -1,6 +1,7 @@
 #include "text/angle_text.h"
 
 #include "base/numbers.h"
+#include "base/text_buffer.h"
 #include "base/tokens.h"
 
 #include <array>
@@ -29,7 +30,7 @@ Sexagesimal sexagesimalOf(double value)
 }
 
 // Appends sign, whole part and minutes; returns the seconds that are left.
-double appendToMinutes(std::string& out, bool negative, double magnitude, std::string_view separator)
+double appendToMinutes(TextBuffer& out, bool negative, double magnitude, std::string_view separator)
 {
     const Sexagesimal parts = sexagesimalOf(magnitude);
     if (negative) {
@@ -41,7 +42,7 @@ double appendToMinutes(std::string& out, bool negative, double magnitude, std::s
     return parts.seconds;
 }
 
-void appendAngle(std::string& out, bool negative, double magnitude, int precision, std::string_view separator)
+void appendAngle(TextBuffer& out, bool negative, double magnitude, int precision, std::string_view separator)
 {
     const double seconds = appendToMinutes(out, negative, magnitude, separator);
     out += separator;
@@ -51,50 +52,47 @@ void appendAngle(std::string& out, bool negative, double magnitude, int precisio
 std::string angleText(bool negative, double magnitude, int precision, std::string_view separator,
                       bool seconds)
 {
-    std::string text;
+    TextBuffer text;
     if (seconds) {
         appendAngle(text, negative, magnitude, precision, separator);
     } else {
         appendToMinutes(text, negative, magnitude, separator);
     }
-    return text;
+    return text.str();
 }
 
-double raFrom(std::string_view hours, std::string_view minutes, double seconds)
+double raFrom(double hours, double minutes, double seconds)
 {
-    return (toDouble(hours) + toDouble(minutes) / 60.0 + seconds / 3600.0) * hoursToDegrees;
+    return (hours + minutes / 60.0 + seconds / 3600.0) * hoursToDegrees;
 }
 
-double deFrom(std::string_view degrees, std::string_view minutes, double seconds)
+double deFrom(bool negative, double degrees, double minutes, double seconds)
 {
-    const double magnitude = std::abs(toDouble(degrees)) + toDouble(minutes) / 60.0 + seconds / 3600.0;
-    return degrees.starts_with('-') ? -magnitude : magnitude;
+    const double magnitude = std::abs(degrees) + minutes / 60.0 + seconds / 3600.0;
+    return negative ? -magnitude : magnitude;
 }
 
 } // namespace
 
-void appendRA(std::string& out, double degrees, int precision, std::string_view separator)
+void appendRA(TextBuffer& out, double degrees, int precision, std::string_view separator)
 {
     appendAngle(out, degrees < 0.0, std::abs(degrees) / hoursToDegrees, precision, separator);
 }
 
-void appendDE(std::string& out, double degrees, int precision, std::string_view separator)
+void appendDE(TextBuffer& out, double degrees, int precision, std::string_view separator)
 {
     appendAngle(out, degrees < 0.0, std::abs(degrees), precision, separator);
 }
 
-void appendPackedRA(std::string& out, double degrees, int precision)
+void appendPackedRA(TextBuffer& out, double degrees, int precision)
 {
-    const std::size_t begin = out.size();
-    appendRA(out, degrees, precision, "");
-    erasePoint(out, begin);
+    const double hours = std::abs(degrees) / hoursToDegrees;
+    appendFixedPacked(out, appendToMinutes(out, degrees < 0.0, hours, ""), precision);
 }
 
-void appendPackedDE(std::string& out, double degrees, int precision)
+void appendPackedDE(TextBuffer& out, double degrees, int precision)
 {
-    const std::size_t begin = out.size();
-    appendDE(out, degrees, precision, "");
-    erasePoint(out, begin);
+    appendFixedPacked(out, appendToMinutes(out, degrees < 0.0, std::abs(degrees), ""), precision);
 }
 
 std::string RAToStr(double degrees, int precision, std::string separator, bool seconds)
@@ -109,12 +107,12 @@ std::string DEToStr(double degrees, int precision, std::string separator, bool s
 
 double raOf(std::string_view hours, std::string_view minutes, std::string_view seconds)
 {
-    return raFrom(hours, minutes, toDouble(seconds));
+    return raFrom(toDouble(hours), toDouble(minutes), toDouble(seconds));
 }
 
 double deOf(std::string_view degrees, std::string_view minutes, std::string_view seconds)
 {
-    return deFrom(degrees, minutes, toDouble(seconds));
+    return deFrom(degrees.starts_with('-'), toDouble(degrees), toDouble(minutes), toDouble(seconds));
 }
 
 double StrToRA(std::string hours, std::string minutes, std::string seconds)
@@ -181,14 +179,23 @@ double packedSeconds(std::string_view text, std::size_t position)
 
 double packedRA(std::string_view text)
 {
+    if (const auto packed = packedDigits(text)) {
+        return raFrom(packed->whole, packed->minutes, packed->seconds);
+    }
     const double seconds = packedSeconds(text, 4);
-    return raFrom(text.substr(0, 2), text.substr(2, 2), seconds);
+    return raFrom(toDouble(text.substr(0, 2)), toDouble(text.substr(2, 2)), seconds);
 }
 
 double packedDE(std::string_view text)
 {
+    const bool negative = text.starts_with('-');
+    if (negative) {
+        if (const auto packed = packedDigits(text.substr(1))) {
+            return deFrom(negative, packed->whole, packed->minutes, packed->seconds);
+        }
+    }
     const double seconds = packedSeconds(text, 5);
-    return deFrom(text.substr(0, 3), text.substr(3, 2), seconds);
+    return deFrom(negative, toDouble(text.substr(0, 3)), toDouble(text.substr(3, 2)), seconds);
 }
 
 double pStrTelegrammaToRA(std::string text)

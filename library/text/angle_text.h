@@ -11,6 +11,8 @@
 
 namespace tavelinUtils {
 
+class TextBuffer; // of base/text_buffer.h
+
 /// Right ascension in degrees as sexagesimal hours, "01:00:00.00" for 15.0 with precision 2 and ":". Without
 /// seconds the text ends at the minutes, cut and not rounded. There is no carry and no wrap: seconds that
 /// round up are written as 60, and 360.0 gives hour 24.
@@ -44,12 +46,12 @@ double pStrTelegrammaToRA(std::string text);
 double pStrTelegrammaToDE(std::string text);
 
 /// Append what RAToStr and DEToStr give with seconds.
-void appendRA(std::string& out, double degrees, int precision, std::string_view separator);
-void appendDE(std::string& out, double degrees, int precision, std::string_view separator);
+void appendRA(TextBuffer& out, double degrees, int precision, std::string_view separator);
+void appendDE(TextBuffer& out, double degrees, int precision, std::string_view separator);
 
 /// Append the same without separator and without the point: "0100000000" for 15.0 with precision 4.
-void appendPackedRA(std::string& out, double degrees, int precision);
-void appendPackedDE(std::string& out, double degrees, int precision);
+void appendPackedRA(TextBuffer& out, double degrees, int precision);
+void appendPackedDE(TextBuffer& out, double degrees, int precision);
 
 /// The same conversions as above, of views.
 double raOf(std::string_view hours, std::string_view minutes, std::string_view seconds);

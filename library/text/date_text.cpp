@@ -2,6 +2,7 @@
 
 #include "base/last_answer.h"
 #include "base/numbers.h"
+#include "base/text_buffer.h"
 #include "base/tokens.h"
 #include "math/scalars.h"
 #include "text/angle_text.h"
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <string>
 
@@ -43,7 +45,7 @@ Date dateOf(double mjd)
     return date;
 }
 
-void appendDate(std::string& out, const Date& date, std::string_view separator)
+void appendDate(TextBuffer& out, const Date& date, std::string_view separator)
 {
     appendInt(out, date.year);
     out += separator;
@@ -52,7 +54,7 @@ void appendDate(std::string& out, const Date& date, std::string_view separator)
     appendTwoDigits(out, date.day);
 }
 
-void appendHourAndMinute(std::string& out, int hour, int minute, std::string_view separator)
+void appendHourAndMinute(TextBuffer& out, int hour, int minute, std::string_view separator)
 {
     appendTwoDigits(out, hour);
     out += separator;
@@ -61,7 +63,7 @@ void appendHourAndMinute(std::string& out, int hour, int minute, std::string_vie
 }
 
 // The "0" before short seconds depends on the value here: 9.996 gives 010.00 with two decimals.
-void appendSecondsByValue(std::string& out, double seconds, int precision)
+void appendSecondsByValue(TextBuffer& out, double seconds, int precision)
 {
     if (seconds < 10.0) {
         out += '0';
@@ -80,20 +82,49 @@ void carryMinutes(TimeOfDay& time)
     }
 }
 
-// With the carry that the other time texts do not have.
-void appendCarriedTime(std::string& out, TimeOfDay time, int precision, std::string_view separator)
+// Whether the text of the seconds begins with 60.
+bool areShownAsSixty(double seconds, int precision)
 {
-    std::string seconds = Str9(time.seconds, precision);
-    if (seconds.starts_with("60")) {
-        seconds = Str9(0.0, precision);
+    if (seconds >= 0.0 && seconds < 59.0) {
+        return false;
+    }
+    TextBuffer text;
+    appendFixed(text, seconds, precision);
+    return text.view().starts_with("60");
+}
+
+// With the carry that the other time texts do not have.
+void appendCarriedTime(TextBuffer& out, TimeOfDay time, int precision, std::string_view separator)
+{
+    if (areShownAsSixty(time.seconds, precision)) {
+        time.seconds = 0;
         ++time.minute;
     }
     carryMinutes(time);
     appendHourAndMinute(out, time.hour, time.minute, separator);
-    if (toDouble(seconds) < 10.0) {
-        out += '0';
+    appendFixedTwoDigits(out, time.seconds, precision);
+}
+
+// The seconds with many decimals, cut to the precision; the decimals that are cut off take part in the
+// rounding of the last of the many.
+void appendCutSeconds(TextBuffer& out, double seconds, int precision)
+{
+    constexpr int manyDecimals = 15;
+    const auto scaled = scaledMagnitude(seconds, manyDecimals);
+    const bool isUsual = scaled && !std::signbit(seconds) && precision >= 0 && precision <= manyDecimals &&
+                         *scaled < 100 * powerOfTen(manyDecimals) &&
+                         (seconds < 10.0) == (*scaled < 10 * powerOfTen(manyDecimals));
+    if (isUsual) {
+        const int digits = precision + 2;
+        char* const to = out.room(static_cast<std::size_t>(digits));
+        out.endAt(writeDigits(to, *scaled / powerOfTen(manyDecimals - precision), digits));
+        return;
     }
-    out += seconds;
+    const std::size_t begin = out.size();
+    appendSecondsByValue(out, seconds, manyDecimals);
+    erasePoint(out, begin);
+    const auto kept = static_cast<std::size_t>(std::max(precision, -2) + 2);
+    out.shorten(std::min(out.size(), begin + kept));
 }
 
 // The first three parts of a text at a separator of any length; a missing part is empty.
@@ -113,45 +144,44 @@ std::array<std::string, 3> partsAt(const std::string& text, const std::string& s
 
 std::string DayToTime(int hour, int minute, double second, int precision, std::string separator)
 {
-    std::string text;
+    TextBuffer text;
     appendCarriedTime(text, {hour, minute, second}, precision, separator);
-    return text;
+    return text.str();
 }
 
-void appendTime(std::string& out, double day, int precision, std::string_view separator)
+void appendTime(TextBuffer& out, double day, int precision, std::string_view separator)
 {
     appendCarriedTime(out, timeOfDay(day), precision, separator);
 }
 
 std::string DayToTime(double day, int precision, std::string separator)
 {
-    std::string text;
+    TextBuffer text;
     appendTime(text, day, precision, separator);
-    return text;
+    return text.str();
 }
 
-void appendTimeMEA(std::string& out, double day, int precision, bool rounded)
+void appendTimeMEA(TextBuffer& out, double day, int precision, bool rounded)
 {
-    constexpr int manyDecimals = 15; // the seconds are cut from this many
     const TimeOfDay time = timeOfDay(day);
     appendHourAndMinute(out, time.hour, time.minute, "");
-    const std::size_t begin = out.size();
-    appendSecondsByValue(out, time.seconds, rounded ? precision : manyDecimals);
-    erasePoint(out, begin);
     if (!rounded) {
-        const auto kept = static_cast<std::size_t>(std::max(precision, -2) + 2);
-        out.resize(std::min(out.size(), begin + kept));
+        appendCutSeconds(out, time.seconds, precision);
+        return;
     }
+    const std::size_t begin = out.size();
+    appendSecondsByValue(out, time.seconds, precision);
+    erasePoint(out, begin);
 }
 
 std::string DayToTimeMEA(double day, int precision, bool rounded)
 {
-    std::string text;
+    TextBuffer text;
     appendTimeMEA(text, day, precision, rounded);
-    return text;
+    return text.str();
 }
 
-void appendTimeTEL(std::string& out, double day)
+void appendTimeTEL(TextBuffer& out, double day)
 {
     const TimeOfDay time = timeOfDay(day);
     appendHourAndMinute(out, time.hour, time.minute, ":");
@@ -160,45 +190,46 @@ void appendTimeTEL(std::string& out, double day)
 
 std::string DayToTimeTEL(double day)
 {
-    std::string text;
+    TextBuffer text;
     appendTimeTEL(text, day);
-    return text;
+    return text.str();
 }
 
 std::string DateToStr(int year, int month, int day, std::string separator)
 {
-    std::string text;
+    TextBuffer text;
     appendDate(text, {year, month, day}, separator);
-    return text;
+    return text.str();
 }
 
 std::string MJDToDate(double mjd, std::string separator)
 {
-    std::string text;
+    TextBuffer text;
     appendDate(text, dateOf(mjd), separator);
-    return text;
+    return text.str();
 }
 
 std::string MJDToDateMEA(double mjd)
 {
     const Date date = dateOf(mjd);
-    std::string text;
+    TextBuffer text;
     appendTwoDigits(text, date.day);
     appendTwoDigits(text, date.month);
     const std::string year = IntToStr(date.year);
-    return text += year.size() > 2 ? year.substr(year.size() - 2) : year;
+    text += year.size() > 2 ? year.substr(year.size() - 2) : year;
+    return text.str();
 }
 
 std::string MJDToDateTEL(double mjd)
 {
     const Date date = dateOf(mjd);
-    std::string text;
+    TextBuffer text;
     appendTwoDigits(text, date.day);
     text += '.';
     appendTwoDigits(text, date.month);
     text += '.';
     appendInt(text, date.year);
-    return text;
+    return text.str();
 }
 
 int packedDate(std::string_view text)
@@ -210,8 +241,14 @@ int packedDate(std::string_view text)
 
 double packedTime(std::string_view text)
 {
+    const auto dayOf = [](double hour, double minute, double second) {
+        return (second / 3600.0 + (minute / 60.0 + hour)) / 24.0;
+    };
+    if (const auto packed = packedDigits(text)) {
+        return dayOf(packed->whole, packed->minutes, packed->seconds);
+    }
     const double second = packedSeconds(text, 4);
-    return (second / 3600.0 + (toDouble(text.substr(2, 2)) / 60.0 + toDouble(text.substr(0, 2)))) / 24.0;
+    return dayOf(toDouble(text.substr(0, 2)), toDouble(text.substr(2, 2)), second);
 }
 
 int StrTELToDate(std::string text)
@@ -228,12 +265,12 @@ std::string DateTimeToStr(int year, int month, int day, int hour, int minute, do
                           std::string dateSeparator, std::string timeSeparator, std::string middleSeparator,
                           int precision)
 {
-    std::string text;
+    TextBuffer text;
     appendDate(text, {year, month, day}, dateSeparator);
     text += middleSeparator;
     appendHourAndMinute(text, hour, minute, timeSeparator);
     appendFixedTwoDigits(text, second, precision);
-    return text;
+    return text.str();
 }
 
 std::string DateTimeToStr(const TDateTime& dateTime, std::string dateSeparator, std::string timeSeparator,
@@ -273,6 +310,14 @@ int DateToMJD(std::string text, std::string separator)
 
 double timeToDay(std::string_view text, char separator)
 {
+    if (text.size() > 5 && text[2] == separator && text[5] == separator) {
+        const auto hour = twoDigits(text.substr(0, 2));
+        const auto minute = twoDigits(text.substr(3, 2));
+        if (hour && minute) {
+            const std::string_view rest = text.substr(6);
+            return TimeToDay(*hour, *minute, toDouble(rest.substr(0, rest.find(separator))));
+        }
+    }
     const auto [hour, minute, second] = threeParts(text, separator);
     return TimeToDay(toInt(hour), toInt(minute), toDouble(second));
 }
@@ -312,12 +357,12 @@ std::string NowToDate(std::string separator)
     return DateToStr(0, 0, 0, separator);
 }
 
-void appendDate(std::string& out, DateTexts& dates, int date, const char* separator)
+void appendDate(TextBuffer& out, DateTexts& dates, int date, const char* separator)
 {
     out += dates.answerTo(date, [separator](int day) { return MJDToDate(day, separator); });
 }
 
-void appendEpoch(std::string& out, DateTexts& dates, int date, double time)
+void appendEpoch(TextBuffer& out, DateTexts& dates, int date, double time)
 {
     appendDate(out, dates, date, "-");
     out += 'T';

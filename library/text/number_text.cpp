@@ -1,6 +1,7 @@
 #include "text/number_text.h"
 
 #include "base/numbers.h"
+#include "base/text_buffer.h"
 #include "base/tokens.h"
 
 #include <algorithm>
@@ -32,9 +33,9 @@ std::string padded(std::string text, std::ios_base::fmtflags adjust, int width, 
 
 std::string Str9(double value, int precision)
 {
-    std::string text;
+    TextBuffer text;
     appendFixed(text, value, precision);
-    return text;
+    return text.str();
 }
 
 double SetPrecision(double value, int precision)
@@ -44,9 +45,9 @@ double SetPrecision(double value, int precision)
 
 std::string IntToStr(int value)
 {
-    std::string text;
+    TextBuffer text;
     appendInt(text, value);
-    return text;
+    return text.str();
 }
 
 std::string FloatToStr(double value)

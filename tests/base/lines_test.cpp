@@ -1,5 +1,6 @@
 #include "base/lines.h"
 
+#include "base/text_buffer.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -32,10 +33,10 @@ struct Person
 
 constexpr TokenField<Person, Person> personFields[] = {
     {[](Person& to, std::string_view text) { to.name = text; },
-     [](std::string& out, const Person& from) { out += from.name; }},
-    {takeNothing, [](std::string& out, const Person& /*from*/) { out += "aged"; }},
+     [](TextBuffer& out, const Person& from) { out += from.name; }},
+    {takeNothing, [](TextBuffer& out, const Person& /*from*/) { out += "aged"; }},
     {[](Person& to, std::string_view text) { to.age = static_cast<int>(text.size()); },
-     [](std::string& out, const Person& from) { out.append(static_cast<std::size_t>(from.age), 'I'); }},
+     [](TextBuffer& out, const Person& from) { out.append(static_cast<std::size_t>(from.age), 'I'); }},
 };
 
 // Keeps what it is given.
@@ -141,10 +142,10 @@ TEST(Field, AllOfALineLeaveNoGapAndNoRest)
 
 TEST(Field, BlankOneIsAppendedInItsWidth)
 {
-    std::string line = "a";
+    TextBuffer line("a");
     appendBlank(line, {2, 3});
     appendBlank(line, {5, 0});
-    EXPECT_EQ(line, "a   ");
+    EXPECT_EQ(line.view(), "a   ");
 }
 
 TEST(TextWithoutBlanks, KeepsAllElse)
@@ -165,9 +166,9 @@ TEST(TokenFields, AreReadInTheirOrder)
 
 TEST(TokenFields, AreAppendedWithABlankBetweenThem)
 {
-    std::string line = "<";
+    TextBuffer line("<");
     appendFields<personFields>(line, Person{"Ann", 2});
-    EXPECT_EQ(line, "<Ann aged II");
+    EXPECT_EQ(line.view(), "<Ann aged II");
 }
 
 TEST(TakeLines, ReservesRoomAndGivesEachLineOfAListAsItIs)

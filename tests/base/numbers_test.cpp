@@ -1,5 +1,6 @@
 #include "base/numbers.h"
 
+#include "base/text_buffer.h"
 #include "support/random.h"
 #include "support/same_bits.h"
 
@@ -38,8 +39,9 @@ public:
         text.clear();
         appendFixed(text, value, precision);
         if (text.size() != static_cast<std::size_t>(size) ||
-            std::memcmp(text.data(), expected, text.size()) != 0) {
-            ADD_FAILURE() << "precision " << precision << ": " << text << " instead of " << expected;
+            std::memcmp(text.view().data(), expected, text.size()) != 0)
+        {
+            ADD_FAILURE() << "precision " << precision << ": " << text.view() << " instead of " << expected;
             ++differences;
         }
     }
@@ -50,7 +52,7 @@ public:
 
 private:
     char expected[512] = {};
-    std::string text;
+    TextBuffer text;
     int differences = 0;
 };
 
@@ -538,9 +540,9 @@ TEST(AppendFixedTwoDigits, ZeroInFrontOfWhatRoundsBelowTen)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
-        std::string out = "before";
+        TextBuffer out("before");
         appendFixedTwoDigits(out, row.value, row.precision);
-        EXPECT_EQ(out, std::string("before") + row.text);
+        EXPECT_EQ(out.view(), std::string("before") + row.text);
     }
 }
 
@@ -563,9 +565,9 @@ TEST(AppendTwoDigits, ZeroInFrontOfAValueOfAtMostNine)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
-        std::string out = "before";
+        TextBuffer out("before");
         appendTwoDigits(out, row.value);
-        EXPECT_EQ(out, std::string("before") + row.text);
+        EXPECT_EQ(out.view(), std::string("before") + row.text);
     }
 }
 
@@ -582,42 +584,44 @@ TEST(ErasePoint, FirstPointAtOrBehindThePositionGoes)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
-        std::string out = row.text;
+        TextBuffer out(row.text);
         erasePoint(out, row.position);
-        EXPECT_EQ(out, row.rest);
+        EXPECT_EQ(out.view(), row.rest);
     }
 }
 
 TEST(AppendPadded, BlanksFillTheWidthOnTheSideOfTheName)
 {
-    std::string out = "|";
+    TextBuffer out("|");
     appendPaddedRight(out, "ab", 5);
-    EXPECT_EQ(out, "|ab   ");
-    out = "|";
+    EXPECT_EQ(out.view(), "|ab   ");
+    out.clear();
+    out += "|";
     appendPaddedLeft(out, "ab", 5);
-    EXPECT_EQ(out, "|   ab");
-    out = "|";
+    EXPECT_EQ(out.view(), "|   ab");
+    out.clear();
+    out += "|";
     appendPaddedRight(out, "", 2);
     appendPaddedLeft(out, "", 3);
-    EXPECT_EQ(out, "|     ");
+    EXPECT_EQ(out.view(), "|     ");
 }
 
 TEST(AppendPadded, LongerTextIsKeptWhole)
 {
-    std::string out = "|";
+    TextBuffer out("|");
     appendPaddedRight(out, "abcdefg", 5);
     appendPaddedLeft(out, "hijklmn", 5);
     appendPaddedRight(out, "opq", 3);
     appendPaddedLeft(out, "rst", 3);
     appendPaddedRight(out, "u", 0);
-    EXPECT_EQ(out, "|abcdefghijklmnopqrstu");
+    EXPECT_EQ(out.view(), "|abcdefghijklmnopqrstu");
 }
 
 TEST(Numbers, CellIsTheNumberAndWhatEndsIt)
 {
-    std::string text = "a\t";
+    TextBuffer text("a\t");
     appendCell(text, 1.005, 2, '\t');
     appendCell(text, -0.0, 1, ',');
     appendCell(text, 12.0, 0, '\n');
-    EXPECT_EQ(text, "a\t1.00\t-0.0,12\n");
+    EXPECT_EQ(text.view(), "a\t1.00\t-0.0,12\n");
 }

@@ -2,6 +2,7 @@
 #include "formats/tdm.h"
 #include "text/date_text.h"
 
+#include "base/text_buffer.h"
 #include "support/failed_writes.h"
 #include "support/measured_marks.h"
 #include "support/sexagesimal.h"
@@ -41,10 +42,10 @@ std::string dataOf(const std::string& epoch, const std::string& RA, const std::s
 
 std::string epochOf(const TRecLabelPervichka_File& mark)
 {
-    std::string text;
+    TextBuffer text;
     DateTexts dates;
     appendEpoch(text, dates, mark.date, mark.time);
-    return text;
+    return text.str();
 }
 
 } // namespace

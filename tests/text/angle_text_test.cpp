@@ -1,5 +1,7 @@
 #include "text/angle_text.h"
 
+#include "base/text_buffer.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -210,12 +212,13 @@ TEST(AngleText, AppendedAnglesAreThoseOfTheTextFunctions)
         for (const int precision : {0, 1, 2, 3, 6, 12}) {
             for (const char* separator : {"", " ", ":", " - "}) {
                 SCOPED_TRACE(degrees);
-                std::string out = "before";
+                TextBuffer out("before");
                 appendRA(out, degrees, precision, separator);
-                EXPECT_EQ(out, "before" + RAToStr(degrees, precision, separator, true));
-                out = "before";
+                EXPECT_EQ(out.view(), "before" + RAToStr(degrees, precision, separator, true));
+                out.clear();
+                out += "before";
                 appendDE(out, degrees, precision, separator);
-                EXPECT_EQ(out, "before" + DEToStr(degrees, precision, separator, true));
+                EXPECT_EQ(out.view(), "before" + DEToStr(degrees, precision, separator, true));
             }
         }
     }
@@ -507,11 +510,11 @@ TEST(PackedSeconds, TextThatEndsBeforeTheTwoCharactersIsOutOfRange)
 
 TEST(PackedAngles, HaveNeitherSeparatorNorPoint)
 {
-    std::string text = "a.b ";
+    TextBuffer text("a.b ");
     tavelinUtils::appendPackedRA(text, 15.0, 4);
     text += ' ';
     tavelinUtils::appendPackedDE(text, -0.5, 2);
     text += ' ';
     tavelinUtils::appendPackedDE(text, 12.0916666, 0);
-    EXPECT_EQ(text, "a.b 0100000000 -00300000 120530");
+    EXPECT_EQ(text.view(), "a.b 0100000000 -00300000 120530");
 }

@@ -2,6 +2,7 @@
 
 #include "base/last_answer.h"
 
+#include "base/text_buffer.h"
 #include "support/time_zone.h"
 
 #include <gtest/gtest.h>
@@ -68,9 +69,9 @@ TEST(DateText, AppendedDatesAreThoseOfTheTextFunction)
     DateTexts dates;
     for (const int date : {60000, 60000, 0, 60000, 51544, -671581, 0, 2147483647}) {
         SCOPED_TRACE(date);
-        std::string out = "before";
+        TextBuffer out("before");
         appendDate(out, dates, date, "-");
-        EXPECT_EQ(out, "before" + MJDToDate(date, "-"));
+        EXPECT_EQ(out.view(), "before" + MJDToDate(date, "-"));
     }
 }
 
@@ -78,11 +79,11 @@ TEST(DateText, AppendedDatesAreThoseOfTheTextFunction)
 TEST(DateText, MemoServesOneSeparator)
 {
     DateTexts dates;
-    std::string out;
+    TextBuffer out;
     appendDate(out, dates, 60000, "-");
     appendDate(out, dates, 60000, "/");
     appendDate(out, dates, 60001, "/");
-    EXPECT_EQ(out, "2023-02-252023-02-252023/02/26");
+    EXPECT_EQ(out.view(), "2023-02-252023-02-252023/02/26");
 }
 
 TEST(DateText, MeaDateHasTheLastTwoCharactersOfTheYear)

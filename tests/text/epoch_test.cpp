@@ -1,6 +1,7 @@
 #include "base/last_answer.h"
 #include "text/date_text.h"
 
+#include "base/text_buffer.h"
 #include "support/sexagesimal.h"
 
 #include <gtest/gtest.h>
@@ -37,7 +38,7 @@ void expectRead(const EpochRow (&rows)[count])
 
 TEST(Epoch, IsAppendedAndDatesMayAlternate)
 {
-    std::string text = "<";
+    TextBuffer text("<");
     DateTexts dates;
     appendEpoch(text, dates, 60000, 0.5);
     text += "|";
@@ -46,8 +47,8 @@ TEST(Epoch, IsAppendedAndDatesMayAlternate)
     appendEpoch(text, dates, 0, 0.25);
     text += "|";
     appendEpoch(text, dates, 60000, 0.75);
-    EXPECT_EQ(text, "<2023-02-25T12:00:00.00000|2023-02-25T06:00:00.00000|1858-11-17T06:00:00.00000|"
-                    "2023-02-25T18:00:00.00000");
+    EXPECT_EQ(text.view(), "<2023-02-25T12:00:00.00000|2023-02-25T06:00:00.00000|1858-11-17T06:00:00.00000|"
+                           "2023-02-25T18:00:00.00000");
 }
 
 TEST(Epoch, DateAndTimeAreRead)

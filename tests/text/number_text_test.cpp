@@ -1,6 +1,7 @@
 #include "base/numbers.h"
 #include "text/number_text.h"
 
+#include "base/text_buffer.h"
 #include "support/child_process.h"
 #include "support/random.h"
 #include "support/same_bits.h"
@@ -129,9 +130,9 @@ TEST(FixedNotation, AppendedNumbersAreThoseOfTheTextFunction)
     int precision = -1;
     for (const double value : values) {
         precision = precision == 25 ? -1 : precision + 1;
-        std::string out = "before";
+        TextBuffer out("before");
         appendFixed(out, value, precision);
-        ASSERT_EQ(out, "before" + Str9(value, precision));
+        ASSERT_EQ(out.view(), "before" + Str9(value, precision));
     }
 }
 
@@ -194,9 +195,9 @@ TEST(IntToStr, WritesDecimals)
 TEST(IntToStr, AppendedIntegersAreThoseOfTheTextFunction)
 {
     for (const int value : {0, 1, -1, 9, 10, -10, 99, 100, 60000, highest, lowest}) {
-        std::string out = "before";
+        TextBuffer out("before");
         appendInt(out, value);
-        EXPECT_EQ(out, "before" + IntToStr(value));
+        EXPECT_EQ(out.view(), "before" + IntToStr(value));
     }
 }
 

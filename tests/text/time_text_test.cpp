@@ -1,5 +1,7 @@
 #include "text/date_text.h"
 
+#include "base/text_buffer.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -252,9 +254,9 @@ TEST(TimeText, AppendedTimesAreThoseOfTheTextFunction)
         for (const int precision : {-1, 0, 2, 5, 20}) {
             for (const char* separator : {":", " ", "", "::"}) {
                 SCOPED_TRACE(std::to_string(day) + " " + std::to_string(precision) + separator);
-                std::string out = "before";
+                TextBuffer out("before");
                 appendTime(out, day, precision, separator);
-                EXPECT_EQ(out, "before" + DayToTime(day, precision, separator));
+                EXPECT_EQ(out.view(), "before" + DayToTime(day, precision, separator));
             }
         }
     }
@@ -368,9 +370,9 @@ TEST(TimeTextMea, AppendedTimesAreThoseOfTheTextFunction)
         for (const int precision : {0, 1, 2, 3, 6, 15, 20}) {
             for (const bool rounded : {false, true}) {
                 SCOPED_TRACE(day);
-                std::string out = "before";
+                TextBuffer out("before");
                 appendTimeMEA(out, day, precision, rounded);
-                EXPECT_EQ(out, "before" + DayToTimeMEA(day, precision, rounded));
+                EXPECT_EQ(out.view(), "before" + DayToTimeMEA(day, precision, rounded));
             }
         }
     }
@@ -398,8 +400,8 @@ TEST(TimeTextTelegram, AppendedTimesAreThoseOfTheTextFunction)
          {0.0, 0.5, 0.04317125, 0.04374995370370371, 0.99999999999999, -0.25, 60000.25, notANumber})
     {
         SCOPED_TRACE(day);
-        std::string out = "before";
+        TextBuffer out("before");
         appendTimeTEL(out, day);
-        EXPECT_EQ(out, "before" + DayToTimeTEL(day));
+        EXPECT_EQ(out.view(), "before" + DayToTimeTEL(day));
     }
 }
