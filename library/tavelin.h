@@ -65,6 +65,7 @@
 #include "records/photo_blob.h"
 #include "records/pixel.h"
 #include "records/track.h"
+#include "records/track_stream.h"
 #include "results/code_table.h"
 #include "results/failure_saving.h"
 #include "results/result.h"

@@ -1,5 +1,6 @@
 #include "base/bytes.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -85,6 +86,93 @@ bool writeBytes(const std::string& path, const char* mode, std::string_view byte
     std::setvbuf(stream.get(), nullptr, _IONBF, 0);
     const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stream.get()) == bytes.size();
     return std::fclose(stream.release()) == 0 && written;
+}
+
+// A small file is one piece, read with the byte that is not there and so tells its end.
+LinePieces::LinePieces(std::FILE* file, std::size_t pieceLength)
+    : stream(file), room(pieceLength), bytes(std::make_unique_for_overwrite<char[]>(room))
+{
+}
+
+bool LinePieces::next()
+{
+    size -= lineEnd;
+    std::memmove(bytes.get(), bytes.get() + lineEnd, size);
+    lineEnd = 0;
+    while (lineEnd == 0 && readMore()) {
+    }
+    return lineEnd != 0;
+}
+
+// Reads as much as there is room for and looks for the last whole line; false at the end of the file, where a
+// line without a line feed is whole too.
+bool LinePieces::readMore()
+{
+    if (size == room) {
+        auto larger = std::make_unique_for_overwrite<char[]>(2 * room);
+        std::memcpy(larger.get(), bytes.get(), size);
+        bytes = std::move(larger);
+        room *= 2;
+    }
+    const std::size_t count = std::fread(bytes.get() + size, 1, room - size, stream);
+    const std::string_view read(bytes.get() + size, count);
+    const std::size_t feed = read.rfind('\n');
+    size += count;
+    if (feed != std::string_view::npos) {
+        lineEnd = size - count + feed + 1;
+    } else if (count == 0 && !failed()) {
+        lineEnd = size;
+    }
+    return count != 0;
+}
+
+bool LinePieces::failed() const
+{
+    return std::ferror(stream) != 0;
+}
+
+PieceFile::PieceFile(std::string filePath, Old oldFile) : path(std::move(filePath)), old(oldFile)
+{
+    constexpr std::size_t longestAddition = std::size_t{1} << 12;
+    buffer.reserve(pieceLength + longestAddition);
+}
+
+bool PieceFile::writePieces()
+{
+    while (buffer.size() > pieceLength) {
+        write(buffer.view().substr(0, pieceLength));
+        buffer.erase(0, pieceLength);
+    }
+    return complete;
+}
+
+bool PieceFile::close()
+{
+    writePieces();
+    write(buffer.view());
+    buffer.clear();
+    return file && std::fclose(file.release()) == 0 && complete;
+}
+
+void PieceFile::write(std::string_view bytes)
+{
+    if (!opened) {
+        open();
+    }
+    complete = complete && file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
+}
+
+void PieceFile::open()
+{
+    opened = true;
+    if (old == Old::removed || old == Old::removedAndAppendedTo) {
+        std::remove(path.c_str());
+    }
+    const bool appends = old == Old::appendedTo || old == Old::removedAndAppendedTo;
+    file = openFile(path, appends ? "a" : "w");
+    if (file) {
+        std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    }
 }
 
 } // namespace tavelinUtils

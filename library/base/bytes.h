@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "text_buffer.h"
+
 #include <cstddef>
 #include <cstdio>
 #include <memory>
@@ -59,5 +61,82 @@ bool readBytes(const std::string& path, FileBytes& file);
 
 /// Opens a file in the mode and writes the bytes in one call. False when opening, writing or closing fails.
 bool writeBytes(const std::string& path, const char* mode, std::string_view bytes);
+
+/// The bytes of an open file in pieces, each of whole lines. Memory does not grow with the file, but for a
+/// line that is longer than a piece.
+class LinePieces
+{
+public:
+    static constexpr std::size_t usualLength = std::size_t{1} << 18;
+
+    explicit LinePieces(std::FILE* stream, std::size_t pieceLength = usualLength);
+
+    /// Takes the next piece; false after the last one and where the file cannot be read.
+    bool next();
+
+    /// The lines of the piece with their ends, which the last line of the file may lack.
+    std::string_view lines() const
+    {
+        return {bytes.get(), lineEnd};
+    }
+
+    /// Whether the file could not be read to its end.
+    bool failed() const;
+
+private:
+    bool readMore();
+
+    std::FILE* stream;
+    std::size_t room;
+    std::unique_ptr<char[]> bytes;
+    std::size_t size = 0;    // of the bytes that are there
+    std::size_t lineEnd = 0; // of the last whole line among them
+};
+
+/// A file that is written in pieces through one buffer. It is opened when the first piece goes out, so that
+/// what comes to at most one piece is one write.
+class PieceFile
+{
+public:
+    static constexpr std::size_t pieceLength = std::size_t{1} << 20;
+
+    /// What happens to a file that is there already.
+    enum class Old
+    {
+        replaced,
+        removed,
+        appendedTo,
+        removedAndAppendedTo
+    };
+
+    PieceFile(std::string path, Old old);
+
+    /// What has not been written yet, to be appended to.
+    TextBuffer& text()
+    {
+        return buffer;
+    }
+
+    /// Writes out full pieces. False when opening or writing has failed, now or before.
+    bool writeFull()
+    {
+        return buffer.size() <= pieceLength ? complete : writePieces();
+    }
+
+    /// Writes the rest and closes the file. False when anything has failed.
+    bool close();
+
+private:
+    bool writePieces();
+    void write(std::string_view bytes);
+    void open();
+
+    std::string path;
+    Old old;
+    OpenFile file;
+    bool opened = false;
+    bool complete = true;
+    TextBuffer buffer;
+};
 
 } // namespace tavelinUtils

@@ -128,11 +128,10 @@ inline std::size_t countLines(std::string_view bytes)
     return static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1;
 }
 
-/// Gives each line of a list to a reader: reserve(lines) once, then add(line) for each.
+/// Gives each line of a list to a reader, by add(line).
 template <class Reader>
 void takeLines(const std::vector<std::string>& lines, Reader& reader)
 {
-    reader.reserve(lines.size());
     for (const std::string& line : lines) {
         reader.add(line);
     }
@@ -142,21 +141,19 @@ void takeLines(const std::vector<std::string>& lines, Reader& reader)
 template <class Reader>
 void takeLines(std::string_view bytes, Reader& reader)
 {
-    reader.reserve(countLines(bytes));
     forEachLine(bytes, [&reader](std::string_view line) { reader.add(line); });
 }
 
-/// The same for each line of an open file. False for a file that cannot be read; the reader is then
-/// untouched.
+/// The same for each line of an open file. False for a file that cannot be read to its end: a reader that has
+/// taken lines of it is not to be used any more.
 template <class Reader>
-bool readLines(std::FILE* stream, Reader& reader)
+bool readLines(std::FILE* stream, Reader& reader, std::size_t pieceLength = LinePieces::usualLength)
 {
-    FileBytes file;
-    if (!readBytes(stream, file)) {
-        return false;
+    LinePieces pieces(stream, pieceLength);
+    while (pieces.next()) {
+        takeLines(pieces.lines(), reader);
     }
-    takeLines(file.view(), reader);
-    return true;
+    return !pieces.failed();
 }
 
 /// The same for each line of a file. False also for a file that cannot be opened, and for a folder.

@@ -17,12 +17,6 @@ constexpr std::size_t usualSetLength = 170;
 class ElementSetLines
 {
 public:
-    void reserve(std::size_t lines)
-    {
-        constexpr std::size_t linesOfASet = 3;
-        sets.reserve(lines / linesOfASet + 1);
-    }
-
     void add(std::string_view line)
     {
         switch (line.empty() ? ' ' : line.front()) {
@@ -51,8 +45,8 @@ private:
 std::vector<TTLEstr> l3LEstr(std::string path)
 {
     ElementSetLines reader;
-    readLines(path, reader); // a missing file has no lines
-    return reader.takeSets();
+    const bool isRead = readLines(path, reader); // a missing file is not
+    return isRead ? reader.takeSets() : std::vector<TTLEstr>{};
 }
 
 void s3LEstr(std::string path, const std::vector<TTLEstr>& sets)

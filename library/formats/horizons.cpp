@@ -51,11 +51,6 @@ public:
     {
     }
 
-    void reserve(std::size_t lines)
-    {
-        marks.reserve(lines);
-    }
-
     void add(std::string_view line)
     {
         if (place == Place::before) {
@@ -73,6 +68,13 @@ public:
         for (const MeasuredMark& mark : marks) {
             setMeasured(track.Marks.emplace_back(), mark);
         }
+    }
+
+    // Drops what a file gave that then could not be read to its end.
+    void forget()
+    {
+        marks.clear();
+        place = Place::before;
     }
 
     bool tableIsWhole() const
@@ -140,7 +142,11 @@ int lHorizons(const std::vector<std::string>& lines, TrackVtorichka& track)
 
 int lHorizons(std::string path, TrackVtorichka& track)
 {
-    return readTable(track, [&path](HorizonsLines& reader) { readLines(path, reader); });
+    return readTable(track, [&path](HorizonsLines& reader) {
+        if (!readLines(path, reader)) {
+            reader.forget(); // a missing file has no lines
+        }
+    });
 }
 
 } // namespace tavelinUtils

@@ -4,7 +4,8 @@
 #include "base/last_answer.h"
 #include "base/lines.h"
 #include "base/numbers.h"
-#include "files/text_files.h"
+#include "base/tokens.h"
+#include "files/text_file.h"
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
@@ -15,6 +16,7 @@
 #include <cstddef>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 namespace tavelinUtils {
 namespace {
@@ -22,8 +24,6 @@ namespace {
 constexpr std::string_view siteEpoch = " 2000.0 UTC";
 constexpr std::string_view ephemerisColumns = "\tMJD\tRAmea\tDEmea\tRAtle\tDEtle\tresRA\tresDE";
 constexpr std::size_t nameWidth = 7;
-constexpr std::size_t usualLineLength = 64;
-constexpr std::size_t ephemerisLineLength = 160;
 
 // What a mark's line is read into.
 struct ReadMark
@@ -92,66 +92,55 @@ using Tokens = std::array<std::string_view, std::size(markFields)>;
 bool cutTokens(std::string_view line, Tokens& tokens)
 {
     std::size_t count = 0;
-    std::size_t at = 0;
-    while (true) {
-        while (at < line.size() && line[at] == ' ') {
-            ++at;
+    std::size_t begin = 0;
+    const auto takeUpTo = [&](std::size_t end) {
+        if (end > begin) {
+            if (count < tokens.size()) {
+                tokens[count] = line.substr(begin, end - begin);
+            }
+            ++count;
         }
-        if (at == line.size()) {
-            return count == tokens.size();
-        }
-        if (count == tokens.size()) {
-            return false;
-        }
-        const std::size_t begin = at;
-        while (at < line.size() && line[at] != ' ') {
-            ++at;
-        }
-        tokens[count++] = line.substr(begin, at - begin);
-    }
+        begin = end + 1;
+    };
+    forEachSeparator(line, ' ', takeUpTo);
+    takeUpTo(line.size());
+    return count == tokens.size();
 }
+
+// What is kept of a file.
+struct KeptMarks
+{
+    std::string telescope;
+    TrackGathering<MeasuredMark> gathering;
+};
 
 // Takes the lines of a file one after the other.
 class MeaLines
 {
 public:
-    void reserve(std::size_t lines)
+    explicit MeaLines(KeptMarks& marks) : kept(marks)
     {
-        gathering.reserve(lines);
     }
 
     void add(std::string_view line)
     {
         if (!siteSeen) {
             siteSeen = true;
-            telescope = line.substr(0, line.find(' '));
+            kept.telescope = line.substr(0, line.find(' '));
             return;
         }
         Tokens tokens;
         if (cutTokens(line, tokens)) {
             ReadMark read{days, {}, {}};
             readFields<markFields>(tokens, read);
-            gathering.add(read.object, read.mark);
+            kept.gathering.add(read.object, read.mark);
         }
     }
 
-    std::vector<TrackVtorichka> takeTracks(const std::string& originator) const
-    {
-        return gathering.tracks(
-            [&](TrackVtorichka& track, const std::string& object) {
-                track.telescope = telescope;
-                track.originator = originator;
-                track.QRVName = object;
-                track.NORAD = object;
-            },
-            setMeasured);
-    }
-
 private:
+    KeptMarks& kept;
     bool siteSeen = false;
-    std::string telescope;
     DayNumbers days;
-    TrackGathering<MeasuredMark> gathering;
 };
 
 void appendMarkLine(TextBuffer& out, const TrackVtorichka& track, std::size_t index, DateTexts& dates)
@@ -176,59 +165,162 @@ void appendComparedLine(TextBuffer& out, const TrackVtorichka& track, std::size_
     out += '\n';
 }
 
-// Writes the site line, from the first track alone, and a line for each mark.
-template <class AppendLine>
-void writeMea(const std::string& path, const std::vector<TrackVtorichka>& tracks, std::string_view columns,
-              std::size_t lineLength, AppendLine appendLine)
+// A file of marks, whose site line is that of the first track.
+class MeaFile
 {
-    if (tracks.empty()) {
-        return;
+public:
+    MeaFile(std::string path, std::string_view columnTitles) : file(std::move(path)), columns(columnTitles)
+    {
     }
-    TextBuffer text;
-    text.reserve((countMarks(tracks) + 1) * lineLength);
-    text += tracks.front().telescope;
-    text += siteEpoch;
-    text += columns;
-    text += '\n';
-    DateTexts dates;
-    for (const TrackVtorichka& track : tracks) {
+
+    template <class AppendLine>
+    void add(const TrackVtorichka& track, AppendLine appendLine)
+    {
+        if (!headed) {
+            headed = true;
+            appendSite(track.telescope);
+        }
         for (std::size_t index = 0; index < track.Marks.size(); ++index) {
-            fetchAhead(track.Marks, index);
-            appendLine(text, track, index, dates);
+            appendLine(file.text(), track, index, dates);
+            file.writeFull();
         }
     }
-    writeText(path, text);
-}
+
+    void save()
+    {
+        if (headed) {
+            file.close();
+        }
+    }
+
+private:
+    void appendSite(std::string_view telescope)
+    {
+        file.text() += telescope;
+        file.text() += siteEpoch;
+        file.text() += columns;
+        file.text() += '\n';
+    }
+
+    TextFile file;
+    std::string_view columns;
+    bool headed = false;
+    DateTexts dates;
+};
 
 } // namespace
 
+struct MeaSource::Store
+{
+    std::string originator;
+    KeptMarks kept{};
+};
+
+MeaSource::MeaSource(std::string path, std::string originator) : store(new Store{std::move(originator)})
+{
+    const OpenFile file = openFile(path, "rb");
+    if (!file) {
+        return;
+    }
+    std::setlocale(LC_NUMERIC, "C"); // also for a folder, which opens and has no lines
+    MeaLines reader(store->kept);
+    if (!readLines(file.get(), reader)) {
+        store->kept = {};
+    }
+}
+
+MeaSource::MeaSource(const std::vector<std::string>& lines, std::string originator)
+    : store(new Store{std::move(originator)})
+{
+    MeaLines reader(store->kept);
+    takeLines(lines, reader);
+}
+
+MeaSource::MeaSource(MeaSource&& other) noexcept = default;
+MeaSource::~MeaSource() = default;
+
+std::size_t MeaSource::count() const
+{
+    return store->kept.gathering.count();
+}
+
+bool MeaSource::next(TrackVtorichka& track)
+{
+    return store->kept.gathering.next(
+        track,
+        [this](TrackVtorichka& filled, std::string_view object) {
+            filled.telescope = store->kept.telescope;
+            filled.originator = store->originator;
+            filled.QRVName = object;
+            filled.NORAD = object;
+        },
+        setMeasured);
+}
+
+struct MeaSink::State
+{
+    MeaFile file;
+};
+
+MeaSink::MeaSink(std::string path) : state(new State{{std::move(path), ""}})
+{
+}
+
+MeaSink::MeaSink(MeaSink&& other) noexcept = default;
+MeaSink::~MeaSink() = default;
+
+void MeaSink::add(const TrackVtorichka& track)
+{
+    state->file.add(track, appendMarkLine);
+}
+
+bool MeaSink::save()
+{
+    state->file.save();
+    return true;
+}
+
+struct MeaEphemerisSink::State
+{
+    MeaFile file;
+};
+
+MeaEphemerisSink::MeaEphemerisSink(std::string path) : state(new State{{std::move(path), ephemerisColumns}})
+{
+}
+
+MeaEphemerisSink::MeaEphemerisSink(MeaEphemerisSink&& other) noexcept = default;
+MeaEphemerisSink::~MeaEphemerisSink() = default;
+
+void MeaEphemerisSink::add(const TrackVtorichka& track)
+{
+    state->file.add(track, appendComparedLine);
+}
+
+bool MeaEphemerisSink::save()
+{
+    state->file.save();
+    return true;
+}
+
 std::vector<TrackVtorichka> lMEATrack(const std::vector<std::string>& lines, std::string originator)
 {
-    MeaLines reader;
-    takeLines(lines, reader);
-    return reader.takeTracks(originator);
+    return allTracks(MeaSource(lines, originator));
 }
 
 std::vector<TrackVtorichka> plMEATrack(std::string path, std::string originator)
 {
-    const OpenFile file = openFile(path, "rb");
-    if (!file) {
-        return {};
-    }
-    std::setlocale(LC_NUMERIC, "C"); // also for a folder, which opens and has no lines
-    MeaLines reader;
-    readLines(file.get(), reader);
-    return reader.takeTracks(originator);
+    return allTracks(MeaSource(path, originator));
 }
 
 void sMEA(std::string path, const std::vector<TrackVtorichka>& tracks)
 {
-    writeMea(path, tracks, "", usualLineLength, appendMarkLine);
+    writeAll(MeaSink(path), tracks);
 }
 
 void sMEA_TLE(std::string path, const std::vector<TrackVtorichka>& tracks)
 {
-    writeMea(path, tracks, ephemerisColumns, ephemerisLineLength, appendComparedLine);
+    writeAll(MeaEphemerisSink(path), tracks);
 }
 
 } // namespace tavelinUtils

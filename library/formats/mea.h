@@ -8,10 +8,63 @@
 
 #include "../records/track.h"
 
+#include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace tavelinUtils {
+
+/// Hands out the tracks of a MEA file, or of its lines, one after the other (records/track_stream.h); what
+/// they are, and what is thrown when the source is made, is told with plMEATrack and lMEATrack.
+class MeaSource
+{
+public:
+    MeaSource(std::string path, std::string originator);
+    MeaSource(const std::vector<std::string>& lines, std::string originator);
+    MeaSource(MeaSource&& other) noexcept;
+    ~MeaSource();
+
+    std::size_t count() const;
+    bool next(TrackVtorichka& track);
+
+private:
+    struct Store;
+    std::unique_ptr<Store> store;
+};
+
+/// Writes tracks as sMEA does, one after the other. `add` and `save` throw as sMEA does; without a track the
+/// file stays as it is.
+class MeaSink
+{
+public:
+    explicit MeaSink(std::string path);
+    MeaSink(MeaSink&& other) noexcept;
+    ~MeaSink();
+
+    void add(const TrackVtorichka& track);
+    bool save();
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
+};
+
+/// The same with the ephemeris, as sMEA_TLE.
+class MeaEphemerisSink
+{
+public:
+    explicit MeaEphemerisSink(std::string path);
+    MeaEphemerisSink(MeaEphemerisSink&& other) noexcept;
+    ~MeaEphemerisSink();
+
+    void add(const TrackVtorichka& track);
+    bool save();
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
+};
 
 /// The tracks of a MEA file, one for each object in the order of its first line; none for a missing file.
 /// Puts the numeric locale of the process to "C". Throws as lMEATrack does.

@@ -4,6 +4,7 @@
 #include "base/lines.h"
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "files/text_file.h"
 #include "files/text_files.h"
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
@@ -12,6 +13,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <utility>
 
@@ -175,67 +177,98 @@ double timeOf(std::string_view line)
     return toDouble(std::string("0").append(withoutBlanks(cut(line, dayFraction))));
 }
 
-TMPCMea observationOf(std::string_view line, DayNumbers& days)
+MeasuredMark measuredOf(std::string_view line, DayNumbers& days)
 {
-    TMPCMea observation;
-    observation.Name = withoutBlanks(cut(line, nameField));
-    observation.date = days.answerTo(cut(line, dateField),
-                                     [](std::string_view text) { return DateToMJD(std::string(text), " "); });
-    observation.time = timeOf(line);
+    MeasuredMark mark;
+    mark.date = days.answerTo(cut(line, dateField),
+                              [](std::string_view text) { return DateToMJD(std::string(text), " "); });
+    mark.time = timeOf(line);
     const auto [hours, minutes, seconds] = threeParts(cut(line, rightAscension), ' ');
-    observation.RA = raOf(hours, minutes, seconds);
+    mark.RA = raOf(hours, minutes, seconds);
     const auto [degrees, arcminutes, arcseconds] = threeParts(cut(line, declination), ' ');
-    observation.DE = deOf(degrees, arcminutes, arcseconds);
-    observation.m = numberOf(line, magnitude);
-    observation.filtr = withoutBlanks(cut(line, band));
-    return observation;
+    mark.DE = deOf(degrees, arcminutes, arcseconds);
+    mark.m = numberOf(line, magnitude);
+    return mark;
 }
+
+// An observation, whose band is the number of a text.
+struct Observation
+{
+    MeasuredMark mark;
+    std::uint32_t band;
+};
+
+// What is kept of a report.
+struct KeptReport
+{
+    TMPCReportHeader header;
+    TextIndex bands;
+    TrackGathering<Observation> gathering;
+};
 
 // Takes the lines of a report one after the other.
 class MpcReportLines
 {
 public:
-    void reserve(std::size_t lines)
+    explicit MpcReportLines(KeptReport& report) : kept(report)
     {
-        gathering.reserve(lines);
     }
 
     void add(std::string_view line)
     {
         for (const HeaderLine& row : headerLines) {
             if (line.starts_with(row.keyword)) {
-                header.*row.text = line.substr(4); // throws where the line ends with the keyword
+                kept.header.*row.text = line.substr(4); // throws where the line ends with the keyword
                 return;
             }
         }
         if (line.size() == lineLength) {
-            TMPCMea observation = observationOf(line, days);
-            const std::string name = std::move(observation.Name);
-            gathering.add(name, std::move(observation));
+            const std::size_t filter = kept.bands.numberOf(withoutBlanks(cut(line, band)));
+            kept.gathering.add(withoutBlanks(cut(line, nameField)),
+                               {measuredOf(line, days), static_cast<std::uint32_t>(filter)});
         }
     }
 
-    std::vector<TrackVtorichka> takeTracks() const
+private:
+    KeptReport& kept;
+    DayNumbers days;
+};
+
+// A report of marks. Its header is that of the first track.
+class ReportFile
+{
+public:
+    explicit ReportFile(std::string path) : file(std::move(path))
     {
-        return gathering.tracks(
-            [this](TrackVtorichka& track, const std::string& name) {
-                track.MPCChecker = name;
-                track.MPCHeader = header;
-            },
-            [](TRecLabelPervichka_File& mark, const TMPCMea& observation) {
-                mark.date = observation.date;
-                mark.time = observation.time;
-                mark.RA = observation.RA;
-                mark.DE = observation.DE;
-                mark.m = observation.m;
-                mark.filtr = observation.filtr;
-            });
+    }
+
+    // The end of a line is appended behind the observation of the mark at an index.
+    template <class AppendEnd>
+    void add(const TrackVtorichka& track, std::string_view name, AppendEnd appendEnd)
+    {
+        if (!headed) {
+            headed = true;
+            appendHeader(file.text(), track.MPCHeader);
+        }
+        for (std::size_t index = 0; index < track.Marks.size(); ++index) {
+            appendObservation(file.text(), name, track.MPCHeader.COD, track.Marks[index], dates);
+            appendEnd(file.text(), index);
+            file.text() += '\n';
+            file.writeFull();
+        }
+    }
+
+    void save()
+    {
+        if (headed) {
+            file.close();
+        }
     }
 
 private:
-    TMPCReportHeader header;
-    DayNumbers days;
-    TrackGathering<TMPCMea> gathering;
+    TextFile file;
+    bool headed = false;
+    DateTexts dates;
 };
 
 } // namespace
@@ -260,69 +293,136 @@ std::string GetStringMPC(std::string name, std::string code, const TRecLabelPerv
     return line.str();
 }
 
+struct MpcReportSource::Store
+{
+    KeptReport kept{};
+};
+
+MpcReportSource::MpcReportSource(std::string path) : store(new Store)
+{
+    MpcReportLines reader(store->kept);
+    if (!readLines(path, reader)) {
+        store->kept = {}; // a missing file has no lines
+    }
+}
+
+MpcReportSource::MpcReportSource(const std::vector<std::string>& lines) : store(new Store)
+{
+    MpcReportLines reader(store->kept);
+    takeLines(lines, reader);
+}
+
+MpcReportSource::MpcReportSource(MpcReportSource&& other) noexcept = default;
+MpcReportSource::~MpcReportSource() = default;
+
+std::size_t MpcReportSource::count() const
+{
+    return store->kept.gathering.count();
+}
+
+bool MpcReportSource::next(TrackVtorichka& track)
+{
+    return store->kept.gathering.next(
+        track,
+        [this](TrackVtorichka& filled, std::string_view name) {
+            filled.MPCChecker = name;
+            filled.MPCHeader = store->kept.header;
+        },
+        [this](TRecLabelPervichka_File& mark, const Observation& observation) {
+            setMeasured(mark, observation.mark);
+            mark.filtr = store->kept.bands[observation.band];
+        });
+}
+
+struct MpcReportSink::State
+{
+    ReportFile file;
+};
+
+MpcReportSink::MpcReportSink(std::string path) : state(new State{ReportFile(std::move(path))})
+{
+}
+
+MpcReportSink::MpcReportSink(MpcReportSink&& other) noexcept = default;
+MpcReportSink::~MpcReportSink() = default;
+
+void MpcReportSink::add(const TrackVtorichka& track)
+{
+    const std::string& name = track.MPCChecker.empty() ? track.QRVName : track.MPCChecker;
+    state->file.add(track, name, [](TextBuffer& /*out*/, std::size_t /*index*/) {});
+}
+
+bool MpcReportSink::save()
+{
+    state->file.save();
+    return true;
+}
+
+struct MpcComparisonSink::State
+{
+    ReportFile file;
+};
+
+MpcComparisonSink::MpcComparisonSink(std::string path) : state(new State{ReportFile(std::move(path))})
+{
+}
+
+MpcComparisonSink::MpcComparisonSink(MpcComparisonSink&& other) noexcept = default;
+MpcComparisonSink::~MpcComparisonSink() = default;
+
+void MpcComparisonSink::add(const TrackVtorichka& track, const TrackVtorichka* ephemeris)
+{
+    state->file.add(track, track.MPCChecker, [&](TextBuffer& out, std::size_t index) {
+        if (ephemeris != nullptr && index < ephemeris->Marks.size()) {
+            appendComparison(out, ephemeris->Marks[index], track.Marks[index].time);
+        } else {
+            out += "???";
+        }
+    });
+}
+
+bool MpcComparisonSink::save()
+{
+    state->file.save();
+    return true;
+}
+
 void sMPC(std::string path, const std::vector<TrackVtorichka>& tracks)
 {
-    if (tracks.empty()) {
-        return;
-    }
-    TextBuffer text;
-    text.reserve((countMarks(tracks) + 10) * (lineLength + 2));
-    appendHeader(text, tracks.front().MPCHeader);
-    DateTexts dates;
-    for (const TrackVtorichka& track : tracks) {
-        const std::string& name = track.MPCChecker.empty() ? track.QRVName : track.MPCChecker;
-        for (std::size_t j = 0; j < track.Marks.size(); ++j) {
-            fetchAhead(track.Marks, j);
-            appendObservation(text, name, track.MPCHeader.COD, track.Marks[j], dates);
-            text += '\n';
-        }
-    }
-    writeText(path, text);
+    writeAll(MpcReportSink(path), tracks);
 }
 
 void sMPCAndHorRes(std::string path, const std::vector<TrackVtorichka>& tracks,
                    const std::vector<TrackVtorichka>& ephemerisTracks)
 {
-    if (tracks.empty()) {
-        return;
-    }
-    TextBuffer text;
-    appendHeader(text, tracks.front().MPCHeader);
-    DateTexts dates;
+    MpcComparisonSink sink(path);
     for (std::size_t i = 0; i < tracks.size(); ++i) {
-        const TrackVtorichka& track = tracks[i];
-        for (std::size_t j = 0; j < track.Marks.size(); ++j) {
-            const TRecLabelPervichka_File& mark = track.Marks[j];
-            appendObservation(text, track.MPCChecker, track.MPCHeader.COD, mark, dates);
-            if (i < ephemerisTracks.size() && j < ephemerisTracks[i].Marks.size()) {
-                appendComparison(text, ephemerisTracks[i].Marks[j], mark.time);
-            } else {
-                text += "???";
-            }
-            text += '\n';
-        }
+        sink.add(tracks[i], i < ephemerisTracks.size() ? &ephemerisTracks[i] : nullptr);
     }
-    writeText(path, text);
+    sink.save();
 }
 
 std::vector<TrackVtorichka> lMPC(const std::vector<std::string>& lines)
 {
-    MpcReportLines reader;
-    takeLines(lines, reader);
-    return reader.takeTracks();
+    return allTracks(MpcReportSource(lines));
 }
 
 std::vector<TrackVtorichka> lMPC(std::string path)
 {
-    MpcReportLines reader;
-    readLines(path, reader); // a missing file has no lines
-    return reader.takeTracks();
+    return allTracks(MpcReportSource(path));
 }
 
 TMPCMea ParsMPCMea(std::string line)
 {
     DayNumbers days;
-    return observationOf(line, days);
+    const MeasuredMark mark = measuredOf(line, days);
+    return {.Name = withoutBlanks(cut(line, nameField)),
+            .filtr = withoutBlanks(cut(line, band)),
+            .date = mark.date,
+            .time = mark.time,
+            .RA = mark.RA,
+            .DE = mark.DE,
+            .m = mark.m};
 }
 
 std::string getHeadMPC()

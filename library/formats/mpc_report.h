@@ -13,6 +13,8 @@
 
 #include "../records/track.h"
 
+#include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -28,6 +30,58 @@ struct TMPCMea
     double RA = 0;   ///< degrees
     double DE = 0;   ///< degrees
     double m = 0;    ///< magnitude
+};
+
+/// Hands out the tracks of a report, or of its lines, one after the other (records/track_stream.h); what they
+/// are, and what is thrown when the source is made, is told with lMPC.
+class MpcReportSource
+{
+public:
+    explicit MpcReportSource(std::string path);
+    explicit MpcReportSource(const std::vector<std::string>& lines);
+    MpcReportSource(MpcReportSource&& other) noexcept;
+    ~MpcReportSource();
+
+    std::size_t count() const;
+    bool next(TrackVtorichka& track);
+
+private:
+    struct Store;
+    std::unique_ptr<Store> store;
+};
+
+/// Writes tracks as sMPC does, one after the other. `add` and `save` throw as sMPC does; without a track the
+/// file stays as it is.
+class MpcReportSink
+{
+public:
+    explicit MpcReportSink(std::string path);
+    MpcReportSink(MpcReportSink&& other) noexcept;
+    ~MpcReportSink();
+
+    void add(const TrackVtorichka& track);
+    bool save();
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
+};
+
+/// The same as sMPCAndHorRes, where each track comes with that of its ephemeris, or with a null pointer where
+/// it has none.
+class MpcComparisonSink
+{
+public:
+    explicit MpcComparisonSink(std::string path);
+    MpcComparisonSink(MpcComparisonSink&& other) noexcept;
+    ~MpcComparisonSink();
+
+    void add(const TrackVtorichka& track, const TrackVtorichka* ephemeris);
+    bool save();
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
 };
 
 /// The header lines: one for each of the nine texts that is not empty, keyword in front.

@@ -42,11 +42,6 @@ public:
     {
     }
 
-    void reserve(std::size_t lines)
-    {
-        track.Marks.reserve(track.Marks.size() + lines);
-    }
-
     void add(std::string_view line)
     {
         if (!columnLineSeen) {
@@ -75,11 +70,6 @@ public:
     {
     }
 
-    void reserve(std::size_t lines)
-    {
-        track.Marks.reserve(track.Marks.size() + lines);
-    }
-
     void add(std::string_view line)
     {
         if (line.starts_with('#')) {
@@ -102,22 +92,31 @@ private:
     DayNumbers days;
 };
 
+// Adds the marks of a file to the track; a file that is missing or cannot be read has none.
+template <class Lines>
+void readMarks(const std::string& path, TrackVtorichka& track)
+{
+    const std::size_t before = track.Marks.size();
+    Lines reader(track);
+    if (!readLines(path, reader)) {
+        track.Marks.resize(before);
+    }
+}
+
 } // namespace
 
 void loadAMU(std::string path, TrackVtorichka& track)
 {
     track.NORAD = upTo(ExtractFileName(path, Slash), '_');
     track.ResidFile = path;
-    AmuLines reader(track);
-    readLines(path, reader); // a missing file has no lines
+    readMarks<AmuLines>(path, track);
 }
 
 void loadEtalonAMU(std::string path, TrackVtorichka& track)
 {
     track.NORAD = upTo(replace(ExtractFileName(path, Slash), std::string(namePrefix), ""), '-');
     track.ResidFile = path;
-    EtalonAmuLines reader(track);
-    readLines(path, reader); // a missing file has no lines
+    readMarks<EtalonAmuLines>(path, track);
 }
 
 } // namespace tavelinUtils

@@ -1,17 +1,19 @@
 // Track gathering: observations in the order of a file become tracks, one for each object.
 //
-// A mark is large, so the lists of marks are made at once in their final size: the observations are
-// collected in a small form first, and marks are filled when their numbers are known.
+// A mark is large: the observations are collected in a small form, and only the track that is handed out has
+// marks.
 
 #pragma once
 
-#include "../records/track.h"
+#include "../base/chunked_list.h"
+#include "../base/text_index.h"
+#include "../records/track_stream.h"
 
 #include <cstddef>
-#include <deque>
-#include <string>
+#include <cstdint>
+#include <limits>
+#include <stdexcept>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -21,6 +23,7 @@ namespace tavelinUtils {
 struct MeasuredMark
 {
     int date = 0;    ///< whole MJD
+    int AuxInt1 = 0; ///< carried
     double time = 0; ///< fraction of the day
     double RA = 0;   ///< degrees
     double DE = 0;   ///< degrees
@@ -31,69 +34,175 @@ struct MeasuredMark
 inline void setMeasured(TRecLabelPervichka_File& mark, const MeasuredMark& measured)
 {
     mark.date = measured.date;
+    mark.AuxInt1 = measured.AuxInt1;
     mark.time = measured.time;
     mark.RA = measured.RA;
     mark.DE = measured.DE;
     mark.m = measured.m;
 }
 
-/// Collects observations by object. Tracks have the order in which their objects were first named,
-/// marks the order in which they were added.
+/// Collects observations by object. Tracks have the order in which their objects were first named, marks the
+/// order in which they were added. The tracks are handed out one after the other, once.
 template <class Observation>
 class TrackGathering
 {
 public:
-    /// Makes room for so many observations.
-    void reserve(std::size_t observations)
+    void add(std::string_view object, const Observation& observation)
     {
-        entries.reserve(observations);
+        const std::size_t track = objects.numberOf(object);
+        if (track == spans.size()) {
+            spans.push_back({number(observations.size()), 0, 0});
+        } else {
+            following[spans[track].last] = number(observations.size());
+        }
+        spans[track].last = number(observations.size());
+        ++spans[track].count;
+        observations.add(observation);
+        following.add(0);
     }
 
-    void add(std::string_view object, Observation observation)
+    /// How many tracks are still to come.
+    std::size_t count() const
     {
-        const std::size_t track = trackOf(object);
-        ++counts[track];
-        entries.emplace_back(track, std::move(observation));
+        return spans.size() - taken;
     }
 
-    /// The tracks, whose heads `fillHead(track, name)` fills and whose new marks `fillMark(mark,
-    /// observation)`.
+    /// Gives a track the next one: `fillHead(track, object)` fills its head, `fillMark(mark, observation)`
+    /// its marks. False after the last.
     template <class FillHead, class FillMark>
-    std::vector<TrackVtorichka> tracks(FillHead fillHead, FillMark fillMark) const
+    bool next(TrackVtorichka& track, FillHead fillHead, FillMark fillMark)
     {
-        std::vector<TrackVtorichka> gathered(names.size());
-        for (std::size_t i = 0; i < gathered.size(); ++i) {
-            fillHead(gathered[i], names[i]);
-            gathered[i].Marks.reserve(counts[i]);
+        if (count() == 0) {
+            return false;
         }
-        for (const auto& [track, observation] : entries) {
-            fillMark(gathered[track].Marks.emplace_back(), observation);
+        resetTrack(track);
+        fillHead(track, objects[taken]);
+        const Span span = spans[taken++];
+        track.Marks.reserve(span.count);
+        for (std::size_t left = span.count, at = span.first; left > 0; --left, at = following[at]) {
+            fillMark(track.Marks.emplace_back(), observations[at]);
         }
-        return gathered;
+        return true;
     }
 
 private:
-    std::size_t trackOf(std::string_view object)
+    // A file of more observations would fill a hundred gigabytes.
+    static std::uint32_t number(std::size_t index)
     {
-        // As a rule the lines of an object follow each other.
-        if (!names.empty() && names[last] == object) {
-            return last;
+        if (index > std::numeric_limits<std::uint32_t>::max()) {
+            throw std::length_error("more observations than can be numbered");
         }
-        const auto known = indices.find(object);
-        if (known != indices.end()) {
-            return last = known->second;
-        }
-        last = names.size();
-        indices.emplace(names.emplace_back(object), last);
-        counts.push_back(0);
-        return last;
+        return static_cast<std::uint32_t>(index);
     }
 
-    std::deque<std::string> names; // stays in place as it grows: the index refers to it
-    std::unordered_map<std::string_view, std::size_t> indices;
-    std::vector<std::size_t> counts;
-    std::vector<std::pair<std::size_t, Observation>> entries;
-    std::size_t last = 0;
+    // The observations of a track, of which each leads to the next.
+    struct Span
+    {
+        std::uint32_t first;
+        std::uint32_t last;
+        std::uint32_t count;
+    };
+
+    TextIndex objects;
+    std::vector<Span> spans; // of each object
+    ChunkedList<Observation> observations;
+    ChunkedList<std::uint32_t> following; // the next observation of the same object
+    std::size_t taken = 0;
+};
+
+/// Collects measured marks track after track: each goes to the track that was added last. The tracks are
+/// handed out one after the other, once. A `Head` is what a format keeps of a track's head: small, texts by
+/// their numbers.
+template <class Head>
+class SmallTrackSequence
+{
+public:
+    void addTrack(const Head& head)
+    {
+        tracks.add({head, marks.size(), marks.size()});
+    }
+
+    /// Whether no track has been added.
+    bool empty() const
+    {
+        return tracks.empty();
+    }
+
+    /// The head of the track that was added last.
+    Head& lastHead()
+    {
+        return lastTrack().head;
+    }
+
+    void addMark(const MeasuredMark& mark)
+    {
+        marks.add(mark);
+        lastTrack().end = marks.size();
+    }
+
+    /// How many marks have been added.
+    std::size_t markCount() const
+    {
+        return marks.size();
+    }
+
+    /// Lets the last track begin with an earlier mark, by the number of marks before it: the marks from there
+    /// on are repeated in it.
+    void beginLastTrackAt(std::size_t mark)
+    {
+        lastTrack().begin = mark;
+    }
+
+    /// How many marks the tracks have together, repeated ones as often as they come.
+    std::size_t marksOfTracks() const
+    {
+        std::size_t total = 0;
+        for (std::size_t i = 0; i < tracks.size(); ++i) {
+            total += tracks[i].end - tracks[i].begin;
+        }
+        return total;
+    }
+
+    /// How many tracks are still to come.
+    std::size_t count() const
+    {
+        return tracks.size() - taken;
+    }
+
+    /// Gives a track the next one, whose head `fillHead(track, head)` fills. False after the last.
+    template <class FillHead>
+    bool next(TrackVtorichka& track, FillHead fillHead)
+    {
+        if (count() == 0) {
+            return false;
+        }
+        const Entry& entry = tracks[taken++];
+        resetTrack(track);
+        fillHead(track, entry.head);
+        track.Marks.reserve(entry.end - entry.begin);
+        for (std::size_t mark = entry.begin; mark < entry.end; ++mark) {
+            setMeasured(track.Marks.emplace_back(), marks[mark]);
+        }
+        return true;
+    }
+
+private:
+    // A track and its marks.
+    struct Entry
+    {
+        Head head;
+        std::size_t begin;
+        std::size_t end;
+    };
+
+    Entry& lastTrack()
+    {
+        return tracks[tracks.size() - 1];
+    }
+
+    ChunkedList<Entry> tracks;
+    ChunkedList<MeasuredMark> marks;
+    std::size_t taken = 0;
 };
 
 /// Collects measured marks track after track: each goes to the track that was added last.

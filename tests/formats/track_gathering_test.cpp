@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -24,19 +25,40 @@ std::vector<std::string> marksOf(const std::vector<TrackVtorichka>& tracks)
     return shown;
 }
 
-void nameTrack(TrackVtorichka& track, const std::string& name)
+void nameTrack(TrackVtorichka& track, std::string_view name)
 {
     track.QRVName = name;
 }
 
+using NamedSequence = SmallTrackSequence<const char*>;
+
+std::vector<TrackVtorichka> tracksOf(TrackGathering<MeasuredMark>& gathering)
+{
+    std::vector<TrackVtorichka> tracks;
+    for (TrackVtorichka track; gathering.next(track, nameTrack, setMeasured);) {
+        tracks.push_back(track);
+    }
+    return tracks;
+}
+
+std::vector<TrackVtorichka> tracksOf(NamedSequence& sequence)
+{
+    std::vector<TrackVtorichka> tracks;
+    for (TrackVtorichka track; sequence.next(track, nameTrack);) {
+        tracks.push_back(track);
+    }
+    return tracks;
+}
+
 } // namespace
 
-TEST(SetMeasured, SetsFiveFieldsAndLeavesTheOthers)
+TEST(SetMeasured, SetsItsFieldsAndLeavesTheOthers)
 {
     TRecLabelPervichka_File mark;
     mark.filtr = "V";
     mark.iF = 7;
-    setMeasured(mark, {60000, 0.5, 15.25, -0.5, 9.5});
+    setMeasured(mark, {60000, 3, 0.5, 15.25, -0.5, 9.5});
+    EXPECT_EQ(int{mark.AuxInt1}, 3);
     EXPECT_EQ(measured(mark), (Measured{60000, 0.5, 15.25, -0.5, 9.5}));
     EXPECT_EQ(std::string(mark.filtr), "V");
     EXPECT_EQ(int{mark.iF}, 7);
@@ -48,11 +70,12 @@ TEST(TrackGathering, TracksStandInTheOrderOfTheirFirstMarks)
     const char* const names[] = {"b", "a", "b", "c", "a", "a", "b"};
     int date = 0;
     for (const char* name : names) {
-        gathering.add(name, {++date, 0, 0, 0, 0});
+        gathering.add(name, {++date, 0, 0, 0, 0, 0});
     }
-    const auto tracks = gathering.tracks(nameTrack, setMeasured);
+    EXPECT_EQ(gathering.count(), 3U);
+    const auto tracks = tracksOf(gathering);
     EXPECT_EQ(marksOf(tracks), (std::vector<std::string>{"b: 1 3 7", "a: 2 5 6", "c: 4"}));
-    EXPECT_EQ(tracks[0].Marks.capacity(), 3U);
+    EXPECT_EQ(gathering.count(), 0U);
 }
 
 TEST(TrackGathering, NamesOfManyObjectsStayTold)
@@ -60,10 +83,10 @@ TEST(TrackGathering, NamesOfManyObjectsStayTold)
     TrackGathering<MeasuredMark> gathering;
     for (int round = 0; round < 2; ++round) {
         for (int object = 0; object < 5000; ++object) {
-            gathering.add("object with a long name " + std::to_string(object), {object, 0, 0, 0, 0});
+            gathering.add("object with a long name " + std::to_string(object), {object, 0, 0, 0, 0, 0});
         }
     }
-    const auto tracks = gathering.tracks(nameTrack, setMeasured);
+    const auto tracks = tracksOf(gathering);
     ASSERT_EQ(tracks.size(), 5000U);
     EXPECT_EQ(tracks[4321].QRVName, "object with a long name 4321");
     EXPECT_EQ(tracks[4321].Marks.size(), 2U);
@@ -71,27 +94,52 @@ TEST(TrackGathering, NamesOfManyObjectsStayTold)
 
 TEST(TrackGathering, NothingGivesNothing)
 {
-    const TrackGathering<MeasuredMark> gathering;
-    EXPECT_TRUE(gathering.tracks(nameTrack, setMeasured).empty());
+    TrackGathering<MeasuredMark> gathering;
+    EXPECT_TRUE(tracksOf(gathering).empty());
+}
+
+TEST(TrackGathering, ATrackOfManyChunksKeepsItsOrder)
+{
+    TrackGathering<MeasuredMark> gathering;
+    for (int date = 0; date < 100000; ++date) {
+        gathering.add(date % 3 == 0 ? "a" : "b", {date, 0, 0, 0, 0, 0});
+    }
+    TrackVtorichka track;
+    ASSERT_TRUE(gathering.next(track, nameTrack, setMeasured));
+    ASSERT_EQ(track.Marks.size(), 33334U);
+    EXPECT_EQ(int{track.Marks[12345].date}, 37035);
+    ASSERT_TRUE(gathering.next(track, nameTrack, setMeasured));
+    EXPECT_EQ(int{track.Marks.back().date}, 99998);
+    EXPECT_FALSE(gathering.next(track, nameTrack, setMeasured));
 }
 
 TEST(TrackSequence, MarksGoToTheTrackThatWasAddedLast)
 {
-    TrackSequence sequence;
+    NamedSequence sequence;
     EXPECT_TRUE(sequence.empty());
-    sequence.addTrack().QRVName = "a";
-    sequence.addMark({1, 0, 0, 0, 0});
-    sequence.addTrack();
-    sequence.addTrack().QRVName = "c";
-    sequence.addMark({2, 0, 0, 0, 0});
-    sequence.addMark({3, 0, 0, 0, 0});
-    sequence.lastTrack().NORAD = "n";
+    sequence.addTrack("a");
+    sequence.addMark({1, 0, 0, 0, 0, 0});
+    sequence.addTrack("");
+    sequence.addTrack("b");
+    sequence.addMark({2, 0, 0, 0, 0, 0});
+    sequence.addMark({3, 0, 0, 0, 0, 0});
+    sequence.lastHead() = "c";
     EXPECT_FALSE(sequence.empty());
-    const auto tracks = sequence.takeTracks();
-    EXPECT_EQ(marksOf(tracks), (std::vector<std::string>{"a: 1", ":", "c: 2 3"}));
-    EXPECT_EQ(tracks[2].NORAD, "n");
-    EXPECT_TRUE(sequence.empty());
-    sequence.addTrack().QRVName = "d";
-    sequence.addMark({4, 0, 0, 0, 0});
-    EXPECT_EQ(marksOf(sequence.takeTracks()), (std::vector<std::string>{"d: 4"}));
+    EXPECT_EQ(sequence.count(), 3U);
+    EXPECT_EQ(marksOf(tracksOf(sequence)), (std::vector<std::string>{"a: 1", ":", "c: 2 3"}));
+    EXPECT_EQ(sequence.count(), 0U);
+}
+
+TEST(TrackSequence, ATrackMayRepeatMarks)
+{
+    NamedSequence sequence;
+    sequence.addTrack("a");
+    sequence.addMark({1, 0, 0, 0, 0, 0});
+    sequence.addMark({2, 0, 0, 0, 0, 0});
+    sequence.addTrack("b");
+    sequence.addMark({3, 0, 0, 0, 0, 0});
+    sequence.beginLastTrackAt(1);
+    EXPECT_EQ(sequence.markCount(), 3U);
+    EXPECT_EQ(sequence.marksOfTracks(), 4U);
+    EXPECT_EQ(marksOf(tracksOf(sequence)), (std::vector<std::string>{"a: 1 2", "b: 2 3"}));
 }

@@ -1,0 +1,15 @@
+#include "records/track_stream.h"
+
+namespace tavelinUtils {
+
+void resetTrack(TrackVtorichka& track)
+{
+    static const THeadTrVtor newHead;
+    static_cast<THeadTrVtor&>(track) = newHead;
+    track.Marks.clear();
+    track.InterBlobs.clear();
+    track.Candidates.clear();
+    track.Cast.clear();
+}
+
+} // namespace tavelinUtils

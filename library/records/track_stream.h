@@ -1,0 +1,63 @@
+// Track streams: sources hand out the tracks of a file one after the other, sinks write them to one.
+//
+// A program that works with sources and sinks holds one track at a time, whatever the size of its files. The
+// operations on lists of tracks are loops over the same classes.
+//
+//   MeaSource source("night.mea", "observatory");
+//   MpcReportSink sink("night.txt");
+//   for (TrackVtorichka track; source.next(track);) {
+//       sink.add(track);
+//   }
+//   sink.save();
+//
+// A source has read its file to the end when it is made, and what can throw has thrown: so a sink may replace
+// the file that its source has read. It has two operations.
+//
+//   std::size_t count() const          how many tracks are to come
+//   bool next(TrackVtorichka& track)   the next track; false after the last. The track's memory is used
+//   again:
+//                                      keep no reference to what is in it
+//
+// A sink opens and removes nothing before the first text has to go out, which is at save or after a megabyte
+// of text. A sink that is not saved leaves what it has written by then.
+//
+//   void add(const TrackVtorichka& track)
+//   bool save()                        the end of the file, and what is written without a track too; a false
+//   or
+//                                      an exception where its list operation has one. Once, after the last
+//                                      track
+
+#pragma once
+
+#include "track.h"
+
+#include <vector>
+
+namespace tavelinUtils {
+
+/// Gives the head of a track its defaults again and takes its marks and their lists out. Their memory stays.
+void resetTrack(TrackVtorichka& track);
+
+/// All tracks of a source.
+template <class Source>
+std::vector<TrackVtorichka> allTracks(Source source)
+{
+    std::vector<TrackVtorichka> tracks;
+    tracks.reserve(source.count());
+    while (source.count() > 0) {
+        source.next(tracks.emplace_back());
+    }
+    return tracks;
+}
+
+/// Writes a list of tracks.
+template <class Sink>
+bool writeAll(Sink sink, const std::vector<TrackVtorichka>& tracks)
+{
+    for (const TrackVtorichka& track : tracks) {
+        sink.add(track);
+    }
+    return sink.save();
+}
+
+} // namespace tavelinUtils
