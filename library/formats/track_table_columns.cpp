@@ -5,6 +5,7 @@
 #include "text/date_text.h"
 
 #include <algorithm>
+#include <bit>
 #include <span>
 #include <type_traits>
 
@@ -54,12 +55,59 @@ void readOfTrack(const MarkToFill& to, std::string_view field)
     to.track.*member = valueOf<MemberType<member>>(field);
 }
 
+Slot slotOf(double value)
+{
+    return std::bit_cast<Slot>(value);
+}
+
+// Two integers share a slot.
+Slot slotOf(int low, int high = 0)
+{
+    return Slot{static_cast<std::uint32_t>(high)} << 32 | static_cast<std::uint32_t>(low);
+}
+
+int lowOf(Slot slot)
+{
+    return static_cast<int>(static_cast<std::uint32_t>(slot));
+}
+
+int highOf(Slot slot)
+{
+    return static_cast<int>(static_cast<std::uint32_t>(slot >> 32));
+}
+
+template <auto member>
+Slot keepOfMark(const MarkToKeep& from, KeptTexts& texts, Slot before)
+{
+    if constexpr (std::is_same_v<MemberType<member>, std::string>) {
+        return texts.keep(from.mark.*member, before);
+    } else {
+        return slotOf(from.mark.*member);
+    }
+}
+
+template <auto member>
+void restoreOfMark(const MarkToRestore& to, Slot slot, const KeptTexts& texts)
+{
+    using Value = MemberType<member>;
+    if constexpr (std::is_same_v<Value, std::string>) {
+        to.mark.*member = texts[slot];
+    } else if constexpr (std::is_same_v<Value, int>) {
+        to.mark.*member = lowOf(slot);
+    } else {
+        to.mark.*member = std::bit_cast<Value>(slot);
+    }
+}
+
+template <auto member>
+constexpr MarkValue valueOfMark = {keepOfMark<member>, restoreOfMark<member>};
+
 template <auto member, int decimals = 0>
 constexpr TableColumn ofMark(std::string_view description)
 {
     return {description,
             [](TextBuffer& out, const MarkToWrite& from) { appendValue<decimals>(out, from.mark.*member); },
-            readOfMark<member>};
+            readOfMark<member>, valueOfMark<member>};
 }
 
 template <auto member, int decimals = 0>
@@ -67,7 +115,9 @@ constexpr TableColumn ofTrack(std::string_view description)
 {
     return {description,
             [](TextBuffer& out, const MarkToWrite& from) { appendValue<decimals>(out, from.track.*member); },
-            readOfTrack<member>, true};
+            readOfTrack<member>,
+            {},
+            true};
 }
 
 // Other tools expect the column.
@@ -85,14 +135,17 @@ void writeNotAvailable(TextBuffer& out, const MarkToWrite& /*from*/)
 template <auto member>
 constexpr TableColumn readOnly(std::string_view description)
 {
-    return {description, writeZero, readOfTrack<member>, true};
+    return {description, writeZero, readOfTrack<member>, {}, true};
 }
 
 // The name that the writer gives the track, which need not be its own.
 constexpr TableColumn nameOfTrack(std::string_view description)
 {
-    return {description, [](TextBuffer& out, const MarkToWrite& from) { out += from.name; },
-            readOfTrack<&THeadTrVtor::QRVName>, true};
+    return {description,
+            [](TextBuffer& out, const MarkToWrite& from) { out += from.name; },
+            readOfTrack<&THeadTrVtor::QRVName>,
+            {},
+            true};
 }
 
 // The table counts frames from 1, the mark from 0; the difference wraps around as integers do.
@@ -115,14 +168,21 @@ constexpr TableColumn lineColumns[] = {
     {"Candidates",
      [](TextBuffer& out, const MarkToWrite& from) { out += textAt(from.track.Candidates, from.index); }},
     // No tab follows: the column is the last of its line.
-    {"Cast", [](TextBuffer& out, const MarkToWrite& from) { out += textAt(from.track.Cast, from.index); },
-     nullptr, false, false},
+    {"Cast",
+     [](TextBuffer& out, const MarkToWrite& from) { out += textAt(from.track.Cast, from.index); },
+     nullptr,
+     {},
+     false,
+     false},
 };
 
 // The standard header, in its order.
 constexpr TableColumn standardColumns[] = {
-    {"N:Int", [](TextBuffer& out, const MarkToWrite& from) { appendInt(out, from.number); },
-     readOfTrack<&Head::N>, true},
+    {"N:Int",
+     [](TextBuffer& out, const MarkToWrite& from) { appendInt(out, from.number); },
+     readOfTrack<&Head::N>,
+     {},
+     true},
     {"NBl:Int",
      [](TextBuffer& out, const MarkToWrite& from) { out += std::to_string(from.track.Marks.size()); }},
     nameOfTrack("QRVName:Text"),
@@ -131,12 +191,20 @@ constexpr TableColumn standardColumns[] = {
      [](const MarkToFill& to, std::string_view field) {
          to.mark.date =
              to.days.answerTo(field, [](std::string_view day) { return DateToMJD(std::string(day), "-"); });
-     }},
+     },
+     // AuxInt1 is carried and has no column of its own.
+     {[](const MarkToKeep& from, KeptTexts&, Slot) { return slotOf(from.mark.date, from.mark.AuxInt1); },
+      [](const MarkToRestore& to, Slot slot, const KeptTexts&) {
+          to.mark.date = lowOf(slot);
+          to.mark.AuxInt1 = highOf(slot);
+      }}},
     {"time:Time", [](TextBuffer& out, const MarkToWrite& from) { appendTime(out, from.mark.time, 7, ":"); },
-     [](const MarkToFill& to, std::string_view field) { to.mark.time = timeToDay(field, ':'); }},
+     [](const MarkToFill& to, std::string_view field) { to.mark.time = timeToDay(field, ':'); },
+     valueOfMark<&Mark::time>},
     {"mjd:Float:day",
      [](TextBuffer& out, const MarkToWrite& from) { appendFixed(out, from.mark.date + from.mark.time, 12); },
-     [](const MarkToFill& to, std::string_view field) { to.mark.mjd = field; }}, // a text: it sets no time
+     [](const MarkToFill& to, std::string_view field) { to.mark.mjd = field; }, // a text: it sets no time
+     valueOfMark<&Mark::mjd>},
     ofMark<&Mark::RA, 6>("RA:Float:deg"),
     ofMark<&Mark::DE, 6>("DE:Float:deg"),
     ofMark<&Mark::m, 4>("m:Float:mag"),
@@ -146,7 +214,11 @@ constexpr TableColumn standardColumns[] = {
     ofMark<&Mark::mInstr1000, 4>("mInstr1000:Float:mag"),
     {"m_MPC:Float:mag",
      [](TextBuffer& out, const MarkToWrite& from) { appendFixed(out, from.interBlob.m_MPC, 2); },
-     [](const MarkToFill& to, std::string_view field) { to.interBlob.m_MPC = toDouble(field); }},
+     [](const MarkToFill& to, std::string_view field) { to.interBlob.m_MPC = toDouble(field); },
+     {[](const MarkToKeep& from, KeptTexts&, Slot) { return slotOf(from.interBlob.m_MPC); },
+      [](const MarkToRestore& to, Slot slot, const KeptTexts&) {
+          to.interBlob.m_MPC = std::bit_cast<double>(slot);
+      }}},
     ofTrack<&Head::MPCChecker>("MPCChecker:Text"),
     ofTrack<&Head::NORAD>("NORAD:Text"),
     ofMark<&Mark::X_bf, 2>("X_bf:Float:pix"),
@@ -188,16 +260,24 @@ constexpr TableColumn standardColumns[] = {
     ofMark<&Mark::Length, 2>("Length:Float"),
     ofTrack<&Head::Length_rms, 2>("Length_rms:Float"),
     ofMark<&Mark::Width, 2>("Width:Float"),
-    {"iF:Int", [](TextBuffer& out, const MarkToWrite& from) { appendInt(out, shifted(from.mark.iF, 1)); },
+    {"iF:Int",
+     [](TextBuffer& out, const MarkToWrite& from) { appendInt(out, shifted(from.mark.iF, 1)); },
      [](const MarkToFill& to, std::string_view field) {
          const int number = toInt(field);
          to.mark.iFRaw = number;
          to.mark.iF = shifted(number, ~0U);
-     }},
+     },
+     {[](const MarkToKeep& from, KeptTexts&, Slot) { return slotOf(from.mark.iF, from.mark.iFRaw); },
+      [](const MarkToRestore& to, Slot slot, const KeptTexts&) {
+          to.mark.iF = lowOf(slot);
+          to.mark.iFRaw = highOf(slot);
+      }}},
     ofMark<&Mark::iB>("iB:Int"),
     ofMark<&Mark::QRVID>("QRVID:Text"),
-    {"TrMade:Text", [](TextBuffer& out, const MarkToWrite& from) { out += HowMakeToStr(from.track.TrMade); },
+    {"TrMade:Text",
+     [](TextBuffer& out, const MarkToWrite& from) { out += HowMakeToStr(from.track.TrMade); },
      [](const MarkToFill& to, std::string_view field) { to.track.TrMade = StrToHowMake(std::string(field)); },
+     {},
      true},
     {"NEORatio:Float", writeZero},
     {"AccurRaDe:Float:arcsec", writeZero},
@@ -307,6 +387,19 @@ const TableColumn& columnOfTrack(std::string_view name)
     }
     const TableColumn* const further = columnNamed(furtherColumns, name);
     return further != nullptr ? *further : unknownColumn;
+}
+
+std::vector<const TableColumn*> columnsOfMarks(std::string_view names)
+{
+    std::vector<const TableColumn*> columns;
+    forEachToken(names, ' ', [&columns](std::string_view name) {
+        const TableColumn& column = columnOfTrack(name);
+        const bool isNew = std::find(columns.begin(), columns.end(), &column) == columns.end();
+        if (column.ofMark.keep != nullptr && isNew) {
+            columns.push_back(&column);
+        }
+    });
+    return columns;
 }
 
 std::vector<const TableColumn*> columnsToWrite(std::string_view header)

@@ -2,11 +2,13 @@
 
 #pragma once
 
+#include "../base/kept_texts.h"
 #include "../base/last_answer.h"
 #include "../base/text_buffer.h"
 #include "../records/track.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +41,31 @@ struct MarkToWrite
 MarkToWrite markToWrite(const TrackVtorichka& track, std::size_t index, std::string_view name, int number,
                         DateTexts& dates);
 
+/// What is kept of a column of a mark: the bits of a number, or the place of a text.
+using Slot = std::uint64_t;
+
+/// A mark whose columns are kept.
+struct MarkToKeep
+{
+    const TRecLabelPervichka_File& mark;
+    const TInterBlob& interBlob;
+};
+
+/// A mark that gets back what was kept.
+struct MarkToRestore
+{
+    TRecLabelPervichka_File& mark;
+    TInterBlob& interBlob;
+};
+
+/// How a value of a mark goes into a slot and back. Both are null pointers for what no reader sets.
+struct MarkValue
+{
+    /// The slot of the mark before tells where its text is kept, which this mark may share.
+    Slot (*keep)(const MarkToKeep& from, KeptTexts& texts, Slot before) = nullptr;
+    void (*restore)(const MarkToRestore& to, Slot slot, const KeptTexts& texts) = nullptr;
+};
+
 /// The name in a description of a column: what precedes the first colon.
 constexpr std::string_view nameIn(std::string_view description)
 {
@@ -54,6 +81,7 @@ struct TableColumn
     std::string_view description; ///< "name", "name:type" or "name:type:unit"
     void (*write)(TextBuffer& out, const MarkToWrite& mark) = nullptr;
     ReadField read = nullptr; ///< a null pointer for a column that is not read
+    MarkValue ofMark{};       ///< of a column that is read and sets a value of the mark
     bool ofHead = false;      ///< it sets a value of the track, which every line repeats
     bool hasTab = true;       ///< a tab follows the field
 
@@ -93,6 +121,10 @@ std::size_t splitFields(std::string_view line, std::vector<std::string_view>& fi
 
 /// The columns of a header that are read. Other names are skipped, and so is the second of two equal ones.
 ColumnsToRead columnsToRead(std::string_view header);
+
+/// The columns of blank-separated names that are read and set values of marks. Other names are skipped, and
+/// so is a name that comes again.
+std::vector<const TableColumn*> columnsOfMarks(std::string_view names);
 
 /// The columns that are written under a header, in its order; none under an empty header. The column of a
 /// name that is not known holds zeros.
