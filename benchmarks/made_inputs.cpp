@@ -2,10 +2,13 @@
 
 #include "formats/track_table.h"
 
-#include <cstdio>
+#include <algorithm>
+#include <charconv>
 #include <fstream>
-#include <map>
+#include <iterator>
 #include <stdexcept>
+#include <string_view>
+#include <vector>
 
 namespace {
 
@@ -28,148 +31,290 @@ struct Sexagesimal
 
 struct Measurement
 {
-    long object;
+    unsigned long object;
     bool opensFile;
     bool opensObject;
     unsigned day;
     Sexagesimal time;
     Sexagesimal ra;
-    char sign;
+    bool negative;
     Sexagesimal de;
     unsigned magnitude, hundredths;
 };
 
-template <class... Values>
-void print(std::ofstream& file, const char* format, Values... values)
+// The file that is made. What is appended goes out in large pieces.
+class MadeFile
 {
-    char text[320];
-    const int size = std::snprintf(text, sizeof text, format, values...);
-    file.write(text, size);
-}
+public:
+    explicit MadeFile(const std::string& path) : file(path)
+    {
+        text.reserve(pieceSize + lineRoom);
+    }
 
-void writeMea(std::ofstream& file, const Measurement& m)
+    void append(std::string_view words)
+    {
+        text += words;
+    }
+
+    // A number with leading zeros to the width.
+    void append(unsigned long number, std::size_t width)
+    {
+        char digits[20];
+        const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+        const auto size = static_cast<std::size_t>(end - digits);
+        text.append(width - std::min(width, size), '0');
+        text.append(digits, size);
+    }
+
+    // Its numbers with something between them, the fraction cut to so many digits.
+    void append(const Sexagesimal& value, std::string_view between, std::string_view point,
+                std::size_t fractionDigits)
+    {
+        append(value.whole, 2);
+        append(between);
+        append(value.minutes, 2);
+        append(between);
+        append(value.seconds, 2);
+        append(point);
+        append(fractionDigits == 2 ? value.fraction / 100 : value.fraction, fractionDigits);
+    }
+
+    void endOfMark()
+    {
+        if (text.size() >= pieceSize) {
+            writeOut();
+        }
+    }
+
+    void close()
+    {
+        writeOut();
+        file.close();
+        if (!file) {
+            throw std::runtime_error("no input could be made");
+        }
+    }
+
+private:
+    static constexpr std::size_t pieceSize = 1024 * 1024;
+    static constexpr std::size_t lineRoom = 4096;
+
+    void writeOut()
+    {
+        file.write(text.data(), static_cast<std::streamsize>(text.size()));
+        text.clear();
+    }
+
+    std::ofstream file;
+    std::string text;
+};
+
+void writeMea(MadeFile& file, const Measurement& m)
 {
     if (m.opensFile) {
-        file << "T1 2000.0 UTC\n";
+        file.append("T1 2000.0 UTC\n");
     }
-    print(file, "%05ld   %02u0223 %02u%02u%02u%04u %02u%02u%02u%04u %c%02u%02u%02u%04u 001 %02u.%02u\n",
-          m.object, m.day, m.time.whole, m.time.minutes, m.time.seconds, m.time.fraction, m.ra.whole,
-          m.ra.minutes, m.ra.seconds, m.ra.fraction, m.sign, m.de.whole, m.de.minutes, m.de.seconds,
-          m.de.fraction, m.magnitude, m.hundredths);
+    file.append(m.object, 5);
+    file.append("   ");
+    file.append(m.day, 2);
+    file.append("0223 ");
+    file.append(m.time, "", "", 4);
+    file.append(" ");
+    file.append(m.ra, "", "", 4);
+    file.append(m.negative ? " -" : " +");
+    file.append(m.de, "", "", 4);
+    file.append(" 001 ");
+    file.append(m.magnitude, 2);
+    file.append(".");
+    file.append(m.hundredths, 2);
+    file.append("\n");
 }
 
-void writeTelegram(std::ofstream& file, const Measurement& m)
+void writeTelegram(MadeFile& file, const Measurement& m)
 {
     if (m.opensObject) {
-        print(file, "%sobservatory T1 %05ld\n", m.opensFile ? "" : "END\n\n", m.object);
+        file.append(m.opensFile ? "observatory T1 " : "END\n\nobservatory T1 ");
+        file.append(m.object, 5);
+        file.append("\n");
     }
-    print(file, "%02u0223 %02u%02u%02u%02u %02u%02u%02u%02u %c%02u%02u%02u%02u 001%02u%u\n", m.day,
-          m.time.whole, m.time.minutes, m.time.seconds, m.time.fraction / 100, m.ra.whole, m.ra.minutes,
-          m.ra.seconds, m.ra.fraction / 100, m.sign, m.de.whole, m.de.minutes, m.de.seconds,
-          m.de.fraction / 100, m.magnitude, m.hundredths / 10);
+    file.append(m.day, 2);
+    file.append("0223 ");
+    file.append(m.time, "", "", 2);
+    file.append(" ");
+    file.append(m.ra, "", "", 2);
+    file.append(m.negative ? " -" : " +");
+    file.append(m.de, "", "", 2);
+    file.append(" 001");
+    file.append(m.magnitude, 2);
+    file.append(m.hundredths / 10, 1);
+    file.append("\n");
 }
 
-void writeTdm(std::ofstream& file, const Measurement& m)
+void openTdmSegment(MadeFile& file, const Measurement& m)
 {
-    if (m.opensFile) {
-        file << "CCSDS_TDM_VERS = 1.0\nCREATION_DATE = 0-00-00T00:00:00\nORIGINATOR = observatory\n";
-    }
-    if (m.opensObject) {
-        print(
-            file,
-            "%sMETA_START\nTIME_SYSTEM = UTC\nPARTICIPANT_1 = T1\nPARTICIPANT_2 = %05ld\nMODE = SEQUENTIAL\n"
-            "PATH = 2,1\nANGLE_TYPE = RADEC\nREFERENCE_FRAME = ICRF\nMETA_STOP\nDATA_START\n",
-            m.opensFile ? "" : "DATA_STOP\n", m.object);
-    }
-    char epoch[64];
-    std::snprintf(epoch, sizeof epoch, "2023-02-%02uT%02u:%02u:%02u.%04u0", m.day, m.time.whole,
-                  m.time.minutes, m.time.seconds, m.time.fraction);
-    print(file, "ANGLE_1 = %s %u.%04u123\nANGLE_2 = %s %s%u.%04u123\nMAG = %s %u.%02u00\n", epoch,
-          m.ra.whole * 15, m.ra.fraction, epoch, m.sign == '-' ? "-" : "", m.de.whole, m.de.fraction, epoch,
-          m.magnitude, m.hundredths);
+    file.append(m.opensFile
+                    ? "CCSDS_TDM_VERS = 1.0\nCREATION_DATE = 0-00-00T00:00:00\nORIGINATOR = observatory\n"
+                    : "DATA_STOP\n");
+    file.append("META_START\nTIME_SYSTEM = UTC\nPARTICIPANT_1 = T1\nPARTICIPANT_2 = ");
+    file.append(m.object, 5);
+    file.append("\nMODE = SEQUENTIAL\nPATH = 2,1\nANGLE_TYPE = RADEC\nREFERENCE_FRAME = ICRF\nMETA_STOP\n"
+                "DATA_START\n");
 }
 
-void writeSsmas(std::ofstream& file, const Measurement& m)
+void appendTdmEpoch(MadeFile& file, std::string_view key, const Measurement& m)
 {
-    if (m.opensFile) {
-        file << "Measurements\nT1\nconversion\n";
-    }
+    file.append(key);
+    file.append(" = 2023-02-");
+    file.append(m.day, 2);
+    file.append("T");
+    file.append(m.time, ":", ".", 4);
+    file.append("0 ");
+}
+
+void writeTdm(MadeFile& file, const Measurement& m)
+{
     if (m.opensObject) {
-        print(
-            file,
-            "%ld\n\n#SSMAS   #INTER\n%05ld %05ld\n   Data        UT           CU           DE      RMS  m\n",
-            m.object + 1, m.object, m.object);
+        openTdmSegment(file, m);
     }
-    print(file, "%02u.02.2023 %02u:%02u:%02u.%02u  %02u:%02u:%02u.%02u %s%02u.%02u.%02u.%02u 001 %02u.%u\n",
-          m.day, m.time.whole, m.time.minutes, m.time.seconds, m.time.fraction / 100, m.ra.whole,
-          m.ra.minutes, m.ra.seconds, m.ra.fraction / 100, m.sign == '-' ? "-" : "", m.de.whole, m.de.minutes,
-          m.de.seconds, m.de.fraction / 100, m.magnitude, m.hundredths / 10);
+    appendTdmEpoch(file, "ANGLE_1", m);
+    file.append(m.ra.whole * 15, 1);
+    file.append(".");
+    file.append(m.ra.fraction, 4);
+    file.append("123\n");
+    appendTdmEpoch(file, "ANGLE_2", m);
+    file.append(m.negative ? "-" : "");
+    file.append(m.de.whole, 1);
+    file.append(".");
+    file.append(m.de.fraction, 4);
+    file.append("123\n");
+    appendTdmEpoch(file, "MAG", m);
+    file.append(m.magnitude, 1);
+    file.append(".");
+    file.append(m.hundredths, 2);
+    file.append("00\n");
+}
+
+void openSsmasBlock(MadeFile& file, const Measurement& m)
+{
+    file.append(m.opensFile ? "Measurements\nT1\nconversion\n" : "");
+    file.append(m.object + 1, 1);
+    file.append("\n\n#SSMAS   #INTER\n");
+    file.append(m.object, 5);
+    file.append(" ");
+    file.append(m.object, 5);
+    file.append("\n   Data        UT           CU           DE      RMS  m\n");
+}
+
+void writeSsmas(MadeFile& file, const Measurement& m)
+{
+    if (m.opensObject) {
+        openSsmasBlock(file, m);
+    }
+    file.append(m.day, 2);
+    file.append(".02.2023 ");
+    file.append(m.time, ":", ".", 2);
+    file.append("  ");
+    file.append(m.ra, ":", ".", 2);
+    file.append(m.negative ? " -" : " ");
+    file.append(m.de, ".", ".", 2);
+    file.append(" 001 ");
+    file.append(m.magnitude, 2);
+    file.append(".");
+    file.append(m.hundredths / 10, 1);
+    file.append("\n");
+}
+
+constexpr struct
+{
+    std::string_view word;
+    void (*write)(MadeFile&, const Measurement&);
+    std::string_view end; // of the file
+} inputFormats[] = {
+    {"mea", writeMea, ""},
+    {"telegram", writeTelegram, "END\n\n"},
+    {"tdm", writeTdm, ""},
+    {"ssmas", writeSsmas, ""},
+};
+
+Sexagesimal madeAngle(Digits& digits, unsigned limit)
+{
+    const unsigned whole = digits.below(limit);
+    const unsigned minutes = digits.below(60);
+    const unsigned seconds = digits.below(60);
+    return {whole, minutes, seconds, digits.below(10000)};
+}
+
+// Gives the next mark everything but its object.
+void measure(Digits& digits, Measurement& made)
+{
+    made.time = madeAngle(digits, 24);
+    made.ra = madeAngle(digits, 24);
+    made.negative = digits.below(2) == 0;
+    made.de = madeAngle(digits, 90);
+    made.magnitude = 5 + digits.below(17);
+    made.hundredths = digits.below(100);
+}
+
+tavelinUtils::TrackVtorichka madeTrack(Digits& digits, long marks, int date)
+{
+    const auto fraction = [&digits] { return digits.below(1000000) * 1e-6; };
+    tavelinUtils::TrackVtorichka track;
+    track.V = fraction();
+    track.m_m = 15 + fraction();
+    track.Marks.resize(static_cast<std::size_t>(marks));
+    track.InterBlobs.resize(track.Marks.size());
+    double time = fraction() * 0.5;
+    for (std::size_t i = 0; i < track.Marks.size(); ++i) {
+        auto& mark = track.Marks[i];
+        mark.date = date;
+        mark.time = time += i == track.Marks.size() / 2 ? 0.1 : 0.001;
+        mark.RA = fraction() * 360;
+        mark.DE = fraction() * 180 - 90;
+        mark.m = 15 + fraction() * 5;
+        mark.SNRpeak = 10 + fraction();
+        mark.mEnsemble = 15 + fraction();
+        mark.X_f = fraction() * 4096;
+        mark.Y_f = fraction() * 4096;
+        mark.iF = static_cast<int>(digits.below(100));
+    }
+    return track;
 }
 
 } // namespace
 
-void makeInput(const std::string& path, const std::string& word, long marks, long objects)
+void makeInput(const std::string& path, const std::string& word, long marks, long objects, bool mixed)
 {
-    const std::map<std::string, void (*)(std::ofstream&, const Measurement&)> writers{
-        {"mea", writeMea}, {"telegram", writeTelegram}, {"tdm", writeTdm}, {"ssmas", writeSsmas}};
-    const auto write = writers.at(word);
-    std::ofstream file(path);
+    const auto* const format = std::find_if(std::begin(inputFormats), std::end(inputFormats),
+                                            [&word](const auto& row) { return row.word == word; });
+    if (format == std::end(inputFormats)) {
+        throw std::logic_error("no input is made in the format " + word);
+    }
+    MadeFile file(path);
     Digits digits;
-    const auto angle = [&digits](unsigned limit) {
-        const unsigned whole = digits.below(limit);
-        const unsigned minutes = digits.below(60);
-        const unsigned seconds = digits.below(60);
-        return Sexagesimal{whole, minutes, seconds, digits.below(10000)};
-    };
     Measurement made{};
     for (long i = 0; i < marks; ++i) {
-        const long object = i * objects / marks;
+        const auto object = static_cast<unsigned long>(mixed ? i % objects : i * objects / marks);
         made.opensFile = i == 0;
         made.opensObject = i == 0 || object != made.object;
         made.object = object;
         made.day = 1 + static_cast<unsigned>(i / 500 % 28);
-        made.time = angle(24);
-        made.ra = angle(24);
-        made.sign = digits.below(2) == 0 ? '-' : '+';
-        made.de = angle(90);
-        made.magnitude = 5 + digits.below(17);
-        made.hundredths = digits.below(100);
-        write(file, made);
+        measure(digits, made);
+        format->write(file, made);
+        file.endOfMark();
     }
-    file << (word == "telegram" ? "END\n\n" : "");
+    file.append(format->end);
     file.close();
-    if (!file) {
-        throw std::runtime_error("no input could be made");
-    }
 }
 
 void makeTrackTable(const std::string& path, long number, long tracks, long marksOfATrack, long names)
 {
     Digits digits{12345 + static_cast<unsigned>(number)};
-    std::vector<tavelinUtils::TrackVtorichka> list(static_cast<std::size_t>(tracks));
-    const auto fraction = [&digits] { return digits.below(1000000) * 1e-6; };
+    std::vector<tavelinUtils::TrackVtorichka> list;
     for (long i = 0; i < tracks; ++i) {
-        auto& track = list[static_cast<std::size_t>(i)];
-        track.QRVName = "K" + std::to_string(1000000 + (number * tracks + i) % names);
-        track.MPCChecker = track.QRVName;
-        track.N = static_cast<int>(i);
-        track.V = fraction();
-        track.m_m = 15 + fraction();
-        track.Marks.resize(static_cast<std::size_t>(marksOfATrack));
-        track.InterBlobs.resize(track.Marks.size());
-        double time = fraction() * 0.5;
-        for (auto& mark : track.Marks) {
-            mark.date = 60000 + static_cast<int>(number);
-            mark.time = time += 0.001;
-            mark.RA = fraction() * 360;
-            mark.DE = fraction() * 180 - 90;
-            mark.m = 15 + fraction() * 5;
-            mark.SNRpeak = 10 + fraction();
-            mark.mEnsemble = 15 + fraction();
-            mark.X_f = fraction() * 4096;
-            mark.Y_f = fraction() * 4096;
-            mark.iF = static_cast<int>(digits.below(100));
-        }
+        list.push_back(madeTrack(digits, marksOfATrack, 60000 + static_cast<int>(number)));
+        list.back().QRVName = "K" + std::to_string(1000000 + (number * tracks + i) % names);
+        list.back().MPCChecker = list.back().QRVName;
+        list.back().N = static_cast<int>(i);
     }
     tavelinUtils::sListTrack(path, path, "", list, "", true, true, tavelinUtils::getHeadTrack());
 }
