@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <vector>
 
 namespace tavelinUtils {
@@ -37,23 +36,25 @@ public:
     void add(const Entry& entry)
     {
         if (count == chunks.size() * entriesOfAChunk) {
-            chunks.push_back(std::make_unique_for_overwrite<Entry[]>(entriesOfAChunk));
+            chunks.emplace_back().reserve(entriesOfAChunk);
         }
-        (*this)[count++] = entry;
+        chunks.back().push_back(entry);
+        ++count;
     }
 
     /// Gives back the memory of entries before an index, which are not asked for any more.
     void forgetBefore(std::size_t index)
     {
         for (; forgotten < index / entriesOfAChunk; ++forgotten) {
-            chunks[forgotten].reset();
+            std::vector<Entry>().swap(chunks[forgotten]);
         }
     }
 
 private:
     static constexpr std::size_t entriesOfAChunk = std::size_t{1} << 14;
 
-    std::vector<std::unique_ptr<Entry[]>> chunks;
+    std::vector<std::vector<Entry>>
+        chunks; // with room for all their entries, of which none is touched too early
     std::size_t count = 0;
     std::size_t forgotten = 0; // chunks
 };

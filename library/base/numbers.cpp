@@ -1,5 +1,7 @@
 #include "base/numbers.h"
 
+#include "base/digits.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -18,25 +20,9 @@ __extension__ using WideInteger = unsigned __int128;
 
 constexpr std::string_view whiteSpace = " \t\n\v\f\r";
 
-// The powers of ten that a 64-bit integer holds.
-constexpr int largestDecimals = 19;
-constexpr auto powersOfTen = [] {
-    std::array<std::uint64_t, largestDecimals + 1> powers{};
-    std::uint64_t power = 1;
-    for (std::uint64_t& each : powers) {
-        each = power;
-        power *= 10;
-    }
-    return powers;
-}();
-
-// Integers up to this one are exact in a double, and so are these powers of ten: their quotient is rounded
-// once and is therefore the number that the digits mean.
+// Integers up to this one are exact in a double, and so are the powers of ten: their quotient is rounded once
+// and is therefore the number that the digits mean.
 constexpr std::uint64_t exactInteger = std::uint64_t{1} << 53;
-constexpr int exactDecimals = 22;
-constexpr double exactPowers[exactDecimals + 1] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
 // A product divided by a power of two, rounded to the nearest integer with ties to even; nothing if the
 // result does not fit 64 bits. The product has fewer than 53 + 64 bits, so a larger shift leaves less than a
@@ -55,58 +41,6 @@ std::optional<std::uint64_t> shiftedToEven(WideInteger product, int shift)
     const auto whole = static_cast<std::uint64_t>(quotient);
     const bool up = rest > half || (rest == half && (whole & 1) != 0);
     return whole + (up ? 1 : 0);
-}
-
-constexpr char pairsOfDigits[] = "00010203040506070809"
-                                 "10111213141516171819"
-                                 "20212223242526272829"
-                                 "30313233343536373839"
-                                 "40414243444546474849"
-                                 "50515253545556575859"
-                                 "60616263646566676869"
-                                 "70717273747576777879"
-                                 "80818283848586878889"
-                                 "90919293949596979899";
-
-void writePair(char* to, std::uint64_t number)
-{
-    std::memcpy(to, pairsOfDigits + number * 2, 2);
-}
-
-// How many digits a number has, 1 for 0.
-int countDigits(std::uint64_t number)
-{
-    constexpr int logarithm = 1233; // of 2 to base 10, times 4096
-    const int fewest = static_cast<int>(std::bit_width(number | 1)) * logarithm >> 12;
-    return fewest + (number >= powersOfTen[static_cast<std::size_t>(fewest)] ? 1 : 0) + (number == 0 ? 1 : 0);
-}
-
-char* writeWhole(char* to, std::uint64_t number)
-{
-    if (number < 10) {
-        *to = static_cast<char>('0' + number);
-        return to + 1;
-    }
-    if (number < 100) {
-        writePair(to, number);
-        return to + 2;
-    }
-    return writeDigits(to, number, countDigits(number));
-}
-
-// The room that a number of 64 bits takes with sign, point and a zero before it.
-constexpr std::size_t scaledLength = 32;
-
-char* writeScaled(char* to, std::uint64_t scaled, int precision)
-{
-    if (precision == 0) {
-        return writeWhole(to, scaled);
-    }
-    const std::uint64_t unit = powersOfTen[static_cast<std::size_t>(precision)];
-    const std::uint64_t whole = scaled / unit;
-    to = writeWhole(to, whole);
-    *to = '.';
-    return writeDigits(to + 1, scaled - whole * unit, precision);
 }
 
 // For what integer arithmetic cannot hold: many decimals, large numbers, infinities.
@@ -196,12 +130,7 @@ double readByLibrary(std::string_view text)
 
 } // namespace
 
-std::uint64_t powerOfTen(int exponent)
-{
-    return powersOfTen[static_cast<std::size_t>(exponent)];
-}
-
-std::optional<std::uint64_t> scaledMagnitude(double value, int precision)
+std::optional<std::uint64_t> exactScaledMagnitude(double value, int precision)
 {
     constexpr int mantissaBits = 52;
     constexpr int exponentBias = 1075;
@@ -218,20 +147,6 @@ std::optional<std::uint64_t> scaledMagnitude(double value, int precision)
     return shiftedToEven(WideInteger{mantissa} * powersOfTen[static_cast<std::size_t>(precision)], shift);
 }
 
-char* writeDigits(char* to, std::uint64_t number, int digits)
-{
-    char* at = to + digits;
-    while (at - to >= 2) {
-        at -= 2;
-        writePair(at, number % 100);
-        number /= 100;
-    }
-    if (at != to) {
-        *to = static_cast<char>('0' + number % 10);
-    }
-    return to + digits;
-}
-
 void appendFixed(TextBuffer& out, double value, int precision)
 {
     const auto scaled = scaledMagnitude(value, precision);
@@ -243,7 +158,7 @@ void appendFixed(TextBuffer& out, double value, int precision)
     if (std::signbit(value)) {
         *to++ = '-';
     }
-    out.endAt(writeScaled(to, *scaled, precision));
+    out.endAt(writeScaled(to, std::abs(value), *scaled, precision));
 }
 
 void appendCell(TextBuffer& out, double value, int decimals, char end)
@@ -252,34 +167,19 @@ void appendCell(TextBuffer& out, double value, int decimals, char end)
     out += end;
 }
 
-void appendFixedTwoDigits(TextBuffer& out, double value, int precision)
+void appendOddTwoDigits(TextBuffer& out, double value, int precision)
 {
-    const auto scaled = scaledMagnitude(value, precision);
-    if (!scaled || std::signbit(value)) {
-        TextBuffer number;
-        appendFixed(number, value, precision);
-        out += isBelowTen(number.view()) ? "0" : "";
-        out += number.view();
-        return;
-    }
-    char* to = out.room(scaledLength);
-    if (*scaled / 10 < powerOfTen(precision)) {
-        *to++ = '0';
-    }
-    out.endAt(writeScaled(to, *scaled, precision));
+    TextBuffer number;
+    appendFixed(number, value, precision);
+    out += isBelowTen(number.view()) ? "0" : "";
+    out += number.view();
 }
 
-void appendFixedPacked(TextBuffer& out, double value, int precision)
+void appendOddPacked(TextBuffer& out, double value, int precision)
 {
-    const auto scaled = scaledMagnitude(value, precision);
-    if (!scaled || std::signbit(value)) {
-        const std::size_t begin = out.size();
-        appendFixedTwoDigits(out, value, precision);
-        erasePoint(out, begin);
-        return;
-    }
-    char* const to = out.room(scaledLength);
-    out.endAt(writeDigits(to, *scaled, std::max(countDigits(*scaled), precision + 2)));
+    const std::size_t begin = out.size();
+    appendFixedTwoDigits(out, value, precision);
+    erasePoint(out, begin);
 }
 
 void appendInt(TextBuffer& out, int value)
@@ -293,14 +193,8 @@ void appendInt(TextBuffer& out, int value)
     out.endAt(writeWhole(to, magnitude));
 }
 
-void appendTwoDigits(TextBuffer& out, int value)
+void appendOddTwoDigits(TextBuffer& out, int value)
 {
-    if (value >= 0 && value < 100) {
-        char* const to = out.room(2);
-        writePair(to, static_cast<std::uint64_t>(value));
-        out.endAt(to + 2);
-        return;
-    }
     if (value < 0) {
         out += '0';
     }
@@ -397,18 +291,12 @@ int toInt(std::string_view text)
     return static_cast<int>(static_cast<std::uint32_t>(negative ? 0 - number : number));
 }
 
-int cutToInt(double x)
+int cutToNearestInt(double x)
 {
     if (std::isnan(x)) {
         return 0;
     }
-    if (x <= std::numeric_limits<int>::min()) {
-        return std::numeric_limits<int>::min();
-    }
-    if (x >= std::numeric_limits<int>::max()) {
-        return std::numeric_limits<int>::max();
-    }
-    return static_cast<int>(x);
+    return x < 0 ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
 }
 
 // Halves are rounded up here, and away from zero in RoundDouble.

@@ -3,10 +3,14 @@
 
 #pragma once
 
+#include "digits.h"
 #include "text_buffer.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string_view>
 
@@ -44,26 +48,47 @@ void appendCell(TextBuffer& out, double value, int decimals, char end);
 
 /// Appends the same number with a "0" in front if the rounded text means a number below 10.0, so a negative
 /// number has the "0" before its sign.
-void appendFixedTwoDigits(TextBuffer& out, double value, int precision);
+void appendOddTwoDigits(TextBuffer& out, double value, int precision);
+inline void appendFixedTwoDigits(TextBuffer& out, double value, int precision)
+{
+    const auto scaled = scaledMagnitude(value, precision);
+    if (!scaled || std::signbit(value)) {
+        appendOddTwoDigits(out, value, precision);
+        return;
+    }
+    char* to = out.room(scaledLength);
+    if (*scaled / 10 < powersOfTen[static_cast<std::size_t>(precision)]) {
+        *to++ = '0';
+    }
+    out.endAt(writeScaled(to, value, *scaled, precision));
+}
 
 /// The same without the point: "0950" for 9.5 with two decimals.
-void appendFixedPacked(TextBuffer& out, double value, int precision);
+void appendOddPacked(TextBuffer& out, double value, int precision);
+inline void appendFixedPacked(TextBuffer& out, double value, int precision)
+{
+    const auto scaled = scaledMagnitude(value, precision);
+    if (!scaled || std::signbit(value)) {
+        appendOddPacked(out, value, precision);
+        return;
+    }
+    const int digits = std::max(countDigits(*scaled), precision + 2);
+    out.endAt(writeDigits(out.room(scaledLength), *scaled, digits));
+}
 
 /// Appends an integer in decimal.
 void appendInt(TextBuffer& out, int value);
 
 /// Appends an integer with a "0" in front of a value of at most 9.
-void appendTwoDigits(TextBuffer& out, int value);
-
-/// |value| times ten to the precision, rounded as appendFixed rounds; nothing if the precision is negative or
-/// the result does not fit 64 bits.
-std::optional<std::uint64_t> scaledMagnitude(double value, int precision);
-
-/// Ten to the exponent, which is at most 19.
-std::uint64_t powerOfTen(int exponent);
-
-/// Writes a number in exactly so many digits, with zeros in front, and returns their end.
-char* writeDigits(char* to, std::uint64_t number, int digits);
+void appendOddTwoDigits(TextBuffer& out, int value);
+inline void appendTwoDigits(TextBuffer& out, int value)
+{
+    if (value >= 0 && value < 100) {
+        out.endAt(writePair(out.room(2), static_cast<std::uint64_t>(value)));
+    } else {
+        appendOddTwoDigits(out, value);
+    }
+}
 
 /// Removes the first point at or after the position, if there is one.
 void erasePoint(TextBuffer& out, std::size_t begin);
@@ -74,7 +99,12 @@ void appendPaddedLeft(TextBuffer& out, std::string_view text, std::size_t width)
 
 /// A double truncated to an integer: 0 for not-a-number, and the nearest end of the range for a value that
 /// does not fit.
-int cutToInt(double x);
+int cutToNearestInt(double x);
+inline int cutToInt(double x)
+{
+    const bool fits = x > std::numeric_limits<int>::min() && x < std::numeric_limits<int>::max();
+    return fits ? static_cast<int>(x) : cutToNearestInt(x);
+}
 
 /// A number rounded to decimals by way of its text.
 double roundedTo(double value, int precision);

@@ -122,4 +122,14 @@ private:
     char* limit = own + sizeof own;
 };
 
+/// Appends a text that as a rule is one character or none: a copy of its own costs more.
+inline void appendShort(TextBuffer& out, std::string_view text)
+{
+    if (text.size() == 1) {
+        out += text.front();
+    } else if (!text.empty()) {
+        out += text;
+    }
+}
+
 } // namespace tavelinUtils

@@ -29,7 +29,7 @@ Sexagesimal sexagesimalOf(double value)
     return {whole, minute, (minutes - minute) * 60.0};
 }
 
-// Appends sign, whole part and minutes; returns the seconds that are left.
+// Appends sign, whole part and minutes, with the separator between them; returns the seconds that are left.
 double appendToMinutes(TextBuffer& out, bool negative, double magnitude, std::string_view separator)
 {
     const Sexagesimal parts = sexagesimalOf(magnitude);
@@ -37,7 +37,7 @@ double appendToMinutes(TextBuffer& out, bool negative, double magnitude, std::st
         out += '-';
     }
     appendTwoDigits(out, parts.whole);
-    out += separator;
+    appendShort(out, separator);
     appendTwoDigits(out, parts.minutes);
     return parts.seconds;
 }
@@ -45,7 +45,7 @@ double appendToMinutes(TextBuffer& out, bool negative, double magnitude, std::st
 void appendAngle(TextBuffer& out, bool negative, double magnitude, int precision, std::string_view separator)
 {
     const double seconds = appendToMinutes(out, negative, magnitude, separator);
-    out += separator;
+    appendShort(out, separator);
     appendFixedTwoDigits(out, seconds, precision);
 }
 

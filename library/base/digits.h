@@ -1,0 +1,129 @@
+// Digits: the small steps of printing a number, in the headers so that they become part of their callers.
+
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+
+namespace tavelinUtils {
+
+/// The powers of ten that a 64-bit integer holds.
+inline constexpr int largestDecimals = 19;
+inline constexpr auto powersOfTen = [] {
+    std::array<std::uint64_t, largestDecimals + 1> powers{};
+    std::uint64_t power = 1;
+    for (std::uint64_t& each : powers) {
+        each = power;
+        power *= 10;
+    }
+    return powers;
+}();
+
+/// The same as doubles, as far as these are exact.
+inline constexpr int exactDecimals = 22;
+inline constexpr double exactPowers[exactDecimals + 1] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                          1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                          1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+inline constexpr char pairsOfDigits[] = "00010203040506070809"
+                                        "10111213141516171819"
+                                        "20212223242526272829"
+                                        "30313233343536373839"
+                                        "40414243444546474849"
+                                        "50515253545556575859"
+                                        "60616263646566676869"
+                                        "70717273747576777879"
+                                        "80818283848586878889"
+                                        "90919293949596979899";
+
+/// The room that a number of 64 bits takes with sign, point and a zero before it.
+inline constexpr std::size_t scaledLength = 32;
+
+/// Writes a number below 100 in two digits and returns their end.
+inline char* writePair(char* to, std::uint64_t number)
+{
+    std::memcpy(to, pairsOfDigits + number * 2, 2);
+    return to + 2;
+}
+
+/// Writes the lowest digits of a number, with zeros in front where it has fewer, and returns their end.
+inline char* writeDigits(char* to, std::uint64_t number, int digits)
+{
+    char* at = to + digits;
+    while (at - to >= 2) {
+        at -= 2;
+        writePair(at, number % 100);
+        number /= 100;
+    }
+    if (at != to) {
+        *to = static_cast<char>('0' + number % 10);
+    }
+    return to + digits;
+}
+
+/// How many digits a number has, 1 for 0.
+inline int countDigits(std::uint64_t number)
+{
+    constexpr int logarithm = 1233; // of 2 to base 10, times 4096
+    const int fewest = static_cast<int>(std::bit_width(number | 1)) * logarithm >> 12;
+    return fewest + (number >= powersOfTen[static_cast<std::size_t>(fewest)] ? 1 : 0) + (number == 0 ? 1 : 0);
+}
+
+/// Writes a number and returns its end.
+inline char* writeWhole(char* to, std::uint64_t number)
+{
+    if (number < 10) {
+        *to = static_cast<char>('0' + number);
+        return to + 1;
+    }
+    return number < 100 ? writePair(to, number) : writeDigits(to, number, countDigits(number));
+}
+
+/// Writes a number with its point from what scaledMagnitude gives of its magnitude; returns its end.
+inline char* writeScaled(char* to, double magnitude, std::uint64_t scaled, int decimals)
+{
+    if (decimals == 0) {
+        return writeWhole(to, scaled);
+    }
+    // The whole part is that of the number, but where it was rounded up to the next: a division takes longer.
+    const std::uint64_t unit = powersOfTen[static_cast<std::size_t>(decimals)];
+    auto whole = magnitude < 0x1p62 ? static_cast<std::uint64_t>(magnitude) : scaled / unit;
+    std::uint64_t rest = scaled - whole * unit;
+    if (rest >= unit) {
+        ++whole;
+        rest = 0;
+    }
+    to = writeWhole(to, whole);
+    *to = '.';
+    return writeDigits(to + 1, rest, decimals);
+}
+
+/// scaledMagnitude in integer arithmetic, whatever the value.
+std::optional<std::uint64_t> exactScaledMagnitude(double value, int precision);
+
+/// |value| times ten to the precision, rounded to the nearest integer as printf rounds: the exact value
+/// decides, and a tie goes to the even integer. Nothing if the precision is negative or the result does not
+/// fit 64 bits.
+inline std::optional<std::uint64_t> scaledMagnitude(double value, int precision)
+{
+    // The product is rounded itself, which can mislead only next to a half.
+    constexpr double trusted = 0x1p50;
+    constexpr double twiceTheError = 0x1p-52;
+    if (precision >= 0 && precision <= largestDecimals) {
+        const double product = std::abs(value) * exactPowers[precision];
+        if (product < trusted) {
+            const auto whole = static_cast<std::int64_t>(product);
+            const double overHalf = product - static_cast<double>(whole) - 0.5;
+            if (std::abs(overHalf) > product * twiceTheError) {
+                return static_cast<std::uint64_t>(whole + (overHalf > 0 ? 1 : 0));
+            }
+        }
+    }
+    return exactScaledMagnitude(value, precision);
+}
+
+} // namespace tavelinUtils
