@@ -5,15 +5,57 @@
 #include "formats/track_table.h"
 #include "input_file.h"
 
+#include <bit>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace tavelinUtils;
+
+bool sameNumber(double a, double b)
+{
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+}
+
+// The columns that are wanted below.
+bool sameWanted(const TRecLabelPervichka_File& a, const TRecLabelPervichka_File& b)
+{
+    return a.date == b.date && sameNumber(a.time, b.time) && sameNumber(a.RA, b.RA) && a.iF == b.iF &&
+           a.iFRaw == b.iFRaw && a.filtr == b.filtr && a.mjd == b.mjd;
+}
+
+// A source of some columns gives these the values that a source of all gives them.
+void wantedColumnsAreThoseOfAll(const std::string& path, const std::vector<TrackVtorichka>& tracks)
+{
+    TrackTableSource source(path, "date time RA iF filtr mjd m_MPC");
+    TrackVtorichka track;
+    for (const TrackVtorichka& whole : tracks) {
+        mustHold(source.next(track));
+        mustHold(track.QRVName == whole.QRVName && track.NORAD == whole.NORAD &&
+                 track.MPCChecker == whole.MPCChecker && track.NMarks == whole.NMarks);
+        mustHold(track.Marks.size() == whole.Marks.size() && track.InterBlobs.size() == whole.Marks.size());
+        for (std::size_t i = 0; i < whole.Marks.size(); ++i) {
+            mustHold(sameWanted(track.Marks[i], whole.Marks[i]));
+            mustHold(sameNumber(track.InterBlobs[i].m_MPC, whole.InterBlobs[i].m_MPC));
+            mustHold(sameNumber(track.Marks[i].DE, 0.0) && track.Marks[i].CNAME == "ENSEMBLE");
+        }
+    }
+    mustHold(!source.next(track));
+}
+
+} // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    using namespace tavelinUtils;
     const InputFile file(bytes, size);
     const std::vector<TrackVtorichka> tracks = lListTrack(file.path());
     mustHold(tracks.size() == lListTrack(ReadFromFile(file.path())).size());
     for (const TrackVtorichka& track : tracks) {
         mustHold(track.InterBlobs.size() == track.Marks.size());
     }
+    wantedColumnsAreThoseOfAll(file.path(), tracks);
     sListTrack("/dev/null", "/series/a/b/table", "", tracks, "", true, false, getHeadTrack());
     const std::string text(reinterpret_cast<const char*>(bytes), size);
     StrToCast(text);

@@ -7,134 +7,49 @@
 #include "base/tokens.h"
 #include "files/text_files.h"
 #include "formats/track_table_columns.h"
+#include "formats/track_table_lines.h"
 #include "formats/track_table_names.h"
+#include "records/track_stream.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
-#include <span>
 #include <string_view>
+#include <utility>
 
 namespace tavelinUtils {
 namespace {
 
-constexpr std::string_view version = "v2";
-constexpr std::string_view trackEnd = "---";
 // The unit "degt" is spelled so.
 constexpr std::string_view satelliteColumns =
     "N:Int\tNBl:Int\tdate:Date\ttime:Time\tnoradid:Text\tRA:Float:deg\tDE:Float:degt\tDraw:Bool";
 
-using LineViews = std::span<const std::string_view>;
-
-// Reads the tracks under one header.
-class TrackReader
+// Reads what is wanted of a file.
+void readTable(const std::string& path, const WantedColumns& wanted, KeptTable& kept)
 {
-public:
-    explicit TrackReader(std::string_view header) : columns(columnsToRead(header))
-    {
-        for (const ColumnToRead& column : columns.ofHead) {
-            lastHeadField = std::max(lastHeadField, column.field);
-        }
+    TrackTableLines reader(kept, wanted);
+    if (readLines(path, reader)) {
+        reader.finish();
+    } else {
+        kept = {}; // a missing file has no lines
     }
-
-    // Reads the lines of a track, one for each mark, into a new track.
-    void read(LineViews lines, TrackVtorichka& track)
-    {
-        track.Marks.reserve(lines.size());
-        track.InterBlobs.resize(lines.size());
-        for (const std::string_view line : lines) {
-            track.Marks.emplace_back();
-            split(line);
-            readFields(columns.ofMarks, track, track.Marks.size() - 1);
-        }
-        track.NMarks = static_cast<int>(lines.size());
-        if (!lines.empty()) {
-            readHead(lines, track);
-        }
-    }
-
-private:
-    void split(std::string_view line)
-    {
-        fieldCount = splitFields(line, fields);
-    }
-
-    // Takes the last line as it was split: it wins, and so it is enough where it has all fields of the head.
-    void readHead(LineViews lines, TrackVtorichka& track)
-    {
-        if (fieldCount > lastHeadField) {
-            readFields(columns.ofHead, track, lines.size() - 1);
-            return;
-        }
-        for (std::size_t i = 0; i < lines.size(); ++i) {
-            split(lines[i]);
-            readFields(columns.ofHead, track, i);
-        }
-    }
-
-    // Reads the fields that the line has.
-    void readFields(const std::vector<ColumnToRead>& wanted, TrackVtorichka& track, std::size_t index)
-    {
-        const MarkToFill mark{track, track.Marks[index], track.InterBlobs[index], days};
-        for (const ColumnToRead& column : wanted) {
-            if (column.field < fieldCount) {
-                column.read(mark, fields[column.field]);
-            }
-        }
-    }
-
-    ColumnsToRead columns;
-    std::size_t lastHeadField = 0;
-    std::vector<std::string_view> fields; // of the line that was split last, at the front of the list
-    std::size_t fieldCount = 0;
-    DayNumbers days;
-};
-
-std::vector<TrackVtorichka> tracksUnder(std::string_view header, LineViews lines)
-{
-    std::vector<TrackVtorichka> tracks;
-    const auto ends = static_cast<std::size_t>(std::count(lines.begin(), lines.end(), trackEnd));
-    tracks.reserve(std::max<std::size_t>(ends, 1));
-    TrackReader reader(header);
-    auto first = lines.begin();
-    for (std::size_t i = 0; i < ends; ++i) {
-        const auto end = std::find(first, lines.end(), trackEnd);
-        reader.read({first, end}, tracks.emplace_back());
-        first = end + 1;
-    }
-    // Lines after the last end belong to no track, unless the table has none.
-    if (ends == 0 && !lines.empty()) {
-        reader.read(lines, tracks.emplace_back());
-    }
-    return tracks;
 }
 
-std::vector<TrackVtorichka> tracksOf(LineViews lines)
-{
-    if (!lines.empty() && lines.front() == version) {
-        lines = lines.subspan(1);
-    }
-    return lines.empty() ? std::vector<TrackVtorichka>{} : tracksUnder(lines.front(), lines.subspan(1));
-}
-
-// Writes the lines of tracks under one header.
-class TrackWriter
+// Writes the lines of marks under one header.
+class LineWriter
 {
 public:
-    explicit TrackWriter(std::string_view header) : columns(columnsToWrite(header))
+    explicit LineWriter(std::string_view header) : columns(columnsToWrite(header))
     {
     }
 
-    void append(TextBuffer& out, const TrackVtorichka& track, std::string_view name, int number)
+    void append(TextBuffer& out, const TrackVtorichka& track, std::size_t index, std::string_view name,
+                int number)
     {
-        for (std::size_t i = 0; i < track.Marks.size(); ++i) {
-            fetchAhead(track.Marks, i);
-            const MarkToWrite mark = markToWrite(track, i, name, number, dates);
-            for (const TableColumn* const column : columns) {
-                column->append(out, mark);
-            }
-            out += '\n';
+        const MarkToWrite mark = markToWrite(track, index, name, number, dates);
+        for (const TableColumn* const column : columns) {
+            column->append(out, mark);
         }
+        out += '\n';
     }
 
 private:
@@ -144,7 +59,7 @@ private:
 
 std::string headLines(const std::string& header)
 {
-    std::string lines(version);
+    std::string lines(tableVersion);
     lines += '\n';
     lines += header.empty() ? getHeadTrack() : header;
     lines += '\n';
@@ -153,39 +68,131 @@ std::string headLines(const std::string& header)
 
 } // namespace
 
+struct TrackTableSource::Store
+{
+    std::string path{};
+    KeptTable kept{};
+    std::size_t taken = 0;
+
+    // The number of marks in all tracks before one.
+    std::size_t marksBefore(std::size_t track) const
+    {
+        return track == 0 ? 0 : kept.ends[track - 1];
+    }
+    void fill(TrackVtorichka& track);
+};
+
+void TrackTableSource::Store::fill(TrackVtorichka& track)
+{
+    const std::size_t begin = marksBefore(taken);
+    const std::size_t count = marksBefore(taken + 1) - begin;
+    kept.heads.restore<THeadTrVtor&>(taken, track);
+    track.NMarks = static_cast<int>(count);
+    track.SourceFile = path;
+    track.Marks.reserve(count);
+    track.InterBlobs.resize(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        kept.marks.restore(begin + i, track.Marks.emplace_back(), track.InterBlobs[i]);
+    }
+    ++taken;
+    kept.heads.forgetBefore(taken);
+    kept.marks.forgetBefore(begin + count);
+}
+
+TrackTableSource::TrackTableSource(std::string path) : store(new Store{std::move(path)})
+{
+    readTable(store->path, {}, store->kept);
+}
+
+TrackTableSource::TrackTableSource(std::string path, std::string wantedColumns)
+    : store(new Store{std::move(path)})
+{
+    readTable(store->path, WantedColumns(wantedColumns), store->kept);
+}
+
+TrackTableSource::TrackTableSource(const std::vector<std::string>& lines) : store(new Store)
+{
+    TrackTableLines reader(store->kept, {});
+    takeLines(lines, reader);
+    reader.finish();
+}
+
+TrackTableSource::TrackTableSource(TrackTableSource&& other) noexcept = default;
+TrackTableSource::~TrackTableSource() = default;
+
+std::size_t TrackTableSource::count() const
+{
+    return store->kept.ends.size() - store->taken;
+}
+
+bool TrackTableSource::next(TrackVtorichka& track)
+{
+    if (count() == 0) {
+        return false;
+    }
+    resetTrack(track);
+    store->fill(track);
+    return true;
+}
+
+struct TrackTableSink::State
+{
+    std::string source;
+    std::string prefix;
+    std::string suffix;
+    bool longName;
+    PieceFile file;
+    LineWriter writer;
+};
+
+TrackTableSink::TrackTableSink(std::string path, std::string source, std::string prefix, std::string suffix,
+                               bool longName, bool rewrite, std::string header)
+    : state(new State{std::move(source), std::move(prefix), std::move(suffix), longName,
+                      PieceFile(std::move(path),
+                                rewrite ? PieceFile::Old::removedAndAppendedTo : PieceFile::Old::appendedTo),
+                      LineWriter(header)})
+{
+    state->file.text() += headLines(header);
+}
+
+TrackTableSink::TrackTableSink(TrackTableSink&& other) noexcept = default;
+TrackTableSink::~TrackTableSink() = default;
+
+void TrackTableSink::add(const TrackVtorichka& track)
+{
+    PieceFile& file = state->file;
+    const std::string name = shownName(track, track.QRVName, state->source, state->prefix, state->suffix,
+                                       track.N, state->longName);
+    for (std::size_t i = 0; i < track.Marks.size(); ++i) {
+        state->writer.append(file.text(), track, i, name, track.N);
+        file.writeFull();
+    }
+    file.text() += trackEnd;
+    file.text() += '\n';
+    file.writeFull();
+}
+
+bool TrackTableSink::save()
+{
+    state->file.close(); // a failed write is not reported
+    return true;
+}
+
 std::vector<TrackVtorichka> lListTrack(const std::vector<std::string>& lines)
 {
-    return tracksOf(std::vector<std::string_view>(lines.begin(), lines.end()));
+    return allTracks(TrackTableSource(lines));
 }
 
 std::vector<TrackVtorichka> lListTrack(std::string path)
 {
-    FileBytes file;
-    if (!readBytes(path, file)) {
-        return {};
-    }
-    std::vector<std::string_view> lines;
-    forEachLine(file.view(), [&lines](std::string_view line) { lines.push_back(line); });
-    std::vector<TrackVtorichka> tracks = tracksOf(lines);
-    for (TrackVtorichka& track : tracks) {
-        track.SourceFile = path;
-    }
-    return tracks;
+    return allTracks(TrackTableSource(path));
 }
 
 void sListTrack(std::string path, std::string source, std::string prefix,
                 const std::vector<TrackVtorichka>& tracks, std::string suffix, bool longName, bool rewrite,
                 std::string header)
 {
-    TextBuffer text(headLines(header));
-    TrackWriter writer(header);
-    for (const TrackVtorichka& track : tracks) {
-        const std::string name = shownName(track, track.QRVName, source, prefix, suffix, track.N, longName);
-        writer.append(text, track, name, track.N);
-        text += trackEnd;
-        text += '\n';
-    }
-    (rewrite ? rewriteText : appendText)(path, text);
+    writeAll(TrackTableSink(path, source, prefix, suffix, longName, rewrite, header), tracks);
 }
 
 void sTrack(std::string path, std::string source, std::string prefix, std::string suffix, int number,
@@ -194,7 +201,10 @@ void sTrack(std::string path, std::string source, std::string prefix, std::strin
 {
     TextBuffer text;
     const std::string name = shownName(track, givenName, source, prefix, suffix, number, longName);
-    TrackWriter(header).append(text, track, name, number);
+    LineWriter writer(header);
+    for (std::size_t i = 0; i < track.Marks.size(); ++i) {
+        writer.append(text, track, i, name, number);
+    }
     if (!text.empty()) {
         appendText(path, text); // a track without marks opens nothing
     }
@@ -209,7 +219,7 @@ void sHeadTrack(std::string path, bool flag, std::string header)
 
 void sHeadSatTrack(std::string path)
 {
-    Write(path, std::vector<std::string>{std::string(version), std::string(satelliteColumns)});
+    Write(path, std::vector<std::string>{std::string(tableVersion), std::string(satelliteColumns)});
 }
 
 std::string getHeadTrack()

@@ -12,6 +12,8 @@
 
 #include "../records/track.h"
 
+#include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -21,6 +23,47 @@ namespace tavelinUtils {
 struct THeadTrack
 {
     std::string Name{};
+};
+
+/// Hands out the tracks of a table, or of its lines, one after the other (records/track_stream.h); what they
+/// are is told with lListTrack.
+class TrackTableSource
+{
+public:
+    explicit TrackTableSource(std::string path);
+    explicit TrackTableSource(const std::vector<std::string>& lines);
+
+    /// Reads the columns of marks that are looked at, whose names have blanks between them, and of the head
+    /// QRVName, Name, NORAD, noradid and MPCChecker. Other columns are skipped, and what they would set has
+    /// its default.
+    TrackTableSource(std::string path, std::string wantedColumns);
+
+    TrackTableSource(TrackTableSource&& other) noexcept;
+    ~TrackTableSource();
+
+    std::size_t count() const;
+    bool next(TrackVtorichka& track);
+
+private:
+    struct Store;
+    std::unique_ptr<Store> store;
+};
+
+/// Writes a table as sListTrack does, track after track. A failed write is not reported.
+class TrackTableSink
+{
+public:
+    TrackTableSink(std::string path, std::string source, std::string prefix, std::string suffix,
+                   bool longName, bool rewrite, std::string header);
+    TrackTableSink(TrackTableSink&& other) noexcept;
+    ~TrackTableSink();
+
+    void add(const TrackVtorichka& track);
+    bool save();
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
 };
 
 /// The tracks of the lines of a table, whose version line may be missing. A field that a line lacks leaves

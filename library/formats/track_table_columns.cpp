@@ -25,35 +25,11 @@ void appendValue(TextBuffer& out, const Value& value)
     }
 }
 
-template <class Value>
-Value valueOf(std::string_view field)
-{
-    if constexpr (std::is_same_v<Value, double>) {
-        return toDouble(field);
-    } else if constexpr (std::is_same_v<Value, int>) {
-        return toInt(field);
-    } else {
-        return Value(field);
-    }
-}
-
 template <class Record, class Value>
 Value memberType(Value Record::*);
 
 template <auto member>
 using MemberType = decltype(memberType(member));
-
-template <auto member>
-void readOfMark(const MarkToFill& to, std::string_view field)
-{
-    to.mark.*member = valueOf<MemberType<member>>(field);
-}
-
-template <auto member>
-void readOfTrack(const MarkToFill& to, std::string_view field)
-{
-    to.track.*member = valueOf<MemberType<member>>(field);
-}
 
 Slot slotOf(double value)
 {
@@ -76,38 +52,66 @@ int highOf(Slot slot)
     return static_cast<int>(static_cast<std::uint32_t>(slot >> 32));
 }
 
-template <auto member>
-Slot keepOfMark(const MarkToKeep& from, KeptTexts& texts, Slot before)
+template <class Value>
+Slot readValue(std::string_view field, const FieldReading& with, Slot last)
 {
-    if constexpr (std::is_same_v<MemberType<member>, std::string>) {
-        return texts.keep(from.mark.*member, before);
+    if constexpr (std::is_same_v<Value, double>) {
+        return slotOf(toDouble(field));
+    } else if constexpr (std::is_same_v<Value, int>) {
+        return slotOf(toInt(field));
     } else {
-        return slotOf(from.mark.*member);
+        return with.texts.keep(field, last);
     }
 }
 
-template <auto member>
-void restoreOfMark(const MarkToRestore& to, Slot slot, const KeptTexts& texts)
+Slot keepValue(const std::string& text, KeptTexts& texts, Slot last)
+{
+    return texts.keep(text, last);
+}
+
+template <class Number>
+Slot keepValue(Number number, KeptTexts& /*texts*/, Slot /*last*/)
+{
+    return slotOf(number);
+}
+
+template <auto member, class Record>
+void restoreValue(Record& record, Slot slot, const KeptTexts& texts)
 {
     using Value = MemberType<member>;
     if constexpr (std::is_same_v<Value, std::string>) {
-        to.mark.*member = texts[slot];
+        record.*member = texts[slot];
     } else if constexpr (std::is_same_v<Value, int>) {
-        to.mark.*member = lowOf(slot);
+        record.*member = lowOf(slot);
     } else {
-        to.mark.*member = std::bit_cast<Value>(slot);
+        record.*member = std::bit_cast<Value>(slot);
     }
 }
 
 template <auto member>
-constexpr MarkValue valueOfMark = {keepOfMark<member>, restoreOfMark<member>};
+constexpr MarkValue markValue(decltype(MarkValue::read) read = readValue<MemberType<member>>)
+{
+    return {read,
+            [](const MarkToKeep& from, KeptTexts& texts, Slot last) {
+                return keepValue(from.mark.*member, texts, last);
+            },
+            [](const MarkToRestore& to, Slot slot, const KeptTexts& texts) {
+                restoreValue<member>(to.mark, slot, texts);
+            }};
+}
+
+template <auto member>
+constexpr HeadValue headValue = {
+    readValue<MemberType<member>>,
+    [](const THeadTrVtor& from, KeptTexts& texts, Slot last) { return keepValue(from.*member, texts, last); },
+    restoreValue<member, THeadTrVtor>};
 
 template <auto member, int decimals = 0>
 constexpr TableColumn ofMark(std::string_view description)
 {
     return {description,
             [](TextBuffer& out, const MarkToWrite& from) { appendValue<decimals>(out, from.mark.*member); },
-            readOfMark<member>, valueOfMark<member>};
+            markValue<member>()};
 }
 
 template <auto member, int decimals = 0>
@@ -115,9 +119,8 @@ constexpr TableColumn ofTrack(std::string_view description)
 {
     return {description,
             [](TextBuffer& out, const MarkToWrite& from) { appendValue<decimals>(out, from.track.*member); },
-            readOfTrack<member>,
             {},
-            true};
+            headValue<member>};
 }
 
 // Other tools expect the column.
@@ -135,7 +138,7 @@ void writeNotAvailable(TextBuffer& out, const MarkToWrite& /*from*/)
 template <auto member>
 constexpr TableColumn readOnly(std::string_view description)
 {
-    return {description, writeZero, readOfTrack<member>, {}, true};
+    return {description, writeZero, {}, headValue<member>};
 }
 
 // The name that the writer gives the track, which need not be its own.
@@ -143,9 +146,8 @@ constexpr TableColumn nameOfTrack(std::string_view description)
 {
     return {description,
             [](TextBuffer& out, const MarkToWrite& from) { out += from.name; },
-            readOfTrack<&THeadTrVtor::QRVName>,
             {},
-            true};
+            headValue<&THeadTrVtor::QRVName>};
 }
 
 // The table counts frames from 1, the mark from 0; the difference wraps around as integers do.
@@ -170,9 +172,8 @@ constexpr TableColumn lineColumns[] = {
     // No tab follows: the column is the last of its line.
     {"Cast",
      [](TextBuffer& out, const MarkToWrite& from) { out += textAt(from.track.Cast, from.index); },
-     nullptr,
      {},
-     false,
+     {},
      false},
 };
 
@@ -180,31 +181,29 @@ constexpr TableColumn lineColumns[] = {
 constexpr TableColumn standardColumns[] = {
     {"N:Int",
      [](TextBuffer& out, const MarkToWrite& from) { appendInt(out, from.number); },
-     readOfTrack<&Head::N>,
      {},
-     true},
+     headValue<&Head::N>},
     {"NBl:Int",
      [](TextBuffer& out, const MarkToWrite& from) { out += std::to_string(from.track.Marks.size()); }},
     nameOfTrack("QRVName:Text"),
     {"date:Date",
      [](TextBuffer& out, const MarkToWrite& from) { appendDate(out, from.dates, from.mark.date, "-"); },
-     [](const MarkToFill& to, std::string_view field) {
-         to.mark.date =
-             to.days.answerTo(field, [](std::string_view day) { return DateToMJD(std::string(day), "-"); });
-     },
      // AuxInt1 is carried and has no column of its own.
-     {[](const MarkToKeep& from, KeptTexts&, Slot) { return slotOf(from.mark.date, from.mark.AuxInt1); },
+     {[](std::string_view field, const FieldReading& with, Slot) {
+          return slotOf(with.days.answerTo(
+              field, [](std::string_view day) { return DateToMJD(std::string(day), "-"); }));
+      },
+      [](const MarkToKeep& from, KeptTexts&, Slot) { return slotOf(from.mark.date, from.mark.AuxInt1); },
       [](const MarkToRestore& to, Slot slot, const KeptTexts&) {
           to.mark.date = lowOf(slot);
           to.mark.AuxInt1 = highOf(slot);
       }}},
     {"time:Time", [](TextBuffer& out, const MarkToWrite& from) { appendTime(out, from.mark.time, 7, ":"); },
-     [](const MarkToFill& to, std::string_view field) { to.mark.time = timeToDay(field, ':'); },
-     valueOfMark<&Mark::time>},
+     markValue<&Mark::time>(
+         [](std::string_view field, const FieldReading&, Slot) { return slotOf(timeToDay(field, ':')); })},
     {"mjd:Float:day",
      [](TextBuffer& out, const MarkToWrite& from) { appendFixed(out, from.mark.date + from.mark.time, 12); },
-     [](const MarkToFill& to, std::string_view field) { to.mark.mjd = field; }, // a text: it sets no time
-     valueOfMark<&Mark::mjd>},
+     markValue<&Mark::mjd>()}, // a text: it sets no time
     ofMark<&Mark::RA, 6>("RA:Float:deg"),
     ofMark<&Mark::DE, 6>("DE:Float:deg"),
     ofMark<&Mark::m, 4>("m:Float:mag"),
@@ -214,8 +213,8 @@ constexpr TableColumn standardColumns[] = {
     ofMark<&Mark::mInstr1000, 4>("mInstr1000:Float:mag"),
     {"m_MPC:Float:mag",
      [](TextBuffer& out, const MarkToWrite& from) { appendFixed(out, from.interBlob.m_MPC, 2); },
-     [](const MarkToFill& to, std::string_view field) { to.interBlob.m_MPC = toDouble(field); },
-     {[](const MarkToKeep& from, KeptTexts&, Slot) { return slotOf(from.interBlob.m_MPC); },
+     {readValue<double>,
+      [](const MarkToKeep& from, KeptTexts&, Slot) { return slotOf(from.interBlob.m_MPC); },
       [](const MarkToRestore& to, Slot slot, const KeptTexts&) {
           to.interBlob.m_MPC = std::bit_cast<double>(slot);
       }}},
@@ -262,12 +261,11 @@ constexpr TableColumn standardColumns[] = {
     ofMark<&Mark::Width, 2>("Width:Float"),
     {"iF:Int",
      [](TextBuffer& out, const MarkToWrite& from) { appendInt(out, shifted(from.mark.iF, 1)); },
-     [](const MarkToFill& to, std::string_view field) {
-         const int number = toInt(field);
-         to.mark.iFRaw = number;
-         to.mark.iF = shifted(number, ~0U);
-     },
-     {[](const MarkToKeep& from, KeptTexts&, Slot) { return slotOf(from.mark.iF, from.mark.iFRaw); },
+     {[](std::string_view field, const FieldReading&, Slot) {
+          const int number = toInt(field);
+          return slotOf(shifted(number, ~0U), number);
+      },
+      [](const MarkToKeep& from, KeptTexts&, Slot) { return slotOf(from.mark.iF, from.mark.iFRaw); },
       [](const MarkToRestore& to, Slot slot, const KeptTexts&) {
           to.mark.iF = lowOf(slot);
           to.mark.iFRaw = highOf(slot);
@@ -276,9 +274,12 @@ constexpr TableColumn standardColumns[] = {
     ofMark<&Mark::QRVID>("QRVID:Text"),
     {"TrMade:Text",
      [](TextBuffer& out, const MarkToWrite& from) { out += HowMakeToStr(from.track.TrMade); },
-     [](const MarkToFill& to, std::string_view field) { to.track.TrMade = StrToHowMake(std::string(field)); },
      {},
-     true},
+     {[](std::string_view field, const FieldReading&, Slot) {
+          return slotOf(static_cast<int>(StrToHowMake(std::string(field))));
+      },
+      [](const Head& from, KeptTexts&, Slot) { return slotOf(static_cast<int>(from.TrMade)); },
+      [](Head& to, Slot slot, const KeptTexts&) { to.TrMade = static_cast<THowMakeTr>(lowOf(slot)); }}},
     {"NEORatio:Float", writeZero},
     {"AccurRaDe:Float:arcsec", writeZero},
     {"MPC_RMS:Float", writeZero},
@@ -331,10 +332,11 @@ void addColumnsToRead(ColumnsToRead& added, std::span<const TableColumn> columns
 {
     for (const TableColumn& column : columns) {
         const auto field = std::find(names.begin(), names.end(), column.name());
-        if (column.read != nullptr && field != names.end()) {
-            (column.ofHead ? added.ofHead : added.ofMarks)
-                .push_back({static_cast<std::size_t>(field - names.begin()), column.read});
+        if (!column.isRead() || field == names.end()) {
+            continue;
         }
+        auto& list = column.ofHead.read != nullptr ? added.ofHead : added.ofMarks;
+        list.push_back({static_cast<std::size_t>(field - names.begin()), &column});
     }
 }
 
@@ -395,7 +397,7 @@ std::vector<const TableColumn*> columnsOfMarks(std::string_view names)
     forEachToken(names, ' ', [&columns](std::string_view name) {
         const TableColumn& column = columnOfTrack(name);
         const bool isNew = std::find(columns.begin(), columns.end(), &column) == columns.end();
-        if (column.ofMark.keep != nullptr && isNew) {
+        if (column.ofMark.read != nullptr && isNew) {
             columns.push_back(&column);
         }
     });

@@ -15,15 +15,6 @@
 
 namespace tavelinUtils {
 
-/// A mark that is read, with everything that a field of its line may set.
-struct MarkToFill
-{
-    TrackVtorichka& track;
-    TRecLabelPervichka_File& mark;
-    TInterBlob& interBlob;
-    DayNumbers& days;
-};
-
 /// A mark that is written, with everything that a field of its line may show.
 struct MarkToWrite
 {
@@ -41,8 +32,25 @@ struct MarkToWrite
 MarkToWrite markToWrite(const TrackVtorichka& track, std::size_t index, std::string_view name, int number,
                         DateTexts& dates);
 
-/// What is kept of a column of a mark: the bits of a number, or the place of a text.
+/// What is kept of a column of a mark or a track: the bits of a number, or the place of a text.
 using Slot = std::uint64_t;
+
+/// What the fields of lines are read with.
+struct FieldReading
+{
+    KeptTexts& texts;
+    DayNumbers& days;
+};
+
+/// How a value of a record goes into a slot and back. All are null pointers for a value that no reader sets.
+/// A text that equals the one of the last slot, which the same column filled before, shares its place.
+template <class From, class To>
+struct KeptValue
+{
+    Slot (*read)(std::string_view field, const FieldReading& with, Slot last) = nullptr;
+    Slot (*keep)(From from, KeptTexts& texts, Slot last) = nullptr;
+    void (*restore)(To to, Slot slot, const KeptTexts& texts) = nullptr;
+};
 
 /// A mark whose columns are kept.
 struct MarkToKeep
@@ -58,13 +66,8 @@ struct MarkToRestore
     TInterBlob& interBlob;
 };
 
-/// How a value of a mark goes into a slot and back. Both are null pointers for what no reader sets.
-struct MarkValue
-{
-    /// The slot of the mark before tells where its text is kept, which this mark may share.
-    Slot (*keep)(const MarkToKeep& from, KeptTexts& texts, Slot before) = nullptr;
-    void (*restore)(const MarkToRestore& to, Slot slot, const KeptTexts& texts) = nullptr;
-};
+using MarkValue = KeptValue<const MarkToKeep&, const MarkToRestore&>;
+using HeadValue = KeptValue<const THeadTrVtor&, THeadTrVtor&>;
 
 /// The name in a description of a column: what precedes the first colon.
 constexpr std::string_view nameIn(std::string_view description)
@@ -72,22 +75,24 @@ constexpr std::string_view nameIn(std::string_view description)
     return description.substr(0, description.find(':'));
 }
 
-/// Sets what a field of a line says of its mark or track.
-using ReadField = void (*)(const MarkToFill& mark, std::string_view field);
-
 /// A column of the table.
 struct TableColumn
 {
     std::string_view description; ///< "name", "name:type" or "name:type:unit"
     void (*write)(TextBuffer& out, const MarkToWrite& mark) = nullptr;
-    ReadField read = nullptr; ///< a null pointer for a column that is not read
-    MarkValue ofMark{};       ///< of a column that is read and sets a value of the mark
-    bool ofHead = false;      ///< it sets a value of the track, which every line repeats
-    bool hasTab = true;       ///< a tab follows the field
+    MarkValue ofMark{}; ///< of a column that sets a value of the mark
+    HeadValue ofHead{}; ///< of a column that sets a value of the track, which every line repeats
+    bool hasTab = true; ///< a tab follows the field
 
     constexpr std::string_view name() const
     {
         return nameIn(description);
+    }
+
+    /// Whether a reader takes the column.
+    constexpr bool isRead() const
+    {
+        return ofMark.read != nullptr || ofHead.read != nullptr;
     }
 
     /// Appends the field of a mark and its tab.
@@ -104,7 +109,7 @@ struct TableColumn
 struct ColumnToRead
 {
     std::size_t field;
-    ReadField read;
+    const TableColumn* column;
 };
 
 /// The columns of a header that are read, in the order of reading: where several set one value, the last

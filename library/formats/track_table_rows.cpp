@@ -1,21 +1,27 @@
 #include "formats/track_table_rows.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace tavelinUtils {
 namespace {
 
 // Date and time first: they are asked for without their mark.
+std::vector<const TableColumn*> inOrderOfSlots(const std::vector<const TableColumn*>& columns)
+{
+    std::vector<const TableColumn*> ordered = columnsOfMarks("date time");
+    std::copy_if(columns.begin(), columns.end(), std::back_inserter(ordered), [](const TableColumn* column) {
+        return column->name() != "date" && column->name() != "time";
+    });
+    return ordered;
+}
+
 std::vector<MarkValue> valuesOf(const std::vector<const TableColumn*>& columns)
 {
     std::vector<MarkValue> values;
-    for (const TableColumn* const column : columnsOfMarks("date time")) {
-        values.push_back(column->ofMark);
-    }
+    values.reserve(columns.size());
     for (const TableColumn* const column : columns) {
-        if (column->name() != "date" && column->name() != "time") {
-            values.push_back(column->ofMark);
-        }
+        values.push_back(column->ofMark);
     }
     return values;
 }
@@ -24,37 +30,19 @@ std::vector<MarkValue> valuesOf(const std::vector<const TableColumn*>& columns)
 
 void SlotRows::forgetBefore(std::size_t index)
 {
-    const std::size_t firstWanted = std::min(index, count == 0 ? 0 : count - 1);
-    for (; forgotten < firstWanted / rowsOfAChunk; ++forgotten) {
+    for (; forgotten < index / rowsOfAChunk; ++forgotten) {
         chunks[forgotten].reset();
     }
 }
 
 MarkRows::MarkRows(const std::vector<const TableColumn*>& columns)
-    : values(valuesOf(columns)), rows(values.size()), newRow(values.size())
+    : kept(inOrderOfSlots(columns)), rows(valuesOf(kept), MarkToKeep{TRecLabelPervichka_File(), TInterBlob()})
 {
-    const TRecLabelPervichka_File newMark;
-    const TInterBlob newBlob;
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        newRow[i] = values[i].keep({newMark, newBlob}, texts, 0);
-    }
 }
 
-void MarkRows::add(const TRecLabelPervichka_File& mark, const TInterBlob& interBlob)
+std::size_t MarkRows::placeOf(const TableColumn& column) const
 {
-    const Slot* const before = rows.size() == 0 ? newRow.data() : rows.row(rows.size() - 1);
-    Slot* const row = rows.addRow();
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        row[i] = values[i].keep({mark, interBlob}, texts, before[i]);
-    }
-}
-
-void MarkRows::restore(std::size_t index, TRecLabelPervichka_File& mark, TInterBlob& interBlob) const
-{
-    const Slot* const row = rows.row(index);
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        values[i].restore({mark, interBlob}, row[i], texts);
-    }
+    return static_cast<std::size_t>(std::find(kept.begin(), kept.end(), &column) - kept.begin());
 }
 
 } // namespace tavelinUtils

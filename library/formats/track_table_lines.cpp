@@ -1,0 +1,193 @@
+#include "formats/track_table_lines.h"
+
+#include "base/separator_walk.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace tavelinUtils {
+namespace {
+
+constexpr std::array<std::string_view, 5> namingColumns = {"QRVName", "Name", "NORAD", "noradid",
+                                                           "MPCChecker"};
+
+} // namespace
+
+ColumnsToRead WantedColumns::in(std::string_view header) const
+{
+    ColumnsToRead columns = columnsToRead(header);
+    for (std::vector<ColumnToRead>* const list : {&columns.ofHead, &columns.ofMarks}) {
+        std::erase_if(*list, [this](const ColumnToRead& column) { return !contain(*column.column); });
+    }
+    return columns;
+}
+
+bool WantedColumns::contain(const TableColumn& column) const
+{
+    const bool namesTrack =
+        std::find(namingColumns.begin(), namingColumns.end(), column.name()) != namingColumns.end();
+    return all || namesTrack || std::find(ofMarks.begin(), ofMarks.end(), &column) != ofMarks.end();
+}
+
+// The fields of a line, from the front to its end.
+class TrackTableLines::Fields
+{
+public:
+    explicit Fields(std::string_view splitLine) : line(splitLine), tabs(splitLine, '\t')
+    {
+    }
+
+    // Whether the line has the field of an index, which is higher than the last one.
+    bool reach(std::size_t index)
+    {
+        if (index != next) {
+            begin = tabs.next(index - next - 1) + 1;
+        }
+        next = index + 1;
+        if (begin > line.size()) {
+            return false;
+        }
+        end = tabs.next();
+        reached = line.substr(begin, end - begin);
+        begin = end + 1;
+        return true;
+    }
+
+    // The field that was reached last.
+    std::string_view field() const
+    {
+        return reached;
+    }
+
+    // The line up to the end of it.
+    std::string_view front() const
+    {
+        return line.substr(0, end);
+    }
+
+private:
+    std::string_view line;
+    SeparatorWalk tabs;
+    std::size_t begin = 0; // of the next field
+    std::size_t end = 0;
+    std::size_t next = 0;
+    std::string_view reached{};
+};
+
+void TrackTableLines::add(std::string_view line)
+{
+    if (opened) {
+        line == trackEnd ? endTrack() : addMark(line);
+    } else if (!versionPassed && line == tableVersion) {
+        versionPassed = true;
+    } else {
+        open(line);
+    }
+}
+
+void TrackTableLines::finish()
+{
+    if (kept.ends.empty() && kept.marks.size() > 0) {
+        endTrack();
+    }
+}
+
+void TrackTableLines::open(std::string_view header)
+{
+    opened = true;
+    const ColumnsToRead columns = wanted.in(header);
+    chooseHead(columns.ofHead);
+    chooseMarks(columns.ofMarks);
+    kept.heads.addNew();
+}
+
+void TrackTableLines::chooseHead(const std::vector<ColumnToRead>& columns)
+{
+    std::vector<HeadValue> values;
+    for (const ColumnToRead& column : columns) {
+        // Columns that set one value share its place, so that the one that is read last wins.
+        const HeadValue& value = column.column->ofHead;
+        const auto place = std::find_if(values.begin(), values.end(), [&value](const HeadValue& other) {
+            return other.restore == value.restore;
+        });
+        ofHead.push_back({column.field, static_cast<std::size_t>(place - values.begin())});
+        if (place == values.end()) {
+            values.push_back(value);
+        }
+        headFields = std::max(headFields, column.field + 1);
+    }
+    kept.heads = ValueRows<HeadValue>(std::move(values), THeadTrVtor());
+}
+
+void TrackTableLines::chooseMarks(std::vector<ColumnToRead> columns)
+{
+    std::vector<const TableColumn*> list;
+    list.reserve(columns.size());
+    for (const ColumnToRead& column : columns) {
+        list.push_back(column.column);
+    }
+    kept.marks = MarkRows(list);
+    // Each sets a value of its own, so they may be read as they stand in the line.
+    std::sort(columns.begin(), columns.end(),
+              [](const ColumnToRead& a, const ColumnToRead& b) { return a.field < b.field; });
+    for (const ColumnToRead& column : columns) {
+        (column.field < headFields ? beforeHead : afterHead)
+            .push_back({column.field, kept.marks.placeOf(*column.column)});
+    }
+}
+
+void TrackTableLines::addMark(std::string_view line)
+{
+    kept.marks.addNew();
+    Fields fields(line);
+    readMark(fields, beforeHead);
+    if (headFields > 0) {
+        if (fields.reach(headFields - 1)) {
+            front.assign(fields.front());
+            frontWaits = true;
+        } else {
+            readFront();
+            readHead(line);
+        }
+    }
+    readMark(fields, afterHead);
+}
+
+// Reads the fields that the line has.
+void TrackTableLines::readMark(Fields& fields, const std::vector<FieldToRead>& columns)
+{
+    for (const FieldToRead& column : columns) {
+        if (!fields.reach(column.field)) {
+            return;
+        }
+        kept.marks.read(column.place, fields.field(), days);
+    }
+}
+
+void TrackTableLines::readFront()
+{
+    if (frontWaits) {
+        readHead(front);
+        frontWaits = false;
+    }
+}
+
+void TrackTableLines::readHead(std::string_view line)
+{
+    const std::size_t count = splitFields(line, fieldsOfHead);
+    for (const FieldToRead& column : ofHead) {
+        if (column.field < count) {
+            kept.heads.read(column.place, fieldsOfHead[column.field], days);
+        }
+    }
+}
+
+void TrackTableLines::endTrack()
+{
+    readFront();
+    kept.ends.add(kept.marks.size());
+    kept.heads.addNew();
+}
+
+} // namespace tavelinUtils
