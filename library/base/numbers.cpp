@@ -76,6 +76,40 @@ bool eightDigits(const char* text)
     return (bytes & highHalves) == '0' * ones && ((bytes + 6 * ones) & highHalves) == '0' * ones;
 }
 
+// Whether eight characters are three pairs of digits with the separator between them. Exclusive or makes
+// digits 0 to 9 of digits and 0 of a separator; more leaves the range up to 15 when the rest to it is added.
+bool isSeparated(const char* text, char separator)
+{
+    constexpr std::uint64_t highHalves = 0xf0f0f0f0f0f0f0f0;
+    constexpr char rest[] = {6, 6, 15, 6, 6, 15, 6, 6};
+    const char form[] = {'0', '0', separator, '0', '0', separator, '0', '0'};
+    const auto numberOf = [](const char* eight) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, eight, sizeof bytes);
+        return bytes;
+    };
+    const std::uint64_t differences = numberOf(text) ^ numberOf(form);
+    return (differences & highHalves) == 0 && ((differences + numberOf(rest)) & highHalves) == 0;
+}
+
+// The number of two digits.
+int pairAt(std::string_view text, std::size_t place)
+{
+    return (text[place] - '0') * 10 + (text[place + 1] - '0');
+}
+
+// Appends digits to a number; false where the text holds anything else.
+bool appendDigits(std::uint64_t& number, std::string_view digits)
+{
+    for (const char c : digits) {
+        if (!isDigit(c)) {
+            return false;
+        }
+        number = number * 10 + static_cast<std::uint64_t>(c - '0');
+    }
+    return true;
+}
+
 std::string_view withoutLeadingSpace(std::string_view text)
 {
     return text.substr(std::min(text.find_first_not_of(whiteSpace), text.size()));
@@ -182,6 +216,22 @@ void appendOddPacked(TextBuffer& out, double value, int precision)
     erasePoint(out, begin);
 }
 
+void appendPackedByValue(TextBuffer& out, double value, int precision)
+{
+    const bool below = value < 10.0;
+    const auto scaled = scaledMagnitude(value, precision);
+    if (!scaled || std::signbit(value)) {
+        out += below ? "0" : "";
+        const std::size_t begin = out.size();
+        appendFixed(out, value, precision);
+        erasePoint(out, begin);
+        return;
+    }
+    char* const to = out.room(scaledLength);
+    const int digits = std::max(countDigits(*scaled), precision + 1);
+    out.endAt(writeDigits(to, *scaled, below ? digits + 1 : digits));
+}
+
 void appendInt(TextBuffer& out, int value)
 {
     char* to = out.room(scaledLength);
@@ -221,33 +271,39 @@ void appendPaddedLeft(TextBuffer& out, std::string_view text, std::size_t width)
     out += text;
 }
 
-std::optional<PackedDigits> packedDigits(std::string_view text)
+std::optional<SexagesimalDigits> packedDigits(std::string_view text)
 {
     constexpr std::size_t paired = 8;
     constexpr std::size_t mostFurther = 8;
     if (text.size() < paired || text.size() > paired + mostFurther || !eightDigits(text.data())) {
         return std::nullopt;
     }
-    const auto pair = [text](std::size_t place) {
-        return (text[place] - '0') * 10 + (text[place + 1] - '0');
-    };
-    auto seconds = static_cast<std::uint64_t>(pair(4) * 100 + pair(6));
-    for (const char c : text.substr(paired)) {
-        if (!isDigit(c)) {
-            return std::nullopt;
-        }
-        seconds = seconds * 10 + static_cast<std::uint64_t>(c - '0');
-    }
-    return PackedDigits{pair(0), pair(2),
-                        static_cast<double>(seconds) / exactPowers[2 + text.size() - paired]};
-}
-
-std::optional<int> twoDigits(std::string_view text)
-{
-    if (text.size() != 2 || !isDigit(text[0]) || !isDigit(text[1])) {
+    auto seconds = static_cast<std::uint64_t>(pairAt(text, 4) * 100 + pairAt(text, 6));
+    if (!appendDigits(seconds, text.substr(paired))) {
         return std::nullopt;
     }
-    return (text[0] - '0') * 10 + (text[1] - '0');
+    return SexagesimalDigits{pairAt(text, 0), pairAt(text, 2),
+                             static_cast<double>(seconds) / exactPowers[2 + text.size() - paired]};
+}
+
+std::optional<SexagesimalDigits> separatedDigits(std::string_view text, char separator)
+{
+    constexpr std::size_t whole = 8;
+    constexpr std::size_t mostDecimals = 13;
+    if (text.size() < whole || !isSeparated(text.data(), separator)) {
+        return std::nullopt;
+    }
+    const SexagesimalDigits read{pairAt(text, 0), pairAt(text, 3), 0.0};
+    auto seconds = static_cast<std::uint64_t>(pairAt(text, 6));
+    if (text.size() == whole) {
+        return SexagesimalDigits{read.whole, read.minutes, static_cast<double>(seconds)};
+    }
+    const std::string_view decimals = text.substr(whole + 1);
+    if (text[whole] != '.' || decimals.size() > mostDecimals || !appendDigits(seconds, decimals)) {
+        return std::nullopt;
+    }
+    return SexagesimalDigits{read.whole, read.minutes,
+                             static_cast<double>(seconds) / exactPowers[decimals.size()]};
 }
 
 double toDouble(std::string_view text)

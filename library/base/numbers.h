@@ -23,8 +23,8 @@ double toDouble(std::string_view text);
 /// The same for an integer, as `strtol` reads it in base 10, cut to 32 bits.
 int toInt(std::string_view text);
 
-/// A time or an angle that is packed into digits.
-struct PackedDigits
+/// A time or an angle that was read from digits.
+struct SexagesimalDigits
 {
     int whole; ///< hours or degrees
     int minutes;
@@ -33,10 +33,11 @@ struct PackedDigits
 
 /// The numbers of HHMMSSff and up to eight further decimals; nothing where the text is of another length or
 /// holds anything but digits.
-std::optional<PackedDigits> packedDigits(std::string_view text);
+std::optional<SexagesimalDigits> packedDigits(std::string_view text);
 
-/// The number between 0 and 99 of a text of two digits; nothing for any other text.
-std::optional<int> twoDigits(std::string_view text);
+/// The numbers of HH:MM:SS and up to 13 decimals after a point, with that separator; nothing where the text
+/// has another form.
+std::optional<SexagesimalDigits> separatedDigits(std::string_view text, char separator);
 
 /// Appends a number in fixed notation with the given number of decimals: the exact value decides, a tie goes
 /// to the even digit, and a negative number keeps its sign where all digits are 0. A negative precision
@@ -75,6 +76,10 @@ inline void appendFixedPacked(TextBuffer& out, double value, int precision)
     const int digits = std::max(countDigits(*scaled), precision + 2);
     out.endAt(writeDigits(out.room(scaledLength), *scaled, digits));
 }
+
+/// The same, but with the "0" in front of a value below 10.0, whatever its text: "0100" for 9.96 with one
+/// decimal, "0-12" for -1.2.
+void appendPackedByValue(TextBuffer& out, double value, int precision);
 
 /// Appends an integer in decimal.
 void appendInt(TextBuffer& out, int value);

@@ -4,9 +4,12 @@
 #include "base/text_buffer.h"
 #include "base/tokens.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstring>
+#include <optional>
 
 namespace tavelinUtils {
 namespace {
@@ -72,6 +75,33 @@ double deFrom(bool negative, double degrees, double minutes, double seconds)
     return negative ? -magnitude : magnitude;
 }
 
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+// The declination of DD.MM.SS.ss or DD:MM:SS.ss, which may have a sign; nothing where the text has another
+// form. After points the fraction of the seconds is not used.
+std::optional<double> declinationOfDigits(std::string_view text)
+{
+    constexpr std::size_t whole = 8;
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) {
+        text.remove_prefix(1);
+    }
+    auto digits = separatedDigits(text, ':');
+    if (!digits && text.size() > whole && text[whole] == '.') {
+        const std::string_view fraction = text.substr(whole + 1);
+        if (std::all_of(fraction.begin(), fraction.end(), isDigit)) {
+            digits = separatedDigits(text.substr(0, whole), '.');
+        }
+    }
+    if (!digits) {
+        return std::nullopt;
+    }
+    return deFrom(negative, digits->whole, digits->minutes, digits->seconds);
+}
+
 } // namespace
 
 void appendRA(TextBuffer& out, double degrees, int precision, std::string_view separator)
@@ -127,6 +157,9 @@ double StrToDE(std::string degrees, std::string minutes, std::string seconds)
 
 double raToDecimal(std::string_view text)
 {
+    if (const auto digits = separatedDigits(text, ':')) {
+        return raFrom(digits->whole, digits->minutes, digits->seconds);
+    }
     for (const char separator : {' ', ':'}) {
         std::array<std::string_view, 3> parts;
         const std::size_t count = cutParts(text, separator, parts);
@@ -139,6 +172,9 @@ double raToDecimal(std::string_view text)
 
 double deToDecimal(std::string_view text)
 {
+    if (const auto angle = declinationOfDigits(text)) {
+        return *angle;
+    }
     std::array<std::string_view, 3> parts;
     for (const char separator : {' ', ':'}) {
         const std::size_t count = cutParts(text, separator, parts);

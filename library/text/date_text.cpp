@@ -170,9 +170,7 @@ void appendTimeMEA(TextBuffer& out, double day, int precision, bool rounded)
         appendCutSeconds(out, time.seconds, precision);
         return;
     }
-    const std::size_t begin = out.size();
-    appendSecondsByValue(out, time.seconds, precision);
-    erasePoint(out, begin);
+    appendPackedByValue(out, time.seconds, precision);
 }
 
 std::string DayToTimeMEA(double day, int precision, bool rounded)
@@ -311,13 +309,8 @@ int DateToMJD(std::string text, std::string separator)
 
 double timeToDay(std::string_view text, char separator)
 {
-    if (text.size() > 5 && text[2] == separator && text[5] == separator) {
-        const auto hour = twoDigits(text.substr(0, 2));
-        const auto minute = twoDigits(text.substr(3, 2));
-        if (hour && minute) {
-            const std::string_view rest = text.substr(6);
-            return TimeToDay(*hour, *minute, toDouble(rest.substr(0, rest.find(separator))));
-        }
+    if (const auto digits = separatedDigits(text, separator)) {
+        return TimeToDay(digits->whole, digits->minutes, digits->seconds);
     }
     const auto [hour, minute, second] = threeParts(text, separator);
     return TimeToDay(toInt(hour), toInt(minute), toDouble(second));

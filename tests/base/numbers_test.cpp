@@ -546,6 +546,33 @@ TEST(AppendFixedTwoDigits, ZeroInFrontOfWhatRoundsBelowTen)
     }
 }
 
+TEST(AppendPackedByValue, ZeroInFrontOfAValueBelowTenAndNoPoint)
+{
+    const struct
+    {
+        double value;
+        int precision;
+        const char* text;
+    } rows[] = {
+        {0.0, 2, "0000"},        {9.5, 2, "0950"},
+        {9.994, 2, "0999"},      {9.996, 2, "01000"},
+        {10.0, 2, "1000"},       {59.996, 2, "6000"},
+        {123.4, 1, "1234"},      {9.4, 0, "09"},
+        {9.5, 0, "010"},         {0.25, 1, "002"},
+        {-1.2, 1, "0-12"},       {-0.0, 1, "0-00"},
+        {-10.0, 1, "0-100"},     {-123.4, 1, "0-1234"},
+        {9.5, -1, "09500000"},   {1e25, 1, "100000000000000009059696640"},
+        {notANumber, 2, "nan"},  {infinity, 2, "inf"},
+        {-infinity, 2, "0-inf"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        TextBuffer out("be.fore");
+        appendPackedByValue(out, row.value, row.precision);
+        EXPECT_EQ(out.view(), std::string("be.fore") + row.text);
+    }
+}
+
 TEST(AppendTwoDigits, ZeroInFrontOfAValueOfAtMostNine)
 {
     const struct
