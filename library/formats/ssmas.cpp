@@ -3,17 +3,20 @@
 #include "base/last_answer.h"
 #include "base/lines.h"
 #include "base/numbers.h"
+#include "base/text_index.h"
 #include "base/tokens.h"
 #include "config/xml_document.h"
-#include "files/text_files.h"
+#include "files/text_file.h"
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <map>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -25,12 +28,24 @@ constexpr std::string_view title = "Measurements";
 constexpr std::string_view kind = "conversion";
 constexpr std::string_view numbersTitle = "#SSMAS   #INTER";
 constexpr std::string_view columnTitles = "   Data        UT           CU           DE      RMS  m";
-constexpr std::size_t usualLineLength = 64;
-constexpr std::size_t blockHeadLength = 128;
 
 // The lines before the numbers of the first object are not read but for one; both are counted from 0.
 constexpr std::size_t telescopeLine = 1;
 constexpr std::size_t firstObjectLine = 6;
+
+// The two numbers of an object, which may be any texts, by the numbers of these texts.
+struct ObjectNumbers
+{
+    std::uint32_t ssmas;
+    std::uint32_t inter;
+};
+
+// What the line of an object is read into.
+struct ReadObject
+{
+    TextIndex& texts;
+    ObjectNumbers numbers;
+};
 
 // What a mark's line is read into.
 struct ReadMark
@@ -53,30 +68,21 @@ int dateOf(std::string_view text)
     return DateToMJD(std::string(year), std::string(month), std::string(day));
 }
 
-// The "0" looks at the value, but not where the text came to 10.0 by rounding.
-void appendMagnitude(TextBuffer& out, double m)
-{
-    const std::size_t begin = out.size();
-    appendFixed(out, m, 1);
-    if (m < 10.0 && out.view().substr(begin) != "10.0") {
-        const std::string text(out.view().substr(begin));
-        out.shorten(begin);
-        out += '0';
-        out += text;
-    }
-}
-
 // The line of an object, its two numbers with one blank between them. The writer falls back to QRVName where
 // a track has no such number.
 //
 //   SSMAS number   as it is; read into the names of the track, and not into HeadText2
 //   INTER number   as it is
-constexpr TokenField<THeadTrVtor, TrackVtorichka> objectFields[] = {
-    {[](THeadTrVtor& to, std::string_view text) { to.NORAD = to.QRVName = text; },
+constexpr TokenField<ReadObject, TrackVtorichka> objectFields[] = {
+    {[](ReadObject& to, std::string_view text) {
+         to.numbers.ssmas = static_cast<std::uint32_t>(to.texts.numberOf(text));
+     },
      [](TextBuffer& out, const TrackVtorichka& from) {
          out += from.HeadText2.empty() ? from.QRVName : from.HeadText2;
      }},
-    {[](THeadTrVtor& to, std::string_view text) { to.HeadText3 = text; },
+    {[](ReadObject& to, std::string_view text) {
+         to.numbers.inter = static_cast<std::uint32_t>(to.texts.numberOf(text));
+     },
      [](TextBuffer& out, const TrackVtorichka& from) {
          out += from.HeadText3.empty() ? from.QRVName : from.HeadText3;
      }},
@@ -90,7 +96,7 @@ constexpr TokenField<THeadTrVtor, TrackVtorichka> objectFields[] = {
 //   RA          11          HH:MM:SS.ss
 //   DE          11, 12      sign (of a negative one only) DD.MM.SS.ss, with points and not with colons
 //   RMS         3           001; the error is not known here, and not read
-//   magnitude   4 or more   MM.m
+//   magnitude   4 or more   MM.m; a negative one gets the "0" too: 0-1.2
 constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
     {[](ReadMark& to, std::string_view text) { to.mark.date = to.days.answerTo(text, dateOf); },
      [](TextBuffer& out, const WrittenMark& from) {
@@ -105,23 +111,26 @@ constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
      [](TextBuffer& out, const WrittenMark& from) { appendDE(out, from.mark.DE, 2, "."); }},
     {takeNothing, [](TextBuffer& out, const WrittenMark& /*from*/) { out += "001"; }},
     {[](ReadMark& to, std::string_view text) { to.mark.m = toDouble(text); },
-     [](TextBuffer& out, const WrittenMark& from) { appendMagnitude(out, from.mark.m); }},
+     [](TextBuffer& out, const WrittenMark& from) { appendFixedTwoDigits(out, from.mark.m, 1); }},
+};
+
+// What is kept of a report. An object without marks has no numbers.
+struct KeptReport
+{
+    std::string telescope;
+    TextIndex texts;
+    SmallTrackSequence<std::optional<ObjectNumbers>> sequence;
 };
 
 // Takes the lines of a report one after the other.
 //
-// There is one working track, and with each mark it is the last track of the result. Here it is a head and
-// the number of the mark that it begins with; the tracks get their marks when all lines are read.
+// There is one working track, and with each mark it is the last track of the result. Here it is the numbers
+// of its object and the number of the mark that it begins with.
 class SsmasLines
 {
 public:
-    explicit SsmasLines(std::string originator) : observatory(std::move(originator))
+    explicit SsmasLines(KeptReport& report) : kept(report)
     {
-    }
-
-    void reserve(std::size_t lines)
-    {
-        sequence.reserve(lines);
     }
 
     // After the first lines of the report, the number of fields alone says what a line is:
@@ -152,33 +161,23 @@ public:
         }
     }
 
-    std::vector<TrackVtorichka> takeTracks()
-    {
-        constexpr std::size_t mostRepeated = 1'000'000;
-        if (sequence.marksOfTracks() > sequence.markCount() + mostRepeated) {
-            throw std::length_error("SSMAS: objects that repeat each other's marks");
-        }
-        return sequence.takeTracks();
-    }
-
 private:
     using Tokens = std::array<std::string_view, std::size(markFields)>;
 
     void addFrontLine(std::size_t number, std::string_view line)
     {
         if (number == telescopeLine) {
-            telescope = line;
+            kept.telescope = line;
         }
     }
 
     // The working track keeps its marks. The track that the result gets stays as constructed without a mark.
     void openObject(const Tokens& tokens)
     {
-        working.originator = observatory;
-        working.telescope = telescope;
-        readFields<objectFields>(tokens, working);
-        sequence.addTrack();
-        lastIsWorking = false;
+        ReadObject read{kept.texts, {}};
+        readFields<objectFields>(tokens, read);
+        working = read.numbers;
+        kept.sequence.addTrack(std::nullopt);
         open = true;
     }
 
@@ -186,38 +185,48 @@ private:
     {
         ReadMark read{days, {}};
         readFields<markFields>(tokens, read);
-        sequence.addMark(read.mark);
-        if (!lastIsWorking) {
-            static_cast<THeadTrVtor&>(sequence.lastTrack()) = working;
-            sequence.beginLastTrackAt(workingBegin);
-            lastIsWorking = true;
+        kept.sequence.addMark(read.mark);
+        if (!kept.sequence.lastHead()) {
+            kept.sequence.lastHead() = working;
+            kept.sequence.beginLastTrackAt(workingBegin);
         }
     }
 
     void closeObject()
     {
-        if (workingBegin != sequence.markCount()) {
-            working = THeadTrVtor{};
-            workingBegin = sequence.markCount();
+        if (workingBegin != kept.sequence.markCount()) {
+            workingBegin = kept.sequence.markCount();
             open = false;
         }
     }
 
-    std::string observatory;
-    std::string telescope;
+    KeptReport& kept;
     std::size_t lineNumber = 0;
     bool open = false;
-    THeadTrVtor working;
+    ObjectNumbers working{};
     std::size_t workingBegin = 0;
-    bool lastIsWorking = false; // whether the last track of the result has the working track's head
-    TrackSequence sequence;
     DayNumbers days;
 };
+
+void refuseManyRepeatedMarks(const KeptReport& report)
+{
+    constexpr std::size_t mostRepeated = 1'000'000;
+    if (report.sequence.marksOfTracks() > report.sequence.markCount() + mostRepeated) {
+        throw std::length_error("SSMAS: objects that repeat each other's marks");
+    }
+}
 
 void appendLine(TextBuffer& out, std::string_view line)
 {
     out += line;
     out += '\n';
+}
+
+void appendFront(TextBuffer& out, std::string_view telescope)
+{
+    appendLine(out, title);
+    appendLine(out, telescope);
+    appendLine(out, kind);
 }
 
 void appendBlockHead(TextBuffer& out, const TrackVtorichka& track, std::size_t number)
@@ -232,41 +241,101 @@ void appendBlockHead(TextBuffer& out, const TrackVtorichka& track, std::size_t n
 
 } // namespace
 
+struct SsmasSource::Store
+{
+    std::string observatory;
+    KeptReport kept{};
+};
+
+SsmasSource::SsmasSource(std::string path, std::string observatory) : store(new Store{std::move(observatory)})
+{
+    SsmasLines reader(store->kept);
+    if (!readLines(path, reader)) {
+        store->kept = {}; // a missing file has no lines
+    }
+    refuseManyRepeatedMarks(store->kept);
+}
+
+SsmasSource::SsmasSource(const std::vector<std::string>& lines, std::string observatory)
+    : store(new Store{std::move(observatory)})
+{
+    SsmasLines reader(store->kept);
+    takeLines(lines, reader);
+    refuseManyRepeatedMarks(store->kept);
+}
+
+SsmasSource::SsmasSource(SsmasSource&& other) noexcept = default;
+SsmasSource::~SsmasSource() = default;
+
+std::size_t SsmasSource::count() const
+{
+    return store->kept.sequence.count();
+}
+
+bool SsmasSource::next(TrackVtorichka& track)
+{
+    const auto fillHead = [this](TrackVtorichka& filled, const std::optional<ObjectNumbers>& numbers) {
+        if (numbers) {
+            filled.originator = store->observatory;
+            filled.telescope = store->kept.telescope;
+            filled.QRVName = store->kept.texts[numbers->ssmas];
+            filled.NORAD = store->kept.texts[numbers->ssmas];
+            filled.HeadText3 = store->kept.texts[numbers->inter];
+        }
+    };
+    return store->kept.sequence.next(track, fillHead);
+}
+
+struct SsmasSink::State
+{
+    TextFile file;
+    std::size_t tracks = 0;
+    DateTexts dates{};
+};
+
+SsmasSink::SsmasSink(std::string path) : state(new State{TextFile(std::move(path))})
+{
+}
+
+SsmasSink::SsmasSink(SsmasSink&& other) noexcept = default;
+SsmasSink::~SsmasSink() = default;
+
+void SsmasSink::add(const TrackVtorichka& track)
+{
+    TextBuffer& text = state->file.text();
+    if (state->tracks == 0) {
+        appendFront(text, track.telescope);
+    }
+    appendBlockHead(text, track, ++state->tracks);
+    state->file.writeFull(); // there may be many tracks without marks
+    for (const TRecLabelPervichka_File& mark : track.Marks) {
+        appendFields<markFields>(text, WrittenMark{mark, state->dates});
+        text += '\n';
+        state->file.writeFull();
+    }
+}
+
+bool SsmasSink::save()
+{
+    if (state->tracks > 0) {
+        state->file.close();
+    }
+    return true;
+}
+
 std::vector<TrackVtorichka> lckako_meas(const std::vector<std::string>& lines, std::string observatory)
 {
-    SsmasLines reader(std::move(observatory));
-    takeLines(lines, reader);
-    return reader.takeTracks();
+    return allTracks(SsmasSource(lines, observatory));
 }
 
 std::vector<TrackVtorichka> lckako_meas(std::string path, std::string observatory)
 {
-    SsmasLines reader(std::move(observatory));
-    readLines(path, reader); // a missing file has no lines
-    return reader.takeTracks();
+    return allTracks(SsmasSource(path, observatory));
 }
 
 void sSSMAS(std::string path, const std::vector<TrackVtorichka>& tracks)
 {
-    if (tracks.empty()) {
-        return;
-    }
-    TextBuffer text;
-    text.reserve(countMarks(tracks) * usualLineLength + (tracks.size() + 1) * blockHeadLength);
-    appendLine(text, title);
-    appendLine(text, tracks.front().telescope);
-    appendLine(text, kind);
-    DateTexts dates;
-    std::size_t number = 0;
-    for (const TrackVtorichka& track : tracks) {
-        appendBlockHead(text, track, ++number);
-        for (std::size_t i = 0; i < track.Marks.size(); ++i) {
-            fetchAhead(track.Marks, i);
-            appendFields<markFields>(text, WrittenMark{track.Marks[i], dates});
-            text += '\n';
-        }
-    }
-    writeText(path, text);
+    writeAll(SsmasSink(path), tracks);
 }
 
 void lHeadersSSMAS(std::string path, std::vector<TSSMASHAED>& headers)

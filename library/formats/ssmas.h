@@ -14,6 +14,8 @@
 
 #include "../records/track.h"
 
+#include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -24,6 +26,41 @@ struct TSSMASHAED
 {
     std::string addtofilename{};
     std::string telescop{};
+};
+
+/// Hands out the tracks of a report, or of its lines, one after the other (records/track_stream.h); what they
+/// are, and what is thrown when the source is made, is told with lckako_meas.
+class SsmasSource
+{
+public:
+    SsmasSource(std::string path, std::string observatory);
+    SsmasSource(const std::vector<std::string>& lines, std::string observatory);
+    SsmasSource(SsmasSource&& other) noexcept;
+    ~SsmasSource();
+
+    std::size_t count() const;
+    bool next(TrackVtorichka& track);
+
+private:
+    struct Store;
+    std::unique_ptr<Store> store;
+};
+
+/// Writes tracks as sSSMAS does, one after the other. `add` and `save` throw as sSSMAS does; without a track
+/// the file stays as it is.
+class SsmasSink
+{
+public:
+    explicit SsmasSink(std::string path);
+    SsmasSink(SsmasSink&& other) noexcept;
+    ~SsmasSink();
+
+    void add(const TrackVtorichka& track);
+    bool save();
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
 };
 
 /// The tracks of a report; none for fewer than seven lines. Each blank separates two fields, which may be

@@ -3,14 +3,16 @@
 #include "base/last_answer.h"
 #include "base/lines.h"
 #include "base/numbers.h"
+#include "base/text_index.h"
 #include "base/tokens.h"
-#include "files/text_files.h"
+#include "files/text_file.h"
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <string_view>
 #include <utility>
@@ -19,7 +21,43 @@ namespace tavelinUtils {
 namespace {
 
 constexpr std::string_view blockEnd = "END";
-constexpr std::size_t usualLineLength = 44;
+
+// The texts of a head, by their numbers.
+struct BlockHead
+{
+    std::uint32_t originator;
+    std::uint32_t telescope;
+    std::uint32_t object;
+};
+
+// The texts of all heads. Each of a head has an index of its own, so that it is mostly the text of the head
+// before.
+struct HeadTexts
+{
+    TextIndex originators;
+    TextIndex telescopes;
+    TextIndex objects;
+};
+
+std::uint32_t numberOf(std::string_view text, TextIndex& texts)
+{
+    return static_cast<std::uint32_t>(texts.numberOf(text));
+}
+
+// The head of a track that no head line has opened.
+BlockHead newHead(HeadTexts& texts)
+{
+    const THeadTrVtor head;
+    return {numberOf(head.originator, texts.originators), numberOf(head.telescope, texts.telescopes),
+            numberOf(head.QRVName, texts.objects)};
+}
+
+// What a head line is read into.
+struct ReadHead
+{
+    HeadTexts& texts;
+    BlockHead head;
+};
 
 // What a mark's line is read into.
 struct ReadMark
@@ -44,12 +82,7 @@ constexpr Field tenths{4, 3};
 void appendMagnitude(TextBuffer& out, double m)
 {
     out += magnitudePrefix;
-    if (m < 10.0) {
-        out += '0';
-    }
-    const std::size_t begin = out.size();
-    appendFixed(out, m, 1);
-    erasePoint(out, begin);
+    appendPackedByValue(out, m, 1);
 }
 
 // The head line of a block, its fields with one blank between them.
@@ -57,12 +90,12 @@ void appendMagnitude(TextBuffer& out, double m)
 //   originator   as it is
 //   telescope    as it is
 //   object       as it is
-constexpr TokenField<THeadTrVtor, TrackVtorichka> headFields[] = {
-    {[](THeadTrVtor& to, std::string_view text) { to.originator = text; },
+constexpr TokenField<ReadHead, TrackVtorichka> headFields[] = {
+    {[](ReadHead& to, std::string_view text) { to.head.originator = numberOf(text, to.texts.originators); },
      [](TextBuffer& out, const TrackVtorichka& from) { out += from.originator; }},
-    {[](THeadTrVtor& to, std::string_view text) { to.telescope = text; },
+    {[](ReadHead& to, std::string_view text) { to.head.telescope = numberOf(text, to.texts.telescopes); },
      [](TextBuffer& out, const TrackVtorichka& from) { out += from.telescope; }},
-    {[](THeadTrVtor& to, std::string_view text) { to.NORAD = to.QRVName = text; },
+    {[](ReadHead& to, std::string_view text) { to.head.object = numberOf(text, to.texts.objects); },
      [](TextBuffer& out, const TrackVtorichka& from) { out += from.QRVName; }},
 };
 
@@ -88,13 +121,22 @@ constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
      [](TextBuffer& out, const WrittenMark& from) { appendMagnitude(out, from.mark.m); }},
 };
 
-// Takes the lines of a file one after the other.
+// What is kept of a telegram.
+struct KeptBlocks
+{
+    HeadTexts texts;
+    SmallTrackSequence<BlockHead> sequence;
+};
+
+// Takes the lines of a telegram one after the other.
+//
+// The marks of a block are kept at once, and become a track when the block is closed: those of a block that
+// nothing closes are in no track.
 class TelegramLines
 {
 public:
-    void reserve(std::size_t lines)
+    explicit TelegramLines(KeptBlocks& blocks) : kept(blocks), head(newHead(kept.texts))
     {
-        tracks.reserve(lines);
     }
 
     // The number of fields alone says what a line is. A blank at its end is one more, empty field.
@@ -113,18 +155,15 @@ public:
         }
     }
 
-    std::vector<TrackVtorichka> takeTracks()
-    {
-        return tracks.takeTracks();
-    }
-
 private:
     using Tokens = std::array<std::string_view, std::size(markFields)>;
 
     // A second head line overwrites the head and keeps the marks.
     void open(const Tokens& tokens)
     {
-        readFields<headFields>(tokens, head);
+        ReadHead read{kept.texts, {}};
+        readFields<headFields>(tokens, read);
+        head = read.head;
         inBlock = true;
     }
 
@@ -133,63 +172,117 @@ private:
         if (inBlock) {
             ReadMark read{days, {}};
             readFields<markFields>(tokens, read);
-            block.push_back(read.mark);
+            kept.sequence.addWaitingMark(read.mark);
         }
     }
 
     void close()
     {
-        static_cast<THeadTrVtor&>(tracks.addTrack()) = std::exchange(head, {});
-        for (const MeasuredMark& mark : block) {
-            tracks.addMark(mark);
-        }
-        block.clear();
+        kept.sequence.addTrack(head);
+        kept.sequence.beginLastTrackAt(blockBegin);
+        blockBegin = kept.sequence.markCount();
+        head = newHead(kept.texts);
         inBlock = false;
     }
 
+    KeptBlocks& kept;
+    BlockHead head;
     bool inBlock = false;
-    THeadTrVtor head;
-    std::vector<MeasuredMark> block;
-    TrackSequence tracks;
+    std::size_t blockBegin = 0; // its first mark
     DayNumbers days;
 };
 
 } // namespace
 
+struct TelegramSource::Store
+{
+    KeptBlocks kept{};
+};
+
+TelegramSource::TelegramSource(std::string path) : store(new Store)
+{
+    TelegramLines reader(store->kept);
+    if (!readLines(path, reader)) {
+        store->kept = {}; // a missing file has no lines
+    }
+}
+
+TelegramSource::TelegramSource(const std::vector<std::string>& lines) : store(new Store)
+{
+    TelegramLines reader(store->kept);
+    takeLines(lines, reader);
+}
+
+TelegramSource::TelegramSource(TelegramSource&& other) noexcept = default;
+TelegramSource::~TelegramSource() = default;
+
+std::size_t TelegramSource::count() const
+{
+    return store->kept.sequence.count();
+}
+
+bool TelegramSource::next(TrackVtorichka& track)
+{
+    return store->kept.sequence.next(track, [this](TrackVtorichka& filled, const BlockHead& head) {
+        const HeadTexts& texts = store->kept.texts;
+        filled.originator = texts.originators[head.originator];
+        filled.telescope = texts.telescopes[head.telescope];
+        filled.QRVName = texts.objects[head.object];
+        filled.NORAD = texts.objects[head.object];
+    });
+}
+
+struct TelegramSink::State
+{
+    TextFile file;
+    bool hasTracks = false;
+    DateTexts dates{};
+};
+
+TelegramSink::TelegramSink(std::string path) : state(new State{TextFile(std::move(path))})
+{
+}
+
+TelegramSink::TelegramSink(TelegramSink&& other) noexcept = default;
+TelegramSink::~TelegramSink() = default;
+
+void TelegramSink::add(const TrackVtorichka& track)
+{
+    state->hasTracks = true;
+    TextBuffer& text = state->file.text();
+    appendFields<headFields>(text, track);
+    text += '\n';
+    for (const TRecLabelPervichka_File& mark : track.Marks) {
+        appendFields<markFields>(text, WrittenMark{mark, state->dates});
+        text += '\n';
+        state->file.writeFull();
+    }
+    text += blockEnd;
+    text += "\n\n";
+    state->file.writeFull(); // there may be many tracks without marks
+}
+
+bool TelegramSink::save()
+{
+    if (state->hasTracks) {
+        state->file.close();
+    }
+    return true;
+}
+
 std::vector<TrackVtorichka> lTelegramma(const std::vector<std::string>& lines)
 {
-    TelegramLines reader;
-    takeLines(lines, reader);
-    return reader.takeTracks();
+    return allTracks(TelegramSource(lines));
 }
 
 std::vector<TrackVtorichka> lTelegramma(std::string path)
 {
-    TelegramLines reader;
-    readLines(path, reader); // a missing file has no lines
-    return reader.takeTracks();
+    return allTracks(TelegramSource(path));
 }
 
 void sTelegramma(std::string path, const std::vector<TrackVtorichka>& tracks)
 {
-    if (tracks.empty()) {
-        return;
-    }
-    TextBuffer text;
-    text.reserve((countMarks(tracks) + 2 * tracks.size()) * usualLineLength);
-    DateTexts dates;
-    for (const TrackVtorichka& track : tracks) {
-        appendFields<headFields>(text, track);
-        text += '\n';
-        for (std::size_t i = 0; i < track.Marks.size(); ++i) {
-            fetchAhead(track.Marks, i);
-            appendFields<markFields>(text, WrittenMark{track.Marks[i], dates});
-            text += '\n';
-        }
-        text += blockEnd;
-        text += "\n\n";
-    }
-    writeText(path, text);
+    writeAll(TelegramSink(path), tracks);
 }
 
 } // namespace tavelinUtils

@@ -10,10 +10,47 @@
 
 #include "../records/track.h"
 
+#include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace tavelinUtils {
+
+/// Hands out the tracks of a telegram, or of its lines, one after the other (records/track_stream.h); what
+/// they are, and what is thrown when the source is made, is told with lTelegramma.
+class TelegramSource
+{
+public:
+    explicit TelegramSource(std::string path);
+    explicit TelegramSource(const std::vector<std::string>& lines);
+    TelegramSource(TelegramSource&& other) noexcept;
+    ~TelegramSource();
+
+    std::size_t count() const;
+    bool next(TrackVtorichka& track);
+
+private:
+    struct Store;
+    std::unique_ptr<Store> store;
+};
+
+/// Writes tracks as sTelegramma does, one after the other. `add` and `save` throw as sTelegramma does;
+/// without a track the file stays as it is.
+class TelegramSink
+{
+public:
+    explicit TelegramSink(std::string path);
+    TelegramSink(TelegramSink&& other) noexcept;
+    ~TelegramSink();
+
+    void add(const TrackVtorichka& track);
+    bool save();
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
+};
 
 /// The tracks of a telegram, one for each closed block. Three words open a block or rename the open one,
 /// one word of any kind closes it, five are a mark of an open block, and everything else is skipped.

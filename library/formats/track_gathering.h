@@ -140,6 +140,12 @@ public:
         lastTrack().end = marks.size();
     }
 
+    /// Adds a mark that is in no track yet: for marks that come before it is known whether they make a track.
+    void addWaitingMark(const MeasuredMark& mark)
+    {
+        marks.add(mark);
+    }
+
     /// How many marks have been added.
     std::size_t markCount() const
     {
@@ -147,7 +153,7 @@ public:
     }
 
     /// Lets the last track begin with an earlier mark, by the number of marks before it: the marks from there
-    /// on are repeated in it.
+    /// on are in it, those that waited and those of other tracks, which are repeated.
     void beginLastTrackAt(std::size_t mark)
     {
         lastTrack().begin = mark;

@@ -143,3 +143,19 @@ TEST(TrackSequence, ATrackMayRepeatMarks)
     EXPECT_EQ(sequence.marksOfTracks(), 4U);
     EXPECT_EQ(marksOf(tracksOf(sequence)), (std::vector<std::string>{"a: 1 2", "b: 2 3"}));
 }
+
+TEST(TrackSequence, MarksMayWaitForTheirTrack)
+{
+    NamedSequence sequence;
+    sequence.addWaitingMark({1, 0, 0, 0, 0, 0});
+    sequence.addWaitingMark({2, 0, 0, 0, 0, 0});
+    EXPECT_TRUE(sequence.empty());
+    EXPECT_EQ(sequence.markCount(), 2U);
+    sequence.addTrack("a");
+    sequence.beginLastTrackAt(1);
+    sequence.addWaitingMark({3, 0, 0, 0, 0, 0});
+    sequence.addTrack("b");
+    sequence.addWaitingMark({4, 0, 0, 0, 0, 0});
+    EXPECT_EQ(sequence.marksOfTracks(), 1U);
+    EXPECT_EQ(marksOf(tracksOf(sequence)), (std::vector<std::string>{"a: 2", "b:"}));
+}
