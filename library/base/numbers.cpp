@@ -66,14 +66,31 @@ bool isBelowTen(std::string_view number)
     return isDigit(number.front()) && (number.size() == 1 || !isDigit(number[1]));
 }
 
+constexpr std::uint64_t eachByte = 0x0101010101010101;
+
 // Whether eight characters are digits: neither they nor 6 more than they leave the range from 0x30 to 0x3f.
+bool areDigits(std::uint64_t characters)
+{
+    constexpr std::uint64_t highHalves = 0xf0 * eachByte;
+    return (characters & highHalves) == '0' * eachByte &&
+           ((characters + 6 * eachByte) & highHalves) == '0' * eachByte;
+}
+
 bool eightDigits(const char* text)
 {
-    constexpr std::uint64_t ones = 0x0101010101010101;
-    constexpr std::uint64_t highHalves = 0xf0 * ones;
-    std::uint64_t bytes = 0;
-    std::memcpy(&bytes, text, sizeof bytes);
-    return (bytes & highHalves) == '0' * ones && ((bytes + 6 * ones) & highHalves) == '0' * ones;
+    std::uint64_t characters = 0;
+    std::memcpy(&characters, text, sizeof characters);
+    return areDigits(characters);
+}
+
+// The number that eight digits mean, the first of which is in the lowest byte: pairs become numbers up to 99,
+// then pairs of these, then the whole.
+std::uint64_t numberOfDigits(std::uint64_t digits)
+{
+    constexpr std::uint64_t highest = 0xff;
+    digits = (digits & 0x0f * eachByte) * ((10 << 8) + 1) >> 8;
+    digits = (digits & (highest << 48 | highest << 32 | highest << 16 | highest)) * ((100 << 16) + 1) >> 16;
+    return (digits & 0x0000ffff0000ffff) * ((std::uint64_t{10000} << 32) + 1) >> 32;
 }
 
 // Whether eight characters are three pairs of digits with the separator between them. Exclusive or makes
@@ -124,29 +141,93 @@ struct PlainNumber
     bool isWhole = false;
 };
 
-// Too many digits wrap around here; such a number is not whole.
-PlainNumber plainNumber(std::string_view text)
+// How many characters are before the first point; 8 where none of the first eight is one.
+int placeOfPoint(std::uint64_t characters)
 {
-    const char* at = text.data();
-    const char* const end = at + text.size();
-    PlainNumber number;
-    number.negative = *at == '-';
-    at += number.negative || *at == '+' ? 1 : 0;
-    const auto readDigits = [&number, &at, end] {
+    constexpr std::uint64_t lowBits = 0x7f * eachByte;
+    const std::uint64_t others = characters ^ '.' * eachByte;
+    const std::uint64_t points = ~(((others & lowBits) + lowBits) | others | lowBits);
+    return std::countr_zero(points) / 8;
+}
+
+// The first and the last eight characters of a text, the first of each in its lowest byte. A shorter text, of
+// at least four, has zeros behind it or in front of it.
+struct EndsOfText
+{
+    std::uint64_t front;
+    std::uint64_t back;
+};
+
+EndsOfText endsOf(std::string_view text)
+{
+    const auto load = [text]<class Word>(std::size_t place, Word word) {
+        std::memcpy(&word, text.data() + place, sizeof word);
+        return std::uint64_t{word};
+    };
+    const std::size_t size = text.size();
+    if (size >= 8) {
+        return {load(0, std::uint64_t{}), load(size - 8, std::uint64_t{})};
+    }
+    const std::uint64_t all = load(0, std::uint32_t{}) | load(size - 4, std::uint32_t{}) << 8 * (size - 4);
+    return {all, all << 8 * (8 - size)};
+}
+
+// Reads a text of one to seven digits, a point, and one to eight digits. False for other texts.
+bool readPacked(std::string_view text, PlainNumber& number)
+{
+    constexpr std::uint64_t zeros = '0' * eachByte;
+    if (text.size() < 4 || text.size() > 16) {
+        return false;
+    }
+    const EndsOfText ends = endsOf(text);
+    const int whole = placeOfPoint(ends.front);
+    const int decimals = static_cast<int>(text.size()) - 1 - whole;
+    if (whole == 0 || whole == 8 || decimals < 1 || decimals > 8) {
+        return false;
+    }
+    const std::uint64_t wholeDigits = ends.front << 8 * (8 - whole) | zeros >> 8 * whole;
+    const std::uint64_t notDecimals = (std::uint64_t{1} << 8 * (8 - decimals)) - 1;
+    const std::uint64_t decimalDigits = (ends.back & ~notDecimals) | (zeros & notDecimals);
+    if (!areDigits(wholeDigits) || !areDigits(decimalDigits)) {
+        return false;
+    }
+    number.digits = numberOfDigits(wholeDigits) * powersOfTen[static_cast<std::size_t>(decimals)] +
+                    numberOfDigits(decimalDigits);
+    number.decimals = decimals;
+    number.isWhole = true;
+    return true;
+}
+
+// Too many digits wrap around here; such a number is not whole.
+void readDigits(const char* at, const char* end, PlainNumber& number)
+{
+    const auto readRun = [&number, &at, end] {
         const char* const begin = at;
         for (; at != end && isDigit(*at); ++at) {
             number.digits = number.digits * 10 + static_cast<std::uint64_t>(*at - '0');
         }
         return at - begin;
     };
-    std::ptrdiff_t count = readDigits();
+    std::ptrdiff_t count = readRun();
     if (at != end && *at == '.') {
         ++at;
-        number.decimals = readDigits();
+        number.decimals = readRun();
         count += number.decimals;
     }
     const bool goesOn = at != end && std::strchr("eExX", *at) != nullptr;
     number.isWhole = count > 0 && count <= 18 && number.digits <= exactInteger && !goesOn;
+}
+
+PlainNumber plainNumber(std::string_view text)
+{
+    PlainNumber number;
+    number.negative = text.front() == '-';
+    if (number.negative || text.front() == '+') {
+        text.remove_prefix(1);
+    }
+    if (!readPacked(text, number)) {
+        readDigits(text.data(), text.data() + text.size(), number);
+    }
     return number;
 }
 

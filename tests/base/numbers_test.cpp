@@ -3,6 +3,7 @@
 #include "base/text_buffer.h"
 #include "support/random.h"
 #include "support/same_bits.h"
+#include "support/texts.h"
 
 #include <gtest/gtest.h>
 
@@ -497,6 +498,35 @@ TEST(TextToNumber, PrintedNumbersReadAsTheCLibraryReadsThem)
         compare(text);
         std::snprintf(text, sizeof text, "%.*e", random.below(25), std::bit_cast<double>(random.bits()));
         compare(text);
+    }
+}
+
+// Digits with a point at each place, and with another character at each other place.
+TEST(TextToNumber, DigitsAroundAPointReadAsTheCLibraryReadsThem)
+{
+    Random random(12);
+    int differences = 0;
+    const auto compare = [&differences](const std::string& text) {
+        if (differences < 5 && !sameBits(toDouble(text), readByStrtod(text))) {
+            ADD_FAILURE() << '"' << text << "\": " << toDouble(text);
+            ++differences;
+        }
+    };
+    for (std::size_t size = 1; size <= 20; ++size) {
+        for (std::size_t point = 0; point < size; ++point) {
+            std::string text;
+            while (text.size() < size) {
+                text += static_cast<char>('0' + random.below(10));
+            }
+            text[point] = '.';
+            compare(text);
+            compare("-" + text);
+            for (std::size_t place = 0; place < size; ++place) {
+                for (const char odd : std::string("/:.eEx -+\0\260", 11)) {
+                    compare(with(text, place, std::string(1, odd)));
+                }
+            }
+        }
     }
 }
 
