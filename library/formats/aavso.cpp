@@ -1,13 +1,15 @@
 #include "formats/aavso.h"
 
 #include "base/numbers.h"
-#include "files/text_files.h"
+#include "base/text_index.h"
+#include "files/text_file.h"
+#include "records/track_stream.h"
 #include "text/calendar.h"
 #include "text/number_text.h"
 
 #include <cstddef>
-#include <cstdio>
 #include <string_view>
+#include <utility>
 
 namespace tavelinUtils {
 namespace {
@@ -16,8 +18,6 @@ constexpr std::string_view columnNames =
     "#NAME,DATE,MAG,MAGERR,FILTER,TRANS,MTYPE,CNAME,CMAG,KNAME,KMAG,AIRMASS,GROUP,CHART,NOTES\n";
 constexpr std::string_view ensemble = "ENSEMBLE"; // whatever CNAME of a mark says
 constexpr std::string_view notKnown = "na";
-constexpr std::size_t headLength = 256;
-constexpr std::size_t usualLineLength = 112;
 
 // The fields of a line that its mark does not hold, or not in this form.
 struct Line
@@ -65,39 +65,122 @@ void appendLine(TextBuffer& out, const Line& line, double magnitude, double sign
     out += '\n';
 }
 
+// The filters of the first track's marks, row by row. Equal neighbours are one run.
+class FilterRows
+{
+public:
+    void add(std::string_view filter)
+    {
+        const std::size_t text = texts.numberOf(filter);
+        if (runs.empty() || runs.back().text != text) {
+            runs.push_back({text, rows});
+        }
+        runs.back().end = ++rows;
+    }
+
+    // Goes through the rows from the first on.
+    class Walk
+    {
+    public:
+        explicit Walk(const FilterRows& filterRows) : filters(filterRows)
+        {
+        }
+
+        /// The filter of the next row; behind the last the given one.
+        std::string_view next(std::string_view otherwise)
+        {
+            if (row == filters.rows) {
+                return otherwise;
+            }
+            const Run& run = filters.runs[current];
+            if (++row == run.end) {
+                ++current;
+            }
+            return filters.texts[run.text];
+        }
+
+    private:
+        const FilterRows& filters;
+        std::size_t row = 0;
+        std::size_t current = 0; // run
+    };
+
+private:
+    struct Run
+    {
+        std::size_t text; // its number
+        std::size_t end;  // the row behind the last
+    };
+
+    TextIndex texts;
+    std::vector<Run> runs;
+    std::size_t rows = 0;
+};
+
 } // namespace
+
+struct AavsoSink::State
+{
+    void add(const TrackVtorichka& track)
+    {
+        if (!headed) {
+            headed = true;
+            appendHead(file.text(), track.ObsCode);
+            for (const TRecLabelPervichka_File& mark : track.Marks) {
+                filters.add(mark.filtr);
+            }
+        }
+        addMarks(track);
+    }
+
+    void addMarks(const TrackVtorichka& track)
+    {
+        FilterRows::Walk rows(filters); // also for the tracks after the first
+        for (const TRecLabelPervichka_File& mark : track.Marks) {
+            appendLine(file.text(),
+                       {track.QRVName, MJDtoJD(mark.date) + mark.time, rows.next(mark.filtr), mark.MTYPE,
+                        mark.KNAME, notKnown, mark.CHART},
+                       mark.mEnsemble, mark.SNRpeak);
+            file.writeFull();
+        }
+    }
+
+    TextFile file;
+    bool headed = false;
+    FilterRows filters{};
+};
+
+AavsoSink::AavsoSink(std::string path) : state(new State{TextFile(std::move(path), PieceFile::Old::removed)})
+{
+}
+
+AavsoSink::AavsoSink(AavsoSink&& other) noexcept = default;
+AavsoSink::~AavsoSink() = default;
+
+void AavsoSink::add(const TrackVtorichka& track)
+{
+    state->add(track);
+}
+
+bool AavsoSink::save()
+{
+    if (state->headed) {
+        state->file.close();
+    }
+    return true;
+}
 
 void sAAVSO(std::string path, const std::vector<TrackVtorichka>& tracks)
 {
-    if (tracks.empty()) {
-        return;
-    }
-    std::remove(path.c_str());
-    TextBuffer text;
-    text.reserve(headLength + countMarks(tracks) * usualLineLength);
-    appendHead(text, tracks.front().ObsCode);
-    const std::vector<TRecLabelPervichka_File>& firstMarks = tracks.front().Marks;
-    for (const TrackVtorichka& track : tracks) {
-        for (std::size_t i = 0; i < track.Marks.size(); ++i) {
-            fetchAhead(track.Marks, i);
-            const TRecLabelPervichka_File& mark = track.Marks[i];
-            // Row by row from the first track, also for the tracks after it.
-            const std::string_view filter = i < firstMarks.size() ? firstMarks[i].filtr : mark.filtr;
-            appendLine(text,
-                       {track.QRVName, MJDtoJD(mark.date) + mark.time, filter, mark.MTYPE, mark.KNAME,
-                        notKnown, mark.CHART},
-                       mark.mEnsemble, mark.SNRpeak);
-        }
-    }
-    writeText(path, text);
+    writeAll(AavsoSink(path), tracks);
 }
 
 void sAAVSO(std::string path, std::string obsCode, std::string filter, std::string mType,
             std::vector<TLocPhotoBlob> objects, std::vector<std::vector<TLocPhotoBlob>> checkStars,
             std::string chart)
 {
-    std::remove(path.c_str());
-    TextBuffer text;
+    TextFile file(path, PieceFile::Old::removed);
+    TextBuffer& text = file.text();
     appendHead(text, obsCode);
     const bool named = !checkStars.empty() && !checkStars.front().empty();
     const std::string checkName = named ? checkStars.front().front().Mark.KNAME : "";
@@ -110,8 +193,9 @@ void sAAVSO(std::string path, std::string obsCode, std::string filter, std::stri
         appendLine(text,
                    {mark.SpareText, mark.date + mark.time, filter, mType, checkName, checkMagnitude, chart},
                    mark.mEnsemble, mark.SNRpeak);
+        file.writeFull();
     }
-    writeText(path, text);
+    file.close();
 }
 
 } // namespace tavelinUtils

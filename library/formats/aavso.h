@@ -13,10 +13,28 @@
 #include "../records/photo_blob.h"
 #include "../records/track.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace tavelinUtils {
+
+/// Writes tracks as sAAVSO of tracks does, one after the other (records/track_stream.h). `add` and `save`
+/// throw as sAAVSO does; without a track the file stays as it is. Remembers the filters of the first track.
+class AavsoSink
+{
+public:
+    explicit AavsoSink(std::string path);
+    AavsoSink(AavsoSink&& other) noexcept;
+    ~AavsoSink();
+
+    void add(const TrackVtorichka& track);
+    bool save();
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
+};
 
 /// Replaces the file by a report of the tracks under the observer code of the first. DATE is the Julian date,
 /// MAG is mEnsemble, MAGERR the reciprocal of SNRpeak ("inf" for 0). FILTER comes from the mark at the same

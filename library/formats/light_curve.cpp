@@ -1,18 +1,18 @@
 #include "formats/light_curve.h"
 
+#include "base/bytes.h"
 #include "base/numbers.h"
-#include "files/text_files.h"
+#include "records/track_stream.h"
 #include "text/calendar.h"
 
-#include <cstddef>
 #include <string_view>
+#include <utility>
 
 namespace tavelinUtils {
 namespace {
 
 constexpr std::string_view columnNames =
     "\tapparent\tensemble\tinstrumental\tinstr1000km\tinstrComp\tobject\n";
-constexpr std::size_t usualLineLength = 96;
 
 constexpr std::string_view trackTableColumns[] = {
     "N:Int\tNBl:Int\tName:Text\tdate:Date\ttime:Time\tmjd:Float:day\ttime_bjd:Time\tbjd:Float:day\t",
@@ -40,19 +40,38 @@ void appendMark(TextBuffer& out, const TRecLabelPervichka_File& mark, std::strin
 
 } // namespace
 
+struct LightCurveSink::State
+{
+    PieceFile file;
+};
+
+LightCurveSink::LightCurveSink(std::string path, std::string timeLabel)
+    : state(new State{{std::move(path), PieceFile::Old::removedAndAppendedTo}})
+{
+    state->file.text() += timeLabel;
+    state->file.text() += columnNames;
+}
+
+LightCurveSink::LightCurveSink(LightCurveSink&& other) noexcept = default;
+LightCurveSink::~LightCurveSink() = default;
+
+void LightCurveSink::add(const TrackVtorichka& track)
+{
+    for (const TRecLabelPervichka_File& mark : track.Marks) {
+        appendMark(state->file.text(), mark, track.QRVName);
+        state->file.writeFull(); // the callers go on without the file
+    }
+}
+
+bool LightCurveSink::save()
+{
+    state->file.close(); // the same
+    return true;
+}
+
 void SaveLightCurve(std::string path, const std::vector<TrackVtorichka>& tracks, std::string timeLabel)
 {
-    TextBuffer text;
-    text.reserve((countMarks(tracks) + 2) * usualLineLength);
-    text += timeLabel;
-    text += columnNames;
-    for (const TrackVtorichka& track : tracks) {
-        for (std::size_t i = 0; i < track.Marks.size(); ++i) {
-            fetchAhead(track.Marks, i);
-            appendMark(text, track.Marks[i], track.QRVName);
-        }
-    }
-    rewriteText(path, text);
+    writeAll(LightCurveSink(path, timeLabel), tracks);
 }
 
 std::string getHeadLightCurve()

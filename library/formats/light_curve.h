@@ -7,10 +7,27 @@
 
 #include "../records/track.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace tavelinUtils {
+
+/// Writes tracks as SaveLightCurve does, one after the other (records/track_stream.h). `save` is always true.
+class LightCurveSink
+{
+public:
+    LightCurveSink(std::string path, std::string timeLabel);
+    LightCurveSink(LightCurveSink&& other) noexcept;
+    ~LightCurveSink();
+
+    void add(const TrackVtorichka& track);
+    bool save();
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
+};
 
 /// Replaces the file by the table, whose first column is named by the label and holds Julian dates. Without
 /// tracks it is the column line alone. A file that cannot be written is not reported.

@@ -4,15 +4,17 @@
 #include "base/numbers.h"
 #include "base/tokens.h"
 #include "files/essentials.h"
-#include "files/text_files.h"
+#include "files/text_file.h"
+#include "records/track_stream.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
 #include "text/number_text.h"
 
 #include <array>
 #include <cmath>
-#include <cstddef>
+#include <optional>
 #include <string_view>
+#include <utility>
 
 namespace tavelinUtils {
 namespace {
@@ -24,7 +26,6 @@ constexpr std::string_view noSign = "         ";
 constexpr std::string_view largeSign = "    !    ";
 constexpr double largeResidual = 2.0; // arcseconds
 constexpr double arcseconds = 3600.0;
-constexpr std::size_t usualLineLength = 240;
 
 void appendStatistics(TextBuffer& out, std::string_view label, double mean, double rms)
 {
@@ -70,21 +71,21 @@ void appendMark(TextBuffer& out, const TRecLabelPervichka_File& mark, DateTexts&
     out += '\n';
 }
 
-std::string residualsOf(const TrackVtorichka& track)
+void writeResiduals(const std::string& path, const TrackVtorichka& track)
 {
-    TextBuffer text;
-    text.reserve((track.Marks.size() + 2) * usualLineLength);
-    text += statisticsColumns;
-    text += '\n';
-    appendStatistics(text, "RA: ", track.DispX, track.LymX);
-    appendStatistics(text, "DE: ", track.DispY, track.LymY);
-    text += markColumns;
-    text += '\n';
+    TextFile file(path);
+    file.text() += statisticsColumns;
+    file.text() += '\n';
+    appendStatistics(file.text(), "RA: ", track.DispX, track.LymX);
+    appendStatistics(file.text(), "DE: ", track.DispY, track.LymY);
+    file.text() += markColumns;
+    file.text() += '\n';
     DateTexts dates;
     for (const TRecLabelPervichka_File& mark : track.Marks) {
-        appendMark(text, mark, dates);
+        appendMark(file.text(), mark, dates);
+        file.writeFull();
     }
-    return text.str();
+    file.close();
 }
 
 // The part of the source's path that names the set of measurements; empty in a shorter path.
@@ -128,25 +129,56 @@ void appendSummary(TextBuffer& out, const TrackVtorichka& track, const std::stri
 
 } // namespace
 
-void SaveResidAMU(std::string folder, std::string name, const std::vector<TrackVtorichka>& tracks)
+struct ResidualReportSink::State
 {
-    TextBuffer summary(name);
-    summary += '\t';
-    summary += statisticsColumns;
-    summary += '\n';
-    for (std::size_t i = 0; i < tracks.size(); ++i) {
-        const TrackVtorichka& track = tracks[i];
-        if (track.Marks.empty()) {
-            continue;
+    void add(const TrackVtorichka& track)
+    {
+        if (lastNorad && *lastNorad != track.NORAD) {
+            summary += '\n'; // so that the tracks of one object stand together
         }
-        const std::string path = pathOf(folder, name, track);
-        writeText(path, residualsOf(track));
-        appendSummary(summary, track, path);
-        if (i + 1 < tracks.size() && tracks[i + 1].NORAD != track.NORAD) {
-            summary += '\n';
+        lastNorad.reset();
+        if (!track.Marks.empty()) {
+            const std::string path = pathOf(folder, name, track);
+            writeResiduals(path, track);
+            appendSummary(summary, track, path);
+            lastNorad = track.NORAD;
         }
     }
-    writeText(folder + Slash + name + ".result", summary);
+
+    std::string folder;
+    std::string name;
+    TextBuffer summary{};
+    std::optional<std::string> lastNorad{}; // of the track before, where that has a line
+};
+
+ResidualReportSink::ResidualReportSink(std::string folder, std::string name)
+    : state(new State{std::move(folder), std::move(name)})
+{
+    state->summary += state->name;
+    state->summary += '\t';
+    state->summary += statisticsColumns;
+    state->summary += '\n';
+}
+
+ResidualReportSink::ResidualReportSink(ResidualReportSink&& other) noexcept = default;
+ResidualReportSink::~ResidualReportSink() = default;
+
+void ResidualReportSink::add(const TrackVtorichka& track)
+{
+    state->add(track);
+}
+
+bool ResidualReportSink::save()
+{
+    TextFile file(state->folder + Slash + state->name + ".result");
+    file.text() += state->summary;
+    file.close();
+    return true;
+}
+
+void SaveResidAMU(std::string folder, std::string name, const std::vector<TrackVtorichka>& tracks)
+{
+    writeAll(ResidualReportSink(folder, name), tracks);
 }
 
 } // namespace tavelinUtils

@@ -9,10 +9,28 @@
 
 #include "../records/track.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace tavelinUtils {
+
+/// Writes tracks as SaveResidAMU does, one after the other (records/track_stream.h): `add` the file of a
+/// track, `save` the summary, also without a track. Both throw as SaveResidAMU does.
+class ResidualReportSink
+{
+public:
+    ResidualReportSink(std::string folder, std::string name);
+    ResidualReportSink(ResidualReportSink&& other) noexcept;
+    ~ResidualReportSink();
+
+    void add(const TrackVtorichka& track);
+    bool save();
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
+};
 
 /// Writes a ".resid" file for each track that has marks, then the summary `name`.result, all into the folder,
 /// which must exist. The calculated right ascension and declination of a mark are its RefValue4 and

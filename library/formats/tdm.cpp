@@ -4,130 +4,152 @@
 #include "base/lines.h"
 #include "base/numbers.h"
 #include "base/tokens.h"
-#include "files/text_files.h"
+#include "files/text_file.h"
 #include "formats/track_gathering.h"
 #include "text/date_text.h"
 
-#include <array>
 #include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <utility>
 
 namespace tavelinUtils {
 namespace {
 
 constexpr std::string_view separator = " = ";
-constexpr std::size_t segmentHeadLength = 320;
-constexpr std::size_t linesOfAMarkLength = 160;
+constexpr std::string_view separatorAtEnd = " =";
 
-// Takes the text before the next separator, and the separator, from the front of a line. The line is read as
-// if a blank followed it, so that " =" at its end is a separator too; without one the rest is the field.
-std::string_view cutField(std::string_view& text)
+// A line is read as if a blank followed it, so that a separator at its end may lack its own.
+
+// Whether the text before the first separator of a line is the key.
+inline bool hasKey(std::string_view line, std::string_view key)
 {
-    std::size_t end = text.find(separator);
-    if (end == std::string_view::npos) {
-        const std::string_view field = text.substr(0, text.size() - (text.ends_with(" =") ? 2 : 0));
-        text = {};
-        return field;
+    if (!line.starts_with(key)) {
+        return false;
     }
-    const std::string_view field = text.substr(0, end);
-    text.remove_prefix(end + separator.size());
-    return field;
+    const std::string_view rest = line.substr(key.size());
+    return rest.starts_with(separator) || rest.empty() || rest == separatorAtEnd;
 }
 
-// The last two fields of a data line that is cut at each blank; a blank at its end is no further field.
-struct DataFields
+// The text between a line's key and the next separator, or the end of the line.
+std::string_view valueOf(std::string_view line, std::string_view key)
 {
-    std::string_view epoch;
-    std::string_view value;
-};
+    std::string_view rest = line.substr(key.size());
+    rest.remove_prefix(rest.starts_with(separator) ? separator.size() : rest.size());
+    const std::size_t end = rest.find(separator);
+    if (end != std::string_view::npos) {
+        return rest.substr(0, end);
+    }
+    return rest.substr(0, rest.size() - (rest.ends_with(separatorAtEnd) ? separatorAtEnd.size() : 0));
+}
 
-DataFields dataFields(std::string_view line)
+// Takes the last item of a data line, of those between its blanks, from its end.
+std::string_view takeLast(std::string_view& line)
+{
+    const std::size_t blank = line.rfind(' ');
+    const std::size_t begin = blank == std::string_view::npos ? 0 : blank + 1;
+    const std::string_view item = line.substr(begin);
+    line = line.substr(0, begin == 0 ? 0 : blank);
+    return item;
+}
+
+// The number at the end of a data line, which is taken from it; a blank after it is no further item.
+double takeNumber(std::string_view& line)
 {
     if (line.ends_with(' ')) {
         line.remove_suffix(1);
     }
-    const std::size_t beforeValue = line.rfind(' ');
-    if (beforeValue == std::string_view::npos) {
-        return {{}, line};
-    }
-    const std::string_view value = line.substr(beforeValue + 1);
-    line = line.substr(0, beforeValue);
-    const std::size_t beforeEpoch = line.rfind(' ');
-    return {beforeEpoch == std::string_view::npos ? line : line.substr(beforeEpoch + 1), value};
+    return toDouble(takeLast(line));
 }
+
+// What is kept of a segment's head: its texts, by their numbers.
+struct SegmentHead
+{
+    std::uint32_t originator;
+    std::uint32_t telescope;
+    std::uint32_t object;
+};
+
+// The lines of a head, and where their values go.
+struct HeadLine
+{
+    std::string_view key;
+    std::uint32_t SegmentHead::*text;
+};
+constexpr HeadLine headLines[] = {
+    {"ORIGINATOR", &SegmentHead::originator},
+    {"PARTICIPANT_1", &SegmentHead::telescope},
+    {"PARTICIPANT_2", &SegmentHead::object},
+};
+
+// What is kept of a message.
+struct KeptMessage
+{
+    TextIndex texts;
+    SmallTrackSequence<SegmentHead> segments;
+};
 
 // Takes the lines of a message one after the other.
 class TdmLines
 {
 public:
-    void reserve(std::size_t lines)
+    explicit TdmLines(KeptMessage& message) : kept(message)
     {
-        constexpr std::size_t linesOfAMark = 3;
-        tracks.reserve(lines / linesOfAMark + 1);
+        const std::uint32_t noText = numberOf("");
+        head = {noText, noText, noText};
     }
 
     void add(std::string_view line)
     {
-        if (line.empty()) {
-            return;
+        if (kept.segments.empty() || !takeData(line)) {
+            takeHead(line);
         }
-        std::string_view rest = line;
-        const std::string_view key = cutField(rest);
-        if (key == "ORIGINATOR") {
-            originator = cutField(rest);
-        } else if (key == "PARTICIPANT_1") {
-            telescope = cutField(rest);
-        } else if (key == "PARTICIPANT_2") {
-            object = cutField(rest);
-        } else if (key == "META_START") {
-            tracks.addTrack();
-        } else {
-            addData(key, line);
-            return;
-        }
-        nameLastTrack();
-    }
-
-    std::vector<TrackVtorichka> takeTracks()
-    {
-        return tracks.takeTracks();
     }
 
 private:
-    // The last track carries the values read most recently; a segment without a value inherits it.
-    void nameLastTrack()
+    // The values stay in the one mark of the whole file until another line sets them.
+    bool takeData(std::string_view line)
     {
-        if (!tracks.empty()) {
-            TrackVtorichka& track = tracks.lastTrack();
-            track.originator = originator;
-            track.telescope = telescope;
-            track.QRVName = object;
+        if (hasKey(line, "ANGLE_1")) {
+            mark.RA = takeNumber(line);
+            readEpoch(takeLast(line), days, mark.date, mark.time);
+        } else if (hasKey(line, "ANGLE_2")) {
+            mark.DE = takeNumber(line);
+        } else if (hasKey(line, "MAG")) {
+            mark.m = takeNumber(line);
+            kept.segments.addMark(mark);
+        } else {
+            return false;
         }
+        return true;
     }
 
-    // The values stay in the one mark of the whole file until another line sets them.
-    void addData(std::string_view key, std::string_view line)
+    // The last track carries the values read most recently; a segment without a value inherits it.
+    void takeHead(std::string_view line)
     {
-        if (tracks.empty()) {
+        if (hasKey(line, "META_START")) {
+            kept.segments.addTrack(head);
             return;
         }
-        if (key == "ANGLE_1") {
-            const DataFields fields = dataFields(line);
-            mark.RA = toDouble(fields.value);
-            readEpoch(fields.epoch, days, mark.date, mark.time);
-        } else if (key == "ANGLE_2") {
-            mark.DE = toDouble(dataFields(line).value);
-        } else if (key == "MAG") {
-            mark.m = toDouble(dataFields(line).value);
-            tracks.addMark(mark);
+        for (const HeadLine& row : headLines) {
+            if (hasKey(line, row.key)) {
+                head.*row.text = numberOf(valueOf(line, row.key));
+                if (!kept.segments.empty()) {
+                    kept.segments.lastHead() = head;
+                }
+            }
         }
     }
 
-    std::string originator;
-    std::string telescope;
-    std::string object;
+    std::uint32_t numberOf(std::string_view text)
+    {
+        return static_cast<std::uint32_t>(kept.texts.numberOf(text));
+    }
+
+    KeptMessage& kept;
+    SegmentHead head{};
     MeasuredMark mark;
     DayNumbers days;
-    TrackSequence tracks;
 };
 
 void appendLine(TextBuffer& out, std::string_view key, std::string_view value)
@@ -145,6 +167,13 @@ void appendEpochLine(TextBuffer& out, std::string_view key, const TRecLabelPervi
     out += separator;
     appendEpoch(out, dates, mark.date, mark.time);
     out += '\n';
+}
+
+void appendHeader(TextBuffer& out, std::string_view originator)
+{
+    appendLine(out, "CCSDS_TDM_VERS", "1.0");
+    appendLine(out, "CREATION_DATE", zeroCreationDate());
+    appendLine(out, "ORIGINATOR", originator);
 }
 
 void appendMetadata(TextBuffer& out, const TrackVtorichka& track, DateTexts& dates)
@@ -171,20 +200,13 @@ void appendDataLine(TextBuffer& out, std::string_view key, std::string_view epoc
     appendCell(out, value, decimals, '\n');
 }
 
-void appendData(TextBuffer& out, const TrackVtorichka& track, DateTexts& dates)
+void appendMark(TextBuffer& out, const TRecLabelPervichka_File& mark, DateTexts& dates)
 {
-    out += "DATA_START\n";
     TextBuffer epoch;
-    for (std::size_t i = 0; i < track.Marks.size(); ++i) {
-        fetchAhead(track.Marks, i);
-        const TRecLabelPervichka_File& mark = track.Marks[i];
-        epoch.clear();
-        appendEpoch(epoch, dates, mark.date, mark.time);
-        appendDataLine(out, "ANGLE_1", epoch, mark.RA, 7);
-        appendDataLine(out, "ANGLE_2", epoch, mark.DE, 7);
-        appendDataLine(out, "MAG", epoch, mark.m, 4);
-    }
-    out += "DATA_STOP\n";
+    appendEpoch(epoch, dates, mark.date, mark.time);
+    appendDataLine(out, "ANGLE_1", epoch, mark.RA, 7);
+    appendDataLine(out, "ANGLE_2", epoch, mark.DE, 7);
+    appendDataLine(out, "MAG", epoch, mark.m, 4);
 }
 
 } // namespace
@@ -194,32 +216,93 @@ std::string zeroCreationDate()
     return NowToDateTimeWin(false, "T");
 }
 
+struct TdmSource::Store
+{
+    KeptMessage kept{};
+};
+
+TdmSource::TdmSource(std::string path) : store(new Store)
+{
+    TdmLines reader(store->kept);
+    if (!readLines(path, reader)) {
+        store->kept = {}; // a missing file has no lines
+    }
+}
+
+TdmSource::TdmSource(TdmSource&& other) noexcept = default;
+TdmSource::~TdmSource() = default;
+
+std::size_t TdmSource::count() const
+{
+    return store->kept.segments.count();
+}
+
+bool TdmSource::next(TrackVtorichka& track)
+{
+    return store->kept.segments.next(track, [this](TrackVtorichka& filled, const SegmentHead& head) {
+        filled.originator = store->kept.texts[head.originator];
+        filled.telescope = store->kept.texts[head.telescope];
+        filled.QRVName = store->kept.texts[head.object];
+    });
+}
+
+struct TdmSink::State
+{
+    void add(const TrackVtorichka& track)
+    {
+        if (!headed) {
+            headed = true;
+            appendHeader(file.text(), track.originator);
+        }
+        if (!track.Marks.empty()) {
+            appendMetadata(file.text(), track, dates);
+            addMarks(track.Marks);
+        }
+    }
+
+    void addMarks(const std::vector<TRecLabelPervichka_File>& marks)
+    {
+        file.text() += "DATA_START\n";
+        for (const TRecLabelPervichka_File& mark : marks) {
+            appendMark(file.text(), mark, dates);
+            file.writeFull();
+        }
+        file.text() += "DATA_STOP\n";
+    }
+
+    TextFile file;
+    bool headed = false;
+    DateTexts dates{};
+};
+
+TdmSink::TdmSink(std::string path) : state(new State{TextFile(std::move(path))})
+{
+}
+
+TdmSink::TdmSink(TdmSink&& other) noexcept = default;
+TdmSink::~TdmSink() = default;
+
+void TdmSink::add(const TrackVtorichka& track)
+{
+    state->add(track);
+}
+
+bool TdmSink::save()
+{
+    if (state->headed) {
+        state->file.close();
+    }
+    return true;
+}
+
 std::vector<TrackVtorichka> lTDM(std::string path)
 {
-    TdmLines reader;
-    readLines(path, reader); // a missing file has no lines
-    return reader.takeTracks();
+    return allTracks(TdmSource(path));
 }
 
 void sTDM(std::string path, const std::vector<TrackVtorichka>& tracks)
 {
-    if (tracks.empty()) {
-        return;
-    }
-    TextBuffer text;
-    text.reserve(countMarks(tracks) * linesOfAMarkLength + tracks.size() * segmentHeadLength +
-                 segmentHeadLength);
-    appendLine(text, "CCSDS_TDM_VERS", "1.0");
-    appendLine(text, "CREATION_DATE", zeroCreationDate());
-    appendLine(text, "ORIGINATOR", tracks.front().originator);
-    DateTexts dates;
-    for (const TrackVtorichka& track : tracks) {
-        if (!track.Marks.empty()) {
-            appendMetadata(text, track, dates);
-            appendData(text, track, dates);
-        }
-    }
-    writeText(path, text);
+    writeAll(TdmSink(path), tracks);
 }
 
 } // namespace tavelinUtils

@@ -19,10 +19,46 @@
 
 #include "../records/track.h"
 
+#include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace tavelinUtils {
+
+/// Hands out the tracks of a message one after the other (records/track_stream.h); what they are is told with
+/// lTDM.
+class TdmSource
+{
+public:
+    explicit TdmSource(std::string path);
+    TdmSource(TdmSource&& other) noexcept;
+    ~TdmSource();
+
+    std::size_t count() const;
+    bool next(TrackVtorichka& track);
+
+private:
+    struct Store;
+    std::unique_ptr<Store> store;
+};
+
+/// Writes tracks as sTDM does, one after the other. `add` and `save` throw as sTDM does; without a track the
+/// file stays as it is.
+class TdmSink
+{
+public:
+    explicit TdmSink(std::string path);
+    TdmSink(TdmSink&& other) noexcept;
+    ~TdmSink();
+
+    void add(const TrackVtorichka& track);
+    bool save();
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
+};
 
 /// The tracks of a message, one for each segment; none for a missing file or one without a segment. A
 /// segment or a mark without a value has the one read most recently, across segments: originator,

@@ -6,10 +6,11 @@
 #include "config/xml_document.h"
 #include "formats/tdm.h"
 #include "formats/track_gathering.h"
+#include "records/track_stream.h"
 #include "text/date_text.h"
 
 #include <cstddef>
-#include <cstdio>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -19,309 +20,222 @@ namespace {
 // The documents have a fixed shape and are long, so they are printed directly, as the XML library prints
 // its trees: a tree of elements takes many times the memory of the marks that it is made of.
 
-// What the two shapes differ in.
+// A part of a document as it is printed, with a `*` in the place of each value.
+template <std::size_t values>
+class Form
+{
+public:
+    explicit constexpr Form(std::string_view text)
+    {
+        for (std::size_t place = 0; place < values; ++place) {
+            const std::size_t end = text.find('*');
+            texts[place] = text.substr(0, end);
+            text = text.substr(end + 1); // does not compile where a value is missing
+        }
+        texts[values] = text;
+    }
+
+    /// The text before the value of that place, or after the last value.
+    constexpr std::string_view operator[](std::size_t place) const
+    {
+        return texts[place];
+    }
+
+private:
+    std::string_view texts[values + 1];
+};
+
+// What the two shapes differ in. The values are the same, in the same order.
 struct Shape
 {
-    std::string_view declaration;
-    std::string_view root;
-    std::string_view path;
-    std::string_view magnitudeType;
-    bool observationPerValue;
+    Form<2> head;     // creation date, originator
+    Form<5> metadata; // epochs of the first and the last mark, telescope, object, frame
+    Form<6> mark;     // right ascension, declination, magnitude, each after the epoch
 };
+
 // An observation for each value.
-constexpr Shape valueShape{"<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n",
-                           "<tdm id=\"CCSDS_TDM_VERS\" version=\"2.0\">\n", "2,1", "", true};
+constexpr Shape valueShape{Form<2>(R"(<?xml version="1.0" encoding="UTF-8" ?>
+<tdm id="CCSDS_TDM_VERS" version="2.0">
+    <header>
+        <CREATION_DATE>*</CREATION_DATE>
+        <ORIGINATOR>*</ORIGINATOR>
+    </header>
+)"),
+                           Form<5>(R"(        <segment>
+            <metadata>
+                <TIME_SYSTEM>UTC</TIME_SYSTEM>
+                <START_TIME>*</START_TIME>
+                <STOP_TIME>*</STOP_TIME>
+                <PARTICIPANT_1>*</PARTICIPANT_1>
+                <PARTICIPANT_2>*</PARTICIPANT_2>
+                <MODE>SEQUENTIAL</MODE>
+                <PATH>2,1</PATH>
+                <ANGLE_TYPE>RADEC</ANGLE_TYPE>
+                <REFERENCE_FRAME>*</REFERENCE_FRAME>
+            </metadata>
+            <data>
+)"),
+                           Form<6>(R"(                <observation>
+                    <EPOCH>*</EPOCH>
+                    <ANGLE_1>*</ANGLE_1>
+                </observation>
+                <observation>
+                    <EPOCH>*</EPOCH>
+                    <ANGLE_2>*</ANGLE_2>
+                </observation>
+                <observation>
+                    <EPOCH>*</EPOCH>
+                    <MAG>*</MAG>
+                </observation>
+)")};
+
 // An observation for each mark.
-constexpr Shape markShape{"<?xml version=\"1.0\" ?>\n", "<tdm>\n", "2, 1", "APPARENT", false};
+constexpr Shape markShape{Form<2>(R"(<?xml version="1.0" ?>
+<tdm>
+    <header>
+        <CREATION_DATE>*</CREATION_DATE>
+        <ORIGINATOR>*</ORIGINATOR>
+    </header>
+)"),
+                          Form<5>(R"(        <segment>
+            <metadata>
+                <TIME_SYSTEM>UTC</TIME_SYSTEM>
+                <START_TIME>*</START_TIME>
+                <STOP_TIME>*</STOP_TIME>
+                <PARTICIPANT_1>*</PARTICIPANT_1>
+                <PARTICIPANT_2>*</PARTICIPANT_2>
+                <MODE>SEQUENTIAL</MODE>
+                <PATH>2, 1</PATH>
+                <ANGLE_TYPE>RADEC</ANGLE_TYPE>
+                <REFERENCE_FRAME>*</REFERENCE_FRAME>
+                <MAG_TYPE>APPARENT</MAG_TYPE>
+            </metadata>
+            <data>
+)"),
+                          Form<6>(R"(                <observation>
+                    <ANGLE_1>* *</ANGLE_1>
+                    <ANGLE_2>* *</ANGLE_2>
+                    <MAG>* *</MAG>
+                </observation>
+)")};
 
-// The texts of an element, in one piece each: there are twelve lines for every mark. They have the blanks of
-// the deepest level, of which a line takes as many as its own depth needs.
-class Element
-{
-public:
-    explicit constexpr Element(std::string_view name)
-    {
-        for (const std::string_view part : {blanks, std::string_view("<"), name, std::string_view(">")}) {
-            put(part, open, openSize);
-        }
-        for (const std::string_view part : {blanks, std::string_view("</"), name, std::string_view(">\n")}) {
-            put(part, close, closeSize);
-        }
-    }
-
-    /// "<name>" at a depth, with its blanks.
-    constexpr std::string_view begin(std::size_t depth) const
-    {
-        return std::string_view(open, openSize).substr(blanks.size() - depth * columnsOfALevel);
-    }
-
-    /// "</name>" and the end of the line, at a depth.
-    constexpr std::string_view end(std::size_t depth) const
-    {
-        return std::string_view(close, closeSize).substr(blanks.size() - depth * columnsOfALevel);
-    }
-
-    /// The same after a value.
-    constexpr std::string_view end() const
-    {
-        return end(0);
-    }
-
-private:
-    static constexpr std::size_t columnsOfALevel = 4;
-    static constexpr std::string_view blanks = "                    ";
-
-    static constexpr void put(std::string_view part, char* text, std::size_t& size)
-    {
-        for (const char character : part) {
-            text[size++] = character;
-        }
-    }
-
-    char open[48] = {};
-    char close[48] = {};
-    std::size_t openSize = 0;
-    std::size_t closeSize = 0;
-};
-
-namespace element {
-constexpr Element header("header");
-constexpr Element creationDate("CREATION_DATE");
-constexpr Element originator("ORIGINATOR");
-constexpr Element body("body");
-constexpr Element segment("segment");
-constexpr Element metadata("metadata");
-constexpr Element timeSystem("TIME_SYSTEM");
-constexpr Element startTime("START_TIME");
-constexpr Element stopTime("STOP_TIME");
-constexpr Element participant1("PARTICIPANT_1");
-constexpr Element participant2("PARTICIPANT_2");
-constexpr Element mode("MODE");
-constexpr Element path("PATH");
-constexpr Element angleType("ANGLE_TYPE");
-constexpr Element referenceFrame("REFERENCE_FRAME");
-constexpr Element magnitudeType("MAG_TYPE");
-constexpr Element data("data");
-constexpr Element observation("observation");
-constexpr Element epoch("EPOCH");
-constexpr Element angle1("ANGLE_1");
-constexpr Element angle2("ANGLE_2");
-constexpr Element magnitude("MAG");
-} // namespace element
-
-// Prints a document line by line and knows how deep each element is. Writes pieces of a
-// size that stays in the processor's caches.
-class DocumentFile
-{
-public:
-    explicit DocumentFile(const std::string& path) : file(openFile(path, "w"))
-    {
-        if (file) {
-            std::setvbuf(file.get(), nullptr, _IONBF, 0);
-            text.reserve(pieceLength + longestAddition);
-        }
-    }
-
-    /// The lines before the first element, and the root's own.
-    void beginRoot(std::string_view declaration, std::string_view root)
-    {
-        text += declaration;
-        text += root;
-        ++depth;
-    }
-
-    void endRoot()
-    {
-        text += "</tdm>\n";
-    }
-
-    void begin(const Element& element)
-    {
-        text += element.begin(depth);
-        text += '\n';
-        ++depth;
-    }
-
-    void end(const Element& element)
-    {
-        --depth;
-        text += element.end(depth);
-    }
-
-    /// An element without anything in it.
-    void empty(const Element& element)
-    {
-        text += element.begin(depth);
-        text.shorten(text.size() - 1);
-        text += " />\n";
-    }
-
-    void value(const Element& element, std::string_view value)
-    {
-        text += element.begin(depth);
-        text += value;
-        text += element.end();
-    }
-
-    /// An element of a number, with a text before it.
-    void number(const Element& element, std::string_view before, double value, int decimals)
-    {
-        text += element.begin(depth);
-        text += before;
-        appendFixed(text, value, decimals);
-        text += element.end();
-    }
-
-    /// Writes a full piece out.
-    void flushFull()
-    {
-        if (text.size() >= pieceLength) {
-            flush();
-        }
-    }
-
-    /// Writes the rest out and closes the file; false where anything failed.
-    bool close()
-    {
-        flush();
-        return file && std::fclose(file.release()) == 0 && complete;
-    }
-
-private:
-    static constexpr std::size_t pieceLength = std::size_t{1} << 20;
-    static constexpr std::size_t longestAddition = std::size_t{1} << 12;
-
-    void flush()
-    {
-        complete =
-            complete && file && std::fwrite(text.view().data(), 1, text.size(), file.get()) == text.size();
-        text.clear();
-    }
-
-    OpenFile file;
-    TextBuffer text;
-    std::size_t depth = 0;
-    bool complete = true;
-};
+constexpr std::string_view segmentEnd = "            </data>\n"
+                                        "        </segment>\n";
+constexpr std::string_view bodyBegin = "    <body>\n";
+constexpr std::string_view bodyEnd = "    </body>\n";
+constexpr std::string_view emptyBody = "    <body />\n";
+constexpr std::string_view rootEnd = "</tdm>\n";
 
 // A text that comes from outside, escaped as the library does it.
-std::string escaped(const std::string& text)
+void appendEscaped(TextBuffer& out, const std::string& text)
 {
-    std::string out;
-    TiXmlBase::EncodeString(text, &out);
-    return out;
+    std::string escaped;
+    TiXmlBase::EncodeString(text, &escaped);
+    out += escaped;
 }
 
-std::string epochOf(const TRecLabelPervichka_File& mark, DateTexts& dates)
+void appendHead(TextBuffer& out, const Form<2>& form, const std::string& originator)
+{
+    out += form[0];
+    out += zeroCreationDate();
+    out += form[1];
+    appendEscaped(out, originator);
+    out += form[2];
+}
+
+void appendMetadata(TextBuffer& out, const Form<5>& form, const TrackVtorichka& track, DateTexts& dates)
+{
+    const TRecLabelPervichka_File& first = track.Marks.front();
+    const TRecLabelPervichka_File& last = track.Marks.back();
+    out += form[0];
+    appendEpoch(out, dates, first.date, first.time);
+    out += form[1];
+    appendEpoch(out, dates, last.date, last.time);
+    out += form[2];
+    appendEscaped(out, track.telescope);
+    out += form[3];
+    appendEscaped(out, track.QRVName);
+    out += form[4];
+    appendEscaped(out, track.REFERENCE_FRAME);
+    out += form[5];
+}
+
+void appendMark(TextBuffer& out, const Form<6>& form, const TRecLabelPervichka_File& mark, DateTexts& dates)
 {
     TextBuffer epoch;
     appendEpoch(epoch, dates, mark.date, mark.time);
-    return epoch.str();
+    out += form[0];
+    out += epoch;
+    out += form[1];
+    appendFixed(out, mark.RA, 7);
+    out += form[2];
+    out += epoch;
+    out += form[3];
+    appendFixed(out, mark.DE, 7);
+    out += form[4];
+    out += epoch;
+    out += form[5];
+    appendFixed(out, mark.m, 4);
+    out += form[6];
 }
 
-void writeHeader(DocumentFile& file, const std::vector<TrackVtorichka>& tracks)
+// A document that is written track after track. Its originator is that of the first track; its body is known
+// to hold something at the first mark.
+class MessageFile
 {
-    file.begin(element::header);
-    file.value(element::creationDate, zeroCreationDate());
-    file.value(element::originator, tracks.empty() ? "" : escaped(tracks.front().originator));
-    file.end(element::header);
-}
-
-void writeMetadata(DocumentFile& file, const TrackVtorichka& track, const Shape& shape, DateTexts& dates)
-{
-    file.begin(element::metadata);
-    file.value(element::timeSystem, "UTC");
-    file.value(element::startTime, epochOf(track.Marks.front(), dates));
-    file.value(element::stopTime, epochOf(track.Marks.back(), dates));
-    file.value(element::participant1, escaped(track.telescope));
-    file.value(element::participant2, escaped(track.QRVName));
-    file.value(element::mode, "SEQUENTIAL");
-    file.value(element::path, shape.path);
-    file.value(element::angleType, "RADEC");
-    file.value(element::referenceFrame, escaped(track.REFERENCE_FRAME));
-    if (!shape.magnitudeType.empty()) {
-        file.value(element::magnitudeType, shape.magnitudeType);
+public:
+    MessageFile(std::string path, const Shape& documentShape)
+        : file(std::move(path), PieceFile::Old::replaced), shape(documentShape)
+    {
     }
-    file.end(element::metadata);
-}
 
-// One value with its epoch beside it.
-void writeValue(DocumentFile& file, std::string_view epoch, const Element& valueElement, double value,
-                int decimals)
-{
-    file.begin(element::observation);
-    file.value(element::epoch, epoch);
-    file.number(valueElement, "", value, decimals);
-    file.end(element::observation);
-}
-
-// An observation for each value of a mark.
-void writeValues(DocumentFile& file, std::string_view epoch, const TRecLabelPervichka_File& mark)
-{
-    writeValue(file, epoch, element::angle1, mark.RA, 7);
-    writeValue(file, epoch, element::angle2, mark.DE, 7);
-    writeValue(file, epoch, element::magnitude, mark.m, 4);
-}
-
-// One observation of a mark, with the epoch before each value.
-void writeMark(DocumentFile& file, TextBuffer& epoch, const TRecLabelPervichka_File& mark)
-{
-    epoch += ' ';
-    file.begin(element::observation);
-    file.number(element::angle1, epoch, mark.RA, 7);
-    file.number(element::angle2, epoch, mark.DE, 7);
-    file.number(element::magnitude, epoch, mark.m, 4);
-    file.end(element::observation);
-}
-
-void writeData(DocumentFile& file, const TrackVtorichka& track, const Shape& shape, DateTexts& dates)
-{
-    file.begin(element::data);
-    TextBuffer epoch;
-    for (std::size_t i = 0; i < track.Marks.size(); ++i) {
-        fetchAhead(track.Marks, i);
-        const TRecLabelPervichka_File& mark = track.Marks[i];
-        epoch.clear();
-        appendEpoch(epoch, dates, mark.date, mark.time);
-        if (shape.observationPerValue) {
-            writeValues(file, epoch, mark);
-        } else {
-            writeMark(file, epoch, mark);
+    void add(const TrackVtorichka& track)
+    {
+        head(track.originator);
+        if (track.Marks.empty()) {
+            return;
         }
-        file.flushFull();
+        beginBody();
+        appendMetadata(file.text(), shape.metadata, track, dates);
+        for (const TRecLabelPervichka_File& mark : track.Marks) {
+            appendMark(file.text(), shape.mark, mark, dates);
+            file.writeFull(); // save gives what fails here
+        }
+        file.text() += segmentEnd;
     }
-    file.end(element::data);
-}
 
-void writeBody(DocumentFile& file, const std::vector<TrackVtorichka>& tracks, const Shape& shape)
-{
-    if (countMarks(tracks) == 0) {
-        file.empty(element::body);
-        return;
+    bool save()
+    {
+        TiXmlBase::SetCondenseWhiteSpace(false); // as every reader and writer of XML files leaves the library
+        head("");
+        file.text() += bodyBegun ? bodyEnd : emptyBody;
+        file.text() += rootEnd;
+        return file.close();
     }
+
+private:
+    void head(const std::string& originator)
+    {
+        if (!headed) {
+            headed = true;
+            appendHead(file.text(), shape.head, originator);
+        }
+    }
+
+    void beginBody()
+    {
+        if (!bodyBegun) {
+            bodyBegun = true;
+            file.text() += bodyBegin;
+        }
+    }
+
+    PieceFile file;
+    const Shape& shape;
     DateTexts dates;
-    file.begin(element::body);
-    for (const TrackVtorichka& track : tracks) {
-        if (!track.Marks.empty()) {
-            file.begin(element::segment);
-            writeMetadata(file, track, shape, dates);
-            writeData(file, track, shape, dates);
-            file.end(element::segment);
-        }
-    }
-    file.end(element::body);
-}
-
-bool saveDocument(const std::string& path, const std::vector<TrackVtorichka>& tracks, const Shape& shape)
-{
-    TiXmlBase::SetCondenseWhiteSpace(false); // as every reader and writer of XML files leaves the library
-    DocumentFile file(path);
-    file.beginRoot(shape.declaration, shape.root);
-    writeHeader(file, tracks);
-    writeBody(file, tracks, shape);
-    file.endRoot();
-    return file.close();
-}
+    bool headed = false;
+    bool bodyBegun = false;
+};
 
 std::size_t countObservations(TiXmlElement* element, const char* name)
 {
@@ -337,14 +251,58 @@ std::size_t countObservations(TiXmlElement* element, const char* name)
 
 } // namespace
 
+struct TdmXmlSink::State
+{
+    MessageFile file;
+};
+
+TdmXmlSink::TdmXmlSink(std::string path) : state(new State{{std::move(path), valueShape}})
+{
+}
+
+TdmXmlSink::TdmXmlSink(TdmXmlSink&& other) noexcept = default;
+TdmXmlSink::~TdmXmlSink() = default;
+
+void TdmXmlSink::add(const TrackVtorichka& track)
+{
+    state->file.add(track);
+}
+
+bool TdmXmlSink::save()
+{
+    return state->file.save();
+}
+
+struct TdmMarkXmlSink::State
+{
+    MessageFile file;
+};
+
+TdmMarkXmlSink::TdmMarkXmlSink(std::string path) : state(new State{{std::move(path), markShape}})
+{
+}
+
+TdmMarkXmlSink::TdmMarkXmlSink(TdmMarkXmlSink&& other) noexcept = default;
+TdmMarkXmlSink::~TdmMarkXmlSink() = default;
+
+void TdmMarkXmlSink::add(const TrackVtorichka& track)
+{
+    state->file.add(track);
+}
+
+bool TdmMarkXmlSink::save()
+{
+    return state->file.save();
+}
+
 bool sTDMPOLxml(std::string path, const std::vector<TrackVtorichka>& tracks)
 {
-    return saveDocument(path, tracks, valueShape);
+    return writeAll(TdmXmlSink(path), tracks);
 }
 
 bool sTDMxml(std::string path, const std::vector<TrackVtorichka>& tracks)
 {
-    return saveDocument(path, tracks, markShape);
+    return writeAll(TdmMarkXmlSink(path), tracks);
 }
 
 void GetTDMObservations(TiXmlElement* element, std::string tagName,

@@ -22,12 +22,46 @@
 
 #include "../records/track.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
 #include <tinyxml.h>
 
 namespace tavelinUtils {
+
+/// Writes tracks as sTDMPOLxml does, one after the other (records/track_stream.h). `save` gives what
+/// sTDMPOLxml gives.
+class TdmXmlSink
+{
+public:
+    explicit TdmXmlSink(std::string path);
+    TdmXmlSink(TdmXmlSink&& other) noexcept;
+    ~TdmXmlSink();
+
+    void add(const TrackVtorichka& track);
+    bool save();
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
+};
+
+/// The same as sTDMxml.
+class TdmMarkXmlSink
+{
+public:
+    explicit TdmMarkXmlSink(std::string path);
+    TdmMarkXmlSink(TdmMarkXmlSink&& other) noexcept;
+    ~TdmMarkXmlSink();
+
+    void add(const TrackVtorichka& track);
+    bool save();
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
+};
 
 /// Replaces the file by the document, three observations for each mark: epoch with right ascension, with
 /// declination, with magnitude. The originator is that of the first track, "" for an empty list; a track

@@ -5,6 +5,7 @@
 #include "support/no_room.h"
 #include "support/photo_blobs.h"
 #include "support/temporary_folder.h"
+#include "support/texts.h"
 #include "support/tracks.h"
 
 #include <gtest/gtest.h>
@@ -520,4 +521,69 @@ TEST(AavsoOfAStar, WhatCannotBeWrittenIsRaised)
 {
     expectRefusal(
         [](const std::string& path) { sAAVSO(path, "XYZ", "V", "STD", oneObject, oneCheckStar, "X123"); });
+}
+
+TEST(AavsoSink, NothingIsRemovedBeforeItIsSaved)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder / "a.txt";
+    makeFile(path, "old");
+    std::filesystem::create_hard_link(path, folder / "same.txt");
+    AavsoSink sink(path);
+    sink.add(oneTrack()[0]);
+    EXPECT_EQ(bytesOf(path), "old");
+    EXPECT_TRUE(sink.save());
+    EXPECT_EQ(bytesOf(path), headOf("aavso") + oneTrackLine);
+    EXPECT_EQ(bytesOf(folder / "same.txt"), "old");
+}
+
+TEST(AavsoSink, WithoutATrackTheFileStays)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.txt", "old");
+    EXPECT_TRUE(AavsoSink(folder / "a.txt").save());
+    EXPECT_EQ(bytesOf(folder / "a.txt"), "old");
+    EXPECT_TRUE(AavsoSink(folder / "new.txt").save());
+    EXPECT_FALSE(exists(folder / "new.txt"));
+}
+
+// The filters are kept, and the first track is not.
+TEST(AavsoSink, FirstTracksFiltersOutliveIt)
+{
+    const std::vector<std::string> first = {"V", "V", "B", "V", "", "", "a filter with a long name"};
+    TrackVtorichka track = trackNamed("A", {});
+    for (const std::string& filter : first) {
+        track.Marks.push_back({.filtr = filter});
+    }
+    const std::string bytes = writtenBy([&track](const std::string& path) {
+        AavsoSink sink(path);
+        sink.add(track);
+        track = trackNamed("B", std::vector<TRecLabelPervichka_File>(9, {.filtr = "own"}));
+        sink.add(track);
+        track.Marks.resize(3);
+        sink.add(track);
+        sink.save();
+    });
+    std::vector<std::string> expected = first;
+    expected.insert(expected.end(), first.begin(), first.end());
+    expected.insert(expected.end(), {"own", "own", "V", "V", "B"});
+    const std::vector<std::string> lines = linesBelow("aavso", bytes);
+    ASSERT_EQ(lines.size(), expected.size());
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        EXPECT_EQ(field(lines[i], 5), expected[i]) << i;
+    }
+}
+
+TEST(AavsoSink, MegabytesGoOutBeforeItIsSaved)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder / "a.txt";
+    makeFile(path, std::string(5000000, 'x'));
+    AavsoSink sink(path);
+    TrackVtorichka track = oneTrack()[0];
+    track.Marks.resize(15000, TRecLabelPervichka_File(track.Marks[0]));
+    sink.add(track);
+    EXPECT_EQ(bytesOf(path).size(), std::size_t{1} << 20);
+    EXPECT_TRUE(sink.save());
+    EXPECT_TRUE(bytesOf(path) == headOf("aavso") + repeated(oneTrackLine, 15000));
 }

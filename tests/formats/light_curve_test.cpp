@@ -204,3 +204,51 @@ TEST(LightCurve, ColumnHeaderOfATrackTable)
               "Exc:Float\tWidth:Float\tiF:Int\tiB:Int\tQRVID:Text\t"
               "Draw:Bool");
 }
+
+TEST(LightCurveSink, NothingIsRemovedBeforeItIsSaved)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder / "a.txt";
+    makeFile(path, "old");
+    std::filesystem::create_hard_link(path, folder / "same.txt");
+    LightCurveSink sink(path, "JD geocentric");
+    const TrackVtorichka track = trackNamed("N", {{.m = 9.5}});
+    sink.add(track);
+    EXPECT_EQ(bytesOf(path), "old");
+    EXPECT_TRUE(sink.save());
+    EXPECT_EQ(bytesOf(path), written({track}));
+    EXPECT_EQ(bytesOf(folder / "same.txt"), "old");
+}
+
+TEST(LightCurveSink, WithoutATrackItWritesTheColumnLine)
+{
+    EXPECT_EQ(
+        writtenBy([](const std::string& path) { EXPECT_TRUE(LightCurveSink(path, "JD geocentric").save()); }),
+        columnLine);
+}
+
+TEST(LightCurveSink, MegabytesGoOutBeforeItIsSaved)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder / "a.txt";
+    makeFile(path, std::string(5000000, 'x'));
+    LightCurveSink sink(path, "JD geocentric");
+    TrackVtorichka track = trackNamed("N", {});
+    track.Marks.resize(20000);
+    sink.add(track);
+    EXPECT_EQ(bytesOf(path).size(), std::size_t{1} << 20);
+    EXPECT_TRUE(sink.save());
+    const std::string line = "2400000.5000000\t0.00000\t0.00000\t0.00000\t0.00000\t0.00000\tN\t\n";
+    EXPECT_TRUE(bytesOf(path) == columnLine + repeated(line, 20000));
+}
+
+TEST(LightCurveSink, WhatCannotBeWrittenIsPassedOver)
+{
+    expectSilence([](const std::string& path) {
+        LightCurveSink sink(path, "JD geocentric");
+        TrackVtorichka track = trackNamed("N", {});
+        track.Marks.resize(20000);
+        sink.add(track);
+        EXPECT_TRUE(sink.save());
+    });
+}

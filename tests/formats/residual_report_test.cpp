@@ -403,4 +403,39 @@ TEST(ResidualReport, NameOfAnObjectWithASeparatorNamesAFolder)
     EXPECT_FALSE(exists(folder / "test.result"));
 }
 
+TEST(ResidualReportSink, AddWritesTheFileOfATrackAndSaveTheSummary)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "test.result", "old");
+    ResidualReportSink sink(folder.path(), "test");
+    sink.add(trackOf({fullMark}));
+    EXPECT_EQ(bytesOf(folder / fullMarkFile), fileOf(trackOf({fullMark}), fullMarkFile));
+    EXPECT_EQ(bytesOf(folder / "test.result"), "old");
+    EXPECT_TRUE(sink.save());
+    EXPECT_EQ(bytesOf(folder / "test.result"), summaryOf({trackOf({fullMark})}));
+}
+
+TEST(ResidualReportSink, WithoutATrackItWritesTheFirstLineOfTheSummary)
+{
+    const TemporaryFolder folder;
+    EXPECT_TRUE(ResidualReportSink(folder.path(), "test").save());
+    EXPECT_EQ(bytesOf(folder / "test.result"), "test\tmean\trms\n");
+}
+
+// The object of a track's line is remembered, and the track is not.
+TEST(ResidualReportSink, EmptyLinePartsObjectsThatComeInTheSameMemory)
+{
+    const TemporaryFolder folder;
+    ResidualReportSink sink(folder.path(), "test");
+    TrackVtorichka track = trackOf({fullMark}, "A");
+    for (const char* name : {"A", "A", "B", "A"}) {
+        track.NORAD = name;
+        sink.add(track);
+    }
+    EXPECT_TRUE(sink.save());
+    const auto trackNamedBy = [](const char* name) { return trackOf({fullMark}, name); };
+    EXPECT_EQ(bytesOf(folder / "test.result"),
+              summaryOf({trackNamedBy("A"), trackNamedBy("A"), trackNamedBy("B"), trackNamedBy("A")}));
+}
+
 } // namespace

@@ -534,3 +534,83 @@ TEST(TdmOfOthers, IndentedKeysAreUnknown)
         EXPECT_TRUE(track.Marks.empty());
     }
 }
+
+TEST(TdmSource, ReusedTrackHasItsDefaultsAgain)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.tdm",
+             textOf({"ORIGINATOR = O", "META_START", "PARTICIPANT_1 = T", "PARTICIPANT_2 = A", angle1, angle2,
+                     mag, mag, "META_START", "PARTICIPANT_2 = B", mag, "META_START"}));
+    TdmSource source(folder / "a.tdm");
+    EXPECT_EQ(source.count(), 3u);
+    TrackVtorichka track;
+    ASSERT_TRUE(source.next(track));
+    expectHead(track, "O", "T", "A");
+    EXPECT_EQ(track.Marks.size(), 2u);
+
+    track.NORAD = "28884";
+    track.REFERENCE_FRAME = "EME2000";
+    track.FindOrb = 1.0;
+    track.Marks[0].filtr = "V";
+    track.Marks[0].iF = 7;
+    track.InterBlobs.resize(2);
+    track.Candidates.resize(2);
+    track.Cast.resize(2);
+    ASSERT_TRUE(source.next(track));
+    EXPECT_EQ(source.count(), 1u);
+    expectHead(track, "O", "T", "B");
+    ASSERT_EQ(track.Marks.size(), 1u);
+    expectTheMark(track.Marks[0]);
+
+    ASSERT_TRUE(source.next(track));
+    expectHead(track, "O", "T", "B");
+    EXPECT_TRUE(track.Marks.empty());
+    EXPECT_FALSE(source.next(track));
+    EXPECT_EQ(source.count(), 0u);
+}
+
+// The segments of one originator, so that the lines go over several pieces of the reader.
+TEST(TdmSource, LargeFileGivesTheTracksOfTheList)
+{
+    constexpr int marksOfATrack = 4000;
+    std::string bytes = "ORIGINATOR = O\n";
+    for (const char* name : {"A", "B", "C"}) {
+        bytes += "META_START\nPARTICIPANT_2 = " + std::string(name) + "\n";
+        for (int i = 0; i < marksOfATrack; ++i) {
+            bytes += angle1 + "\n" + angle2 + "\nMAG = x " + std::to_string(i) + "\n";
+        }
+    }
+    const TemporaryFolder folder;
+    makeFile(folder / "a.tdm", bytes);
+    const Tracks list = lTDM(folder / "a.tdm");
+    ASSERT_EQ(list.size(), 3u);
+    TdmSource source(folder / "a.tdm");
+    TrackVtorichka track;
+    for (const TrackVtorichka& expected : list) {
+        ASSERT_TRUE(source.next(track));
+        expectHead(track, "O", "", expected.QRVName);
+        ASSERT_EQ(track.Marks.size(), static_cast<std::size_t>(marksOfATrack));
+        ASSERT_EQ(expected.Marks.size(), static_cast<std::size_t>(marksOfATrack));
+        for (std::size_t i = 0; i < marksOfATrack; ++i) {
+            ASSERT_EQ(measured(track.Marks[i]), (Measured{60000, 0.5, 15.0, -0.5, static_cast<double>(i)}));
+            ASSERT_EQ(measured(track.Marks[i]), measured(expected.Marks[i]));
+        }
+    }
+    EXPECT_FALSE(source.next(track));
+}
+
+TEST(TdmSource, FileMayBeReplacedByASinkOfItsTracks)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder / "a.tdm";
+    sTDM(path, {trackNamed("A", {theMark()}), trackNamed("B", {theMark(), theMark()})});
+    const std::string bytes = bytesOf(path);
+    TdmSource source(path);
+    TdmSink sink(path);
+    makeFile(path, "gone");
+    for (TrackVtorichka track; source.next(track);) {
+        sink.add(track);
+    }
+    EXPECT_TRUE(sink.save());
+    EXPECT_EQ(bytesOf(path), bytes);
+}

@@ -7,10 +7,12 @@
 #include "support/measured_marks.h"
 #include "support/sexagesimal.h"
 #include "support/temporary_folder.h"
+#include "support/texts.h"
 #include "support/tracks.h"
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -297,4 +299,62 @@ TEST(TdmEpoch, SecondsThatRoundUpTo60AreCarriedAndTheDateStays)
         EXPECT_NE(bytes.find(spanOf(text, text)), std::string::npos);
         EXPECT_EQ(bytes.substr(bytes.find("DATA_START")), dataOf(text, "0.0000000", "0.0000000", "0.0000"));
     }
+}
+
+TEST(TdmSink, NothingIsOpenedBeforeItIsSaved)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.tdm", "old");
+    TdmSink sink(folder / "a.tdm");
+    const TrackVtorichka track = trackNamed("A", {theMark()});
+    sink.add(track);
+    EXPECT_EQ(bytesOf(folder / "a.tdm"), "old");
+    EXPECT_TRUE(sink.save());
+    EXPECT_EQ(bytesOf(folder / "a.tdm"), written({track}));
+}
+
+TEST(TdmSink, WithoutATrackTheFileStays)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.tdm", "old");
+    EXPECT_TRUE(TdmSink(folder / "a.tdm").save());
+    EXPECT_EQ(bytesOf(folder / "a.tdm"), "old");
+    EXPECT_TRUE(TdmSink(folder / "new.tdm").save());
+    EXPECT_FALSE(exists(folder / "new.tdm"));
+}
+
+TEST(TdmSink, OriginatorIsThatOfTheFirstTrackAlsoOfOneWithoutMarks)
+{
+    const TemporaryFolder folder;
+    TdmSink sink(folder / "a.tdm");
+    TrackVtorichka track = trackNamed("A", {});
+    track.originator = "O1";
+    sink.add(track);
+    track.originator = "O2";
+    track.Marks = {theMark()};
+    sink.add(track);
+    EXPECT_TRUE(sink.save());
+    const std::string bytes = bytesOf(folder / "a.tdm");
+    EXPECT_EQ(bytes.substr(0, bytes.find("TIME_SYSTEM")), "CCSDS_TDM_VERS = 1.0\n"
+                                                          "CREATION_DATE = 0-00-00T00:00:00\n"
+                                                          "ORIGINATOR = O1\n"
+                                                          "META_START\n");
+}
+
+TEST(TdmSink, MegabytesGoOutBeforeItIsSaved)
+{
+    constexpr int count = 8000;
+    const TemporaryFolder folder;
+    TdmSink sink(folder / "a.tdm");
+    TrackVtorichka track = trackNamed("A", {});
+    track.Marks.assign(count, theMark());
+    sink.add(track);
+    EXPECT_EQ(bytesOf(folder / "a.tdm").size(), std::size_t{1} << 20);
+    EXPECT_TRUE(sink.save());
+    const std::string bytes = bytesOf(folder / "a.tdm");
+    const std::string mark = "ANGLE_1 = 2023-02-25T12:00:00.00000 15.0000000\n"
+                             "ANGLE_2 = 2023-02-25T12:00:00.00000 -0.5000000\n"
+                             "MAG = 2023-02-25T12:00:00.00000 9.5000\n";
+    EXPECT_TRUE(bytes.substr(bytes.find("DATA_START")) ==
+                "DATA_START\n" + repeated(mark, count) + "DATA_STOP\n");
 }

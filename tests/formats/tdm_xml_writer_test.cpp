@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -416,4 +417,81 @@ TEST(TdmXmlWriter, CondensingOfBlanksIsOffBehindIt)
         EXPECT_TRUE(write(folder / "a.xml", {}));
         EXPECT_FALSE(TiXmlBase::IsWhiteSpaceCondensed());
     }
+}
+
+namespace {
+
+// What a sink leaves of tracks that all come in the same memory.
+template <class Sink>
+std::string writtenOneByOne(const Tracks& tracks)
+{
+    return writtenBy([&](const std::string& path) {
+        Sink sink(path);
+        TrackVtorichka reused;
+        for (const TrackVtorichka& track : tracks) {
+            reused = track;
+            sink.add(reused);
+        }
+        EXPECT_TRUE(sink.save());
+    });
+}
+
+} // namespace
+
+TEST(TdmXmlSink, BodyIsDecidedAtTheFirstMark)
+{
+    TrackVtorichka empty = trackNamed("E", {});
+    empty.originator = "O1";
+    const TrackVtorichka full = trackNamed("A", {theMark()});
+    const SegmentTexts segment = {
+        "telescope", "A", "ICRF", {{"2023-02-25T12:00:00.00000", "15.0000000", "-0.5000000", "9.5000"}}};
+    const Tracks late = {empty, empty, full};
+    const Tracks never = {empty, empty};
+    EXPECT_EQ(writtenOneByOne<TdmXmlSink>(late), expectedOfThreeObservations("O1", {segment}));
+    EXPECT_EQ(writtenOneByOne<TdmMarkXmlSink>(late), expectedOfOneObservation("O1", {segment}));
+    EXPECT_EQ(writtenOneByOne<TdmXmlSink>(never), expectedOfThreeObservations("O1", {}));
+    EXPECT_EQ(writtenOneByOne<TdmMarkXmlSink>(never), expectedOfOneObservation("O1", {}));
+}
+
+TEST(TdmXmlSink, WithoutATrackItWritesADocument)
+{
+    EXPECT_EQ(writtenOneByOne<TdmXmlSink>({}), expectedOfThreeObservations("", {}));
+    EXPECT_EQ(writtenOneByOne<TdmMarkXmlSink>({}), expectedOfOneObservation("", {}));
+}
+
+TEST(TdmXmlSink, NothingIsOpenedBeforeItIsSaved)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.xml", "old");
+    TdmXmlSink sink(folder / "a.xml");
+    const TrackVtorichka track = trackNamed("A", {theMark()});
+    sink.add(track);
+    EXPECT_EQ(bytesOf(folder / "a.xml"), "old");
+    EXPECT_TRUE(sink.save());
+    EXPECT_EQ(bytesOf(folder / "a.xml"), written(sTDMPOLxml, {track}));
+}
+
+TEST(TdmXmlSink, MegabytesGoOutBeforeItIsSaved)
+{
+    const TemporaryFolder folder;
+    TdmXmlSink sink(folder / "a.xml");
+    TrackVtorichka track = trackNamed("A", {});
+    track.Marks.assign(3000, theMark());
+    sink.add(track);
+    EXPECT_EQ(bytesOf(folder / "a.xml").size(), std::size_t{1} << 20);
+    EXPECT_TRUE(sink.save());
+    const MarkTexts mark = {"2023-02-25T12:00:00.00000", "15.0000000", "-0.5000000", "9.5000"};
+    const SegmentTexts segment = {"telescope", "A", "ICRF", std::vector<MarkTexts>(3000, mark)};
+    EXPECT_TRUE(bytesOf(folder / "a.xml") == expectedOfThreeObservations("observatory", {segment}));
+}
+
+TEST(TdmXmlSink, FailureInTheMiddleIsToldAtTheEnd)
+{
+    TrackVtorichka track = trackNamed("A", {});
+    track.Marks.assign(6000, theMark());
+    forUnwritablePaths([&](const std::string& path) {
+        TdmXmlSink sink(path);
+        EXPECT_NO_THROW(sink.add(track));
+        EXPECT_FALSE(sink.save());
+    });
 }
