@@ -27,22 +27,17 @@ void stamp(TrackVtorichka& track, const TConvMea& task)
     }
 }
 
-// Fills the tracks with those of the input, stamped; none where the format is only written. False where the
-// reader throws.
-bool readInput(const FormatWord& input, const TConvMea& task, std::vector<TrackVtorichka>& tracks)
+// The tracks of the input, stamped.
+NextTrack stampedSource(const TConvMea& task, const Works& works)
 {
-    tracks.clear();
-    if (input.read != nullptr) {
-        try {
-            tracks = input.read(task.path_in, task.originator);
-        } catch (...) {
-            return false;
-        }
-    }
-    for (TrackVtorichka& track : tracks) {
-        stamp(track, task);
-    }
-    return true;
+    return
+        [&task, next = works.source(task.inputformat, task.path_in, task.originator)](TrackVtorichka& track) {
+            const bool hasTrack = next(track);
+            if (hasTrack) {
+                stamp(track, task);
+            }
+            return hasTrack;
+        };
 }
 
 // The input path is the comment too: no sentence about the format reaches the log.
@@ -51,26 +46,35 @@ TFuncRes unusableInput(const TConvMea& task)
     return {resultCode::runFailed, task.path_in, task.path_in, {}};
 }
 
-} // namespace
-
-TFuncRes converter(const TConvMea& task, std::vector<TrackVtorichka>& tracks)
+// Names the output after the first track and writes all.
+TFuncRes writeOutput(TrackFlow& tracks, const TConvMea& task, const Works& works)
 {
-    const FormatWord* const input = formatWord(formatOpticMea_to_int(task.inputformat));
-    if (input == nullptr) {
-        return {resultCode::runFailed, "unknown input format", "format_in", {}};
-    }
-    if (!readInput(*input, task, tracks)) {
-        return unusableInput(task);
-    }
-    const std::optional<std::string> output = conversionPath(task, tracks);
+    const std::optional<std::string> output = conversionPath(task, tracks.first());
     if (!output) {
         return unusableInput(task);
     }
     if (*output == task.path_in) {
         return {resultCode::outputIsInput, "input file = output file", task.path_in + " = " + *output, {}};
     }
-    SelectFormatAndSave(*output, task.outputformat, tracks); // the run reports the path it tried
-    return GetErrCode(resultCode::success, *output);
+    tracks.writeTo(works.sink(*output, task.outputformat));
+    return GetErrCode(resultCode::success, *output); // the run reports the path it tried
+}
+
+} // namespace
+
+TFuncRes converter(const TConvMea& task, const Works& works)
+{
+    if (formatOpticMea_to_int(task.inputformat) == formatUnknown) {
+        return {resultCode::runFailed, "unknown input format", "format_in", {}};
+    }
+    TrackVtorichka track;
+    std::optional<TrackFlow> tracks;
+    try {
+        tracks.emplace(track, stampedSource(task, works)); // all that a reader throws is thrown here
+    } catch (...) {
+        return unusableInput(task);
+    }
+    return writeOutput(*tracks, task, works);
 }
 
 TFuncRes converter(std::string path_in, std::string out_dir, std::string outputextension,
@@ -87,6 +91,5 @@ TFuncRes converter(std::string path_in, std::string out_dir, std::string outpute
     task.REFERENCE_FRAME = std::move(REFERENCE_FRAME);
     task.PARTICIPANT_1 = std::move(PARTICIPANT_1);
     task.autoname = autoname;
-    std::vector<TrackVtorichka> tracks;
-    return converter(task, tracks);
+    return converter(task);
 }

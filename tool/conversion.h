@@ -2,12 +2,11 @@
 
 #pragma once
 
-#include "records/track.h"
 #include "results/result.h"
 #include "task.h"
+#include "works.h"
 
 #include <string>
-#include <vector>
 
 /// Reads path_in, stamps the task's names on the tracks and writes them to out_dir + name + outputextension,
 /// simply joined. The name is that of the input, or with `autoname` that of CreateAutoName for the first
@@ -21,7 +20,5 @@ tavelinUtils::TFuncRes converter(std::string path_in, std::string out_dir, std::
                                  std::string inputformat, std::string outputformat, std::string originator,
                                  std::string REFERENCE_FRAME, std::string PARTICIPANT_1, bool autoname);
 
-/// The same with the values of a task and with tracks that the caller owns, so that a run can leave them for
-/// the system to free.
-tavelinUtils::TFuncRes converter(const tavelinUtils::TConvMea& task,
-                                 std::vector<tavelinUtils::TrackVtorichka>& tracks);
+/// The same with the values of a task, and with sources and sinks of the caller's choice.
+tavelinUtils::TFuncRes converter(const tavelinUtils::TConvMea& task, const Works& works = ownWorks());

@@ -5,6 +5,7 @@
 #include "records/track.h"
 #include "task.h"
 
+#include <cstddef>
 #include <vector>
 
 /// Removes the excluded marks, one entry after the other: the indices of an entry count in the marks that the
@@ -13,3 +14,16 @@
 /// keep their length.
 void DeleteBlobs(const std::vector<tavelinUtils::TExcludBlobs>& excludes,
                  std::vector<tavelinUtils::TrackVtorichka>& tracks);
+
+/// The same for one track of a list, counted from 0.
+class Exclusions
+{
+public:
+    /// The entries must outlive the object.
+    explicit Exclusions(const std::vector<tavelinUtils::TExcludBlobs>& excludes);
+
+    void applyTo(std::size_t number, tavelinUtils::TrackVtorichka& track) const;
+
+private:
+    std::vector<const tavelinUtils::TExcludBlobs*> entries; // by track, those of one in their order
+};

@@ -3,16 +3,16 @@
 #include "files/essentials.h"
 #include "text/date_text.h"
 
+#include <vector>
+
 using tavelinUtils::TConvMea;
 using tavelinUtils::TrackVtorichka;
 
 namespace {
 
-using Tracks = std::vector<TrackVtorichka>;
-
-bool hasFirstMark(const Tracks& tracks)
+bool hasFirstMark(const TrackVtorichka* track)
 {
-    return !tracks.empty() && !tracks.front().Marks.empty();
+    return track != nullptr && !track->Marks.empty();
 }
 
 // A part of a path, counted from its end, 1 for the last; nothing where the path has fewer parts.
@@ -40,22 +40,22 @@ std::string CreateAutoName(const TrackVtorichka& track, std::string telescope, s
     return telescope + "-" + name + "-" + time + "-" + track.Series;
 }
 
-std::optional<std::string> conversionPath(const TConvMea& task, const Tracks& tracks)
+std::optional<std::string> conversionPath(const TConvMea& task, const TrackVtorichka* first)
 {
     std::string name = tavelinUtils::ExtractOnlyFileName(task.path_in);
     if (task.autoname) {
-        if (!hasFirstMark(tracks)) {
+        if (!hasFirstMark(first)) {
             return std::nullopt;
         }
-        name = CreateAutoName(tracks.front(), task.PARTICIPANT_1, tracks.front().QRVName);
+        name = CreateAutoName(*first, task.PARTICIPANT_1, first->QRVName);
     }
     // No point is added: the extension of a conversion brings its own.
     return task.out_dir + name + task.outputextension;
 }
 
-std::optional<std::string> objectName(const Tracks& report)
+std::optional<std::string> objectName(const TrackVtorichka* first)
 {
-    return report.empty() ? std::nullopt : std::optional(report.front().QRVName);
+    return first == nullptr ? std::nullopt : std::optional(first->QRVName);
 }
 
 std::optional<std::string> seriesFolderName(const TConvMea& task, std::size_t number)
@@ -69,14 +69,13 @@ std::string outputFolderName(const TConvMea& task)
     return partFromEnd(task.out_dir, 1).value_or("");
 }
 
-std::optional<std::string> reportPath(const TConvMea& task, const Tracks& report,
+std::optional<std::string> reportPath(const TConvMea& task, const TrackVtorichka* first,
                                       const std::optional<std::string>& baseName)
 {
-    if (!baseName || (task.longname && !hasFirstMark(report))) {
+    if (!baseName || (task.longname && !hasFirstMark(first))) {
         return std::nullopt;
     }
-    const std::string name =
-        task.longname ? CreateAutoName(report.front(), report.front().telescope, *baseName) : *baseName;
+    const std::string name = task.longname ? CreateAutoName(*first, first->telescope, *baseName) : *baseName;
     // The point is added here: the extension of a report is bare.
     return task.out_dir + name + "." + task.outputextension;
 }

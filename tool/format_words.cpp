@@ -18,25 +18,28 @@ using tavelinUtils::TrackVtorichka;
 
 namespace {
 
-using Tracks = std::vector<TrackVtorichka>;
 using Text = const std::string&;
+
+constexpr const char* measuredColumns = "date time RA DE m";
 
 // A format's number is the place of its row.
 constexpr FormatWord formatWords[] = {
-    {"mea", [](Text path, Text originator) { return tavelinUtils::plMEATrack(path, originator); },
-     [](Text path, const Tracks& tracks) { tavelinUtils::sMEA(path, tracks); }},
-    {"telegram", [](Text path, Text) { return tavelinUtils::lTelegramma(path); },
-     [](Text path, const Tracks& tracks) { tavelinUtils::sTelegramma(path, tracks); }},
-    {"tdm", [](Text path, Text) { return tavelinUtils::lTDM(path); },
-     [](Text path, const Tracks& tracks) { tavelinUtils::sTDM(path, tracks); }},
-    {"ssmas", [](Text path, Text originator) { return tavelinUtils::lckako_meas(path, originator); },
-     [](Text path, const Tracks& tracks) { tavelinUtils::sSSMAS(path, tracks); }},
-    {"mpc", nullptr, [](Text path, const Tracks& tracks) { tavelinUtils::sMPC(path, tracks); }},
-    // A failed write is a false, which a run ignores.
-    {"tdm.xml", nullptr, [](Text path, const Tracks& tracks) { tavelinUtils::sTDMPOLxml(path, tracks); }},
-    {"mag", nullptr,
-     [](Text path, const Tracks& tracks) { tavelinUtils::SaveLightCurve(path, tracks, "JD geocentric"); }},
-    {"aavso", nullptr, [](Text path, const Tracks& tracks) { tavelinUtils::sAAVSO(path, tracks); }},
+    {"mea", [](Text path, Text originator) { return anySource(tavelinUtils::MeaSource(path, originator)); },
+     [](Text path) { return anySink(tavelinUtils::MeaSink(path)); }, measuredColumns},
+    {"telegram", [](Text path, Text) { return anySource(tavelinUtils::TelegramSource(path)); },
+     [](Text path) { return anySink(tavelinUtils::TelegramSink(path)); }, measuredColumns},
+    {"tdm", [](Text path, Text) { return anySource(tavelinUtils::TdmSource(path)); },
+     [](Text path) { return anySink(tavelinUtils::TdmSink(path)); }, measuredColumns},
+    {"ssmas",
+     [](Text path, Text originator) { return anySource(tavelinUtils::SsmasSource(path, originator)); },
+     [](Text path) { return anySink(tavelinUtils::SsmasSink(path)); }, measuredColumns},
+    {"mpc", nullptr, [](Text path) { return anySink(tavelinUtils::MpcReportSink(path)); },
+     "date time RA DE m filtr"},
+    {"tdm.xml", nullptr, [](Text path) { return anySink(tavelinUtils::TdmXmlSink(path)); }, measuredColumns},
+    {"mag", nullptr, [](Text path) { return anySink(tavelinUtils::LightCurveSink(path, "JD geocentric")); },
+     "date time m mEnsemble mInstr mInstr1000 mInstrComp"},
+    {"aavso", nullptr, [](Text path) { return anySink(tavelinUtils::AavsoSink(path)); },
+     "date time mEnsemble SNRpeak filtr MTYPE KNAME CHART"},
 };
 
 } // namespace
@@ -65,6 +68,10 @@ TFuncRes SelectFormatAndSave(std::string path, std::string format, std::vector<T
     if (row == nullptr) {
         return {tavelinUtils::resultCode::unknownOutputFormat, "unknown output format", "format_out", {}};
     }
-    row->write(path, tracks);
+    const TrackSink sink = row->write(path);
+    for (const TrackVtorichka& track : tracks) {
+        sink.add(track);
+    }
+    sink.save();
     return {};
 }

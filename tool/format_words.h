@@ -1,23 +1,22 @@
-// The words of the formats: one table of word, reader and writer.
+// The words of the formats: one table of word, source, sink, and what the sink looks at.
 
 #pragma once
 
 #include "records/track.h"
 #include "results/result.h"
+#include "works.h"
 
 #include <string>
 #include <vector>
 
-/// A row of the table. A format that is only written has no reader.
+/// A row of the table. A format that is only written has no source.
 struct FormatWord
 {
-    using Reader = std::vector<tavelinUtils::TrackVtorichka> (*)(const std::string& path,
-                                                                 const std::string& originator);
-    using Writer = void (*)(const std::string& path, const std::vector<tavelinUtils::TrackVtorichka>& tracks);
-
     const char* word;
-    Reader read; ///< may be a null pointer
-    Writer write;
+    NextTrack (*read)(const std::string& path, const std::string& originator); ///< may be a null pointer
+    TrackSink (*write)(const std::string& path);
+    const char*
+        columns; ///< the columns of a track table that its lines are made of, with a blank between them
 };
 
 /// What formatOpticMea_to_int gives for a word that is in no row.

@@ -6,7 +6,6 @@
 #include "task.h"
 
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -26,15 +25,9 @@ std::string outputFolder(const TConvMea& task)
     return folder;
 }
 
-// The tracks are never destroyed: the system frees them faster than a million destructors do.
 TFuncRes runTask(const TConvMea& task)
 {
-    if (task.inputformat == "vomar") {
-        static auto& reports = *new std::vector<TrackList>;
-        return CreateMultiReport(task, reports);
-    }
-    static auto& tracks = *new std::vector<TrackVtorichka>;
-    return converter(task, tracks);
+    return task.inputformat == "vomar" ? CreateMultiReport(task) : converter(task);
 }
 
 } // namespace

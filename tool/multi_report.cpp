@@ -1,20 +1,15 @@
 #include "multi_report.h"
 
-#include "config/settings.h"
-#include "config/user_configuration.h"
 #include "exclusions.h"
 #include "file_names.h"
-#include "files/essentials.h"
-#include "files/file_search.h"
-#include "files/paths.h"
 #include "format_words.h"
-#include "formats/track_table.h"
+#include "report_divisions.h"
+#include "report_tracks.h"
 #include "results/code_table.h"
 #include "text/number_text.h"
 
 #include <cstddef>
 #include <string>
-#include <utility>
 
 using namespace tavelinUtils;
 
@@ -40,23 +35,6 @@ private:
     int satelliteNumber = 99000;
 };
 
-// The settings of a series: those of the first configuration found below its folder, three levels above its
-// table. One that cannot be loaded is not reported, and the defaults stay.
-TPorogs settingsOf(const std::string& table)
-{
-    std::string folder = table;
-    for (int level = 0; level < 3; ++level) {
-        folder = calcpathlevelup(folder, false);
-    }
-    std::vector<std::string> files;
-    FindFile(folder, "", ".conf", files);
-    TPorogs porogs;
-    if (!files.empty()) {
-        LoadUserConfXML(files.front(), porogs, false); // the report does not mention a failure
-    }
-    return porogs;
-}
-
 void nameTrack(TrackVtorichka& track, TService service, RunningNames& names)
 {
     if (service == TService::satellites) {
@@ -66,91 +44,129 @@ void nameTrack(TrackVtorichka& track, TService service, RunningNames& names)
     }
 }
 
-TrackList tracksOf(const TSeria2& seria, const TConvMea& task, RunningNames& names)
+// What the tracks of a series have in common.
+THeadTrVtor headOf(const TSeria2& seria, const TConvMea& task, const TPorogs& porogs)
 {
-    std::vector<TrackVtorichka> tracks = lListTrack(seria.path);
-    DeleteBlobs(seria.excludes, tracks);
-    const TPorogs porogs = settingsOf(seria.path);
-    for (TrackVtorichka& track : tracks) {
-        track.Series = seria.filter;
-        track.originator = task.originator;
-        track.telescope = task.autoTelescope ? seria.telescope : task.PARTICIPANT_1;
-        track.MPCHeader = porogs.mpc.MPCHeader;
-        track.ObsCode = porogs.curves.AAVSOCode;
-        nameTrack(track, porogs.Service, names);
-    }
-    return tracks;
+    THeadTrVtor head;
+    head.Series = seria.filter;
+    head.originator = task.originator;
+    head.telescope = task.autoTelescope ? seria.telescope : task.PARTICIPANT_1;
+    head.MPCHeader = porogs.mpc.MPCHeader;
+    head.ObsCode = porogs.curves.AAVSOCode;
+    return head;
 }
 
-// Reduces the series to the one track that is asked for, of the first series; false where it does not exist.
-bool keepObject(std::vector<TrackList>& series, int object)
+// The columns of a track table that the output is made of. A word that is not known has none: what is left are the
+// times, which divide and name.
+std::string columnsFor(const std::string& outputFormat)
 {
-    TrackList& first = series.front();
-    if (object < 0 || static_cast<std::size_t>(object) >= first.size()) {
-        return false;
-    }
-    TrackList kept;
-    kept.push_back(std::move(first[static_cast<std::size_t>(object)]));
-    series.clear();
-    series.push_back(std::move(kept));
-    return true;
+    const FormatWord* const row = formatWord(formatOpticMea_to_int(outputFormat));
+    return row == nullptr ? "date time" : row->columns;
 }
 
-// The tracks of all series of the task, as their files are to hold them.
-std::vector<TrackList> stampedSeries(const TConvMea& task)
+// Reads the series of the task, one after the other.
+class SeriesReader
 {
-    std::vector<TrackList> series;
-    series.reserve(task.paths.size());
-    RunningNames names;
-    for (const TSeria2& seria : task.paths) {
-        series.push_back(tracksOf(seria, task, names));
+public:
+    SeriesReader(const TConvMea& theTask, const Works& theWorks) : task(theTask), works(theWorks)
+    {
     }
-    return series;
-}
 
-// Writes each list to its own file; the result gets the paths that were tried, and the code for a file that
-// has no name.
-void writeReports(std::vector<TrackList>& reports, const ReportDivision& division, const TConvMea& task,
-                  TFuncRes& result)
-{
-    for (std::size_t number = 0; number < reports.size(); ++number) {
-        TrackList& report = reports[number];
-        if (division.joins) {
-            report = joinedAlone(std::move(report)); // one at a time: the memory of one serves the next
+    ReportTracks read()
+    {
+        const std::string columns = columnsFor(task.outputformat);
+        ReportTracks tracks(columns);
+        for (const TSeria2& seria : task.paths) {
+            addSeries(seria, works.table(seria.path, columns), tracks);
         }
-        const auto path = reportPath(task, report, division.baseName(task, report, number));
+        return tracks;
+    }
+
+private:
+    void addSeries(const TSeria2& seria, const NextTrack& next, ReportTracks& tracks)
+    {
+        const Exclusions exclusions(seria.excludes);
+        const TPorogs porogs = works.settings(seria.path);
+        tracks.addSeries(headOf(seria, task, porogs));
+        for (std::size_t number = 0; next(track); ++number) {
+            exclusions.applyTo(number, track);
+            nameTrack(track, porogs.Service, names);
+            tracks.add(track);
+        }
+    }
+
+    const TConvMea& task;
+    const Works& works;
+    RunningNames names;
+    TrackVtorichka track; // each in turn
+};
+
+// Hands out the tracks of a file of a report.
+class FileTracks
+{
+public:
+    FileTracks(const ReportTracks& ofReport, std::span<const TrackPart> parts, bool areJoined)
+        : tracks(ofReport), left(parts), joined(areJoined)
+    {
+    }
+
+    bool next(TrackVtorichka& track)
+    {
+        if (left.empty()) {
+            return false;
+        }
+        if (joined) {
+            tracks.fillJoined(left, track);
+            left = {};
+        } else {
+            tracks.fill(left.front(), track);
+            left = left.subspan(1);
+        }
+        return true;
+    }
+
+private:
+    const ReportTracks& tracks;
+    std::span<const TrackPart> left;
+    bool joined;
+};
+
+// Writes the files; the result gets the paths that were tried, and the code for a file that has no name.
+void writeFiles(const ReportTracks& tracks, const ReportFiles& files, const ReportDivision& division,
+                const TConvMea& task, const Works& works, TFuncRes& result)
+{
+    TrackVtorichka track;
+    for (std::size_t number = 0; number < files.count(); ++number) {
+        FileTracks source(tracks, files[number], division.joins);
+        TrackFlow flow(track, [&source](TrackVtorichka& next) { return source.next(next); });
+        const auto path = reportPath(task, flow.first(), division.baseName(task, flow.first(), number));
         if (!path) {
             result.Code = resultCode::runFailed;
             continue;
         }
-        SelectFormatAndSave(*path, task.outputformat, report); // the description lists the paths tried
+        flow.writeTo(works.sink(*path, task.outputformat)); // the description lists the paths tried
         result.Description += *path + ";";
-        if (division.joins) {
-            TrackList().swap(report); // an assigned {} keeps the room of its head
-        }
     }
 }
 
-// Divides the series among files and writes these. An unknown word divides nothing and writes nothing.
-void divideAndWrite(std::vector<TrackList>&& series, const TConvMea& task, std::vector<TrackList>& reports,
-                    TFuncRes& result)
+// Divides the tracks among files and writes these. An unknown word divides nothing and writes nothing.
+void divideAndWrite(const ReportTracks& tracks, const TConvMea& task, const Works& works, TFuncRes& result)
 {
-    reports.clear();
     const ReportDivision* const division = reportDivision(task.toSeparateFile);
     if (division == nullptr) {
         return;
     }
     bool withoutMarks = false;
-    reports = division->divide(std::move(series), task, withoutMarks);
+    const ReportFiles files = division->divide(tracks, task, withoutMarks);
     if (withoutMarks) {
         result.Code = resultCode::runFailed;
     }
-    writeReports(reports, *division, task, result);
+    writeFiles(tracks, files, *division, task, works, result);
 }
 
 } // namespace
 
-TFuncRes CreateMultiReport(const TConvMea& task, std::vector<TrackList>& reports)
+TFuncRes CreateMultiReport(const TConvMea& task, const Works& works)
 {
     TFuncRes result;
     if (task.paths.empty()) {
@@ -159,17 +175,16 @@ TFuncRes CreateMultiReport(const TConvMea& task, std::vector<TrackList>& reports
         return result;
     }
     result.Description.clear();
-    std::vector<TrackList> series = stampedSeries(task);
-    if (task.whatSave == "object" && !keepObject(series, task.object)) {
+    ReportTracks tracks = SeriesReader(task, works).read();
+    if (task.whatSave == "object" && !tracks.keepOnly(task.object)) {
         result.Code = resultCode::runFailed;
         return result;
     }
-    divideAndWrite(std::move(series), task, reports, result);
+    divideAndWrite(tracks, task, works, result);
     return result;
 }
 
 TFuncRes CreateMultiReport(const TConvMea& task)
 {
-    std::vector<TrackList> reports;
-    return CreateMultiReport(task, reports);
+    return CreateMultiReport(task, ownWorks());
 }

@@ -2,11 +2,9 @@
 
 #pragma once
 
-#include "report_divisions.h"
 #include "results/result.h"
 #include "task.h"
-
-#include <vector>
+#include "works.h"
 
 /// Reads the series of the task, stamps their tracks with the settings of the series and of the task, gives
 /// unidentified objects running numbers as names, divides the tracks among files and writes these.
@@ -18,6 +16,5 @@
 /// std::out_of_range.
 tavelinUtils::TFuncRes CreateMultiReport(const tavelinUtils::TConvMea& task);
 
-/// The same with lists of tracks that the caller owns, so that a run can leave them for the system to free.
-/// The tracks of an object under "eachobject" are gone from its list after its file is written.
-tavelinUtils::TFuncRes CreateMultiReport(const tavelinUtils::TConvMea& task, std::vector<TrackList>& reports);
+/// The same with sources, settings and sinks of the caller's choice.
+tavelinUtils::TFuncRes CreateMultiReport(const tavelinUtils::TConvMea& task, const Works& works);

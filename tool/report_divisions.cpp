@@ -4,161 +4,93 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <functional>
-#include <iterator>
+#include <cstdint>
+#include <numeric>
 #include <unordered_map>
-#include <utility>
 
 using tavelinUtils::TConvMea;
-using tavelinUtils::THeadTrVtor;
-using tavelinUtils::TInterBlob;
 using tavelinUtils::TrackVtorichka;
-using tavelinUtils::TRecLabelPervichka_File;
 
 namespace {
 
-using Series = std::vector<TrackList>;
-using Marks = std::vector<TRecLabelPervichka_File>;
-
-// Marks from the first up to but not including the end.
-struct Range
-{
-    std::size_t first;
-    std::size_t end;
-};
-
 // The gap in minutes after a mark. The order of the sum matters to the last digit.
-double gapAfter(const Marks& marks, std::size_t index)
+double gapAfter(const ReportTracks& tracks, std::size_t mark)
 {
-    const double next = marks[index + 1].date + marks[index + 1].time;
-    return (next - marks[index].date - marks[index].time) * 1440.0;
+    const double next = tracks.date(mark + 1) + tracks.time(mark + 1);
+    return (next - tracks.date(mark) - tracks.time(mark)) * 1440.0;
 }
 
-// The ends are exclusive, and yet each is set to the last mark before a gap, or to the last mark of all: so
-// each stretch of a track that is cut loses its last mark. Existing reports depend on it.
-std::vector<Range> rangesOf(const Marks& marks, double interval)
+// Adds a file for each stretch of a track. The ends are exclusive, and yet each is set to the last mark
+// before a gap, or to the last mark of all: so each stretch of a track that is cut loses its last mark.
+// Existing reports depend on it.
+void addStretches(const ReportTracks& tracks, const TrackPart& track, double interval, ReportFiles& files)
 {
-    std::vector<Range> ranges{{0, marks.size()}};
-    for (std::size_t k = 0; k + 1 < marks.size(); ++k) {
-        if (gapAfter(marks, k) >= interval) {
-            ranges.back().end = k;
-            ranges.push_back({k + 1, marks.size() - 1});
+    TrackPart stretch = track;
+    for (std::size_t mark = track.first; mark + 1 < track.end; ++mark) {
+        if (gapAfter(tracks, mark) >= interval) {
+            stretch.end = mark;
+            files.add(stretch);
+            files.close();
+            stretch = {track.track, mark + 1, track.end - 1};
         }
     }
-    return ranges;
+    files.add(stretch);
+    files.close();
 }
 
-TrackVtorichka stretchOf(TrackVtorichka& track, Range range)
-{
-    TrackVtorichka stretch;
-    static_cast<THeadTrVtor&>(stretch) = track;
-    if (range.end - range.first == track.Marks.size()) {
-        stretch.Marks = std::move(track.Marks);
-    } else if (range.first < range.end) {
-        const auto begin = std::make_move_iterator(track.Marks.begin());
-        stretch.Marks.assign(begin + static_cast<std::ptrdiff_t>(range.first),
-                             begin + static_cast<std::ptrdiff_t>(range.end));
-    }
-    return stretch;
-}
-
-// The place of each object in the order of first occurrence.
-class ObjectIndex
-{
-public:
-    std::size_t placeOf(const TrackVtorichka& track)
-    {
-        return places.try_emplace({track.QRVName, track.Series}, places.size()).first->second;
-    }
-
-private:
-    struct Hash
-    {
-        std::size_t operator()(const std::pair<std::string, std::string>& object) const
-        {
-            const std::hash<std::string> hash;
-            return hash(object.first) * 31 + hash(object.second);
-        }
-    };
-
-    std::unordered_map<std::pair<std::string, std::string>, std::size_t, Hash> places;
-};
-
-// The place of the object of each track, in the order of the tracks, and the number of tracks of each object.
+// The place of the object of each track in the order of first occurrence, and the number of objects.
 struct ObjectPlaces
 {
     std::vector<std::size_t> places;
-    std::vector<std::size_t> counts;
+    std::size_t count = 0;
 };
 
-ObjectPlaces objectPlaces(const Series& series)
+ObjectPlaces objectPlaces(const ReportTracks& tracks)
 {
-    ObjectIndex index;
     ObjectPlaces objects;
-    for (const TrackList& tracks : series) {
-        for (const TrackVtorichka& track : tracks) {
-            const std::size_t place = index.placeOf(track);
-            objects.places.push_back(place);
-            objects.counts.resize(std::max(objects.counts.size(), place + 1));
-            ++objects.counts[place];
-        }
+    std::unordered_map<std::uint64_t, std::size_t> known;
+    for (std::size_t track = 0; track < tracks.size(); ++track) {
+        objects.places.push_back(known.try_emplace(tracks.objectOf(track), known.size()).first->second);
     }
+    objects.count = known.size();
     return objects;
 }
 
-// Later tracks come first, and a sort that keeps the order of equal times leaves them so.
-Marks marksByTime(TrackList& tracks)
+// The tracks by the place of their object; those of one object in their order.
+std::vector<std::size_t> tracksByPlace(const ObjectPlaces& objects)
 {
-    struct Place
-    {
-        double time;
-        TRecLabelPervichka_File* mark;
-    };
-    std::vector<Place> places;
-    for (std::size_t i = tracks.size(); i-- > 0;) {
-        for (TRecLabelPervichka_File& mark : tracks[i].Marks) {
-            places.push_back({mark.date + mark.time, &mark});
-        }
+    std::vector<std::size_t> order(objects.places.size());
+    std::vector<std::size_t> next(objects.count + 1);
+    for (const std::size_t place : objects.places) {
+        ++next[place + 1];
     }
-    std::stable_sort(places.begin(), places.end(),
-                     [](const Place& a, const Place& b) { return a.time < b.time; });
-    Marks marks;
-    marks.reserve(places.size());
-    for (const Place& place : places) {
-        marks.push_back(std::move(*place.mark));
+    std::partial_sum(next.begin(), next.end(), next.begin());
+    for (std::size_t track = 0; track < order.size(); ++track) {
+        order[next[objects.places[track]]++] = track;
     }
-    return marks;
+    return order;
 }
 
-std::vector<TInterBlob> interBlobsLaterFirst(const TrackList& tracks)
+std::optional<std::string> nameOfObject(const TConvMea&, const TrackVtorichka* first, std::size_t)
 {
-    std::vector<TInterBlob> interBlobs;
-    for (std::size_t i = tracks.size(); i-- > 0;) {
-        interBlobs.insert(interBlobs.end(), tracks[i].InterBlobs.begin(), tracks[i].InterBlobs.end());
-    }
-    return interBlobs;
-}
-
-std::optional<std::string> nameOfObject(const TConvMea&, const TrackList& report, std::size_t)
-{
-    return objectName(report);
+    return objectName(first);
 }
 
 constexpr ReportDivision reportDivisions[] = {
     {"eachgroup",
-     [](Series&& series, const TConvMea& task, bool& withoutMarks) {
-         return stretchesOf(std::move(series), task.interval, withoutMarks);
+     [](const ReportTracks& tracks, const TConvMea& task, bool& withoutMarks) {
+         return stretchesOf(tracks, task.interval, withoutMarks);
      },
      nameOfObject, false},
-    {"eachobject", [](Series&& series, const TConvMea&, bool&) { return objectsOf(std::move(series)); },
+    {"eachobject", [](const ReportTracks& tracks, const TConvMea&, bool&) { return objectsOf(tracks); },
      nameOfObject, true},
-    {"eachseria", [](Series&& series, const TConvMea&, bool&) { return Series(std::move(series)); },
-     [](const TConvMea& task, const TrackList&, std::size_t number) {
+    {"eachseria", [](const ReportTracks& tracks, const TConvMea&, bool&) { return seriesOf(tracks); },
+     [](const TConvMea& task, const TrackVtorichka*, std::size_t number) {
          return seriesFolderName(task, number);
      },
      false},
-    {"allobjects", [](Series&& series, const TConvMea&, bool&) { return allOf(std::move(series)); },
-     [](const TConvMea& task, const TrackList&, std::size_t) {
+    {"allobjects", [](const ReportTracks& tracks, const TConvMea&, bool&) { return allOf(tracks); },
+     [](const TConvMea& task, const TrackVtorichka*, std::size_t) {
          return std::optional(outputFolderName(task));
      },
      false},
@@ -176,65 +108,53 @@ const ReportDivision* reportDivision(const std::string& word)
     return nullptr;
 }
 
-std::vector<TrackList> stretchesOf(std::vector<TrackList>&& series, double interval, bool& withoutMarks)
+ReportFiles stretchesOf(const ReportTracks& tracks, double interval, bool& withoutMarks)
 {
-    std::vector<TrackList> reports;
-    for (TrackList& tracks : series) {
-        for (TrackVtorichka& track : tracks) {
-            if (track.Marks.empty()) {
-                withoutMarks = true;
-                continue;
-            }
-            for (const Range range : rangesOf(track.Marks, interval)) {
-                reports.emplace_back().push_back(stretchOf(track, range));
-            }
+    ReportFiles files;
+    for (std::size_t track = 0; track < tracks.size(); ++track) {
+        const TrackPart whole = tracks.whole(track);
+        if (whole.first == whole.end) {
+            withoutMarks = true;
+        } else {
+            addStretches(tracks, whole, interval, files);
         }
     }
-    return reports;
+    return files;
 }
 
-std::vector<TrackList> objectsOf(std::vector<TrackList>&& series)
+ReportFiles objectsOf(const ReportTracks& tracks)
 {
-    const ObjectPlaces objects = objectPlaces(series);
-    std::vector<TrackList> reports(objects.counts.size());
-    for (std::size_t i = 0; i < reports.size(); ++i) {
-        reports[i].reserve(objects.counts[i]);
-    }
-    auto place = objects.places.begin();
-    for (TrackList& tracks : series) {
-        for (TrackVtorichka& track : tracks) {
-            reports[*place++].push_back(std::move(track));
+    ReportFiles files;
+    const ObjectPlaces objects = objectPlaces(tracks);
+    const std::vector<std::size_t> order = tracksByPlace(objects);
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        files.add(tracks.whole(order[i]));
+        if (i + 1 == order.size() || objects.places[order[i]] != objects.places[order[i + 1]]) {
+            files.close();
         }
-        TrackList().swap(tracks); // the heads that are left are large, and an assigned {} keeps their room
     }
-    return reports;
+    return files;
 }
 
-TrackVtorichka joined(TrackList&& tracks)
+ReportFiles seriesOf(const ReportTracks& tracks)
 {
-    if (tracks.size() == 1) {
-        return std::move(tracks.front());
+    ReportFiles files;
+    std::size_t track = 0;
+    for (std::size_t series = 0; series < tracks.seriesCount(); ++series) {
+        for (; track < tracks.size() && tracks.seriesOf(track) == series; ++track) {
+            files.add(tracks.whole(track));
+        }
+        files.close();
     }
-    Marks marks = marksByTime(tracks);
-    std::vector<TInterBlob> interBlobs = interBlobsLaterFirst(tracks);
-    TrackVtorichka track = std::move(tracks.front());
-    track.Marks = std::move(marks);
-    track.InterBlobs = std::move(interBlobs);
-    return track;
+    return files;
 }
 
-TrackList joinedAlone(TrackList&& tracks)
+ReportFiles allOf(const ReportTracks& tracks)
 {
-    TrackList alone;
-    alone.push_back(joined(std::move(tracks)));
-    return alone;
-}
-
-std::vector<TrackList> allOf(std::vector<TrackList>&& series)
-{
-    std::vector<TrackList> reports(1);
-    for (TrackList& tracks : series) {
-        std::move(tracks.begin(), tracks.end(), std::back_inserter(reports.front()));
+    ReportFiles files;
+    for (std::size_t track = 0; track < tracks.size(); ++track) {
+        files.add(tracks.whole(track));
     }
-    return reports;
+    files.close();
+    return files;
 }

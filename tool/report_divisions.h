@@ -4,54 +4,80 @@
 #pragma once
 
 #include "records/track.h"
+#include "report_tracks.h"
 #include "task.h"
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
-/// The tracks of one file, or of one series.
-using TrackList = std::vector<tavelinUtils::TrackVtorichka>;
+/// The files of a report: the parts of tracks that each holds, in the order of writing.
+class ReportFiles
+{
+public:
+    std::size_t count() const
+    {
+        return ends.size();
+    }
+
+    std::span<const TrackPart> operator[](std::size_t file) const
+    {
+        const std::size_t first = file == 0 ? 0 : ends[file - 1];
+        return std::span(parts).subspan(first, ends[file] - first);
+    }
+
+    /// Adds a part to the file that is not closed yet.
+    void add(const TrackPart& part)
+    {
+        parts.push_back(part);
+    }
+
+    /// Closes a file: later parts belong to the next.
+    void close()
+    {
+        ends.push_back(parts.size());
+    }
+
+private:
+    std::vector<TrackPart> parts;
+    std::vector<std::size_t> ends; // of each file
+};
 
 /// A division: a word of the key toSeparateFile and what it does.
 struct ReportDivision
 {
-    /// One list for each file. Sets the flag where a track has no place in any list, since it has no marks.
-    using Division = std::vector<TrackList> (*)(std::vector<TrackList>&& series,
-                                                const tavelinUtils::TConvMea& task, bool& withoutMarks);
-    /// The base name of a file, counted from 0; nothing where what it needs is missing.
-    using Naming = std::optional<std::string> (*)(const tavelinUtils::TConvMea& task, const TrackList& report,
+    /// The files. Sets the flag where a track has no place in any, since it has no marks.
+    using Division = ReportFiles (*)(const ReportTracks& tracks, const tavelinUtils::TConvMea& task,
+                                     bool& withoutMarks);
+    /// The base name of a file, counted from 0, by its first track, a null pointer where there is none;
+    /// nothing where what it needs is missing.
+    using Naming = std::optional<std::string> (*)(const tavelinUtils::TConvMea& task,
+                                                  const tavelinUtils::TrackVtorichka* first,
                                                   std::size_t number);
 
     const char* word;
     Division divide;
     Naming baseName;
-    bool joins; ///< whether the tracks of a list are joined into one before they are written
+    bool joins; ///< whether the parts of a file are joined into one track
 };
 
 /// The division of a word, compared exactly: "eachgroup", "eachobject", "eachseria" or "allobjects"; a null
 /// pointer for any other text.
 const ReportDivision* reportDivision(const std::string& word);
 
-/// One list for each stretch of each track: a track is cut wherever two marks are `interval` minutes or more
+/// One file for each stretch of each track: a track is cut wherever two marks are `interval` minutes or more
 /// apart. A track that is not cut keeps all its marks; in a track that is cut, each stretch loses its last
-/// mark. A stretch holds only head and marks, and may be empty. A track without marks gives no stretch and
-/// sets the flag.
-std::vector<TrackList> stretchesOf(std::vector<TrackList>&& series, double interval, bool& withoutMarks);
+/// mark, and may be empty. A track without marks gives no stretch and sets the flag.
+ReportFiles stretchesOf(const ReportTracks& tracks, double interval, bool& withoutMarks);
 
-/// One list for each object: its tracks, which have the same QRVName and Series, in the order in which
+/// One file for each object: its tracks, which have the same QRVName and Series, in the order in which
 /// objects first occur.
-std::vector<TrackList> objectsOf(std::vector<TrackList>&& series);
+ReportFiles objectsOf(const ReportTracks& tracks);
 
-/// Joins the tracks of an object under the head of the first. Marks are in the order of time; among equal
-/// times those of later tracks come first. The InterBlobs of later tracks come first, and are not sorted.
-/// Candidates and Cast are those of the first track. A single track stays as it is. The list must not be
-/// empty.
-tavelinUtils::TrackVtorichka joined(TrackList&& tracks);
+/// One file for each series, also for one without tracks.
+ReportFiles seriesOf(const ReportTracks& tracks);
 
-/// The joined track as a list of its own.
-TrackList joinedAlone(TrackList&& tracks);
-
-/// One list of all tracks in their order.
-std::vector<TrackList> allOf(std::vector<TrackList>&& series);
+/// One file of all tracks in their order.
+ReportFiles allOf(const ReportTracks& tracks);

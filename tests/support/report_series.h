@@ -6,6 +6,7 @@
 
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
+#include "support/watched_works.h"
 
 #include <gtest/gtest.h>
 
@@ -17,6 +18,7 @@
 namespace report_series {
 
 using Names = std::set<std::string>;
+using Tracks = std::vector<tavelinUtils::TrackVtorichka>;
 
 /// A mark of a table: its time on 25 February 2023 and its magnitude.
 struct TableMark
@@ -128,18 +130,18 @@ public:
     }
 
     /// Runs the report; the tracks as they were handed to the writers.
-    std::vector<TrackList> tracks() const
+    std::vector<Tracks> tracks() const
     {
-        std::vector<TrackList> reports;
-        EXPECT_EQ(CreateMultiReport(task, reports).Code, 0);
-        return reports;
+        std::vector<Tracks> files;
+        EXPECT_EQ(CreateMultiReport(task, watchedWorks(files)).Code, 0);
+        return files;
     }
 
     /// Runs the report; the names of the tracks of all files.
     std::vector<std::string> trackNames() const
     {
         std::vector<std::string> names;
-        for (const TrackList& list : tracks()) {
+        for (const Tracks& list : tracks()) {
             for (const tavelinUtils::TrackVtorichka& one : list) {
                 names.push_back(one.QRVName);
             }

@@ -2,6 +2,7 @@
 
 #include "support/results.h"
 #include "support/temporary_folder.h"
+#include "support/watched_works.h"
 
 #include <gtest/gtest.h>
 
@@ -87,8 +88,10 @@ TEST(Converter, EachTrackIsStamped)
     task.originator = "somebody";
     task.REFERENCE_FRAME = "EME2000";
     task.PARTICIPANT_1 = "T9";
-    std::vector<TrackVtorichka> tracks;
-    expectResult(converter(task, tracks), 0, "OK", folder / "c.txt");
+    std::vector<std::vector<TrackVtorichka>> files;
+    expectResult(converter(task, watchedWorks(files)), 0, "OK", folder / "c.txt");
+    ASSERT_EQ(files.size(), 1u);
+    const std::vector<TrackVtorichka>& tracks = files[0];
     ASSERT_EQ(tracks.size(), 2u);
     EXPECT_EQ(tracks[0].QRVName, "A");
     EXPECT_EQ(tracks[1].QRVName, "B");
@@ -113,8 +116,10 @@ TEST(Converter, EmptyTextsOfTheTaskAreStampedToo)
     task.outputformat = "mpc";
     task.originator = "";
     task.PARTICIPANT_1 = "";
-    std::vector<TrackVtorichka> tracks;
-    converter(task, tracks);
+    std::vector<std::vector<TrackVtorichka>> files;
+    converter(task, watchedWorks(files));
+    ASSERT_EQ(files.size(), 1u);
+    const std::vector<TrackVtorichka>& tracks = files[0];
     ASSERT_EQ(tracks.size(), 1u);
     EXPECT_EQ(tracks[0].REFERENCE_FRAME, "");
     EXPECT_EQ(tracks[0].telescope, "");
@@ -131,8 +136,7 @@ TEST(Converter, TaskFormTakesTheFolderAsItIs)
     task.out_dir = folder / "x";
     task.inputformat = "mea";
     task.outputformat = "mpc";
-    std::vector<TrackVtorichka> tracks;
-    expectResult(converter(task, tracks), 0, "OK", folder / "xc");
+    expectResult(converter(task), 0, "OK", folder / "xc");
     EXPECT_EQ(bytesOf(folder / "xc"), oneMarkInMpc);
 }
 

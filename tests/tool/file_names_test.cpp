@@ -87,10 +87,10 @@ TEST(ConversionPath, PartsAreSimplyJoined)
     task.path_in = "/nights/c.tdm.old";
     task.out_dir = "/out/";
     task.outputextension = "xml";
-    EXPECT_EQ(conversionPath(task, {}), "/out/c.tdmxml");
+    EXPECT_EQ(conversionPath(task, nullptr), "/out/c.tdmxml");
     task.outputextension = ".xml";
-    EXPECT_EQ(conversionPath(task, {}), "/out/c.tdm.xml");
-    EXPECT_EQ(conversionPath(TConvMea(), {}), "");
+    EXPECT_EQ(conversionPath(task, nullptr), "/out/c.tdm.xml");
+    EXPECT_EQ(conversionPath(TConvMea(), nullptr), "");
 }
 
 TEST(ConversionPath, AutomaticNameIsThatOfTheFirstTrack)
@@ -101,17 +101,20 @@ TEST(ConversionPath, AutomaticNameIsThatOfTheFirstTrack)
     task.outputextension = ".mea";
     task.PARTICIPANT_1 = "T9";
     task.autoname = true;
-    EXPECT_EQ(conversionPath(task, {trackNamed("A", {{.date = 60000, .time = 0.5}}), trackNamed("B", {})}),
-              "/out/T9-A-2023-02-25T12-00-00-.mea");
-    EXPECT_EQ(conversionPath(task, {trackNamed("A", {}), trackNamed("B", {{}})}), std::nullopt);
-    EXPECT_EQ(conversionPath(task, {}), std::nullopt);
+    const TrackVtorichka first = trackNamed("A", {{.date = 60000, .time = 0.5}});
+    EXPECT_EQ(conversionPath(task, &first), "/out/T9-A-2023-02-25T12-00-00-.mea");
+    const TrackVtorichka withoutMarks = trackNamed("A", {});
+    EXPECT_EQ(conversionPath(task, &withoutMarks), std::nullopt);
+    EXPECT_EQ(conversionPath(task, nullptr), std::nullopt);
 }
 
 TEST(BaseName, ObjectIsThatOfTheFirstTrack)
 {
-    EXPECT_EQ(objectName({trackNamed("A", {}), trackNamed("B", {})}), "A");
-    EXPECT_EQ(objectName({trackNamed("", {})}), "");
-    EXPECT_EQ(objectName({}), std::nullopt);
+    const TrackVtorichka named = trackNamed("A", {});
+    const TrackVtorichka nameless = trackNamed("", {});
+    EXPECT_EQ(objectName(&named), "A");
+    EXPECT_EQ(objectName(&nameless), "");
+    EXPECT_EQ(objectName(nullptr), std::nullopt);
 }
 
 TEST(BaseName, SeriesFolderIsTheFourthPartFromTheEnd)
@@ -143,9 +146,10 @@ TEST(ReportPath, ShortNameIsTheBaseName)
     task.longname = false;
     task.out_dir = "/out/";
     task.outputextension = "txt";
-    EXPECT_EQ(reportPath(task, {}, "s1"), "/out/s1.txt");
-    EXPECT_EQ(reportPath(task, {}, ""), "/out/.txt");
-    EXPECT_EQ(reportPath(task, {trackNamed("A", {{}})}, std::nullopt), std::nullopt);
+    EXPECT_EQ(reportPath(task, nullptr, "s1"), "/out/s1.txt");
+    EXPECT_EQ(reportPath(task, nullptr, ""), "/out/.txt");
+    const TrackVtorichka first = trackNamed("A", {{}});
+    EXPECT_EQ(reportPath(task, &first, std::nullopt), std::nullopt);
 }
 
 TEST(ReportPath, LongNameHasTheTelescopeAndTheTimeOfTheFirstTrack)
@@ -156,8 +160,9 @@ TEST(ReportPath, LongNameHasTheTelescopeAndTheTimeOfTheFirstTrack)
     TrackVtorichka first = trackNamed("A", {{.date = 60000, .time = 0.5}});
     first.telescope = "T1";
     first.Series = "R";
-    EXPECT_EQ(reportPath(task, {first, trackNamed("B", {})}, "s1"), "/out/T1-s1-2023-02-25T12-00-00-R..txt");
-    EXPECT_EQ(reportPath(task, {first}, std::nullopt), std::nullopt);
-    EXPECT_EQ(reportPath(task, {trackNamed("B", {}), first}, "s1"), std::nullopt);
-    EXPECT_EQ(reportPath(task, {}, "s1"), std::nullopt);
+    EXPECT_EQ(reportPath(task, &first, "s1"), "/out/T1-s1-2023-02-25T12-00-00-R..txt");
+    EXPECT_EQ(reportPath(task, &first, std::nullopt), std::nullopt);
+    const TrackVtorichka withoutMarks = trackNamed("B", {});
+    EXPECT_EQ(reportPath(task, &withoutMarks, "s1"), std::nullopt);
+    EXPECT_EQ(reportPath(task, nullptr, "s1"), std::nullopt);
 }

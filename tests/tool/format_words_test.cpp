@@ -74,8 +74,10 @@ TEST(FormatWords, ReaderOfMeaStampsTheOriginator)
     const FormatWord* row = formatWord(0);
     ASSERT_NE(row, nullptr);
     ASSERT_NE(row->read, nullptr);
-    const std::vector<TrackVtorichka> tracks = row->read(folder / "a.mea", "somebody");
-    ASSERT_EQ(tracks.size(), 1u);
+    const NextTrack next = row->read(folder / "a.mea", "somebody");
+    std::vector<TrackVtorichka> tracks(2);
+    ASSERT_TRUE(next(tracks[0]));
+    EXPECT_FALSE(next(tracks[1]));
     EXPECT_EQ(tracks[0].QRVName, "12345");
     EXPECT_EQ(tracks[0].NORAD, "12345");
     EXPECT_EQ(tracks[0].telescope, "T1");

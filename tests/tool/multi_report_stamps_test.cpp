@@ -89,7 +89,7 @@ TEST(MultiReport, EachSeriesHasItsOwnConfiguration)
               configuration("asteroids",
                             withCode("I41") + "<lightCurves><AAVSOCode>ABC</AAVSOCode></lightCurves>"));
     bench.add("s2", nameless("B"));
-    const std::vector<TrackList> reports = bench.tracks();
+    const std::vector<Tracks> reports = bench.tracks();
     ASSERT_EQ(reports.size(), 2U);
     EXPECT_EQ(reports[0].at(0).ObsCode, "ABC");
     EXPECT_EQ(reports[1].at(0).ObsCode, "CODEAAVSO");
@@ -115,7 +115,7 @@ TEST(MultiReport, HeaderOfTheReportIsThatOfTheConfiguration)
                                       "TEL 1.2-m Schmidt\nACK night\nAC2 a@b.c\n" +
                                           line("     AST1000", "25.50000", "09.5", "I41"));
 
-    const std::vector<TrackList> reports = bench.tracks();
+    const std::vector<Tracks> reports = bench.tracks();
     ASSERT_EQ(reports.size(), 1U);
     EXPECT_FALSE(reports[0].at(0).MPCHeader.HeaderOn);
     EXPECT_TRUE(reports[0].at(0).MPCHeader.HeaderFlag2);
@@ -228,7 +228,7 @@ TEST(MultiReport, EmptyTextsOfTheTaskAreStampedToo)
     bench.task.PARTICIPANT_1 = "";
     bench.task.originator = "";
     bench.add("s1", nameless("A"));
-    const std::vector<TrackList> reports = bench.tracks();
+    const std::vector<Tracks> reports = bench.tracks();
     ASSERT_EQ(reports.size(), 1U);
     EXPECT_EQ(reports[0].at(0).telescope, "");
     EXPECT_EQ(reports[0].at(0).originator, "");

@@ -56,7 +56,7 @@ TEST(MultiReport, SeriesWithoutConfigurationHasTheDefaults)
     Bench bench;
     bench.task.originator = "origin";
     bench.add("s1", track("12345", "K13A01A", "40001", {{"12:00:00", "9.5"}}));
-    const std::vector<TrackList> reports = bench.tracks();
+    const std::vector<Tracks> reports = bench.tracks();
     ASSERT_EQ(reports.size(), 1U);
     ASSERT_EQ(reports[0].size(), 1U);
     const TrackVtorichka& one = reports[0][0];
@@ -255,16 +255,16 @@ TEST(MultiReport, ExclusionsComeBeforeTheDivision)
                                         line("           A", "25.54167", "04.0"));
 }
 
-TEST(MultiReport, ExclusionShortensMarksAlone)
+TEST(MultiReport, ExcludedMarksAreNotWritten)
 {
     Bench bench;
     bench.add("s1", track("A", "", "", {{"12:00:00", "1"}, {"13:00:00", "2"}, {"14:00:00", "3"}}))
         .excludes = {{0, {1}}};
-    const std::vector<TrackList> reports = bench.tracks();
+    const std::vector<Tracks> reports = bench.tracks();
     ASSERT_EQ(reports.size(), 1U);
-    EXPECT_EQ(reports[0].at(0).Marks.size(), 2U);
-    EXPECT_EQ(reports[0].at(0).InterBlobs.size(), 3U);
-    EXPECT_EQ(reports[0].at(0).NMarks, 3);
+    ASSERT_EQ(reports[0].at(0).Marks.size(), 2U);
+    EXPECT_EQ(double(reports[0].at(0).Marks[0].m), 1.0);
+    EXPECT_EQ(double(reports[0].at(0).Marks[1].m), 3.0);
 }
 
 // A single object.

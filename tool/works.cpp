@@ -1,0 +1,76 @@
+#include "works.h"
+
+#include "config/user_configuration.h"
+#include "files/file_search.h"
+#include "files/paths.h"
+#include "format_words.h"
+#include "formats/track_table.h"
+
+#include <utility>
+#include <vector>
+
+using namespace tavelinUtils;
+
+namespace {
+
+NextTrack sourceOf(const std::string& word, const std::string& path, const std::string& originator)
+{
+    const FormatWord* const row = formatWord(formatOpticMea_to_int(word));
+    if (row == nullptr || row->read == nullptr) {
+        return [](TrackVtorichka& /*track*/) { return false; };
+    }
+    return row->read(path, originator);
+}
+
+NextTrack tableOf(const std::string& path, const std::string& columns)
+{
+    return anySource(TrackTableSource(path, columns));
+}
+
+// The settings of a series: those of the first configuration found below its folder, three levels above its
+// table. One that cannot be loaded is not reported, and the defaults stay.
+TPorogs settingsOf(const std::string& table)
+{
+    std::string folder = table;
+    for (int level = 0; level < 3; ++level) {
+        folder = calcpathlevelup(folder, false);
+    }
+    std::vector<std::string> files;
+    FindFile(folder, "", ".conf", files);
+    TPorogs porogs;
+    if (!files.empty()) {
+        LoadUserConfXML(files.front(), porogs, false); // the report does not mention a failure
+    }
+    return porogs;
+}
+
+TrackSink sinkOf(const std::string& path, const std::string& word)
+{
+    const FormatWord* const row = formatWord(formatOpticMea_to_int(word));
+    return row != nullptr ? row->write(path) : TrackSink{[](const TrackVtorichka& /*track*/) {}, [] {}};
+}
+
+} // namespace
+
+TrackFlow::TrackFlow(TrackVtorichka& track, NextTrack source)
+    : current(track), next(std::move(source)), hasTrack(next(current))
+{
+}
+
+const TrackVtorichka* TrackFlow::first() const
+{
+    return hasTrack ? &current : nullptr;
+}
+
+void TrackFlow::writeTo(const TrackSink& sink)
+{
+    for (; hasTrack; hasTrack = next(current)) {
+        sink.add(current);
+    }
+    sink.save();
+}
+
+Works ownWorks()
+{
+    return {sourceOf, tableOf, settingsOf, sinkOf};
+}
