@@ -83,6 +83,21 @@ inline char* writeWhole(char* to, std::uint64_t number)
     return number < 100 ? writePair(to, number) : writeDigits(to, number, countDigits(number));
 }
 
+/// Writes a number with at least two digits before its point from what scaledMagnitude gives of its
+/// magnitude; returns its end. The number is below 100.
+inline char* writeScaledPair(char* to, double magnitude, std::uint64_t scaled, int decimals)
+{
+    const std::uint64_t unit = powersOfTen[static_cast<std::size_t>(decimals)];
+    auto whole = static_cast<std::uint64_t>(magnitude);
+    whole += scaled - whole * unit >= unit ? 1 : 0;
+    to = writePair(to, whole);
+    if (decimals == 0) {
+        return to;
+    }
+    *to = '.';
+    return writeDigits(to + 1, scaled - whole * unit, decimals);
+}
+
 /// Writes a number with its point from what scaledMagnitude gives of its magnitude; returns its end.
 inline char* writeScaled(char* to, double magnitude, std::uint64_t scaled, int decimals)
 {

@@ -53,15 +53,13 @@ void appendOddTwoDigits(TextBuffer& out, double value, int precision);
 inline void appendFixedTwoDigits(TextBuffer& out, double value, int precision)
 {
     const auto scaled = scaledMagnitude(value, precision);
-    if (!scaled || std::signbit(value)) {
+    const bool isUsual =
+        scaled && !std::signbit(value) && *scaled / 100 < powersOfTen[static_cast<std::size_t>(precision)];
+    if (isUsual) {
+        out.endAt(writeScaledPair(out.room(scaledLength), value, *scaled, precision));
+    } else {
         appendOddTwoDigits(out, value, precision);
-        return;
     }
-    char* to = out.room(scaledLength);
-    if (*scaled / 10 < powersOfTen[static_cast<std::size_t>(precision)]) {
-        *to++ = '0';
-    }
-    out.endAt(writeScaled(to, value, *scaled, precision));
 }
 
 /// The same without the point: "0950" for 9.5 with two decimals.
