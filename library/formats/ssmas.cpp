@@ -119,7 +119,7 @@ struct KeptReport
 {
     std::string telescope;
     TextIndex texts;
-    SmallTrackSequence<std::optional<ObjectNumbers>> sequence;
+    TrackSequence<std::optional<ObjectNumbers>> sequence;
 };
 
 // Takes the lines of a report one after the other.

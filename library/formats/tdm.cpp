@@ -86,7 +86,7 @@ constexpr HeadLine headLines[] = {
 struct KeptMessage
 {
     TextIndex texts;
-    SmallTrackSequence<SegmentHead> segments;
+    TrackSequence<SegmentHead> segments;
 };
 
 // Takes the lines of a message one after the other.

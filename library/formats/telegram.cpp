@@ -125,7 +125,7 @@ constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
 struct KeptBlocks
 {
     HeadTexts texts;
-    SmallTrackSequence<BlockHead> sequence;
+    TrackSequence<BlockHead> sequence;
 };
 
 // Takes the lines of a telegram one after the other.

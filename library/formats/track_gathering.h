@@ -114,7 +114,7 @@ private:
 /// handed out one after the other, once. A `Head` is what a format keeps of a track's head: small, texts by
 /// their numbers.
 template <class Head>
-class SmallTrackSequence
+class TrackSequence
 {
 public:
     void addTrack(const Head& head)
@@ -209,89 +209,6 @@ private:
     ChunkedList<Entry> tracks;
     ChunkedList<MeasuredMark> marks;
     std::size_t taken = 0;
-};
-
-/// Collects measured marks track after track: each goes to the track that was added last.
-class TrackSequence
-{
-public:
-    /// Makes room for so many marks.
-    void reserve(std::size_t count)
-    {
-        marks.reserve(count);
-    }
-
-    /// Adds a track, whose head may be filled until the tracks are taken.
-    TrackVtorichka& addTrack()
-    {
-        spans.push_back({marks.size(), marks.size()});
-        return heads.emplace_back();
-    }
-
-    bool empty() const
-    {
-        return heads.empty();
-    }
-
-    TrackVtorichka& lastTrack()
-    {
-        return heads.back();
-    }
-
-    void addMark(const MeasuredMark& mark)
-    {
-        marks.push_back(mark);
-        spans.back().end = marks.size();
-    }
-
-    /// How many marks have been added.
-    std::size_t markCount() const
-    {
-        return marks.size();
-    }
-
-    /// Lets the last track begin with an earlier mark, by the number of marks before it: the marks from there
-    /// on are repeated in it.
-    void beginLastTrackAt(std::size_t mark)
-    {
-        spans.back().begin = mark;
-    }
-
-    /// How many marks the tracks have together, repeated ones as often as they come.
-    std::size_t marksOfTracks() const
-    {
-        std::size_t total = 0;
-        for (const Span& span : spans) {
-            total += span.end - span.begin;
-        }
-        return total;
-    }
-
-    /// The tracks with their marks; the sequence is empty afterwards.
-    std::vector<TrackVtorichka> takeTracks()
-    {
-        for (std::size_t i = 0; i < heads.size(); ++i) {
-            heads[i].Marks.reserve(spans[i].end - spans[i].begin);
-            for (std::size_t mark = spans[i].begin; mark < spans[i].end; ++mark) {
-                setMeasured(heads[i].Marks.emplace_back(), marks[mark]);
-            }
-        }
-        spans.clear();
-        marks.clear();
-        return std::exchange(heads, {});
-    }
-
-private:
-    // The marks of a track.
-    struct Span
-    {
-        std::size_t begin;
-        std::size_t end;
-    };
-
-    std::vector<TrackVtorichka> heads;
-    std::vector<Span> spans; // of each track
-    std::vector<MeasuredMark> marks;
 };
 
 } // namespace tavelinUtils

@@ -6,7 +6,6 @@
 
 #include "enumerations.h"
 
-#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -100,19 +99,6 @@ struct TRecLabelPervichka_File
 static_assert(sizeof(TRecLabelPervichka_File) == 17 * sizeof(int) + sizeof(bool) + 45 * sizeof(double) +
                                                      sizeof(std::vector<int>) + 8 * sizeof(std::string),
               "the fields follow each other without gaps");
-
-/// Prefetches the measured fields of a mark some places ahead. A mark spans a dozen cache lines, of which a
-/// writer needs three: without this it waits for each of them.
-inline void fetchAhead(const std::vector<TRecLabelPervichka_File>& marks, std::size_t index)
-{
-    constexpr std::size_t ahead = 4;
-    if (index + ahead < marks.size()) {
-        const auto* const mark = reinterpret_cast<const char*>(&marks[index + ahead]);
-        __builtin_prefetch(mark + offsetof(TRecLabelPervichka_File, date));
-        __builtin_prefetch(mark + offsetof(TRecLabelPervichka_File, m));
-        __builtin_prefetch(mark + offsetof(TRecLabelPervichka_File, filtr));
-    }
-}
 
 /// The order of marks by time, as the sum of `date` and `time`. Marks of equal time keep their places only
 /// in a stable sort.

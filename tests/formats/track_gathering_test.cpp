@@ -30,7 +30,7 @@ void nameTrack(TrackVtorichka& track, std::string_view name)
     track.QRVName = name;
 }
 
-using NamedSequence = SmallTrackSequence<const char*>;
+using NamedSequence = TrackSequence<const char*>;
 
 std::vector<TrackVtorichka> tracksOf(TrackGathering<MeasuredMark>& gathering)
 {
