@@ -56,8 +56,8 @@ THeadTrVtor headOf(const TSeria2& seria, const TConvMea& task, const TPorogs& po
     return head;
 }
 
-// The columns of a track table that the output is made of. A word that is not known has none: what is left are the
-// times, which divide and name.
+// The columns of a track table that the output is made of. A word that is not known has none: what is left
+// are the times, which divide and name.
 std::string columnsFor(const std::string& outputFormat)
 {
     const FormatWord* const row = formatWord(formatOpticMea_to_int(outputFormat));
