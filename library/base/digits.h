@@ -7,7 +7,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <optional>
+#include <limits>
 
 namespace tavelinUtils {
 
@@ -117,13 +117,16 @@ inline char* writeScaled(char* to, double magnitude, std::uint64_t scaled, int d
     return writeDigits(to + 1, rest, decimals);
 }
 
+/// What scaledMagnitude gives of a value that it cannot scale.
+inline constexpr std::uint64_t notScaled = std::numeric_limits<std::uint64_t>::max();
+
 /// scaledMagnitude in integer arithmetic, whatever the value.
-std::optional<std::uint64_t> exactScaledMagnitude(double value, int precision);
+std::uint64_t exactScaledMagnitude(double value, int precision);
 
 /// |value| times ten to the precision, rounded to the nearest integer as printf rounds: the exact value
-/// decides, and a tie goes to the even integer. Nothing if the precision is negative or the result does not
-/// fit 64 bits.
-inline std::optional<std::uint64_t> scaledMagnitude(double value, int precision)
+/// decides, and a tie goes to the even integer. notScaled if the precision is negative or the result does not
+/// fit 64 bits: a number of its own, since an optional one would go through memory.
+inline std::uint64_t scaledMagnitude(double value, int precision)
 {
     // The product is rounded itself, which can mislead only next to a half.
     constexpr double trusted = 0x1p50;

@@ -24,17 +24,17 @@ constexpr std::string_view whiteSpace = " \t\n\v\f\r";
 // and is therefore the number that the digits mean.
 constexpr std::uint64_t exactInteger = std::uint64_t{1} << 53;
 
-// A product divided by a power of two, rounded to the nearest integer with ties to even; nothing if the
+// A product divided by a power of two, rounded to the nearest integer with ties to even; notScaled if the
 // result does not fit 64 bits. The product has fewer than 53 + 64 bits, so a larger shift leaves less than a
 // half.
-std::optional<std::uint64_t> shiftedToEven(WideInteger product, int shift)
+std::uint64_t shiftedToEven(WideInteger product, int shift)
 {
     if (shift > 117) {
         return 0;
     }
     const WideInteger quotient = product >> shift;
-    if (quotient >= std::numeric_limits<std::uint64_t>::max()) {
-        return std::nullopt;
+    if (quotient >= notScaled) {
+        return notScaled;
     }
     const WideInteger rest = product - (quotient << shift);
     const WideInteger half = WideInteger{1} << (shift - 1);
@@ -245,7 +245,7 @@ double readByLibrary(std::string_view text)
 
 } // namespace
 
-std::optional<std::uint64_t> exactScaledMagnitude(double value, int precision)
+std::uint64_t exactScaledMagnitude(double value, int precision)
 {
     constexpr int mantissaBits = 52;
     constexpr int exponentBias = 1075;
@@ -253,7 +253,7 @@ std::optional<std::uint64_t> exactScaledMagnitude(double value, int precision)
     const auto exponent = static_cast<int>(bits >> mantissaBits & 0x7ff);
     const int shift = exponentBias - std::max(exponent, 1);
     if (precision < 0 || precision > largestDecimals || shift <= 0) {
-        return std::nullopt;
+        return notScaled;
     }
     std::uint64_t mantissa = bits & ((std::uint64_t{1} << mantissaBits) - 1);
     if (exponent != 0) {
@@ -264,8 +264,8 @@ std::optional<std::uint64_t> exactScaledMagnitude(double value, int precision)
 
 void appendFixed(TextBuffer& out, double value, int precision)
 {
-    const auto scaled = scaledMagnitude(value, precision);
-    if (!scaled) {
+    const std::uint64_t scaled = scaledMagnitude(value, precision);
+    if (scaled == notScaled) {
         appendFixedAtLength(out, value, precision < 0 ? 6 : precision);
         return;
     }
@@ -273,7 +273,7 @@ void appendFixed(TextBuffer& out, double value, int precision)
     if (std::signbit(value)) {
         *to++ = '-';
     }
-    out.endAt(writeScaled(to, std::abs(value), *scaled, precision));
+    out.endAt(writeScaled(to, std::abs(value), scaled, precision));
 }
 
 void appendCell(TextBuffer& out, double value, int decimals, char end)
@@ -300,8 +300,8 @@ void appendOddPacked(TextBuffer& out, double value, int precision)
 void appendPackedByValue(TextBuffer& out, double value, int precision)
 {
     const bool below = value < 10.0;
-    const auto scaled = scaledMagnitude(value, precision);
-    if (!scaled || std::signbit(value)) {
+    const std::uint64_t scaled = scaledMagnitude(value, precision);
+    if (scaled == notScaled || std::signbit(value)) {
         out += below ? "0" : "";
         const std::size_t begin = out.size();
         appendFixed(out, value, precision);
@@ -309,8 +309,8 @@ void appendPackedByValue(TextBuffer& out, double value, int precision)
         return;
     }
     char* const to = out.room(scaledLength);
-    const int digits = std::max(countDigits(*scaled), precision + 1);
-    out.endAt(writeDigits(to, *scaled, below ? digits + 1 : digits));
+    const int digits = std::max(countDigits(scaled), precision + 1);
+    out.endAt(writeDigits(to, scaled, below ? digits + 1 : digits));
 }
 
 void appendInt(TextBuffer& out, int value)
@@ -439,13 +439,13 @@ int cutToNearestInt(double x)
 // Halves are rounded up here, and away from zero in RoundDouble.
 double roundedTo(double value, int precision)
 {
-    const auto scaled = scaledMagnitude(value, precision);
-    if (!scaled || *scaled > exactInteger) {
+    const std::uint64_t scaled = scaledMagnitude(value, precision);
+    if (scaled > exactInteger) {
         TextBuffer text;
         appendFixed(text, value, precision);
         return toDouble(text.view());
     }
-    return std::copysign(static_cast<double>(*scaled) / exactPowers[precision], value);
+    return std::copysign(static_cast<double>(scaled) / exactPowers[precision], value);
 }
 
 } // namespace tavelinUtils

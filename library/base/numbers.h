@@ -52,11 +52,11 @@ void appendCell(TextBuffer& out, double value, int decimals, char end);
 void appendOddTwoDigits(TextBuffer& out, double value, int precision);
 inline void appendFixedTwoDigits(TextBuffer& out, double value, int precision)
 {
-    const auto scaled = scaledMagnitude(value, precision);
-    const bool isUsual =
-        scaled && !std::signbit(value) && *scaled / 100 < powersOfTen[static_cast<std::size_t>(precision)];
+    const std::uint64_t scaled = scaledMagnitude(value, precision);
+    const bool isUsual = scaled != notScaled && !std::signbit(value) &&
+                         scaled / 100 < powersOfTen[static_cast<std::size_t>(precision)];
     if (isUsual) {
-        out.endAt(writeScaledPair(out.room(scaledLength), value, *scaled, precision));
+        out.endAt(writeScaledPair(out.room(scaledLength), value, scaled, precision));
     } else {
         appendOddTwoDigits(out, value, precision);
     }
@@ -66,13 +66,13 @@ inline void appendFixedTwoDigits(TextBuffer& out, double value, int precision)
 void appendOddPacked(TextBuffer& out, double value, int precision);
 inline void appendFixedPacked(TextBuffer& out, double value, int precision)
 {
-    const auto scaled = scaledMagnitude(value, precision);
-    if (!scaled || std::signbit(value)) {
+    const std::uint64_t scaled = scaledMagnitude(value, precision);
+    if (scaled == notScaled || std::signbit(value)) {
         appendOddPacked(out, value, precision);
         return;
     }
-    const int digits = std::max(countDigits(*scaled), precision + 2);
-    out.endAt(writeDigits(out.room(scaledLength), *scaled, digits));
+    const int digits = std::max(countDigits(scaled), precision + 2);
+    out.endAt(writeDigits(out.room(scaledLength), scaled, digits));
 }
 
 /// The same, but with the "0" in front of a value below 10.0, whatever its text: "0100" for 9.96 with one

@@ -110,14 +110,14 @@ void appendCarriedTime(TextBuffer& out, TimeOfDay time, int precision, std::stri
 void appendCutSeconds(TextBuffer& out, double seconds, int precision)
 {
     constexpr int manyDecimals = 15;
-    const auto scaled = scaledMagnitude(seconds, manyDecimals);
-    const bool isUsual = scaled && !std::signbit(seconds) && precision >= 0 && precision <= manyDecimals &&
-                         *scaled < 100 * powersOfTen[manyDecimals] &&
-                         (seconds < 10.0) == (*scaled < 10 * powersOfTen[manyDecimals]);
+    const std::uint64_t scaled = scaledMagnitude(seconds, manyDecimals);
+    const bool isUsual = !std::signbit(seconds) && precision >= 0 && precision <= manyDecimals &&
+                         scaled < 100 * powersOfTen[manyDecimals] &&
+                         (seconds < 10.0) == (scaled < 10 * powersOfTen[manyDecimals]);
     if (isUsual) {
         const int digits = precision + 2;
         char* const to = out.room(static_cast<std::size_t>(digits));
-        out.endAt(writeDigits(to, *scaled / powersOfTen[static_cast<std::size_t>(manyDecimals - precision)],
+        out.endAt(writeDigits(to, scaled / powersOfTen[static_cast<std::size_t>(manyDecimals - precision)],
                               digits));
         return;
     }
