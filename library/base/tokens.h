@@ -56,6 +56,40 @@ inline std::size_t countTokens(std::string_view text, char separator)
     return count;
 }
 
+/// Calls a function with the position of each separator in a text. Examines eight bytes at a time, which for
+/// short fields is several times as fast as one search for each.
+template <class Use>
+void forEachSeparator(std::string_view text, char separator, Use use)
+{
+    constexpr std::uint64_t ones = 0x0101010101010101;
+    constexpr std::uint64_t lowBits = 0x7f * ones;
+    constexpr std::size_t width = sizeof ones;
+    const std::uint64_t wanted = ones * static_cast<unsigned char>(separator);
+    const auto useThoseIn = [&](std::size_t at, std::size_t seen) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, text.data() + at, width);
+        bytes ^= wanted;
+        // The high bit of each byte that is 0 now, and of no other.
+        std::uint64_t found = ~(((bytes & lowBits) + lowBits) | bytes | lowBits);
+        for (found = found >> 8 * seen << 8 * seen; found != 0; found &= found - 1) {
+            use(at + static_cast<std::size_t>(std::countr_zero(found)) / 8);
+        }
+    };
+    std::size_t at = 0;
+    for (; at + width <= text.size(); at += width) {
+        useThoseIn(at, 0);
+    }
+    if (at != 0 && at != text.size()) {
+        useThoseIn(text.size() - width, at + width - text.size());
+        return;
+    }
+    for (; at < text.size(); ++at) {
+        if (text[at] == separator) {
+            use(at);
+        }
+    }
+}
+
 /// Splits a text at a separator as Pars9 splits the text with the separator appended, so that a text that
 /// ends in the separator has an empty last part. Keeps as many parts as fit into the array, leaves its other
 /// elements as they were, and returns how many parts there are.
@@ -63,17 +97,17 @@ template <std::size_t room>
 std::size_t cutParts(std::string_view text, char separator, std::array<std::string_view, room>& parts)
 {
     std::size_t count = 0;
-    for (;;) {
-        const std::size_t end = std::min(text.find(separator), text.size());
+    std::size_t begin = 0;
+    const auto takeUpTo = [&](std::size_t end) {
         if (count < room) {
-            parts[count] = text.substr(0, end);
+            parts[count] = {text.data() + begin, end - begin};
         }
         ++count;
-        if (end == text.size()) {
-            return count;
-        }
-        text.remove_prefix(end + 1);
-    }
+        begin = end + 1;
+    };
+    forEachSeparator(text, separator, takeUpTo);
+    takeUpTo(text.size());
+    return count;
 }
 
 /// The first three parts of a text, by the rule of cutParts; a missing part is empty.
@@ -82,32 +116,6 @@ inline std::array<std::string_view, 3> threeParts(std::string_view text, char se
     std::array<std::string_view, 3> parts;
     cutParts(text, separator, parts);
     return parts;
-}
-
-/// Calls a function with the position of each separator in a text. Examines eight bytes at a time, which for
-/// the short fields of a table is several times as fast as one search for each.
-template <class Use>
-void forEachSeparator(std::string_view text, char separator, Use use)
-{
-    constexpr std::uint64_t ones = 0x0101010101010101;
-    constexpr std::uint64_t lowBits = 0x7f * ones;
-    const std::uint64_t wanted = ones * static_cast<unsigned char>(separator);
-    std::size_t at = 0;
-    for (; at + sizeof wanted <= text.size(); at += sizeof wanted) {
-        std::uint64_t bytes = 0;
-        std::memcpy(&bytes, text.data() + at, sizeof bytes);
-        bytes ^= wanted;
-        // The high bit of each byte that is 0 now, and of no other.
-        std::uint64_t found = ~(((bytes & lowBits) + lowBits) | bytes | lowBits);
-        for (; found != 0; found &= found - 1) {
-            use(at + static_cast<std::size_t>(std::countr_zero(found)) / 8);
-        }
-    }
-    for (; at < text.size(); ++at) {
-        if (text[at] == separator) {
-            use(at);
-        }
-    }
 }
 
 } // namespace tavelinUtils
