@@ -135,7 +135,7 @@ struct KeptBlocks
 class TelegramLines
 {
 public:
-    explicit TelegramLines(KeptBlocks& blocks) : kept(blocks), head(newHead(kept.texts))
+    explicit TelegramLines(KeptBlocks& blocks) : kept(blocks), headOfNoBlock(newHead(kept.texts))
     {
     }
 
@@ -181,12 +181,13 @@ private:
         kept.sequence.addTrack(head);
         kept.sequence.beginLastTrackAt(blockBegin);
         blockBegin = kept.sequence.markCount();
-        head = newHead(kept.texts);
+        head = headOfNoBlock;
         inBlock = false;
     }
 
     KeptBlocks& kept;
-    BlockHead head;
+    const BlockHead headOfNoBlock;
+    BlockHead head = headOfNoBlock;
     bool inBlock = false;
     std::size_t blockBegin = 0; // its first mark
     DayNumbers days;

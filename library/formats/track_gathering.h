@@ -9,9 +9,12 @@
 #include "../base/text_index.h"
 #include "../records/track_stream.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <memory>
+#include <new>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -40,6 +43,39 @@ inline void setMeasured(TRecLabelPervichka_File& mark, const MeasuredMark& measu
     mark.DE = measured.DE;
     mark.m = measured.m;
 }
+
+/// New marks for a track, one after the other in the places of those that it has. A mark spans a dozen cache
+/// lines: this one goes over each once, where clearing all marks and adding new ones would go over them
+/// twice.
+class NewMarks
+{
+public:
+    /// The track is to have so many marks: as many calls of next have to follow.
+    NewMarks(TrackVtorichka& track, std::size_t count) : marks(track.Marks)
+    {
+        if (marks.capacity() < count) {
+            std::vector<TRecLabelPervichka_File>().swap(marks); // so that never two such lists are there
+            marks.reserve(count);
+        }
+        marks.erase(marks.begin() + static_cast<std::ptrdiff_t>(std::min(count, marks.size())), marks.end());
+    }
+
+    /// The next mark, as constructed.
+    TRecLabelPervichka_File& next()
+    {
+        if (renewed++ == marks.size()) {
+            return marks.emplace_back();
+        }
+        TRecLabelPervichka_File* const mark = &marks[renewed - 1];
+        std::destroy_at(mark);
+        // Not std::construct_at, which fills the mark with zeros before its own values.
+        return *::new (static_cast<void*>(mark)) TRecLabelPervichka_File;
+    }
+
+private:
+    std::vector<TRecLabelPervichka_File>& marks;
+    std::size_t renewed = 0;
+};
 
 /// Collects observations by object. Tracks have the order in which their objects were first named, marks the
 /// order in which they were added. The tracks are handed out one after the other, once.
@@ -75,12 +111,12 @@ public:
         if (count() == 0) {
             return false;
         }
-        resetTrack(track);
+        resetHead(track);
         fillHead(track, objects[taken]);
         const Span span = spans[taken++];
-        track.Marks.reserve(span.count);
+        NewMarks newMarks(track, span.count);
         for (std::size_t left = span.count, at = span.first; left > 0; --left, at = following[at]) {
-            fillMark(track.Marks.emplace_back(), observations[at]);
+            fillMark(newMarks.next(), observations[at]);
         }
         return true;
     }
@@ -183,11 +219,11 @@ public:
             return false;
         }
         const Entry& entry = tracks[taken++];
-        resetTrack(track);
+        resetHead(track);
         fillHead(track, entry.head);
-        track.Marks.reserve(entry.end - entry.begin);
+        NewMarks newMarks(track, entry.end - entry.begin);
         for (std::size_t mark = entry.begin; mark < entry.end; ++mark) {
-            setMeasured(track.Marks.emplace_back(), marks[mark]);
+            setMeasured(newMarks.next(), marks[mark]);
         }
         return true;
     }

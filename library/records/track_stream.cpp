@@ -4,9 +4,14 @@ namespace tavelinUtils {
 
 void resetTrack(TrackVtorichka& track)
 {
+    resetHead(track);
+    track.Marks.clear();
+}
+
+void resetHead(TrackVtorichka& track)
+{
     static const THeadTrVtor newHead;
     static_cast<THeadTrVtor&>(track) = newHead;
-    track.Marks.clear();
     track.InterBlobs.clear();
     track.Candidates.clear();
     track.Cast.clear();

@@ -38,6 +38,9 @@ namespace tavelinUtils {
 /// Gives the head of a track its defaults again and takes its marks and their lists out. Their memory stays.
 void resetTrack(TrackVtorichka& track);
 
+/// The same, but the marks stay as they are, for others to take their places.
+void resetHead(TrackVtorichka& track);
+
 /// All tracks of a source.
 template <class Source>
 std::vector<TrackVtorichka> allTracks(Source source)

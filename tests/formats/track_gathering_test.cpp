@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,6 +49,21 @@ std::vector<TrackVtorichka> tracksOf(NamedSequence& sequence)
         tracks.push_back(track);
     }
     return tracks;
+}
+
+const Measured nothing{0, 0.0, 0.0, 0.0, 0.0};
+
+// Gives a track so many marks, whose dates count from the first.
+void giveMarks(TrackVtorichka& track, std::size_t count, int firstDate)
+{
+    NewMarks newMarks(track, count);
+    for (std::size_t i = 0; i < count; ++i) {
+        TRecLabelPervichka_File& mark = newMarks.next();
+        expectMark(mark, nothing);
+        mark.date = firstDate++;
+        mark.filtr = "a filter with a name of more than fifteen letters";
+        mark.LinkList = {1, 2, 3};
+    }
 }
 
 } // namespace
@@ -158,4 +174,26 @@ TEST(TrackSequence, MarksMayWaitForTheirTrack)
     sequence.addWaitingMark({4, 0, 0, 0, 0, 0});
     EXPECT_EQ(sequence.marksOfTracks(), 1U);
     EXPECT_EQ(marksOf(tracksOf(sequence)), (std::vector<std::string>{"a: 2", "b:"}));
+}
+
+TEST(NewMarks, TakeThePlacesOfThoseBefore)
+{
+    TrackVtorichka track;
+    for (const std::size_t count : {3U, 5U, 2U, 0U, 1U}) {
+        giveMarks(track, count, 100);
+        ASSERT_EQ(track.Marks.size(), count);
+        for (std::size_t i = 0; i < count; ++i) {
+            EXPECT_EQ(int{track.Marks[i].date}, 100 + static_cast<int>(i));
+        }
+    }
+}
+
+TEST(NewMarks, KeepTheMemory)
+{
+    TrackVtorichka track;
+    giveMarks(track, 5, 0);
+    const TRecLabelPervichka_File* const memory = track.Marks.data();
+    giveMarks(track, 2, 0);
+    giveMarks(track, 5, 0);
+    EXPECT_EQ(track.Marks.data(), memory);
 }
