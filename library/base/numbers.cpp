@@ -359,7 +359,8 @@ std::optional<SexagesimalDigits> packedDigits(std::string_view text)
     if (text.size() < paired || text.size() > paired + mostFurther || !eightDigits(text.data())) {
         return std::nullopt;
     }
-    auto seconds = static_cast<std::uint64_t>(pairAt(text, 4) * 100 + pairAt(text, 6));
+    const int hundredths = pairAt(text, 4) * 100 + pairAt(text, 6);
+    auto seconds = static_cast<std::uint64_t>(hundredths);
     if (!appendDigits(seconds, text.substr(paired))) {
         return std::nullopt;
     }
