@@ -68,19 +68,17 @@ bool isBelowTen(std::string_view number)
 
 constexpr std::uint64_t eachByte = 0x0101010101010101;
 
-// Whether eight characters are digits: neither they nor 6 more than they leave the range from 0x30 to 0x3f.
-bool areDigits(std::uint64_t characters)
-{
-    constexpr std::uint64_t highHalves = 0xf0 * eachByte;
-    return (characters & highHalves) == '0' * eachByte &&
-           ((characters + 6 * eachByte) & highHalves) == '0' * eachByte;
-}
-
-bool eightDigits(const char* text)
+// Eight characters, of which digits are their values. The first is in the lowest byte.
+std::uint64_t eightAt(const char* text)
 {
     std::uint64_t characters = 0;
     std::memcpy(&characters, text, sizeof characters);
-    return areDigits(characters);
+    return characters ^ '0' * eachByte;
+}
+
+bool areDigits(std::uint64_t values)
+{
+    return ((values | (values + 0x76 * eachByte)) & 0x80 * eachByte) == 0;
 }
 
 // The number that eight digits mean, the first of which is in the lowest byte: pairs become numbers up to 99,
@@ -132,103 +130,101 @@ std::string_view withoutLeadingSpace(std::string_view text)
     return text.substr(std::min(text.find_first_not_of(whiteSpace), text.size()));
 }
 
-// The digits of a number in fixed notation. isWhole: they are all of the number, and exact.
-struct PlainNumber
+// A text of 1 to 8 characters with zeros in front.
+std::uint64_t eightOf(std::string_view text)
 {
-    std::uint64_t digits = 0;
-    std::ptrdiff_t decimals = 0;
-    bool negative = false;
-    bool isWhole = false;
+    const std::size_t missing = (8 - text.size()) * 8;
+    std::uint64_t bytes = 0;
+    if (text.size() >= 4) {
+        std::uint32_t first = 0;
+        std::uint32_t last = 0;
+        std::memcpy(&first, text.data(), sizeof first);
+        std::memcpy(&last, text.data() + text.size() - sizeof last, sizeof last);
+        bytes = std::uint64_t{last} << 32 | (std::uint64_t{first} << missing & 0xffffffff);
+    } else {
+        const auto byteAt = [text](std::size_t place) {
+            return std::uint64_t{static_cast<unsigned char>(text[place])} << (8 - text.size() + place) * 8;
+        };
+        bytes = byteAt(0) | byteAt(text.size() / 2) | byteAt(text.size() - 1);
+    }
+    return bytes ^ '0' * eachByte << missing;
+}
+
+// Takes away the first point among eight characters: what precedes it moves up, and the last of those before
+// follows. Returns how many characters the point had after it, and 8 where there is none.
+int takePointAway(std::uint64_t& characters, std::uint64_t before)
+{
+    const std::uint64_t bytes = characters ^ ('.' ^ '0') * eachByte;
+    // The lowest bit that is set is the highest one of the first byte that is 0.
+    const std::uint64_t points = (bytes - eachByte) & ~bytes & 0x80 * eachByte;
+    if (points == 0) {
+        return 8;
+    }
+    const std::uint64_t front = points ^ (points - 1); // up to the point
+    characters = (characters & ~front) | (characters << 8 & front) | before >> 56;
+    return std::countl_zero(front) / 8;
+}
+
+// A number without its sign: digits, of which some are decimals.
+struct Digits
+{
+    std::uint64_t number;
+    int decimals;
 };
 
-// How many characters are before the first point; 8 where none of the first eight is one.
-int placeOfPoint(std::uint64_t characters)
+// The digits of a text of 1 to 16 characters, which has at most one point besides; nothing for other texts,
+// and for more digits than are exact.
+std::optional<Digits> shortDigits(std::string_view text)
 {
-    constexpr std::uint64_t lowBits = 0x7f * eachByte;
-    const std::uint64_t others = characters ^ '.' * eachByte;
-    const std::uint64_t points = ~(((others & lowBits) + lowBits) | others | lowBits);
-    return std::countr_zero(points) / 8;
+    if (text.empty() || text == "." || text.size() > 16) {
+        return std::nullopt;
+    }
+    if (text.size() <= 8) {
+        std::uint64_t back = eightOf(text);
+        const int decimals = takePointAway(back, 0);
+        // Without a point there are no decimals: 8 becomes 0, and 16 below.
+        return areDigits(back) ? std::optional(Digits{numberOfDigits(back), decimals & 7}) : std::nullopt;
+    }
+    std::uint64_t back = eightAt(text.data() + text.size() - 8);
+    std::uint64_t front = eightAt(text.data()) << (16 - text.size()) * 8;
+    int decimals = takePointAway(back, front);
+    if (decimals < 8) {
+        front <<= 8;
+    } else {
+        decimals += takePointAway(front, 0);
+    }
+    if (!areDigits(front) || !areDigits(back)) {
+        return std::nullopt;
+    }
+    const std::uint64_t number = numberOfDigits(front) * 100000000 + numberOfDigits(back);
+    return number <= exactInteger ? std::optional(Digits{number, decimals & 15}) : std::nullopt;
 }
 
-// The first and the last eight characters of a text, the first of each in its lowest byte. A shorter text, of
-// at least four, has zeros behind it or in front of it.
-struct EndsOfText
+// The digits at the front of a text of any length; nothing where a number does not end with them or has more
+// of them than are exact.
+std::optional<Digits> longDigits(std::string_view text)
 {
-    std::uint64_t front;
-    std::uint64_t back;
-};
-
-EndsOfText endsOf(std::string_view text)
-{
-    const auto load = [text]<class Word>(std::size_t place, Word word) {
-        std::memcpy(&word, text.data() + place, sizeof word);
-        return std::uint64_t{word};
-    };
-    const std::size_t size = text.size();
-    if (size >= 8) {
-        return {load(0, std::uint64_t{}), load(size - 8, std::uint64_t{})};
-    }
-    const std::uint64_t all = load(0, std::uint32_t{}) | load(size - 4, std::uint32_t{}) << 8 * (size - 4);
-    return {all, all << 8 * (8 - size)};
-}
-
-// Reads a text of one to seven digits, a point, and one to eight digits. False for other texts.
-bool readPacked(std::string_view text, PlainNumber& number)
-{
-    constexpr std::uint64_t zeros = '0' * eachByte;
-    if (text.size() < 4 || text.size() > 16) {
-        return false;
-    }
-    const EndsOfText ends = endsOf(text);
-    const int whole = placeOfPoint(ends.front);
-    const int decimals = static_cast<int>(text.size()) - 1 - whole;
-    if (whole == 0 || whole == 8 || decimals < 1 || decimals > 8) {
-        return false;
-    }
-    const std::uint64_t wholeDigits = ends.front << 8 * (8 - whole) | zeros >> 8 * whole;
-    const std::uint64_t notDecimals = (std::uint64_t{1} << 8 * (8 - decimals)) - 1;
-    const std::uint64_t decimalDigits = (ends.back & ~notDecimals) | (zeros & notDecimals);
-    if (!areDigits(wholeDigits) || !areDigits(decimalDigits)) {
-        return false;
-    }
-    number.digits = numberOfDigits(wholeDigits) * powersOfTen[static_cast<std::size_t>(decimals)] +
-                    numberOfDigits(decimalDigits);
-    number.decimals = decimals;
-    number.isWhole = true;
-    return true;
-}
-
-// Too many digits wrap around here; such a number is not whole.
-void readDigits(const char* at, const char* end, PlainNumber& number)
-{
-    const auto readRun = [&number, &at, end] {
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    Digits digits{0, 0};
+    const auto readRow = [&digits, &at, end] {
         const char* const begin = at;
         for (; at != end && isDigit(*at); ++at) {
-            number.digits = number.digits * 10 + static_cast<std::uint64_t>(*at - '0');
+            digits.number = digits.number * 10 + static_cast<std::uint64_t>(*at - '0');
         }
         return at - begin;
     };
-    std::ptrdiff_t count = readRun();
+    std::ptrdiff_t count = readRow();
     if (at != end && *at == '.') {
         ++at;
-        number.decimals = readRun();
-        count += number.decimals;
+        const std::ptrdiff_t decimals = readRow();
+        digits.decimals = static_cast<int>(decimals);
+        count += decimals;
     }
+    // Too many digits wrap around.
     const bool goesOn = at != end && std::strchr("eExX", *at) != nullptr;
-    number.isWhole = count > 0 && count <= 18 && number.digits <= exactInteger && !goesOn;
-}
-
-PlainNumber plainNumber(std::string_view text)
-{
-    PlainNumber number;
-    number.negative = text.front() == '-';
-    if (number.negative || text.front() == '+') {
-        text.remove_prefix(1);
-    }
-    if (!readPacked(text, number)) {
-        readDigits(text.data(), text.data() + text.size(), number);
-    }
-    return number;
+    const bool isExact = count > 0 && count <= 18 && digits.number <= exactInteger && !goesOn;
+    return isExact ? std::optional(digits) : std::nullopt;
 }
 
 // The C library's conversion, which needs a zero byte after the text.
@@ -241,6 +237,38 @@ double readByLibrary(std::string_view text)
         return std::strtod(shortText, nullptr);
     }
     return std::strtod(std::string(text).c_str(), nullptr);
+}
+
+// The text of a number after its sign.
+struct UnsignedText
+{
+    std::string_view text;
+    bool negative;
+
+    explicit UnsignedText(std::string_view number) : text(number), negative(number.front() == '-')
+    {
+        if (negative || number.front() == '+') {
+            text.remove_prefix(1);
+        }
+    }
+
+    double meaning(const Digits& digits) const
+    {
+        const double magnitude = static_cast<double>(digits.number) / exactPowers[digits.decimals];
+        return negative ? -magnitude : magnitude;
+    }
+};
+
+// A call of its own for what is rare leaves the short way the registers.
+[[gnu::noinline]] double readLongText(std::string_view text)
+{
+    text = withoutLeadingSpace(text);
+    if (text.empty()) {
+        return 0;
+    }
+    const UnsignedText number(text);
+    const std::optional<Digits> digits = longDigits(number.text);
+    return digits ? number.meaning(*digits) : readByLibrary(text);
 }
 
 } // namespace
@@ -356,7 +384,7 @@ std::optional<SexagesimalDigits> packedDigits(std::string_view text)
 {
     constexpr std::size_t paired = 8;
     constexpr std::size_t mostFurther = 8;
-    if (text.size() < paired || text.size() > paired + mostFurther || !eightDigits(text.data())) {
+    if (text.size() < paired || text.size() > paired + mostFurther || !areDigits(eightAt(text.data()))) {
         return std::nullopt;
     }
     const int hundredths = pairAt(text, 4) * 100 + pairAt(text, 6);
@@ -390,21 +418,13 @@ std::optional<SexagesimalDigits> separatedDigits(std::string_view text, char sep
 
 double toDouble(std::string_view text)
 {
-    if (!text.empty() && text.front() <= ' ') {
-        text = withoutLeadingSpace(text);
+    if (!text.empty()) {
+        const UnsignedText number(text);
+        if (const std::optional<Digits> digits = shortDigits(number.text)) {
+            return number.meaning(*digits);
+        }
     }
-    if (text.empty()) {
-        return 0;
-    }
-    const PlainNumber number = plainNumber(text);
-    if (!number.isWhole) {
-        return readByLibrary(text);
-    }
-    double magnitude = static_cast<double>(number.digits);
-    if (number.decimals > 0 && number.digits != 0) {
-        magnitude /= exactPowers[number.decimals];
-    }
-    return number.negative ? -magnitude : magnitude;
+    return readLongText(text);
 }
 
 int toInt(std::string_view text)

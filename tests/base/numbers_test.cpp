@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstddef>
@@ -524,6 +525,53 @@ TEST(TextToNumber, DigitsAroundAPointReadAsTheCLibraryReadsThem)
             for (std::size_t place = 0; place < size; ++place) {
                 for (const char odd : std::string("/:.eEx -+\0\260", 11)) {
                     compare(with(text, place, std::string(1, odd)));
+                }
+            }
+        }
+    }
+}
+
+// Texts of digits are read eight at a time: every length, with the point at every place.
+TEST(TextToNumber, RandomDigitsReadAsTheCLibraryReadsThem)
+{
+    Random random(13);
+    int differences = 0;
+    for (int i = 0; i < 1200000 && differences < 5; ++i) {
+        char text[32];
+        const std::size_t size = 1 + random.below(std::size_t{20});
+        std::uint64_t bits = random.bits();
+        for (std::size_t at = 0; at < size; ++at, bits = at == 16 ? random.bits() : bits >> 4) {
+            text[at] = static_cast<char>('0' + (bits & 15) % 10);
+        }
+        const std::uint64_t form = random.bits();
+        text[form % (size + 4) % 32] = '.';
+        if (form >> 60 < 4) {
+            text[0] = (form >> 59 & 1) != 0 ? '+' : '-';
+        }
+        text[size] = '\0';
+        if (!sameBits(toDouble({text, size}), std::strtod(text, nullptr))) {
+            ADD_FAILURE() << text;
+            ++differences;
+        }
+    }
+}
+
+// Any byte at any place of a number of any length takes the long way and means there what it means.
+TEST(TextToNumber, OneOtherByteReadsAsTheCLibraryReadsIt)
+{
+    const std::string digits = "12345678901234567";
+    int differences = 0;
+    for (std::size_t size = 1; size <= digits.size(); ++size) {
+        for (std::size_t point = 0; point <= size; ++point) {
+            for (std::size_t place = 0; place < size; ++place) {
+                for (int byte = 1; byte < 256 && differences < 5; ++byte) {
+                    std::string text = digits.substr(0, size);
+                    text.replace(std::min(point, size - 1), 1, point == size ? "7" : ".");
+                    text[place] = static_cast<char>(byte);
+                    if (!sameBits(toDouble(text), readByStrtod(text))) {
+                        ADD_FAILURE() << '"' << text << '"';
+                        ++differences;
+                    }
                 }
             }
         }
