@@ -12,6 +12,12 @@ namespace {
 constexpr std::array<std::string_view, 5> namingColumns = {"QRVName", "Name", "NORAD", "noradid",
                                                            "MPCChecker"};
 
+template <class Column>
+bool comesBefore(const Column& a, const Column& b)
+{
+    return a.field < b.field;
+}
+
 } // namespace
 
 ColumnsToRead WantedColumns::in(std::string_view header) const
@@ -117,7 +123,18 @@ void TrackTableLines::chooseHead(const std::vector<ColumnToRead>& columns)
         }
         headFields = std::max(headFields, column.field + 1);
     }
+    chooseWinners(values.size());
     kept.heads = ValueRows<HeadValue>(std::move(values), THeadTrVtor());
+}
+
+// The last column of each place, in the order of the header.
+void TrackTableLines::chooseWinners(std::size_t places)
+{
+    winners.resize(places);
+    for (const FieldToRead& column : ofHead) {
+        winners[column.place] = column;
+    }
+    std::sort(winners.begin(), winners.end(), comesBefore<FieldToRead>);
 }
 
 void TrackTableLines::chooseMarks(std::vector<ColumnToRead> columns)
@@ -128,9 +145,8 @@ void TrackTableLines::chooseMarks(std::vector<ColumnToRead> columns)
         list.push_back(column.column);
     }
     kept.marks = MarkRows(list);
-    // Each sets a value of its own, so they may be read as they stand in the line.
-    std::sort(columns.begin(), columns.end(),
-              [](const ColumnToRead& a, const ColumnToRead& b) { return a.field < b.field; });
+    // Each sets a value of its own, so they may be read in the order of the header.
+    std::sort(columns.begin(), columns.end(), comesBefore<ColumnToRead>);
     for (const ColumnToRead& column : columns) {
         (column.field < headFields ? beforeHead : afterHead)
             .push_back({column.field, kept.marks.placeOf(*column.column)});
@@ -141,44 +157,46 @@ void TrackTableLines::addMark(std::string_view line)
 {
     kept.marks.addNew();
     Fields fields(line);
-    readMark(fields, beforeHead);
+    readFields(fields, beforeHead, kept.marks);
     if (headFields > 0) {
         if (fields.reach(headFields - 1)) {
             front.assign(fields.front());
             frontWaits = true;
         } else {
             readFront();
-            readHead(line);
+            readShortLine(line);
         }
     }
-    readMark(fields, afterHead);
+    readFields(fields, afterHead, kept.marks);
 }
 
 // Reads the fields that the line has.
-void TrackTableLines::readMark(Fields& fields, const std::vector<FieldToRead>& columns)
+template <class Rows>
+void TrackTableLines::readFields(Fields& fields, const std::vector<FieldToRead>& columns, Rows& rows)
 {
     for (const FieldToRead& column : columns) {
         if (!fields.reach(column.field)) {
             return;
         }
-        kept.marks.read(column.place, fields.field(), days);
+        rows.read(column.place, fields.field(), days);
     }
 }
 
 void TrackTableLines::readFront()
 {
     if (frontWaits) {
-        readHead(front);
+        Fields fields(front);
+        readFields(fields, winners, kept.heads);
         frontWaits = false;
     }
 }
 
-void TrackTableLines::readHead(std::string_view line)
+void TrackTableLines::readShortLine(std::string_view line)
 {
-    const std::size_t count = splitFields(line, fieldsOfHead);
+    const std::size_t count = splitFields(line, shortLine);
     for (const FieldToRead& column : ofHead) {
         if (column.field < count) {
-            kept.heads.read(column.place, fieldsOfHead[column.field], days);
+            kept.heads.read(column.place, shortLine[column.field], days);
         }
     }
 }

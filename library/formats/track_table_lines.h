@@ -73,28 +73,31 @@ private:
     };
     class Fields;
 
+    template <class Rows>
+    void readFields(Fields& fields, const std::vector<FieldToRead>& columns, Rows& rows);
     void open(std::string_view header);
     void chooseHead(const std::vector<ColumnToRead>& columns);
+    void chooseWinners(std::size_t places);
     void chooseMarks(std::vector<ColumnToRead> columns);
     void addMark(std::string_view line);
-    void readMark(Fields& fields, const std::vector<FieldToRead>& columns);
-    void readHead(std::string_view line);
     void readFront();
+    void readShortLine(std::string_view line);
     void endTrack();
 
     KeptTable& kept;
     WantedColumns wanted;
     bool versionPassed = false;
-    bool opened = false; // by a header
-    std::vector<FieldToRead> ofHead{};
-    std::size_t headFields = 0;            // of a line that has all of the head
+    bool opened = false;                   // by a header
+    std::vector<FieldToRead> ofHead{};     // in the order of reading
+    std::vector<FieldToRead> winners{};    // those of them that are enough where a line has all, in its order
+    std::size_t headFields = 0;            // of such a line, up to the last one of the head
     std::vector<FieldToRead> beforeHead{}; // columns of marks, before the last field of the head
     std::vector<FieldToRead> afterHead{};
     // The front of the last line that has all of the head. It waits for the end of its track, since the last
     // line wins.
     std::string front{};
     bool frontWaits = false;
-    std::vector<std::string_view> fieldsOfHead{}; // at the front of the list
+    std::vector<std::string_view> shortLine{}; // its fields, at the front of the list
     DayNumbers days{};
 };
 
