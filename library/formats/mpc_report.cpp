@@ -93,11 +93,10 @@ void appendDayFraction(TextBuffer& out, double time)
 {
     // Without its first character. A fraction that rounds to 1 keeps its date: nothing is carried over.
     constexpr int decimals = 5;
-    const std::uint64_t scaled = scaledMagnitude(time, decimals);
     if (time >= 0.0 && time < 1.0 && !std::signbit(time)) {
         char* const to = out.room(scaledLength);
         *to = '.';
-        out.endAt(writeDigits(to + 1, scaled, decimals));
+        out.endAt(writeDigits(to + 1, scaledMagnitude(time, decimals), decimals));
         return;
     }
     const std::size_t begin = out.size();
