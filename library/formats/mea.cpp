@@ -10,6 +10,7 @@
 #include "text/angle_text.h"
 #include "text/date_text.h"
 
+#include <algorithm>
 #include <array>
 #include <clocale>
 #include <cmath>
@@ -86,7 +87,8 @@ constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
      }},
 };
 
-using Tokens = std::array<std::string_view, std::size(markFields)>;
+// The tokens of a line, as far as they are looked at: one more than a mark has says that there are too many.
+using Tokens = std::array<std::string_view, std::size(markFields) + 2>;
 
 // Cuts a line at blanks, where runs of them count as one; false unless it has as many tokens as a mark.
 bool cutTokens(std::string_view line, Tokens& tokens)
@@ -94,17 +96,13 @@ bool cutTokens(std::string_view line, Tokens& tokens)
     std::size_t count = 0;
     std::size_t begin = 0;
     const auto takeUpTo = [&](std::size_t end) {
-        if (end > begin) {
-            if (count < tokens.size()) {
-                tokens[count] = line.substr(begin, end - begin);
-            }
-            ++count;
-        }
+        tokens[count] = {line.data() + begin, end - begin};
+        count = std::min(count + (end > begin ? 1 : 0), std::size(markFields) + 1);
         begin = end + 1;
     };
     forEachSeparator(line, ' ', takeUpTo);
     takeUpTo(line.size());
-    return count == tokens.size();
+    return count == std::size(markFields);
 }
 
 // What is kept of a file.

@@ -32,24 +32,45 @@ Sexagesimal sexagesimalOf(double value)
     return {whole, minute, (minutes - minute) * 60.0};
 }
 
-// Appends sign, whole part and minutes, with the separator between them; returns the seconds that are left.
-double appendToMinutes(TextBuffer& out, bool negative, double magnitude, std::string_view separator)
+char* writeSeparator(char* to, std::string_view separator)
 {
-    const Sexagesimal parts = sexagesimalOf(magnitude);
-    if (negative) {
-        out += '-';
+    if (!separator.empty()) {
+        *to++ = separator.front();
     }
+    return to;
+}
+
+// Appends sign, whole part and minutes with the separator between them and, where asked for, behind them.
+void appendToMinutes(TextBuffer& out, bool negative, const Sexagesimal& parts, std::string_view separator,
+                     bool separatorBehind)
+{
+    if (parts.whole >= 0 && parts.whole < 100 && parts.minutes >= 0 && separator.size() <= 1) {
+        char* to = out.room(scaledLength);
+        *to = '-';
+        to = writePair(to + (negative ? 1 : 0), static_cast<unsigned>(parts.whole));
+        to = writePair(writeSeparator(to, separator), static_cast<unsigned>(parts.minutes));
+        out.endAt(separatorBehind ? writeSeparator(to, separator) : to);
+        return;
+    }
+    out += negative ? "-" : "";
     appendTwoDigits(out, parts.whole);
-    appendShort(out, separator);
+    out += separator;
     appendTwoDigits(out, parts.minutes);
-    return parts.seconds;
+    out += separatorBehind ? separator : "";
 }
 
 void appendAngle(TextBuffer& out, bool negative, double magnitude, int precision, std::string_view separator)
 {
-    const double seconds = appendToMinutes(out, negative, magnitude, separator);
-    appendShort(out, separator);
-    appendFixedTwoDigits(out, seconds, precision);
+    const Sexagesimal parts = sexagesimalOf(magnitude);
+    appendToMinutes(out, negative, parts, separator, true);
+    appendFixedTwoDigits(out, parts.seconds, precision);
+}
+
+void appendPacked(TextBuffer& out, bool negative, double magnitude, int precision)
+{
+    const Sexagesimal parts = sexagesimalOf(magnitude);
+    appendToMinutes(out, negative, parts, "", false);
+    appendFixedPacked(out, parts.seconds, precision);
 }
 
 std::string angleText(bool negative, double magnitude, int precision, std::string_view separator,
@@ -59,7 +80,7 @@ std::string angleText(bool negative, double magnitude, int precision, std::strin
     if (seconds) {
         appendAngle(text, negative, magnitude, precision, separator);
     } else {
-        appendToMinutes(text, negative, magnitude, separator);
+        appendToMinutes(text, negative, sexagesimalOf(magnitude), separator, false);
     }
     return text.str();
 }
@@ -116,13 +137,12 @@ void appendDE(TextBuffer& out, double degrees, int precision, std::string_view s
 
 void appendPackedRA(TextBuffer& out, double degrees, int precision)
 {
-    const double hours = std::abs(degrees) / hoursToDegrees;
-    appendFixedPacked(out, appendToMinutes(out, degrees < 0.0, hours, ""), precision);
+    appendPacked(out, degrees < 0.0, std::abs(degrees) / hoursToDegrees, precision);
 }
 
 void appendPackedDE(TextBuffer& out, double degrees, int precision)
 {
-    appendFixedPacked(out, appendToMinutes(out, degrees < 0.0, std::abs(degrees), ""), precision);
+    appendPacked(out, degrees < 0.0, std::abs(degrees), precision);
 }
 
 std::string RAToStr(double degrees, int precision, std::string separator, bool seconds)
@@ -224,10 +244,12 @@ double packedRA(std::string_view text)
 
 double packedDE(std::string_view text)
 {
+    // The first character is a sign, or the first of three digits.
     const bool negative = text.starts_with('-');
-    if (negative) {
+    if (negative || (!text.empty() && isDigit(text.front()))) {
         if (const auto packed = packedDigits(text.substr(1))) {
-            return deFrom(negative, packed->whole, packed->minutes, packed->seconds);
+            const int hundreds = negative ? 0 : text.front() - '0';
+            return deFrom(negative, hundreds * 100 + packed->whole, packed->minutes, packed->seconds);
         }
     }
     const double seconds = packedSeconds(text, 5);
