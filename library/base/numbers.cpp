@@ -384,15 +384,17 @@ std::optional<SexagesimalDigits> packedDigits(std::string_view text)
 {
     constexpr std::size_t paired = 8;
     constexpr std::size_t mostFurther = 8;
-    if (text.size() < paired || text.size() > paired + mostFurther || !areDigits(eightAt(text.data()))) {
+    if (text.size() < paired || text.size() > paired + mostFurther) {
         return std::nullopt;
     }
-    const int hundredths = pairAt(text, 4) * 100 + pairAt(text, 6);
-    auto seconds = static_cast<std::uint64_t>(hundredths);
-    if (!appendDigits(seconds, text.substr(paired))) {
+    const std::uint64_t digits = eightAt(text.data());
+    const std::uint64_t pairs = digits * 10 + (digits >> 8); // each in every second byte
+    const auto pair = [pairs](int place) { return pairs >> 8 * place & 0xff; };
+    std::uint64_t seconds = pair(4) * 100 + pair(6);
+    if (!areDigits(digits) || !appendDigits(seconds, text.substr(paired))) {
         return std::nullopt;
     }
-    return SexagesimalDigits{pairAt(text, 0), pairAt(text, 2),
+    return SexagesimalDigits{static_cast<int>(pair(0)), static_cast<int>(pair(2)),
                              static_cast<double>(seconds) / exactPowers[2 + text.size() - paired]};
 }
 
