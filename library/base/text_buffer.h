@@ -52,6 +52,9 @@ public:
 
     void append(const char* text, std::size_t size)
     {
+        if (size == 0) {
+            return; // the view of nothing points nowhere
+        }
         char* const to = room(size);
         std::memcpy(to, text, size);
         endAt(to + size);
@@ -121,15 +124,5 @@ private:
     char* end = own;
     char* limit = own + sizeof own;
 };
-
-/// Appends a text that as a rule is one character or none: a copy of its own costs more.
-inline void appendShort(TextBuffer& out, std::string_view text)
-{
-    if (text.size() == 1) {
-        out += text.front();
-    } else if (!text.empty()) {
-        out += text;
-    }
-}
 
 } // namespace tavelinUtils
