@@ -24,11 +24,17 @@ namespace tavelinUtils {
 class AavsoSink
 {
 public:
+    /// Opens and removes nothing yet.
     explicit AavsoSink(std::string path);
+
+    /// Takes over what the other has to write.
     AavsoSink(AavsoSink&& other) noexcept;
     ~AavsoSink();
 
+    /// Writes a track.
     void add(const TrackVtorichka& track);
+
+    /// Ends the file, once; true.
     bool save();
 
 private:

@@ -17,11 +17,17 @@ namespace tavelinUtils {
 class LightCurveSink
 {
 public:
+    /// Opens and removes nothing yet.
     LightCurveSink(std::string path, std::string timeLabel);
+
+    /// Takes over what the other has to write.
     LightCurveSink(LightCurveSink&& other) noexcept;
     ~LightCurveSink();
 
+    /// Writes a track.
     void add(const TrackVtorichka& track);
+
+    /// Ends the file, once; true.
     bool save();
 
 private:

@@ -20,12 +20,20 @@ namespace tavelinUtils {
 class MeaSource
 {
 public:
+    /// Reads the file to its end.
     MeaSource(std::string path, std::string originator);
+
+    /// Reads the lines, which are not needed afterwards.
     MeaSource(const std::vector<std::string>& lines, std::string originator);
+
+    /// Takes over what the other has still to hand out.
     MeaSource(MeaSource&& other) noexcept;
     ~MeaSource();
 
+    /// How many tracks are to come.
     std::size_t count() const;
+
+    /// Fills the track with the next one; false, and the track as it was, after the last.
     bool next(TrackVtorichka& track);
 
 private:
@@ -38,11 +46,17 @@ private:
 class MeaSink
 {
 public:
+    /// Opens and removes nothing yet.
     explicit MeaSink(std::string path);
+
+    /// Takes over what the other has to write.
     MeaSink(MeaSink&& other) noexcept;
     ~MeaSink();
 
+    /// Writes a track.
     void add(const TrackVtorichka& track);
+
+    /// Ends the file, once; true.
     bool save();
 
 private:
@@ -54,11 +68,17 @@ private:
 class MeaEphemerisSink
 {
 public:
+    /// Opens and removes nothing yet.
     explicit MeaEphemerisSink(std::string path);
+
+    /// Takes over what the other has to write.
     MeaEphemerisSink(MeaEphemerisSink&& other) noexcept;
     ~MeaEphemerisSink();
 
+    /// Writes a track.
     void add(const TrackVtorichka& track);
+
+    /// Ends the file, once; true.
     bool save();
 
 private:

@@ -37,12 +37,20 @@ struct TMPCMea
 class MpcReportSource
 {
 public:
+    /// Reads the file to its end.
     explicit MpcReportSource(std::string path);
+
+    /// Reads the lines, which are not needed afterwards.
     explicit MpcReportSource(const std::vector<std::string>& lines);
+
+    /// Takes over what the other has still to hand out.
     MpcReportSource(MpcReportSource&& other) noexcept;
     ~MpcReportSource();
 
+    /// How many tracks are to come.
     std::size_t count() const;
+
+    /// Fills the track with the next one; false, and the track as it was, after the last.
     bool next(TrackVtorichka& track);
 
 private:
@@ -55,11 +63,17 @@ private:
 class MpcReportSink
 {
 public:
+    /// Opens and removes nothing yet.
     explicit MpcReportSink(std::string path);
+
+    /// Takes over what the other has to write.
     MpcReportSink(MpcReportSink&& other) noexcept;
     ~MpcReportSink();
 
+    /// Writes a track.
     void add(const TrackVtorichka& track);
+
+    /// Ends the file, once; true.
     bool save();
 
 private:
@@ -72,11 +86,17 @@ private:
 class MpcComparisonSink
 {
 public:
+    /// Opens and removes nothing yet.
     explicit MpcComparisonSink(std::string path);
+
+    /// Takes over what the other has to write.
     MpcComparisonSink(MpcComparisonSink&& other) noexcept;
     ~MpcComparisonSink();
 
+    /// Writes a track.
     void add(const TrackVtorichka& track, const TrackVtorichka* ephemeris);
+
+    /// Ends the file, once; true.
     bool save();
 
 private:

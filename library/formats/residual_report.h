@@ -20,11 +20,17 @@ namespace tavelinUtils {
 class ResidualReportSink
 {
 public:
+    /// Opens and removes nothing yet.
     ResidualReportSink(std::string folder, std::string name);
+
+    /// Takes over what the other has to write.
     ResidualReportSink(ResidualReportSink&& other) noexcept;
     ~ResidualReportSink();
 
+    /// Writes a track.
     void add(const TrackVtorichka& track);
+
+    /// Writes the summary, once; true.
     bool save();
 
 private:

@@ -33,12 +33,20 @@ struct TSSMASHAED
 class SsmasSource
 {
 public:
+    /// Reads the file to its end.
     SsmasSource(std::string path, std::string observatory);
+
+    /// Reads the lines, which are not needed afterwards.
     SsmasSource(const std::vector<std::string>& lines, std::string observatory);
+
+    /// Takes over what the other has still to hand out.
     SsmasSource(SsmasSource&& other) noexcept;
     ~SsmasSource();
 
+    /// How many tracks are to come.
     std::size_t count() const;
+
+    /// Fills the track with the next one; false, and the track as it was, after the last.
     bool next(TrackVtorichka& track);
 
 private:
@@ -51,11 +59,17 @@ private:
 class SsmasSink
 {
 public:
+    /// Opens and removes nothing yet.
     explicit SsmasSink(std::string path);
+
+    /// Takes over what the other has to write.
     SsmasSink(SsmasSink&& other) noexcept;
     ~SsmasSink();
 
+    /// Writes a track.
     void add(const TrackVtorichka& track);
+
+    /// Ends the file, once; true.
     bool save();
 
 private:

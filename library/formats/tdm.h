@@ -31,11 +31,17 @@ namespace tavelinUtils {
 class TdmSource
 {
 public:
+    /// Reads the file to its end.
     explicit TdmSource(std::string path);
+
+    /// Takes over what the other has still to hand out.
     TdmSource(TdmSource&& other) noexcept;
     ~TdmSource();
 
+    /// How many tracks are to come.
     std::size_t count() const;
+
+    /// Fills the track with the next one; false, and the track as it was, after the last.
     bool next(TrackVtorichka& track);
 
 private:
@@ -48,11 +54,17 @@ private:
 class TdmSink
 {
 public:
+    /// Opens and removes nothing yet.
     explicit TdmSink(std::string path);
+
+    /// Takes over what the other has to write.
     TdmSink(TdmSink&& other) noexcept;
     ~TdmSink();
 
+    /// Writes a track.
     void add(const TrackVtorichka& track);
+
+    /// Ends the file, once; true.
     bool save();
 
 private:

@@ -35,11 +35,17 @@ namespace tavelinUtils {
 class TdmXmlSink
 {
 public:
+    /// Opens and removes nothing yet.
     explicit TdmXmlSink(std::string path);
+
+    /// Takes over what the other has to write.
     TdmXmlSink(TdmXmlSink&& other) noexcept;
     ~TdmXmlSink();
 
+    /// Writes a track.
     void add(const TrackVtorichka& track);
+
+    /// Ends the document, once; false where the file cannot be written.
     bool save();
 
 private:
@@ -51,11 +57,17 @@ private:
 class TdmMarkXmlSink
 {
 public:
+    /// Opens and removes nothing yet.
     explicit TdmMarkXmlSink(std::string path);
+
+    /// Takes over what the other has to write.
     TdmMarkXmlSink(TdmMarkXmlSink&& other) noexcept;
     ~TdmMarkXmlSink();
 
+    /// Writes a track.
     void add(const TrackVtorichka& track);
+
+    /// Ends the document, once; false where the file cannot be written.
     bool save();
 
 private:

@@ -22,12 +22,20 @@ namespace tavelinUtils {
 class TelegramSource
 {
 public:
+    /// Reads the file to its end.
     explicit TelegramSource(std::string path);
+
+    /// Reads the lines, which are not needed afterwards.
     explicit TelegramSource(const std::vector<std::string>& lines);
+
+    /// Takes over what the other has still to hand out.
     TelegramSource(TelegramSource&& other) noexcept;
     ~TelegramSource();
 
+    /// How many tracks are to come.
     std::size_t count() const;
+
+    /// Fills the track with the next one; false, and the track as it was, after the last.
     bool next(TrackVtorichka& track);
 
 private:
@@ -40,11 +48,17 @@ private:
 class TelegramSink
 {
 public:
+    /// Opens and removes nothing yet.
     explicit TelegramSink(std::string path);
+
+    /// Takes over what the other has to write.
     TelegramSink(TelegramSink&& other) noexcept;
     ~TelegramSink();
 
+    /// Writes a track.
     void add(const TrackVtorichka& track);
+
+    /// Ends the file, once; true.
     bool save();
 
 private:

@@ -30,7 +30,10 @@ struct THeadTrack
 class TrackTableSource
 {
 public:
+    /// Reads the file to its end.
     explicit TrackTableSource(std::string path);
+
+    /// Reads the lines, which are not needed afterwards.
     explicit TrackTableSource(const std::vector<std::string>& lines);
 
     /// Reads the columns of marks that are looked at, whose names have blanks between them, and of the head
@@ -38,10 +41,14 @@ public:
     /// its default.
     TrackTableSource(std::string path, std::string wantedColumns);
 
+    /// Takes over what the other has still to hand out.
     TrackTableSource(TrackTableSource&& other) noexcept;
     ~TrackTableSource();
 
+    /// How many tracks are to come.
     std::size_t count() const;
+
+    /// Fills the track with the next one; false, and the track as it was, after the last.
     bool next(TrackVtorichka& track);
 
 private:
@@ -53,12 +60,18 @@ private:
 class TrackTableSink
 {
 public:
+    /// Opens and removes nothing yet.
     TrackTableSink(std::string path, std::string source, std::string prefix, std::string suffix,
                    bool longName, bool rewrite, std::string header);
+
+    /// Takes over what the other has to write.
     TrackTableSink(TrackTableSink&& other) noexcept;
     ~TrackTableSink();
 
+    /// Writes a track.
     void add(const TrackVtorichka& track);
+
+    /// Ends the file, once; true.
     bool save();
 
 private:

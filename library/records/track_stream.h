@@ -11,21 +11,13 @@
 //   sink.save();
 //
 // A source has read its file to the end when it is made, and what can throw has thrown: so a sink may replace
-// the file that its source has read. It has two operations.
+// the file that its source has read. `count` says how many tracks are to come. `next` fills a track and uses
+// its memory again: keep no reference to what was in it.
 //
-//   std::size_t count() const          how many tracks are to come
-//   bool next(TrackVtorichka& track)   the next track; false after the last. The track's memory is used
-//   again:
-//                                      keep no reference to what is in it
-//
-// A sink opens and removes nothing before the first text has to go out, which is at save or after a megabyte
-// of text. A sink that is not saved leaves what it has written by then.
-//
-//   void add(const TrackVtorichka& track)
-//   bool save()                        the end of the file, and what is written without a track too; a false
-//   or
-//                                      an exception where its list operation has one. Once, after the last
-//                                      track
+// A sink opens and removes nothing before the first text has to go out, which is at `save` or after a
+// megabyte of text. `save`, once after the last track, also writes what a file holds without tracks; it is
+// false, or throws, where the operation on lists does. A sink that is not saved leaves what it has written by
+// then.
 
 #pragma once
 
