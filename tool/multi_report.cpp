@@ -88,6 +88,7 @@ private:
         const Exclusions exclusions(seria.excludes);
         const TPorogs porogs = works.settings(seria.path);
         tracks.addSeries(headOf(seria, task, porogs));
+        track.Marks.clear(); // those of another table, which may have had other columns
         for (std::size_t number = 0; next(track); ++number) {
             exclusions.applyTo(number, track);
             nameTrack(track, porogs.Service, names);

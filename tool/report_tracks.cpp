@@ -1,5 +1,6 @@
 #include "report_tracks.h"
 
+#include "records/new_marks.h"
 #include "records/track_stream.h"
 
 #include <algorithm>
@@ -74,9 +75,9 @@ std::uint64_t ReportTracks::objectOf(std::size_t track) const
 void ReportTracks::fill(const TrackPart& part, TrackVtorichka& track) const
 {
     fillHead(part.track, track);
-    track.Marks.reserve(part.end - part.first);
+    NewMarks newMarks(track, part.end - part.first, OldMarks::kept);
     for (std::size_t mark = part.first; mark < part.end; ++mark) {
-        addMark(mark, track);
+        restore(mark, newMarks.next());
     }
 }
 
@@ -97,15 +98,15 @@ void ReportTracks::fillJoined(std::span<const TrackPart> parts, TrackVtorichka& 
                          [](const TimedMark& a, const TimedMark& b) { return a.time < b.time; });
     }
     fillHead(parts.front().track, track);
-    track.Marks.reserve(order.size());
+    NewMarks newMarks(track, order.size(), OldMarks::kept);
     for (const TimedMark& timed : order) {
-        addMark(timed.mark, track);
+        restore(timed.mark, newMarks.next());
     }
 }
 
 void ReportTracks::fillHead(std::size_t number, TrackVtorichka& track) const
 {
-    resetTrack(track);
+    resetHead(track);
     const KeptTrack& kept = tracks[number];
     static_cast<THeadTrVtor&>(track) = heads[kept.series];
     track.QRVName = texts[kept.name];
@@ -113,8 +114,8 @@ void ReportTracks::fillHead(std::size_t number, TrackVtorichka& track) const
     track.NORAD = texts[kept.norad];
 }
 
-void ReportTracks::addMark(std::size_t mark, TrackVtorichka& track) const
+void ReportTracks::restore(std::size_t number, TRecLabelPervichka_File& mark) const
 {
     TInterBlob unused;
-    marks.restore(mark, track.Marks.emplace_back(), unused);
+    marks.restore(number, mark, unused);
 }

@@ -90,7 +90,7 @@ private:
 
     std::uint32_t numberOf(const std::string& text);
     void fillHead(std::size_t number, tavelinUtils::TrackVtorichka& track) const;
-    void addMark(std::size_t mark, tavelinUtils::TrackVtorichka& track) const;
+    void restore(std::size_t number, tavelinUtils::TRecLabelPervichka_File& mark) const;
 
     std::vector<tavelinUtils::THeadTrVtor> heads; // of the series
     std::vector<std::uint32_t> labels;            // their Series, by the number of the text

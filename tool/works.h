@@ -13,7 +13,9 @@
 #include <string>
 #include <utility>
 
-/// A source of tracks of any format: gives a track the next one; false after the last.
+/// A source of tracks of any format: gives a track the next one; false after the last. Of the marks that the
+/// track has, only the fields that its file has are set: a track that another source has filled comes without
+/// marks.
 using NextTrack = std::function<bool(tavelinUtils::TrackVtorichka& track)>;
 
 /// A sink of tracks of any format (records/track_stream.h). A failed write is an exception, or ignored where
@@ -29,7 +31,7 @@ template <class Source>
 NextTrack anySource(Source source)
 {
     const auto shared = std::make_shared<Source>(std::move(source));
-    return [shared](tavelinUtils::TrackVtorichka& track) { return shared->next(track); };
+    return [shared](tavelinUtils::TrackVtorichka& track) { return shared->refill(track); };
 }
 
 /// A sink of one format as one of any. A failed write that the format tells by a false is ignored.

@@ -133,7 +133,7 @@ bool LinePieces::failed() const
 
 PieceFile::PieceFile(std::string filePath, Old oldFile) : path(std::move(filePath)), old(oldFile)
 {
-    constexpr std::size_t longestAddition = std::size_t{1} << 12;
+    constexpr std::size_t longestAddition = std::size_t{1} << 13;
     buffer.reserve(pieceLength + longestAddition);
 }
 

@@ -2,16 +2,22 @@
 
 #pragma once
 
+#include "large_room.h"
+
 #include <cstddef>
+#include <new>
+#include <type_traits>
 #include <vector>
 
 namespace tavelinUtils {
 
 /// A list of small entries. A vector that grows holds its entries twice for a moment, and leaves the smaller
-/// rooms behind; this list takes room by the chunk.
+/// rooms behind; this list takes room by the chunk, and touches none of it too early.
 template <class Entry>
 class ChunkedList
 {
+    static_assert(std::is_trivially_copyable_v<Entry> && alignof(Entry) <= alignof(std::max_align_t));
+
 public:
     std::size_t size() const
     {
@@ -35,28 +41,38 @@ public:
 
     void add(const Entry& entry)
     {
-        if (count == chunks.size() * entriesOfAChunk) {
-            chunks.emplace_back().reserve(entriesOfAChunk);
+        if (end == limit) {
+            addChunk();
         }
-        chunks.back().push_back(entry);
+        ::new (static_cast<void*>(end++)) Entry(entry);
         ++count;
-    }
-
-    /// Gives back the memory of entries before an index, which are not asked for any more.
-    void forgetBefore(std::size_t index)
-    {
-        for (; forgotten < index / entriesOfAChunk; ++forgotten) {
-            std::vector<Entry>().swap(chunks[forgotten]);
-        }
     }
 
 private:
     static constexpr std::size_t entriesOfAChunk = std::size_t{1} << 14;
 
-    std::vector<std::vector<Entry>>
-        chunks; // with room for all their entries, of which none is touched too early
+    // A short list takes a room for each chunk; a longer one for so many together.
+    static constexpr std::size_t chunksOfARoom = 16;
+
+    void addChunk()
+    {
+        constexpr std::size_t bytes = entriesOfAChunk * sizeof(Entry);
+        const std::size_t place = chunks.size() % chunksOfARoom;
+        const bool isShort = chunks.size() < chunksOfARoom;
+        if (isShort || place == 0) {
+            rooms.push_back(isShort ? plainRoom(bytes) : largeRoom(chunksOfARoom * bytes));
+        }
+        std::byte* const room = rooms.back().get() + (isShort ? 0 : place * bytes);
+        chunks.push_back(reinterpret_cast<Entry*>(room));
+        end = chunks.back();
+        limit = end + entriesOfAChunk;
+    }
+
+    std::vector<Room> rooms;
+    std::vector<Entry*> chunks;
+    Entry* end = nullptr;   // of the entries in the last chunk
+    Entry* limit = nullptr; // of its room
     std::size_t count = 0;
-    std::size_t forgotten = 0; // chunks
 };
 
 } // namespace tavelinUtils

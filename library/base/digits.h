@@ -50,9 +50,30 @@ inline char* writePair(char* to, std::uint64_t number)
     return to + 2;
 }
 
-/// Writes the lowest digits of a number, with zeros in front where it has fewer, and returns their end.
+/// The eight digits of a number below 100,000,000, the first of them in the lowest byte: the number becomes
+/// two of four digits, then four of two, then eight of one.
+inline std::uint64_t eightDigitsOf(std::uint64_t number)
+{
+    const std::uint64_t fours = number / 10000 | number % 10000 << 32;
+    const std::uint64_t hundreds = fours * 10486 >> 20 & 0x0000007f0000007f;
+    const std::uint64_t pairs = hundreds | (fours - hundreds * 100) << 16;
+    const std::uint64_t tens = pairs * 103 >> 10 & 0x000f000f000f000f;
+    return (tens | (pairs - tens * 10) << 8) + 0x3030303030303030;
+}
+
+/// Writes the lowest digits of a number, with zeros in front where it has fewer, and returns their end. Takes
+/// the room of eight at least.
 inline char* writeDigits(char* to, std::uint64_t number, int digits)
 {
+    constexpr int eight = 8;
+    if (digits == 2 && number < 100) {
+        return writePair(to, number);
+    }
+    if (digits > 0 && digits <= eight && number < powersOfTen[eight]) {
+        const std::uint64_t lowest = eightDigitsOf(number) >> eight * (eight - digits);
+        std::memcpy(to, &lowest, sizeof lowest);
+        return to + digits;
+    }
     char* at = to + digits;
     while (at - to >= 2) {
         at -= 2;

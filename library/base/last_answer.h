@@ -2,7 +2,10 @@
 
 #pragma once
 
+#include "same_text.h"
+
 #include <string>
+#include <string_view>
 
 namespace tavelinUtils {
 
@@ -17,7 +20,7 @@ public:
     template <class Asked, class Convert>
     const Answer& answerTo(const Asked& question, Convert convert)
     {
-        if (!known || question != lastQuestion) {
+        if (!known || !isSame(question, lastQuestion)) {
             answer = convert(question);
             lastQuestion = Question(question);
             known = true;
@@ -26,6 +29,15 @@ public:
     }
 
 private:
+    static bool isSame(int a, int b)
+    {
+        return a == b;
+    }
+    static bool isSame(std::string_view a, std::string_view b)
+    {
+        return isSameText(a, b);
+    }
+
     bool known = false;
     Question lastQuestion{};
     Answer answer{};

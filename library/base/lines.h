@@ -3,7 +3,7 @@
 #pragma once
 
 #include "bytes.h"
-#include "text_buffer.h"
+#include "numbers.h"
 #include "tokens.h"
 
 #include <algorithm>
@@ -69,19 +69,20 @@ inline std::string withoutBlanks(std::string_view text)
     return rest;
 }
 
-/// Appends a field that holds nothing.
-inline void appendBlank(TextBuffer& out, Field field)
+/// Writes a field that holds nothing, and returns its end.
+inline char* writeBlank(char* to, Field field)
 {
-    out.append(field.width, ' ');
+    return std::fill_n(to, field.width, ' ');
 }
 
 /// A field of a line whose fields have one blank between them: how a reader takes its text, and how a writer
-/// appends it. A reader that passes a field over has takeNothing there.
+/// writes it, which returns the end of what it has written. A reader that passes a field over has takeNothing
+/// there.
 template <class Target, class Source>
 struct TokenField
 {
     void (*read)(Target& target, std::string_view text);
-    void (*append)(TextBuffer& out, const Source& source);
+    char* (*write)(char* to, const Source& source);
 };
 
 /// The read of a field whose text is not used.
@@ -103,15 +104,16 @@ void readFields(const std::array<std::string_view, room>& tokens, Target& target
     (std::make_index_sequence<std::size(fields)>());
 }
 
-/// Appends the fields with a blank between them.
+/// Writes the fields with a blank between them, and returns their end.
 template <const auto& fields, class Source>
-void appendFields(TextBuffer& out, const Source& source)
+char* writeFields(char* to, const Source& source)
 {
     [&]<std::size_t... place>(std::index_sequence<place...>)
     {
-        ((place == 0 ? void() : void(out += ' '), fields[place].append(out, source)), ...);
+        ((to = fields[place].write(place == 0 ? to : writeText(to, ' '), source)), ...);
     }
     (std::make_index_sequence<std::size(fields)>());
+    return to;
 }
 
 /// Calls use(line) for each line of a file's bytes, without its line end and without the tabs before that.

@@ -44,12 +44,9 @@ std::uint64_t shiftedToEven(WideInteger product, int shift)
 }
 
 // For what integer arithmetic cannot hold: many decimals, large numbers, infinities.
-void appendFixedAtLength(TextBuffer& out, double value, int precision)
+char* writeFixedAtLength(char* to, double value, int precision)
 {
-    constexpr std::size_t longestWhole = std::numeric_limits<double>::max_exponent10 + 3;
-    const std::size_t most = longestWhole + static_cast<std::size_t>(precision) + 1;
-    char* const to = out.room(most);
-    out.endAt(std::to_chars(to, to + most, value, std::chars_format::fixed, precision).ptr);
+    return std::to_chars(to, to + numberRoom(precision), value, std::chars_format::fixed, precision).ptr;
 }
 
 bool isDigit(char c)
@@ -290,112 +287,85 @@ std::uint64_t exactScaledMagnitude(double value, int precision)
     return shiftedToEven(WideInteger{mantissa} * powersOfTen[static_cast<std::size_t>(precision)], shift);
 }
 
-void appendFixed(TextBuffer& out, double value, int precision)
+char* writeInt(char* to, int value)
 {
-    const std::uint64_t scaled = scaledMagnitude(value, precision);
-    if (scaled == notScaled) {
-        appendFixedAtLength(out, value, precision < 0 ? 6 : precision);
-        return;
-    }
-    char* to = out.room(scaledLength);
-    if (std::signbit(value)) {
-        *to++ = '-';
-    }
-    out.endAt(writeScaled(to, std::abs(value), scaled, precision));
-}
-
-void appendCell(TextBuffer& out, double value, int decimals, char end)
-{
-    appendFixed(out, value, decimals);
-    out += end;
-}
-
-void appendOddTwoDigits(TextBuffer& out, double value, int precision)
-{
-    TextBuffer number;
-    appendFixed(number, value, precision);
-    out += isBelowTen(number.view()) ? "0" : "";
-    out += number.view();
-}
-
-void appendOddPacked(TextBuffer& out, double value, int precision)
-{
-    const std::size_t begin = out.size();
-    appendFixedTwoDigits(out, value, precision);
-    erasePoint(out, begin);
-}
-
-void appendPackedByValue(TextBuffer& out, double value, int precision)
-{
-    const bool below = value < 10.0;
-    const std::uint64_t scaled = scaledMagnitude(value, precision);
-    if (scaled == notScaled || std::signbit(value)) {
-        out += below ? "0" : "";
-        const std::size_t begin = out.size();
-        appendFixed(out, value, precision);
-        erasePoint(out, begin);
-        return;
-    }
-    char* const to = out.room(scaledLength);
-    const int digits = std::max(countDigits(scaled), precision + 1);
-    out.endAt(writeDigits(to, scaled, below ? digits + 1 : digits));
-}
-
-void appendInt(TextBuffer& out, int value)
-{
-    char* to = out.room(scaledLength);
     auto magnitude = static_cast<std::uint32_t>(value);
     if (value < 0) {
         *to++ = '-';
         magnitude = 0 - magnitude;
     }
-    out.endAt(writeWhole(to, magnitude));
+    return writeWhole(to, magnitude);
 }
 
-void appendOddTwoDigits(TextBuffer& out, int value)
+char* writeOddTwoDigits(char* to, int value)
 {
     if (value < 0) {
-        out += '0';
+        *to++ = '0';
     }
-    appendInt(out, value);
+    return writeInt(to, value);
 }
 
-void erasePoint(TextBuffer& out, std::size_t begin)
+char* writeFixed(char* to, double value, int precision)
 {
-    const std::size_t point = out.view().find('.', begin);
-    if (point != std::string_view::npos) {
-        out.erase(point, 1);
+    const std::uint64_t scaled = scaledMagnitude(value, precision);
+    if (scaled == notScaled) {
+        return writeFixedAtLength(to, value, precision < 0 ? 6 : precision);
     }
+    *to = '-';
+    return writeScaled(to + (std::signbit(value) ? 1 : 0), std::abs(value), scaled, precision);
 }
 
-void appendPaddedRight(TextBuffer& out, std::string_view text, std::size_t width)
+char* writeOddTwoDigits(char* to, double value, int precision)
 {
-    out += text;
-    out.append(width - std::min(width, text.size()), ' ');
+    *to = '0';
+    char* const number = to + 1;
+    char* const end = writeFixed(number, value, precision);
+    const std::string_view text(number, static_cast<std::size_t>(end - number));
+    return isBelowTen(text) ? end : std::copy(number, end, to);
 }
 
-void appendPaddedLeft(TextBuffer& out, std::string_view text, std::size_t width)
+char* writeOddPacked(char* to, double value, int precision)
 {
-    out.append(width - std::min(width, text.size()), ' ');
-    out += text;
+    return withoutPoint(to, writeFixedTwoDigits(to, value, precision));
+}
+
+char* writePackedByValue(char* to, double value, int precision)
+{
+    const bool below = value < 10.0;
+    const std::uint64_t scaled = scaledMagnitude(value, precision);
+    if (scaled == notScaled || std::signbit(value)) {
+        *to = '0';
+        char* const number = to + (below ? 1 : 0);
+        return withoutPoint(number, writeFixed(number, value, precision));
+    }
+    const int digits = std::max(countDigits(scaled), precision + 1);
+    return writeDigits(to, scaled, below ? digits + 1 : digits);
+}
+
+char* withoutPoint(char* text, char* end)
+{
+    char* const point = std::find(text, end, '.');
+    return point == end ? end : std::copy(point + 1, end, point);
 }
 
 std::optional<SexagesimalDigits> packedDigits(std::string_view text)
 {
-    constexpr std::size_t paired = 8;
-    constexpr std::size_t mostFurther = 8;
-    if (text.size() < paired || text.size() > paired + mostFurther) {
+    constexpr std::size_t eight = 8;
+    constexpr std::size_t most = 12;
+    if (text.size() < eight || text.size() > most) {
         return std::nullopt;
     }
-    const std::uint64_t digits = eightAt(text.data());
-    const std::uint64_t pairs = digits * 10 + (digits >> 8); // each in every second byte
-    const auto pair = [pairs](int place) { return pairs >> 8 * place & 0xff; };
-    std::uint64_t seconds = pair(4) * 100 + pair(6);
-    if (!areDigits(digits) || !appendDigits(seconds, text.substr(paired))) {
+    const std::uint64_t front = eightAt(text.data());
+    const std::uint64_t back = eightAt(text.data() + text.size() - eight);
+    if (!areDigits(front) || !areDigits(back)) {
         return std::nullopt;
     }
-    return SexagesimalDigits{static_cast<int>(pair(0)), static_cast<int>(pair(2)),
-                             static_cast<double>(seconds) / exactPowers[2 + text.size() - paired]};
+    const std::uint64_t pairs = front * 10 + (front >> 8); // each in every second byte
+    // Of the last eight digits those from the fifth of the text on.
+    const std::uint64_t seconds =
+        numberOfDigits(back >> 8 * (most - text.size()) << 8 * (most - text.size()));
+    return SexagesimalDigits{static_cast<int>(pairs & 0xff), static_cast<int>(pairs >> 16 & 0xff),
+                             static_cast<double>(seconds) / exactPowers[text.size() - 6]};
 }
 
 std::optional<SexagesimalDigits> separatedDigits(std::string_view text, char separator)

@@ -11,7 +11,7 @@
 namespace tavelinUtils {
 
 /// A text that is written from its front to its end. Unlike a string it hands out its free room, so that
-/// digits are written where they stay; short texts need no memory of their own.
+/// digits are written where they stay; a short text needs no memory elsewhere.
 class TextBuffer
 {
 public:
@@ -118,7 +118,7 @@ public:
 private:
     void grow(std::size_t count);
 
-    char own[104];
+    char own[480]; // enough for any number
     std::unique_ptr<char[]> larger;
     char* begin = own;
     char* end = own;

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "same_text.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -19,7 +21,7 @@ public:
     std::size_t numberOf(std::string_view text)
     {
         // As a rule a text is asked for several times in a row.
-        if (!ends.empty() && (*this)[last] == text) {
+        if (!ends.empty() && isSameText((*this)[last], text)) {
             return last;
         }
         return last = findOrAdd(text);

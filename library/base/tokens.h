@@ -2,12 +2,13 @@
 
 #pragma once
 
+#include "separator_bits.h"
+
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -56,36 +57,16 @@ inline std::size_t countTokens(std::string_view text, char separator)
     return count;
 }
 
-/// Calls a function with the position of each separator in a text. Examines eight bytes at a time, which for
-/// short fields is several times as fast as one search for each.
+/// Calls a function with the position of each separator in a text: for short fields this is several times as
+/// fast as one search for each.
 template <class Use>
 void forEachSeparator(std::string_view text, char separator, Use use)
 {
-    constexpr std::uint64_t ones = 0x0101010101010101;
-    constexpr std::uint64_t lowBits = 0x7f * ones;
-    constexpr std::size_t width = sizeof ones;
-    const std::uint64_t wanted = ones * static_cast<unsigned char>(separator);
-    const auto useThoseIn = [&](std::size_t at, std::size_t seen) {
-        std::uint64_t bytes = 0;
-        std::memcpy(&bytes, text.data() + at, width);
-        bytes ^= wanted;
-        // The high bit of each byte that is 0 now, and of no other.
-        std::uint64_t found = ~(((bytes & lowBits) + lowBits) | bytes | lowBits);
-        for (found = found >> 8 * seen << 8 * seen; found != 0; found &= found - 1) {
-            use(at + static_cast<std::size_t>(std::countr_zero(found)) / 8);
-        }
-    };
-    std::size_t at = 0;
-    for (; at + width <= text.size(); at += width) {
-        useThoseIn(at, 0);
-    }
-    if (at != 0 && at != text.size()) {
-        useThoseIn(text.size() - width, at + width - text.size());
-        return;
-    }
-    for (; at < text.size(); ++at) {
-        if (text[at] == separator) {
-            use(at);
+    const SeparatorBits bits(separator);
+    for (std::size_t begin = 0; begin < text.size(); begin += SeparatorBits::blockLength) {
+        const std::size_t length = std::min(SeparatorBits::blockLength, text.size() - begin);
+        for (std::uint64_t found = bits.of(text.data() + begin, length); found != 0; found &= found - 1) {
+            use(begin + lowestBit(found));
         }
     }
 }
@@ -116,6 +97,52 @@ inline std::array<std::string_view, 3> threeParts(std::string_view text, char se
     std::array<std::string_view, 3> parts;
     cutParts(text, separator, parts);
     return parts;
+}
+
+/// cutRuns for a text that is longer than a block.
+template <std::size_t wanted>
+bool cutLongRuns(std::string_view text, char separator, std::array<std::string_view, wanted>& tokens)
+{
+    std::size_t count = 0;
+    std::size_t begin = 0;
+    const auto takeUpTo = [&](std::size_t end) {
+        if (end > begin) {
+            if (count < wanted) {
+                tokens[count] = {text.data() + begin, end - begin};
+            }
+            ++count;
+        }
+        begin = end + 1;
+    };
+    forEachSeparator(text, separator, takeUpTo);
+    takeUpTo(text.size());
+    return count == wanted;
+}
+
+/// Cuts a text at a separator, of which several in a row count as one, and those at the ends not at all.
+/// Fills the tokens and is true only if there are as many of them.
+template <std::size_t wanted>
+bool cutRuns(std::string_view text, char separator, std::array<std::string_view, wanted>& tokens)
+{
+    if (text.size() >= SeparatorBits::blockLength) {
+        return cutLongRuns(text, separator, tokens);
+    }
+    // The text has a separator at least behind it: each token has a begin and an end.
+    const std::uint64_t behind = ~std::uint64_t{0} << text.size();
+    const std::uint64_t separators = SeparatorBits(separator).of(text.data(), text.size()) | behind;
+    const std::uint64_t before = separators << 1 | 1;
+    std::uint64_t begins = ~separators & before;
+    std::uint64_t ends = separators & ~before;
+    for (std::string_view& token : tokens) {
+        if (begins == 0) {
+            return false;
+        }
+        const std::size_t begin = lowestBit(begins);
+        token = {text.data() + begin, lowestBit(ends) - begin};
+        begins &= begins - 1;
+        ends &= ends - 1;
+    }
+    return begins == 0;
 }
 
 } // namespace tavelinUtils

@@ -39,30 +39,36 @@ void appendHead(TextBuffer& out, std::string_view observerCode)
     out += columnNames;
 }
 
-void appendField(TextBuffer& out, std::string_view field)
+char* writeField(char* to, std::string_view field)
 {
-    out += field;
-    out += ',';
+    return writeText(writeText(to, field), ',');
+}
+
+char* writeLine(char* to, const Line& line, double magnitude, double signalToNoise)
+{
+    to = writeField(to, line.name);
+    to = writeCell(to, line.date, 7, ',');
+    to = writeCell(to, magnitude, 3, ',');
+    to = writeCell(to, 1.0 / signalToNoise, 4, ','); // "inf" for a signal of 0
+    to = writeField(to, line.filter);
+    to = writeField(to, "NO");
+    to = writeField(to, line.kind);
+    to = writeField(to, ensemble);
+    to = writeField(to, notKnown); // CMAG
+    to = writeField(to, line.checkName);
+    to = writeField(to, line.checkMagnitude);
+    to = writeField(to, notKnown); // AIRMASS
+    to = writeField(to, notKnown); // GROUP
+    to = writeField(to, line.chart);
+    return writeText(writeText(to, notKnown), '\n'); // NOTES
 }
 
 void appendLine(TextBuffer& out, const Line& line, double magnitude, double signalToNoise)
 {
-    appendField(out, line.name);
-    appendCell(out, line.date, 7, ',');
-    appendCell(out, magnitude, 3, ',');
-    appendCell(out, 1.0 / signalToNoise, 4, ','); // "inf" for a signal of 0
-    appendField(out, line.filter);
-    appendField(out, "NO");
-    appendField(out, line.kind);
-    appendField(out, ensemble);
-    appendField(out, notKnown); // CMAG
-    appendField(out, line.checkName);
-    appendField(out, line.checkMagnitude);
-    appendField(out, notKnown); // AIRMASS
-    appendField(out, notKnown); // GROUP
-    appendField(out, line.chart);
-    out += notKnown; // NOTES
-    out += '\n';
+    constexpr std::size_t numbersRoom = 5 * numberRoom(7); // for the fixed texts too
+    const std::size_t texts = line.name.size() + line.filter.size() + line.kind.size() +
+                              line.checkName.size() + line.checkMagnitude.size() + line.chart.size();
+    out.endAt(writeLine(out.room(texts + numbersRoom), line, magnitude, signalToNoise));
 }
 
 // The filters of the first track's marks, row by row. Equal neighbours are one run.

@@ -28,14 +28,16 @@ constexpr std::string_view trackTableColumns[] = {
 
 void appendMark(TextBuffer& out, const TRecLabelPervichka_File& mark, std::string_view object)
 {
-    appendCell(out, MJDtoJD(mark.date) + mark.time, 7, '\t');
-    for (const double magnitude : {double{mark.m}, double{mark.mEnsemble}, double{mark.mInstr},
-                                   double{mark.mInstr1000}, double{mark.mInstrComp}})
-    {
-        appendCell(out, magnitude, 5, '\t');
-    }
-    out += object;
-    out += "\t\n"; // the last field too; the column line ends without a tab
+    constexpr std::size_t numbers = 6;
+    char* to = out.room(numbers * numberRoom(7) + object.size() + 2);
+    to = writeCell(to, MJDtoJD(mark.date) + mark.time, 7, '\t');
+    to = writeCell(to, mark.m, 5, '\t');
+    to = writeCell(to, mark.mEnsemble, 5, '\t');
+    to = writeCell(to, mark.mInstr, 5, '\t');
+    to = writeCell(to, mark.mInstr1000, 5, '\t');
+    to = writeCell(to, mark.mInstrComp, 5, '\t');
+    to = writeText(to, object);
+    out.endAt(writeText(to, "\t\n")); // the last field too; the column line ends without a tab
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
+#include "text/written_text.h"
 
 #include <algorithm>
 #include <array>
@@ -44,15 +45,15 @@ struct WrittenMark
 };
 
 // Two digits before the point; the sign comes before the padding: -01.20.
-void appendMagnitude(TextBuffer& out, double m)
+char* writeMagnitude(char* to, double m)
 {
     if (m < 0.0) {
-        out += '-';
+        *to++ = '-';
     }
     if (std::abs(m) < 10.0) {
-        out += '0';
+        *to++ = '0';
     }
-    appendFixed(out, std::abs(m), 2);
+    return writeFixed(to, std::abs(m), 2);
 }
 
 // A mark's line. The writer puts one blank between two fields, the reader takes any number of them.
@@ -66,44 +67,28 @@ void appendMagnitude(TextBuffer& out, double m)
 //   magnitude   5 or more   sign (of a negative one only) MM.mm
 constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
     {[](ReadMark& to, std::string_view text) { to.object = text; },
-     [](TextBuffer& out, const WrittenMark& from) { appendPaddedRight(out, from.track.QRVName, nameWidth); }},
+     [](char* to, const WrittenMark& from) { return writePaddedRight(to, from.track.QRVName, nameWidth); }},
     {[](ReadMark& to, std::string_view text) { to.mark.date = to.days.answerTo(text, packedDate); },
-     [](TextBuffer& out, const WrittenMark& from) {
-         out += from.dates.answerTo(int{from.mark.date}, MJDToDateMEA);
+     [](char* to, const WrittenMark& from) {
+         return writeText(to, from.dates.answerTo(int{from.mark.date}, MJDToDateMEA));
      }},
     {[](ReadMark& to, std::string_view text) { to.mark.time = packedTime(text); },
-     [](TextBuffer& out, const WrittenMark& from) {
-         appendTimeMEA(out, from.mark.time, 3, false);
-         out += '0';
+     [](char* to, const WrittenMark& from) {
+         return writeText(writeTimeMEA(to, from.mark.time, 3, false), '0');
      }},
     {[](ReadMark& to, std::string_view text) { to.mark.RA = packedRA(text); },
-     [](TextBuffer& out, const WrittenMark& from) { appendPackedRA(out, from.mark.RA, 4); }},
+     [](char* to, const WrittenMark& from) { return writePackedRA(to, from.mark.RA, 4); }},
     {[](ReadMark& to, std::string_view text) { to.mark.DE = packedDE(text); },
-     [](TextBuffer& out, const WrittenMark& from) { appendPackedDE(out, from.mark.DE, 4); }},
-    {takeNothing, [](TextBuffer& out, const WrittenMark& /*from*/) { out += "001"; }},
+     [](char* to, const WrittenMark& from) { return writePackedDE(to, from.mark.DE, 4); }},
+    {takeNothing, [](char* to, const WrittenMark& /*from*/) { return writeText(to, "001"); }},
     {[](ReadMark& to, std::string_view text) { to.mark.m = toDouble(text); },
-     [](TextBuffer& out, const WrittenMark& from) {
-         from.plainMagnitude ? appendFixed(out, from.mark.m, 2) : appendMagnitude(out, from.mark.m);
+     [](char* to, const WrittenMark& from) {
+         return from.plainMagnitude ? writeFixed(to, from.mark.m, 2) : writeMagnitude(to, from.mark.m);
      }},
 };
 
-// The tokens of a line, as far as they are looked at: one more than a mark has says that there are too many.
-using Tokens = std::array<std::string_view, std::size(markFields) + 2>;
-
-// Cuts a line at blanks, where runs of them count as one; false unless it has as many tokens as a mark.
-bool cutTokens(std::string_view line, Tokens& tokens)
-{
-    std::size_t count = 0;
-    std::size_t begin = 0;
-    const auto takeUpTo = [&](std::size_t end) {
-        tokens[count] = {line.data() + begin, end - begin};
-        count = std::min(count + (end > begin ? 1 : 0), std::size(markFields) + 1);
-        begin = end + 1;
-    };
-    forEachSeparator(line, ' ', takeUpTo);
-    takeUpTo(line.size());
-    return count == std::size(markFields);
-}
+// The room of a line besides its name.
+constexpr std::size_t lineRoom = std::size(markFields) * sexagesimalRoom;
 
 // What is kept of a file.
 struct KeptMarks
@@ -127,8 +112,7 @@ public:
             kept.telescope = line.substr(0, line.find(' '));
             return;
         }
-        Tokens tokens;
-        if (cutTokens(line, tokens)) {
+        if (cutRuns(line, ' ', tokens)) {
             ReadMark read{days, {}, {}};
             readFields<markFields>(tokens, read);
             kept.gathering.add(read.object, read.mark);
@@ -139,12 +123,14 @@ private:
     KeptMarks& kept;
     bool siteSeen = false;
     DayNumbers days;
+    std::array<std::string_view, std::size(markFields)> tokens; // of the line, here so that none clears them
 };
 
 void appendMarkLine(TextBuffer& out, const TrackVtorichka& track, std::size_t index, DateTexts& dates)
 {
-    appendFields<markFields>(out, WrittenMark{track, track.Marks[index], dates, false});
-    out += '\n';
+    char* const to = out.room(track.QRVName.size() + lineRoom);
+    const WrittenMark mark{track, track.Marks[index], dates, false};
+    out.endAt(writeText(writeFields<markFields>(to, mark), '\n'));
 }
 
 void appendComparedLine(TextBuffer& out, const TrackVtorichka& track, std::size_t index, DateTexts& dates)
@@ -152,7 +138,8 @@ void appendComparedLine(TextBuffer& out, const TrackVtorichka& track, std::size_
     constexpr double arcseconds = 3600.0;
     const TRecLabelPervichka_File& mark = track.Marks[index];
     const TInterBlob ephemeris = index < track.InterBlobs.size() ? track.InterBlobs[index] : TInterBlob{};
-    appendFields<markFields>(out, WrittenMark{track, mark, dates, true});
+    char* const to = out.room(track.QRVName.size() + lineRoom);
+    out.endAt(writeFields<markFields>(to, WrittenMark{track, mark, dates, true}));
     for (const double value :
          {mark.date + mark.time, double{mark.RA}, double{mark.DE}, ephemeris.Value2, ephemeris.Value3,
           (mark.RA - ephemeris.Value2) * arcseconds, (mark.DE - ephemeris.Value3) * arcseconds})
@@ -212,7 +199,22 @@ struct MeaSource::Store
 {
     std::string originator;
     KeptMarks kept{};
+
+    bool next(TrackVtorichka& track, OldMarks old);
 };
+
+bool MeaSource::Store::next(TrackVtorichka& track, OldMarks old)
+{
+    return kept.gathering.next(
+        track, old,
+        [this](TrackVtorichka& filled, std::string_view object) {
+            filled.telescope = kept.telescope;
+            filled.originator = originator;
+            filled.QRVName = object;
+            filled.NORAD = object;
+        },
+        setMeasured);
+}
 
 MeaSource::MeaSource(std::string path, std::string originator) : store(new Store{std::move(originator)})
 {
@@ -244,15 +246,12 @@ std::size_t MeaSource::count() const
 
 bool MeaSource::next(TrackVtorichka& track)
 {
-    return store->kept.gathering.next(
-        track,
-        [this](TrackVtorichka& filled, std::string_view object) {
-            filled.telescope = store->kept.telescope;
-            filled.originator = store->originator;
-            filled.QRVName = object;
-            filled.NORAD = object;
-        },
-        setMeasured);
+    return store->next(track, OldMarks::renewed);
+}
+
+bool MeaSource::refill(TrackVtorichka& track)
+{
+    return store->next(track, OldMarks::kept);
 }
 
 struct MeaSink::State

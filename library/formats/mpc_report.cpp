@@ -10,7 +10,9 @@
 #include "text/angle_text.h"
 #include "text/date_text.h"
 #include "text/number_text.h"
+#include "text/written_text.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -80,50 +82,52 @@ constexpr std::string_view markTable =
     "N:Int\tNBl:Int\tdate:Date\ttime:Time\tName:Text\tRA:Float:deg\tDE:Float:deg\tm:Float:mag";
 constexpr std::string_view markTableEnd = "\tNEORatio:Float\tDraw:Bool";
 
-void appendName(TextBuffer& out, std::string_view name)
+char* writeName(char* to, std::string_view name)
 {
-    if (name.size() == permanentNumberLength) {
-        appendPaddedRight(out, name, nameField.width);
-    } else {
-        appendPaddedLeft(out, name, nameField.width);
-    }
+    return name.size() == permanentNumberLength ? writePaddedRight(to, name, nameField.width)
+                                                : writePaddedLeft(to, name, nameField.width);
 }
 
-void appendDayFraction(TextBuffer& out, double time)
+char* writeDayFraction(char* to, double time)
 {
     // Without its first character. A fraction that rounds to 1 keeps its date: nothing is carried over.
     constexpr int decimals = 5;
     if (time >= 0.0 && time < 1.0 && !std::signbit(time)) {
-        char* const to = out.room(scaledLength);
         *to = '.';
-        out.endAt(writeDigits(to + 1, scaledMagnitude(time, decimals), decimals));
-        return;
+        return writeDigits(to + 1, scaledMagnitude(time, decimals), decimals);
     }
-    const std::size_t begin = out.size();
-    appendFixed(out, time, decimals);
-    out.erase(begin, 1);
+    char* const end = writeFixed(to, time, decimals);
+    return std::copy(to + 1, end, to);
+}
+
+char* writeObservation(char* to, std::string_view name, std::string_view code,
+                       const TRecLabelPervichka_File& mark, DateTexts& dates)
+{
+    to = writeName(to, name);
+    to = writeBlank(to, discovery);
+    to = writeBlank(to, note1);
+    to = writeText(to, ccd);
+    to = writeDate(to, dates, mark.date, ' ');
+    to = writeDayFraction(to, mark.time);
+    to = writeBlank(to, endOfDayFraction);
+    to = writeRA(to, mark.RA, 2, ' ');
+    to = writeBlank(to, endOfRightAscension);
+    to = writeDE(to, mark.DE, 1, ' ');
+    to = writeBlank(to, endOfDeclination);
+    to = writeBlank(to, unset);
+    // The "0" looks at the rounded text: 9.96 gives 10.0.
+    to = writeFixedTwoDigits(to, mark.m, 1);
+    to = writeBlank(to, endOfMagnitude);
+    to = writePaddedRight(to, mark.filtr, band.width);
+    return writeText(to, code);
 }
 
 void appendObservation(TextBuffer& out, std::string_view name, std::string_view code,
                        const TRecLabelPervichka_File& mark, DateTexts& dates)
 {
-    appendName(out, name);
-    appendBlank(out, discovery);
-    appendBlank(out, note1);
-    out += ccd;
-    appendDate(out, dates, mark.date, " ");
-    appendDayFraction(out, mark.time);
-    appendBlank(out, endOfDayFraction);
-    appendRA(out, mark.RA, 2, " ");
-    appendBlank(out, endOfRightAscension);
-    appendDE(out, mark.DE, 1, " ");
-    appendBlank(out, endOfDeclination);
-    appendBlank(out, unset);
-    // The "0" looks at the rounded text: 9.96 gives 10.0.
-    appendFixedTwoDigits(out, mark.m, 1);
-    appendBlank(out, endOfMagnitude);
-    appendPaddedRight(out, mark.filtr, band.width);
-    out += code;
+    constexpr std::size_t numbersRoom = 5 * sexagesimalRoom;
+    char* const to = out.room(lineLength + name.size() + mark.filtr.size() + code.size() + numbersRoom);
+    out.endAt(writeObservation(to, name, code, mark, dates));
 }
 
 void appendHeader(TextBuffer& out, const TMPCReportHeader& header)
@@ -136,7 +140,9 @@ void appendHeader(TextBuffer& out, const TMPCReportHeader& header)
 
 void appendResidual(TextBuffer& out, double residual)
 {
-    appendPaddedLeft(out, Str9(residual, 2), 5);
+    constexpr std::size_t width = 5;
+    const std::string text = Str9(residual, 2);
+    out.endAt(writePaddedLeft(out.room(width + text.size()), text, width));
 }
 
 std::string_view residualFlag(const TRecLabelPervichka_File& residuals)
@@ -162,9 +168,9 @@ void appendComparison(TextBuffer& out, const TRecLabelPervichka_File& ephemeris,
     out += ' ';
     appendResidual(out, ephemeris.RefValue6);
     out += "      (";
-    appendRA(out, ephemeris.RA, 2, " ");
+    appendRA(out, ephemeris.RA, 2, ' ');
     out += ' ';
-    appendDE(out, ephemeris.DE, 1, " ");
+    appendDE(out, ephemeris.DE, 1, ' ');
     out += ' ';
     appendFixed(out, ephemeris.m, 2);
     out += ' ';
@@ -303,7 +309,23 @@ std::string GetStringMPC(std::string name, std::string code, const TRecLabelPerv
 struct MpcReportSource::Store
 {
     KeptReport kept{};
+
+    bool next(TrackVtorichka& track, OldMarks old);
 };
+
+bool MpcReportSource::Store::next(TrackVtorichka& track, OldMarks old)
+{
+    return kept.gathering.next(
+        track, old,
+        [this](TrackVtorichka& filled, std::string_view name) {
+            filled.MPCChecker = name;
+            filled.MPCHeader = kept.header;
+        },
+        [this](TRecLabelPervichka_File& mark, const Observation& observation) {
+            setMeasured(mark, observation.mark);
+            mark.filtr = kept.bands[observation.band];
+        });
+}
 
 MpcReportSource::MpcReportSource(std::string path) : store(new Store)
 {
@@ -329,16 +351,12 @@ std::size_t MpcReportSource::count() const
 
 bool MpcReportSource::next(TrackVtorichka& track)
 {
-    return store->kept.gathering.next(
-        track,
-        [this](TrackVtorichka& filled, std::string_view name) {
-            filled.MPCChecker = name;
-            filled.MPCHeader = store->kept.header;
-        },
-        [this](TRecLabelPervichka_File& mark, const Observation& observation) {
-            setMeasured(mark, observation.mark);
-            mark.filtr = store->kept.bands[observation.band];
-        });
+    return store->next(track, OldMarks::renewed);
+}
+
+bool MpcReportSource::refill(TrackVtorichka& track)
+{
+    return store->next(track, OldMarks::kept);
 }
 
 struct MpcReportSink::State

@@ -53,6 +53,9 @@ public:
     /// Fills the track with the next one; false, and the track as it was, after the last.
     bool next(TrackVtorichka& track);
 
+    /// The same in less time: of the marks that the track has, only the fields that the file has are set.
+    bool refill(TrackVtorichka& track);
+
 private:
     struct Store;
     std::unique_ptr<Store> store;

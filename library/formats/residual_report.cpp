@@ -9,6 +9,7 @@
 #include "text/angle_text.h"
 #include "text/date_text.h"
 #include "text/number_text.h"
+#include "text/written_text.h"
 
 #include <array>
 #include <cmath>
@@ -36,9 +37,9 @@ void appendStatistics(TextBuffer& out, std::string_view label, double mean, doub
 
 void appendPosition(TextBuffer& out, double rightAscension, double declination)
 {
-    appendRA(out, rightAscension, 3, ":");
+    appendRA(out, rightAscension, 3, ':');
     out += '\t';
-    appendDE(out, declination, 2, ":");
+    appendDE(out, declination, 2, ':');
     out += '\t';
 }
 
@@ -49,9 +50,9 @@ void appendMark(TextBuffer& out, const TRecLabelPervichka_File& mark, DateTexts&
     const double residualRA = arcseconds * (mark.RA - mark.RefValue4);
     const double residualDE = arcseconds * (mark.DE - mark.RefValue5);
     const bool isLarge = std::abs(residualRA) > largeResidual || std::abs(residualDE) > largeResidual;
-    appendDate(out, dates, mark.date, "-");
+    appendDate(out, dates, mark.date, '-');
     out += 'T';
-    appendTime(out, mark.time, 6, ":");
+    appendTime(out, mark.time, 6, ':');
     out += '\t';
     appendCell(out, mark.time, 10, '\t');
     out += isLarge ? largeSign : noSign;

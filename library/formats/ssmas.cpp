@@ -10,6 +10,7 @@
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
+#include "text/written_text.h"
 
 #include <array>
 #include <cstddef>
@@ -77,14 +78,14 @@ constexpr TokenField<ReadObject, TrackVtorichka> objectFields[] = {
     {[](ReadObject& to, std::string_view text) {
          to.numbers.ssmas = static_cast<std::uint32_t>(to.texts.numberOf(text));
      },
-     [](TextBuffer& out, const TrackVtorichka& from) {
-         out += from.HeadText2.empty() ? from.QRVName : from.HeadText2;
+     [](char* to, const TrackVtorichka& from) {
+         return writeText(to, from.HeadText2.empty() ? from.QRVName : from.HeadText2);
      }},
     {[](ReadObject& to, std::string_view text) {
          to.numbers.inter = static_cast<std::uint32_t>(to.texts.numberOf(text));
      },
-     [](TextBuffer& out, const TrackVtorichka& from) {
-         out += from.HeadText3.empty() ? from.QRVName : from.HeadText3;
+     [](char* to, const TrackVtorichka& from) {
+         return writeText(to, from.HeadText3.empty() ? from.QRVName : from.HeadText3);
      }},
 };
 
@@ -99,20 +100,23 @@ constexpr TokenField<ReadObject, TrackVtorichka> objectFields[] = {
 //   magnitude   4 or more   MM.m; a negative one gets the "0" too: 0-1.2
 constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
     {[](ReadMark& to, std::string_view text) { to.mark.date = to.days.answerTo(text, dateOf); },
-     [](TextBuffer& out, const WrittenMark& from) {
-         out += from.dates.answerTo(int{from.mark.date}, MJDToDateTEL);
+     [](char* to, const WrittenMark& from) {
+         return writeText(to, from.dates.answerTo(int{from.mark.date}, MJDToDateTEL));
      }},
     {[](ReadMark& to, std::string_view text) { to.mark.time = timeToDay(text, ':'); },
-     [](TextBuffer& out, const WrittenMark& from) { appendTimeTEL(out, from.mark.time); }},
-    {takeNothing, [](TextBuffer& /*out*/, const WrittenMark& /*from*/) {}},
+     [](char* to, const WrittenMark& from) { return writeTimeTEL(to, from.mark.time); }},
+    {takeNothing, [](char* to, const WrittenMark& /*from*/) { return to; }},
     {[](ReadMark& to, std::string_view text) { to.mark.RA = raToDecimal(text); },
-     [](TextBuffer& out, const WrittenMark& from) { appendRA(out, from.mark.RA, 2, ":"); }},
+     [](char* to, const WrittenMark& from) { return writeRA(to, from.mark.RA, 2, ':'); }},
     {[](ReadMark& to, std::string_view text) { to.mark.DE = deToDecimal(text); },
-     [](TextBuffer& out, const WrittenMark& from) { appendDE(out, from.mark.DE, 2, "."); }},
-    {takeNothing, [](TextBuffer& out, const WrittenMark& /*from*/) { out += "001"; }},
+     [](char* to, const WrittenMark& from) { return writeDE(to, from.mark.DE, 2, '.'); }},
+    {takeNothing, [](char* to, const WrittenMark& /*from*/) { return writeText(to, "001"); }},
     {[](ReadMark& to, std::string_view text) { to.mark.m = toDouble(text); },
-     [](TextBuffer& out, const WrittenMark& from) { appendFixedTwoDigits(out, from.mark.m, 1); }},
+     [](char* to, const WrittenMark& from) { return writeFixedTwoDigits(to, from.mark.m, 1); }},
 };
+
+// The room of a mark's line.
+constexpr std::size_t lineRoom = std::size(markFields) * sexagesimalRoom;
 
 // What is kept of a report. An object without marks has no numbers.
 struct KeptReport
@@ -234,8 +238,10 @@ void appendBlockHead(TextBuffer& out, const TrackVtorichka& track, std::size_t n
     appendLine(out, std::to_string(number));
     appendLine(out, "");
     appendLine(out, numbersTitle);
-    appendFields<objectFields>(out, track);
-    out += '\n';
+    const std::size_t longest =
+        std::max(track.QRVName.size(), track.HeadText2.size() + track.HeadText3.size());
+    char* const to = out.room(2 * longest + std::size(objectFields));
+    out.endAt(writeText(writeFields<objectFields>(to, track), '\n'));
     appendLine(out, columnTitles);
 }
 
@@ -245,7 +251,23 @@ struct SsmasSource::Store
 {
     std::string observatory;
     KeptReport kept{};
+
+    bool next(TrackVtorichka& track, OldMarks old);
 };
+
+bool SsmasSource::Store::next(TrackVtorichka& track, OldMarks old)
+{
+    const auto fillHead = [this](TrackVtorichka& filled, const std::optional<ObjectNumbers>& numbers) {
+        if (numbers) {
+            filled.originator = observatory;
+            filled.telescope = kept.telescope;
+            filled.QRVName = kept.texts[numbers->ssmas];
+            filled.NORAD = kept.texts[numbers->ssmas];
+            filled.HeadText3 = kept.texts[numbers->inter];
+        }
+    };
+    return kept.sequence.next(track, old, fillHead);
+}
 
 SsmasSource::SsmasSource(std::string path, std::string observatory) : store(new Store{std::move(observatory)})
 {
@@ -274,16 +296,12 @@ std::size_t SsmasSource::count() const
 
 bool SsmasSource::next(TrackVtorichka& track)
 {
-    const auto fillHead = [this](TrackVtorichka& filled, const std::optional<ObjectNumbers>& numbers) {
-        if (numbers) {
-            filled.originator = store->observatory;
-            filled.telescope = store->kept.telescope;
-            filled.QRVName = store->kept.texts[numbers->ssmas];
-            filled.NORAD = store->kept.texts[numbers->ssmas];
-            filled.HeadText3 = store->kept.texts[numbers->inter];
-        }
-    };
-    return store->kept.sequence.next(track, fillHead);
+    return store->next(track, OldMarks::renewed);
+}
+
+bool SsmasSource::refill(TrackVtorichka& track)
+{
+    return store->next(track, OldMarks::kept);
 }
 
 struct SsmasSink::State
@@ -309,8 +327,8 @@ void SsmasSink::add(const TrackVtorichka& track)
     appendBlockHead(text, track, ++state->tracks);
     state->file.writeFull(); // there may be many tracks without marks
     for (const TRecLabelPervichka_File& mark : track.Marks) {
-        appendFields<markFields>(text, WrittenMark{mark, state->dates});
-        text += '\n';
+        char* const line = text.room(lineRoom);
+        text.endAt(writeText(writeFields<markFields>(line, WrittenMark{mark, state->dates}), '\n'));
         state->file.writeFull();
     }
 }

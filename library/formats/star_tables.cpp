@@ -4,6 +4,7 @@
 #include "base/stored_index.h"
 #include "files/text_files.h"
 #include "text/angle_text.h"
+#include "text/written_text.h"
 
 #include <cstddef>
 #include <string_view>
@@ -38,9 +39,9 @@ void appendStar(TextBuffer& out, const TRecCat2& star)
     out += '\t';
     appendCell(out, star.RA, 5, '\t');
     appendCell(out, star.DE, 5, '\t');
-    appendRA(out, star.RA, 2, ":");
+    appendRA(out, star.RA, 2, ':');
     out += '\t';
-    appendDE(out, star.DE, 1, ":");
+    appendDE(out, star.DE, 1, ':');
     out += '\t';
     appendCell(out, star.m, 1, '\n');
 }

@@ -7,6 +7,7 @@
 #include "files/text_file.h"
 #include "formats/track_gathering.h"
 #include "text/date_text.h"
+#include "text/written_text.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -191,22 +192,23 @@ void appendMetadata(TextBuffer& out, const TrackVtorichka& track, DateTexts& dat
     out += "META_STOP\n";
 }
 
-void appendDataLine(TextBuffer& out, std::string_view key, std::string_view epoch, double value, int decimals)
+char* writeDataLine(char* to, std::string_view key, std::string_view epoch, double value, int decimals)
 {
-    out += key;
-    out += separator;
-    out += epoch;
-    out += ' ';
-    appendCell(out, value, decimals, '\n');
+    to = writeText(writeText(to, key), separator);
+    to = writeText(writeText(to, epoch), ' ');
+    return writeCell(to, value, decimals, '\n');
 }
 
 void appendMark(TextBuffer& out, const TRecLabelPervichka_File& mark, DateTexts& dates)
 {
-    TextBuffer epoch;
-    appendEpoch(epoch, dates, mark.date, mark.time);
-    appendDataLine(out, "ANGLE_1", epoch, mark.RA, 7);
-    appendDataLine(out, "ANGLE_2", epoch, mark.DE, 7);
-    appendDataLine(out, "MAG", epoch, mark.m, 4);
+    constexpr std::size_t lines = 3;
+    char epoch[sexagesimalRoom];
+    const char* const end = writeEpoch(epoch, dates, mark.date, mark.time);
+    const std::string_view text(epoch, static_cast<std::size_t>(end - epoch));
+    char* to = out.room(lines * 2 * sexagesimalRoom);
+    to = writeDataLine(to, "ANGLE_1", text, mark.RA, 7);
+    to = writeDataLine(to, "ANGLE_2", text, mark.DE, 7);
+    out.endAt(writeDataLine(to, "MAG", text, mark.m, 4));
 }
 
 } // namespace
@@ -219,7 +221,18 @@ std::string zeroCreationDate()
 struct TdmSource::Store
 {
     KeptMessage kept{};
+
+    bool next(TrackVtorichka& track, OldMarks old);
 };
+
+bool TdmSource::Store::next(TrackVtorichka& track, OldMarks old)
+{
+    return kept.segments.next(track, old, [this](TrackVtorichka& filled, const SegmentHead& head) {
+        filled.originator = kept.texts[head.originator];
+        filled.telescope = kept.texts[head.telescope];
+        filled.QRVName = kept.texts[head.object];
+    });
+}
 
 TdmSource::TdmSource(std::string path) : store(new Store)
 {
@@ -239,11 +252,12 @@ std::size_t TdmSource::count() const
 
 bool TdmSource::next(TrackVtorichka& track)
 {
-    return store->kept.segments.next(track, [this](TrackVtorichka& filled, const SegmentHead& head) {
-        filled.originator = store->kept.texts[head.originator];
-        filled.telescope = store->kept.texts[head.telescope];
-        filled.QRVName = store->kept.texts[head.object];
-    });
+    return store->next(track, OldMarks::renewed);
+}
+
+bool TdmSource::refill(TrackVtorichka& track)
+{
+    return store->next(track, OldMarks::kept);
 }
 
 struct TdmSink::State

@@ -8,6 +8,7 @@
 #include "formats/track_gathering.h"
 #include "records/track_stream.h"
 #include "text/date_text.h"
+#include "text/written_text.h"
 
 #include <cstddef>
 #include <string>

@@ -9,6 +9,7 @@
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
+#include "text/written_text.h"
 
 #include <array>
 #include <cstddef>
@@ -79,10 +80,9 @@ constexpr std::string_view magnitudePrefix = "001";
 constexpr Field tenths{4, 3};
 
 // A negative magnitude gets the "0" too: 0010-12.
-void appendMagnitude(TextBuffer& out, double m)
+char* writeMagnitude(char* to, double m)
 {
-    out += magnitudePrefix;
-    appendPackedByValue(out, m, 1);
+    return writePackedByValue(writeText(to, magnitudePrefix), m, 1);
 }
 
 // The head line of a block, its fields with one blank between them.
@@ -92,11 +92,11 @@ void appendMagnitude(TextBuffer& out, double m)
 //   object       as it is
 constexpr TokenField<ReadHead, TrackVtorichka> headFields[] = {
     {[](ReadHead& to, std::string_view text) { to.head.originator = numberOf(text, to.texts.originators); },
-     [](TextBuffer& out, const TrackVtorichka& from) { out += from.originator; }},
+     [](char* to, const TrackVtorichka& from) { return writeText(to, from.originator); }},
     {[](ReadHead& to, std::string_view text) { to.head.telescope = numberOf(text, to.texts.telescopes); },
-     [](TextBuffer& out, const TrackVtorichka& from) { out += from.telescope; }},
+     [](char* to, const TrackVtorichka& from) { return writeText(to, from.telescope); }},
     {[](ReadHead& to, std::string_view text) { to.head.object = numberOf(text, to.texts.objects); },
-     [](TextBuffer& out, const TrackVtorichka& from) { out += from.QRVName; }},
+     [](char* to, const TrackVtorichka& from) { return writeText(to, from.QRVName); }},
 };
 
 // A mark's line, its fields with one blank between them.
@@ -108,18 +108,21 @@ constexpr TokenField<ReadHead, TrackVtorichka> headFields[] = {
 //   magnitude   6 or more   001 and tenths of a magnitude, MMm
 constexpr TokenField<ReadMark, WrittenMark> markFields[] = {
     {[](ReadMark& to, std::string_view text) { to.mark.date = to.days.answerTo(text, packedDate); },
-     [](TextBuffer& out, const WrittenMark& from) {
-         out += from.dates.answerTo(int{from.mark.date}, MJDToDateMEA);
+     [](char* to, const WrittenMark& from) {
+         return writeText(to, from.dates.answerTo(int{from.mark.date}, MJDToDateMEA));
      }},
     {[](ReadMark& to, std::string_view text) { to.mark.time = packedTime(text); },
-     [](TextBuffer& out, const WrittenMark& from) { appendTimeMEA(out, from.mark.time, 2, true); }},
+     [](char* to, const WrittenMark& from) { return writeTimeMEA(to, from.mark.time, 2, true); }},
     {[](ReadMark& to, std::string_view text) { to.mark.RA = packedRA(text); },
-     [](TextBuffer& out, const WrittenMark& from) { appendPackedRA(out, from.mark.RA, 2); }},
+     [](char* to, const WrittenMark& from) { return writePackedRA(to, from.mark.RA, 2); }},
     {[](ReadMark& to, std::string_view text) { to.mark.DE = packedDE(text); },
-     [](TextBuffer& out, const WrittenMark& from) { appendPackedDE(out, from.mark.DE, 2); }},
+     [](char* to, const WrittenMark& from) { return writePackedDE(to, from.mark.DE, 2); }},
     {[](ReadMark& to, std::string_view text) { to.mark.m = toDouble(cut(text, tenths)) / 10.0; },
-     [](TextBuffer& out, const WrittenMark& from) { appendMagnitude(out, from.mark.m); }},
+     [](char* to, const WrittenMark& from) { return writeMagnitude(to, from.mark.m); }},
 };
+
+// The room of a mark's line.
+constexpr std::size_t lineRoom = std::size(markFields) * sexagesimalRoom;
 
 // What is kept of a telegram.
 struct KeptBlocks
@@ -198,7 +201,20 @@ private:
 struct TelegramSource::Store
 {
     KeptBlocks kept{};
+
+    bool next(TrackVtorichka& track, OldMarks old);
 };
+
+bool TelegramSource::Store::next(TrackVtorichka& track, OldMarks old)
+{
+    return kept.sequence.next(track, old, [this](TrackVtorichka& filled, const BlockHead& head) {
+        const HeadTexts& texts = kept.texts;
+        filled.originator = texts.originators[head.originator];
+        filled.telescope = texts.telescopes[head.telescope];
+        filled.QRVName = texts.objects[head.object];
+        filled.NORAD = texts.objects[head.object];
+    });
+}
 
 TelegramSource::TelegramSource(std::string path) : store(new Store)
 {
@@ -224,13 +240,12 @@ std::size_t TelegramSource::count() const
 
 bool TelegramSource::next(TrackVtorichka& track)
 {
-    return store->kept.sequence.next(track, [this](TrackVtorichka& filled, const BlockHead& head) {
-        const HeadTexts& texts = store->kept.texts;
-        filled.originator = texts.originators[head.originator];
-        filled.telescope = texts.telescopes[head.telescope];
-        filled.QRVName = texts.objects[head.object];
-        filled.NORAD = texts.objects[head.object];
-    });
+    return store->next(track, OldMarks::renewed);
+}
+
+bool TelegramSource::refill(TrackVtorichka& track)
+{
+    return store->next(track, OldMarks::kept);
 }
 
 struct TelegramSink::State
@@ -251,11 +266,12 @@ void TelegramSink::add(const TrackVtorichka& track)
 {
     state->hasTracks = true;
     TextBuffer& text = state->file.text();
-    appendFields<headFields>(text, track);
-    text += '\n';
+    char* const to = text.room(track.originator.size() + track.telescope.size() + track.QRVName.size() +
+                               std::size(headFields));
+    text.endAt(writeText(writeFields<headFields>(to, track), '\n'));
     for (const TRecLabelPervichka_File& mark : track.Marks) {
-        appendFields<markFields>(text, WrittenMark{mark, state->dates});
-        text += '\n';
+        char* const line = text.room(lineRoom);
+        text.endAt(writeText(writeFields<markFields>(line, WrittenMark{mark, state->dates}), '\n'));
         state->file.writeFull();
     }
     text += blockEnd;

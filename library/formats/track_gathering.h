@@ -7,6 +7,7 @@
 
 #include "../base/chunked_list.h"
 #include "../base/text_index.h"
+#include "../records/new_marks.h"
 #include "../records/track_stream.h"
 
 #include <algorithm>
@@ -26,7 +27,6 @@ namespace tavelinUtils {
 struct MeasuredMark
 {
     int date = 0;    ///< whole MJD
-    int AuxInt1 = 0; ///< carried
     double time = 0; ///< fraction of the day
     double RA = 0;   ///< degrees
     double DE = 0;   ///< degrees
@@ -37,45 +37,11 @@ struct MeasuredMark
 inline void setMeasured(TRecLabelPervichka_File& mark, const MeasuredMark& measured)
 {
     mark.date = measured.date;
-    mark.AuxInt1 = measured.AuxInt1;
     mark.time = measured.time;
     mark.RA = measured.RA;
     mark.DE = measured.DE;
     mark.m = measured.m;
 }
-
-/// New marks for a track, one after the other in the places of those that it has. A mark spans a dozen cache
-/// lines: this one goes over each once, where clearing all marks and adding new ones would go over them
-/// twice.
-class NewMarks
-{
-public:
-    /// The track is to have so many marks: as many calls of next have to follow.
-    NewMarks(TrackVtorichka& track, std::size_t count) : marks(track.Marks)
-    {
-        if (marks.capacity() < count) {
-            std::vector<TRecLabelPervichka_File>().swap(marks); // so that never two such lists are there
-            marks.reserve(count);
-        }
-        marks.erase(marks.begin() + static_cast<std::ptrdiff_t>(std::min(count, marks.size())), marks.end());
-    }
-
-    /// The next mark, as constructed.
-    TRecLabelPervichka_File& next()
-    {
-        if (renewed++ == marks.size()) {
-            return marks.emplace_back();
-        }
-        TRecLabelPervichka_File* const mark = &marks[renewed - 1];
-        std::destroy_at(mark);
-        // Not std::construct_at, which fills the mark with zeros before its own values.
-        return *::new (static_cast<void*>(mark)) TRecLabelPervichka_File;
-    }
-
-private:
-    std::vector<TRecLabelPervichka_File>& marks;
-    std::size_t renewed = 0;
-};
 
 /// Collects observations by object. Tracks have the order in which their objects were first named, marks the
 /// order in which they were added. The tracks are handed out one after the other, once.
@@ -86,63 +52,88 @@ public:
     void add(std::string_view object, const Observation& observation)
     {
         const std::size_t track = objects.numberOf(object);
-        if (track == spans.size()) {
-            spans.push_back({number(observations.size()), 0, 0});
-        } else {
-            following[spans[track].last] = number(observations.size());
+        if (runs.empty() || track != trackOfLastRun) {
+            beginRun(track);
         }
-        spans[track].last = number(observations.size());
-        ++spans[track].count;
         observations.add(observation);
-        following.add(0);
     }
 
     /// How many tracks are still to come.
     std::size_t count() const
     {
-        return spans.size() - taken;
+        return tracks.size() - taken;
     }
 
     /// Gives a track the next one: `fillHead(track, object)` fills its head, `fillMark(mark, observation)`
     /// its marks. False after the last.
     template <class FillHead, class FillMark>
-    bool next(TrackVtorichka& track, FillHead fillHead, FillMark fillMark)
+    bool next(TrackVtorichka& track, OldMarks old, FillHead fillHead, FillMark fillMark)
     {
         if (count() == 0) {
             return false;
         }
         resetHead(track);
         fillHead(track, objects[taken]);
-        const Span span = spans[taken++];
-        NewMarks newMarks(track, span.count);
-        for (std::size_t left = span.count, at = span.first; left > 0; --left, at = following[at]) {
-            fillMark(newMarks.next(), observations[at]);
-        }
+        const RunsOfTrack own = tracks[taken++];
+        std::size_t marks = 0;
+        forEachRun(own, [&](std::size_t begin, std::size_t end) { marks += end - begin; });
+        NewMarks newMarks(track, marks, old);
+        forEachRun(own, [&](std::size_t begin, std::size_t end) {
+            for (std::size_t at = begin; at < end; ++at) {
+                fillMark(newMarks.next(), observations[at]);
+            }
+        });
         return true;
     }
 
 private:
-    // A file of more observations would fill a hundred gigabytes.
-    static std::uint32_t number(std::size_t index)
+    // Observations of one object that follow one another in the file, up to the first of the next run.
+    struct Run
     {
-        if (index > std::numeric_limits<std::uint32_t>::max()) {
-            throw std::length_error("more observations than can be numbered");
-        }
-        return static_cast<std::uint32_t>(index);
-    }
+        std::size_t first;
+        std::uint32_t nextOfTrack;
+    };
 
-    // The observations of a track, of which each leads to the next.
-    struct Span
+    struct RunsOfTrack
     {
         std::uint32_t first;
         std::uint32_t last;
-        std::uint32_t count;
     };
 
+    void beginRun(std::size_t track)
+    {
+        // A file of more runs would fill a hundred gigabytes.
+        if (runs.size() > std::numeric_limits<std::uint32_t>::max()) {
+            throw std::length_error("more observations than can be numbered");
+        }
+        const auto run = static_cast<std::uint32_t>(runs.size());
+        if (track == tracks.size()) {
+            tracks.push_back({run, run});
+        } else {
+            runs[tracks[track].last].nextOfTrack = run;
+            tracks[track].last = run;
+        }
+        runs.add({observations.size(), run});
+        trackOfLastRun = track;
+    }
+
+    // Calls use(begin, end) with the observations of each run.
+    template <class Use>
+    void forEachRun(RunsOfTrack own, Use use) const
+    {
+        for (std::size_t run = own.first;; run = runs[run].nextOfTrack) {
+            use(runs[run].first, run + 1 == runs.size() ? observations.size() : runs[run + 1].first);
+            if (run == own.last) {
+                return;
+            }
+        }
+    }
+
     TextIndex objects;
-    std::vector<Span> spans; // of each object
+    std::vector<RunsOfTrack> tracks; // of each object
+    ChunkedList<Run> runs;
     ChunkedList<Observation> observations;
-    ChunkedList<std::uint32_t> following; // the next observation of the same object
+    std::size_t trackOfLastRun = 0;
     std::size_t taken = 0;
 };
 
@@ -213,7 +204,7 @@ public:
 
     /// Gives a track the next one, whose head `fillHead(track, head)` fills. False after the last.
     template <class FillHead>
-    bool next(TrackVtorichka& track, FillHead fillHead)
+    bool next(TrackVtorichka& track, OldMarks old, FillHead fillHead)
     {
         if (count() == 0) {
             return false;
@@ -221,7 +212,7 @@ public:
         const Entry& entry = tracks[taken++];
         resetHead(track);
         fillHead(track, entry.head);
-        NewMarks newMarks(track, entry.end - entry.begin);
+        NewMarks newMarks(track, entry.end - entry.begin, old);
         for (std::size_t mark = entry.begin; mark < entry.end; ++mark) {
             setMeasured(newMarks.next(), marks[mark]);
         }

@@ -1,4 +1,5 @@
 #include "formats/track_table.h"
+#include "records/new_marks.h"
 
 #include "base/bytes.h"
 #include "base/last_answer.h"
@@ -79,24 +80,34 @@ struct TrackTableSource::Store
     {
         return track == 0 ? 0 : kept.ends[track - 1];
     }
-    void fill(TrackVtorichka& track);
+    bool next(TrackVtorichka& track, OldMarks old);
 };
 
-void TrackTableSource::Store::fill(TrackVtorichka& track)
+bool TrackTableSource::Store::next(TrackVtorichka& track, OldMarks old)
 {
+    if (taken == kept.ends.size()) {
+        return false;
+    }
     const std::size_t begin = marksBefore(taken);
     const std::size_t count = marksBefore(taken + 1) - begin;
+    std::vector<TInterBlob> interBlobs;
+    if (old == OldMarks::kept) {
+        interBlobs.swap(track.InterBlobs);
+    }
+    resetHead(track);
+    interBlobs.swap(track.InterBlobs);
     kept.heads.restore<THeadTrVtor&>(taken, track);
     track.NMarks = static_cast<int>(count);
     track.SourceFile = path;
-    track.Marks.reserve(count);
     track.InterBlobs.resize(count);
+    NewMarks newMarks(track, count, old);
     for (std::size_t i = 0; i < count; ++i) {
-        kept.marks.restore(begin + i, track.Marks.emplace_back(), track.InterBlobs[i]);
+        kept.marks.restore(begin + i, newMarks.next(), track.InterBlobs[i]);
     }
     ++taken;
     kept.heads.forgetBefore(taken);
     kept.marks.forgetBefore(begin + count);
+    return true;
 }
 
 TrackTableSource::TrackTableSource(std::string path) : store(new Store{std::move(path)})
@@ -127,12 +138,12 @@ std::size_t TrackTableSource::count() const
 
 bool TrackTableSource::next(TrackVtorichka& track)
 {
-    if (count() == 0) {
-        return false;
-    }
-    resetTrack(track);
-    store->fill(track);
-    return true;
+    return store->next(track, OldMarks::renewed);
+}
+
+bool TrackTableSource::refill(TrackVtorichka& track)
+{
+    return store->next(track, OldMarks::kept);
 }
 
 struct TrackTableSink::State

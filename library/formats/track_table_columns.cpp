@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/tokens.h"
 #include "text/date_text.h"
+#include "text/written_text.h"
 
 #include <algorithm>
 #include <bit>
@@ -187,7 +188,7 @@ constexpr TableColumn standardColumns[] = {
      [](TextBuffer& out, const MarkToWrite& from) { out += std::to_string(from.track.Marks.size()); }},
     nameOfTrack("QRVName:Text"),
     {"date:Date",
-     [](TextBuffer& out, const MarkToWrite& from) { appendDate(out, from.dates, from.mark.date, "-"); },
+     [](TextBuffer& out, const MarkToWrite& from) { appendDate(out, from.dates, from.mark.date, '-'); },
      // AuxInt1 is carried and has no column of its own.
      {[](std::string_view field, const FieldReading& with, Slot) {
           return slotOf(with.days.answerTo(
@@ -198,7 +199,7 @@ constexpr TableColumn standardColumns[] = {
           to.mark.date = lowOf(slot);
           to.mark.AuxInt1 = highOf(slot);
       }}},
-    {"time:Time", [](TextBuffer& out, const MarkToWrite& from) { appendTime(out, from.mark.time, 7, ":"); },
+    {"time:Time", [](TextBuffer& out, const MarkToWrite& from) { appendTime(out, from.mark.time, 7, ':'); },
      markValue<&Mark::time>(
          [](std::string_view field, const FieldReading&, Slot) { return slotOf(timeToDay(field, ':')); })},
     {"mjd:Float:day",
@@ -291,7 +292,7 @@ constexpr TableColumn standardColumns[] = {
 // and mDE over V_ra and V_de.
 constexpr TableColumn furtherColumns[] = {
     {"time_bjd",
-     [](TextBuffer& out, const MarkToWrite& from) { appendTime(out, from.mark.time_bjd, 7, ":"); }},
+     [](TextBuffer& out, const MarkToWrite& from) { appendTime(out, from.mark.time_bjd, 7, ':'); }},
     // Unlike in mjd, the fraction of the day is not added.
     {"bjd", [](TextBuffer& out, const MarkToWrite& from) { appendFixed(out, from.mark.bjd, 12); }},
     ofMark<&Mark::mEnsemble, 4>("mEnsemble"),

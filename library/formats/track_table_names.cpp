@@ -28,7 +28,7 @@ std::string CalcSecondName(std::string path, int number, std::string prefix, std
     const std::string folder = ExtractPath(path);
     const std::size_t tail = std::min<std::size_t>(number > 99 ? 1 : 2, folder.size());
     TextBuffer name(prefix);
-    appendTwoDigits(name, number);
+    name.endAt(writeTwoDigits(name.room(scaledLength), number));
     name += suffix;
     name += folder.substr(folder.size() - tail);
     return name.str();

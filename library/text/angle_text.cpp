@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/text_buffer.h"
 #include "base/tokens.h"
+#include "text/written_text.h"
 
 #include <algorithm>
 #include <array>
@@ -16,6 +17,7 @@ namespace {
 
 constexpr double hoursToDegrees = 15.0;
 constexpr double notReadable = -100.0;
+constexpr std::string_view noSeparator;
 
 struct Sexagesimal
 {
@@ -32,56 +34,36 @@ Sexagesimal sexagesimalOf(double value)
     return {whole, minute, (minutes - minute) * 60.0};
 }
 
-char* writeSeparator(char* to, std::string_view separator)
+// Sign, whole part and minutes with the separator, a character or a text, between them.
+template <class Separator>
+char* writeToMinutes(char* to, bool negative, const Sexagesimal& parts, Separator separator)
 {
-    if (!separator.empty()) {
-        *to++ = separator.front();
-    }
-    return to;
+    *to = '-';
+    to = writeTwoDigits(to + (negative ? 1 : 0), parts.whole);
+    return writeTwoDigits(writeText(to, separator), parts.minutes);
 }
 
-// Appends sign, whole part and minutes with the separator between them and, where asked for, behind them.
-void appendToMinutes(TextBuffer& out, bool negative, const Sexagesimal& parts, std::string_view separator,
-                     bool separatorBehind)
-{
-    if (parts.whole >= 0 && parts.whole < 100 && parts.minutes >= 0 && separator.size() <= 1) {
-        char* to = out.room(scaledLength);
-        *to = '-';
-        to = writePair(to + (negative ? 1 : 0), static_cast<unsigned>(parts.whole));
-        to = writePair(writeSeparator(to, separator), static_cast<unsigned>(parts.minutes));
-        out.endAt(separatorBehind ? writeSeparator(to, separator) : to);
-        return;
-    }
-    out += negative ? "-" : "";
-    appendTwoDigits(out, parts.whole);
-    out += separator;
-    appendTwoDigits(out, parts.minutes);
-    out += separatorBehind ? separator : "";
-}
-
-void appendAngle(TextBuffer& out, bool negative, double magnitude, int precision, std::string_view separator)
+template <class Separator>
+char* writeAngle(char* to, bool negative, double magnitude, int precision, Separator separator)
 {
     const Sexagesimal parts = sexagesimalOf(magnitude);
-    appendToMinutes(out, negative, parts, separator, true);
-    appendFixedTwoDigits(out, parts.seconds, precision);
+    to = writeToMinutes(to, negative, parts, separator);
+    return writeFixedTwoDigits(writeText(to, separator), parts.seconds, precision);
 }
 
-void appendPacked(TextBuffer& out, bool negative, double magnitude, int precision)
+char* writePacked(char* to, bool negative, double magnitude, int precision)
 {
     const Sexagesimal parts = sexagesimalOf(magnitude);
-    appendToMinutes(out, negative, parts, "", false);
-    appendFixedPacked(out, parts.seconds, precision);
+    return writeFixedPacked(writeToMinutes(to, negative, parts, noSeparator), parts.seconds, precision);
 }
 
 std::string angleText(bool negative, double magnitude, int precision, std::string_view separator,
                       bool seconds)
 {
     TextBuffer text;
-    if (seconds) {
-        appendAngle(text, negative, magnitude, precision, separator);
-    } else {
-        appendToMinutes(text, negative, sexagesimalOf(magnitude), separator, false);
-    }
+    char* const to = text.room(sexagesimalRoom + numberRoom(precision) + 2 * separator.size());
+    text.endAt(seconds ? writeAngle(to, negative, magnitude, precision, separator)
+                       : writeToMinutes(to, negative, sexagesimalOf(magnitude), separator));
     return text.str();
 }
 
@@ -125,24 +107,24 @@ std::optional<double> declinationOfDigits(std::string_view text)
 
 } // namespace
 
-void appendRA(TextBuffer& out, double degrees, int precision, std::string_view separator)
+char* writeRA(char* to, double degrees, int precision, char separator)
 {
-    appendAngle(out, degrees < 0.0, std::abs(degrees) / hoursToDegrees, precision, separator);
+    return writeAngle(to, degrees < 0.0, std::abs(degrees) / hoursToDegrees, precision, separator);
 }
 
-void appendDE(TextBuffer& out, double degrees, int precision, std::string_view separator)
+char* writeDE(char* to, double degrees, int precision, char separator)
 {
-    appendAngle(out, degrees < 0.0, std::abs(degrees), precision, separator);
+    return writeAngle(to, degrees < 0.0, std::abs(degrees), precision, separator);
 }
 
-void appendPackedRA(TextBuffer& out, double degrees, int precision)
+char* writePackedRA(char* to, double degrees, int precision)
 {
-    appendPacked(out, degrees < 0.0, std::abs(degrees) / hoursToDegrees, precision);
+    return writePacked(to, degrees < 0.0, std::abs(degrees) / hoursToDegrees, precision);
 }
 
-void appendPackedDE(TextBuffer& out, double degrees, int precision)
+char* writePackedDE(char* to, double degrees, int precision)
 {
-    appendPacked(out, degrees < 0.0, std::abs(degrees), precision);
+    return writePacked(to, degrees < 0.0, std::abs(degrees), precision);
 }
 
 std::string RAToStr(double degrees, int precision, std::string separator, bool seconds)

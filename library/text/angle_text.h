@@ -11,8 +11,6 @@
 
 namespace tavelinUtils {
 
-class TextBuffer; // of base/text_buffer.h
-
 /// Right ascension in degrees as sexagesimal hours, "01:00:00.00" for 15.0 with precision 2 and ":". Without
 /// seconds the text ends at the minutes, cut and not rounded. There is no carry and no wrap: seconds that
 /// round up are written as 60, and 360.0 gives hour 24.
@@ -44,14 +42,6 @@ double pStrTelegrammaToRA(std::string text);
 /// Degrees of a packed declination, sDDMMSSsss. The first three characters are sign and degrees whatever they
 /// are, so a text without a sign is read wrongly. Throws std::out_of_range below 7 characters.
 double pStrTelegrammaToDE(std::string text);
-
-/// Append what RAToStr and DEToStr give with seconds.
-void appendRA(TextBuffer& out, double degrees, int precision, std::string_view separator);
-void appendDE(TextBuffer& out, double degrees, int precision, std::string_view separator);
-
-/// Append the same without separator and without the point: "0100000000" for 15.0 with precision 4.
-void appendPackedRA(TextBuffer& out, double degrees, int precision);
-void appendPackedDE(TextBuffer& out, double degrees, int precision);
 
 /// The same conversions as above, of views.
 double raOf(std::string_view hours, std::string_view minutes, std::string_view seconds);

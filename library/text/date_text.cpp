@@ -7,6 +7,7 @@
 #include "math/scalars.h"
 #include "text/angle_text.h"
 #include "text/number_text.h"
+#include "text/written_text.h"
 
 #include <algorithm>
 #include <array>
@@ -45,30 +46,32 @@ Date dateOf(double mjd)
     return date;
 }
 
-void appendDate(TextBuffer& out, const Date& date, std::string_view separator)
+// The room of a date or a time with these separators.
+std::size_t roomOf(int precision, std::string_view separator)
 {
-    appendInt(out, date.year);
-    out += separator;
-    appendTwoDigits(out, date.month);
-    out += separator;
-    appendTwoDigits(out, date.day);
+    return sexagesimalRoom + numberRoom(precision) + 2 * separator.size();
 }
 
-void appendHourAndMinute(TextBuffer& out, int hour, int minute, std::string_view separator)
+char* writeDate(char* to, const Date& date, std::string_view separator)
 {
-    appendTwoDigits(out, hour);
-    out += separator;
-    appendTwoDigits(out, minute);
-    out += separator;
+    to = writeText(writeInt(to, date.year), separator);
+    to = writeText(writeTwoDigits(to, date.month), separator);
+    return writeTwoDigits(to, date.day);
+}
+
+// The separator is a character or a text.
+template <class Separator>
+char* writeHourAndMinute(char* to, int hour, int minute, Separator separator)
+{
+    to = writeText(writeTwoDigits(to, hour), separator);
+    return writeText(writeTwoDigits(to, minute), separator);
 }
 
 // The "0" before short seconds depends on the value here: 9.996 gives 010.00 with two decimals.
-void appendSecondsByValue(TextBuffer& out, double seconds, int precision)
+char* writeSecondsByValue(char* to, double seconds, int precision)
 {
-    if (seconds < 10.0) {
-        out += '0';
-    }
-    appendFixed(out, seconds, precision);
+    *to = '0';
+    return writeFixed(to + (seconds < 10.0 ? 1 : 0), seconds, precision);
 }
 
 void carryMinutes(TimeOfDay& time)
@@ -94,20 +97,21 @@ bool areShownAsSixty(double seconds, int precision)
 }
 
 // With the carry that the other time texts do not have.
-void appendCarriedTime(TextBuffer& out, TimeOfDay time, int precision, std::string_view separator)
+template <class Separator>
+char* writeCarriedTime(char* to, TimeOfDay time, int precision, Separator separator)
 {
     if (areShownAsSixty(time.seconds, precision)) {
         time.seconds = 0;
         ++time.minute;
     }
     carryMinutes(time);
-    appendHourAndMinute(out, time.hour, time.minute, separator);
-    appendFixedTwoDigits(out, time.seconds, precision);
+    to = writeHourAndMinute(to, time.hour, time.minute, separator);
+    return writeFixedTwoDigits(to, time.seconds, precision);
 }
 
 // The seconds with many decimals, cut to the precision; the decimals that are cut off take part in the
 // rounding of the last of the many.
-void appendCutSeconds(TextBuffer& out, double seconds, int precision)
+char* writeCutSeconds(char* to, double seconds, int precision)
 {
     constexpr int manyDecimals = 15;
     const std::uint64_t scaled = scaledMagnitude(seconds, manyDecimals);
@@ -115,17 +119,12 @@ void appendCutSeconds(TextBuffer& out, double seconds, int precision)
                          scaled < 100 * powersOfTen[manyDecimals] &&
                          (seconds < 10.0) == (scaled < 10 * powersOfTen[manyDecimals]);
     if (isUsual) {
-        const int digits = precision + 2;
-        char* const to = out.room(static_cast<std::size_t>(digits));
-        out.endAt(writeDigits(to, scaled / powersOfTen[static_cast<std::size_t>(manyDecimals - precision)],
-                              digits));
-        return;
+        return writeDigits(to, scaled / powersOfTen[static_cast<std::size_t>(manyDecimals - precision)],
+                           precision + 2);
     }
-    const std::size_t begin = out.size();
-    appendSecondsByValue(out, seconds, manyDecimals);
-    erasePoint(out, begin);
-    const auto kept = static_cast<std::size_t>(std::max(precision, -2) + 2);
-    out.shorten(std::min(out.size(), begin + kept));
+    char* const end = withoutPoint(to, writeSecondsByValue(to, seconds, manyDecimals));
+    const std::ptrdiff_t kept = std::ptrdiff_t{std::max(precision, -2)} + 2;
+    return to + std::min(end - to, kept);
 }
 
 // The first three parts of a text at a separator of any length; a missing part is empty.
@@ -146,74 +145,70 @@ std::array<std::string, 3> partsAt(const std::string& text, const std::string& s
 std::string DayToTime(int hour, int minute, double second, int precision, std::string separator)
 {
     TextBuffer text;
-    appendCarriedTime(text, {hour, minute, second}, precision, separator);
+    char* const to = text.room(roomOf(precision, separator));
+    text.endAt(writeCarriedTime(to, {hour, minute, second}, precision, std::string_view(separator)));
     return text.str();
 }
 
-void appendTime(TextBuffer& out, double day, int precision, std::string_view separator)
+char* writeTime(char* to, double day, int precision, char separator)
 {
-    appendCarriedTime(out, timeOfDay(day), precision, separator);
+    return writeCarriedTime(to, timeOfDay(day), precision, separator);
 }
 
 std::string DayToTime(double day, int precision, std::string separator)
 {
     TextBuffer text;
-    appendTime(text, day, precision, separator);
+    char* const to = text.room(roomOf(precision, separator));
+    text.endAt(writeCarriedTime(to, timeOfDay(day), precision, std::string_view(separator)));
     return text.str();
 }
 
-void appendTimeMEA(TextBuffer& out, double day, int precision, bool rounded)
+char* writeTimeMEA(char* to, double day, int precision, bool rounded)
 {
     const TimeOfDay time = timeOfDay(day);
-    appendHourAndMinute(out, time.hour, time.minute, "");
-    if (!rounded) {
-        appendCutSeconds(out, time.seconds, precision);
-        return;
-    }
-    appendPackedByValue(out, time.seconds, precision);
+    to = writeHourAndMinute(to, time.hour, time.minute, std::string_view());
+    return rounded ? writePackedByValue(to, time.seconds, precision)
+                   : writeCutSeconds(to, time.seconds, precision);
 }
 
 std::string DayToTimeMEA(double day, int precision, bool rounded)
 {
     TextBuffer text;
-    appendTimeMEA(text, day, precision, rounded);
+    text.endAt(writeTimeMEA(text.room(roomOf(precision, "")), day, precision, rounded));
     return text.str();
 }
 
-void appendTimeTEL(TextBuffer& out, double day)
+char* writeTimeTEL(char* to, double day)
 {
     const TimeOfDay time = timeOfDay(day);
-    appendHourAndMinute(out, time.hour, time.minute, ":");
-    appendSecondsByValue(out, time.seconds, 2);
+    return writeSecondsByValue(writeHourAndMinute(to, time.hour, time.minute, ':'), time.seconds, 2);
 }
 
 std::string DayToTimeTEL(double day)
 {
     TextBuffer text;
-    appendTimeTEL(text, day);
+    text.endAt(writeTimeTEL(text.room(sexagesimalRoom), day));
     return text.str();
 }
 
 std::string DateToStr(int year, int month, int day, std::string separator)
 {
     TextBuffer text;
-    appendDate(text, {year, month, day}, separator);
+    text.endAt(writeDate(text.room(roomOf(0, separator)), {year, month, day}, separator));
     return text.str();
 }
 
 std::string MJDToDate(double mjd, std::string separator)
 {
-    TextBuffer text;
-    appendDate(text, dateOf(mjd), separator);
-    return text.str();
+    const Date date = dateOf(mjd);
+    return DateToStr(date.year, date.month, date.day, separator);
 }
 
 std::string MJDToDateMEA(double mjd)
 {
     const Date date = dateOf(mjd);
     TextBuffer text;
-    appendTwoDigits(text, date.day);
-    appendTwoDigits(text, date.month);
+    text.endAt(writeTwoDigits(writeTwoDigits(text.room(sexagesimalRoom), date.day), date.month));
     const std::string year = IntToStr(date.year);
     text += year.size() > 2 ? year.substr(year.size() - 2) : year;
     return text.str();
@@ -223,11 +218,9 @@ std::string MJDToDateTEL(double mjd)
 {
     const Date date = dateOf(mjd);
     TextBuffer text;
-    appendTwoDigits(text, date.day);
-    text += '.';
-    appendTwoDigits(text, date.month);
-    text += '.';
-    appendInt(text, date.year);
+    char* const day = text.room(sexagesimalRoom);
+    char* const month = writeText(writeTwoDigits(day, date.day), '.');
+    text.endAt(writeInt(writeText(writeTwoDigits(month, date.month), '.'), date.year));
     return text.str();
 }
 
@@ -265,10 +258,11 @@ std::string DateTimeToStr(int year, int month, int day, int hour, int minute, do
                           int precision)
 {
     TextBuffer text;
-    appendDate(text, {year, month, day}, dateSeparator);
-    text += middleSeparator;
-    appendHourAndMinute(text, hour, minute, timeSeparator);
-    appendFixedTwoDigits(text, second, precision);
+    char* to =
+        text.room(roomOf(precision, dateSeparator) + roomOf(0, timeSeparator) + middleSeparator.size());
+    to = writeText(writeDate(to, {year, month, day}, dateSeparator), middleSeparator);
+    to = writeHourAndMinute(to, hour, minute, std::string_view(timeSeparator));
+    text.endAt(writeFixedTwoDigits(to, second, precision));
     return text.str();
 }
 
@@ -351,16 +345,16 @@ std::string NowToDate(std::string separator)
     return DateToStr(0, 0, 0, separator);
 }
 
-void appendDate(TextBuffer& out, DateTexts& dates, int date, const char* separator)
+char* writeDate(char* to, DateTexts& dates, int date, char separator)
 {
-    out += dates.answerTo(date, [separator](int day) { return MJDToDate(day, separator); });
+    const auto textOf = [separator](int day) { return MJDToDate(day, std::string(1, separator)); };
+    return writeText(to, dates.answerTo(date, textOf));
 }
 
-void appendEpoch(TextBuffer& out, DateTexts& dates, int date, double time)
+char* writeEpoch(char* to, DateTexts& dates, int date, double time)
 {
-    appendDate(out, dates, date, "-");
-    out += 'T';
-    appendTime(out, time, 5, ":");
+    to = writeText(writeDate(to, dates, date, '-'), 'T');
+    return writeTime(to, time, 5, ':');
 }
 
 void readEpoch(std::string_view text, DayNumbers& days, int& date, double& time)

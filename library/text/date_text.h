@@ -12,9 +12,7 @@
 
 namespace tavelinUtils {
 
-class TextBuffer; // of base/text_buffer.h
-class DateTexts;  // of base/last_answer.h, like the next
-class DayNumbers;
+class DayNumbers; // of base/last_answer.h
 
 /// Hour, minute and seconds with the separator between them and seconds rounded to the precision. Seconds
 /// that round up to 60 are carried into the minutes, these into the hours, and hour 24 becomes 0; the date
@@ -94,21 +92,10 @@ std::string NowToDateTimeWin(bool fraction, std::string middleSeparator, std::st
 /// The date of the same clock: "0-00-00" with the separator "-".
 std::string NowToDate(std::string separator);
 
-/// Append what DayToTime, DayToTimeMEA and DayToTimeTEL give of the fraction of a day.
-void appendTime(TextBuffer& out, double day, int precision, std::string_view separator);
-void appendTimeMEA(TextBuffer& out, double day, int precision, bool rounded);
-void appendTimeTEL(TextBuffer& out, double day);
-
 /// The conversions of StrTELToDate, StrTELToTime and TimeToDay, of views.
 int packedDate(std::string_view text);
 double packedTime(std::string_view text);
 double timeToDay(std::string_view text, char separator);
-
-/// Appends what MJDToDate gives of a whole MJD. The memo is for one separator only.
-void appendDate(TextBuffer& out, DateTexts& dates, int date, const char* separator);
-
-/// Appends an epoch of a tracking message: "2023-02-25T12:00:00.00000".
-void appendEpoch(TextBuffer& out, DateTexts& dates, int date, double time);
 
 /// Reads an epoch into a whole MJD and the fraction of the day: the first two of the parts between its "T"s.
 /// A text of one part leaves both as they were; a "T" at the end makes no further part.

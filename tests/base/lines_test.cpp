@@ -1,10 +1,11 @@
 #include "base/lines.h"
 
-#include "base/text_buffer.h"
 #include "support/temporary_folder.h"
+#include "support/written.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <stdexcept>
@@ -33,10 +34,10 @@ struct Person
 
 constexpr TokenField<Person, Person> personFields[] = {
     {[](Person& to, std::string_view text) { to.name = text; },
-     [](TextBuffer& out, const Person& from) { out += from.name; }},
-    {takeNothing, [](TextBuffer& out, const Person& /*from*/) { out += "aged"; }},
+     [](char* to, const Person& from) { return writeText(to, from.name); }},
+    {takeNothing, [](char* to, const Person& /*from*/) { return writeText(to, "aged"); }},
     {[](Person& to, std::string_view text) { to.age = static_cast<int>(text.size()); },
-     [](TextBuffer& out, const Person& from) { out.append(static_cast<std::size_t>(from.age), 'I'); }},
+     [](char* to, const Person& from) { return std::fill_n(to, from.age, 'I'); }},
 };
 
 // Keeps what it is given.
@@ -134,12 +135,10 @@ TEST(Field, AllOfALineLeaveNoGapAndNoRest)
     EXPECT_FALSE(fillLine(late, 6));
 }
 
-TEST(Field, BlankOneIsAppendedInItsWidth)
+TEST(Field, BlankOneIsWrittenInItsWidth)
 {
-    TextBuffer line("a");
-    appendBlank(line, {2, 3});
-    appendBlank(line, {5, 0});
-    EXPECT_EQ(line.view(), "a   ");
+    EXPECT_EQ(written([](char* to) { return writeBlank(to, {2, 3}); }), "   ");
+    EXPECT_EQ(written([](char* to) { return writeBlank(to, {5, 0}); }), "");
 }
 
 TEST(TextWithoutBlanks, KeepsAllElse)
@@ -158,11 +157,12 @@ TEST(TokenFields, AreReadInTheirOrder)
     EXPECT_EQ(person.age, 4);
 }
 
-TEST(TokenFields, AreAppendedWithABlankBetweenThem)
+TEST(TokenFields, AreWrittenWithABlankBetweenThem)
 {
-    TextBuffer line("<");
-    appendFields<personFields>(line, Person{"Ann", 2});
-    EXPECT_EQ(line.view(), "<Ann aged II");
+    EXPECT_EQ(written([](char* to) {
+                  return writeFields<personFields>(to, Person{"Ann", 2});
+              }),
+              "Ann aged II");
 }
 
 TEST(TakeLines, GivesEachLineOfAListAsItIs)

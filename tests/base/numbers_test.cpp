@@ -4,6 +4,7 @@
 #include "support/random.h"
 #include "support/same_bits.h"
 #include "support/texts.h"
+#include "support/written.h"
 
 #include <gtest/gtest.h>
 
@@ -603,7 +604,7 @@ TEST(TextToNumber, ViewsEndWhereTheyEnd)
     }
 }
 
-TEST(AppendFixedTwoDigits, ZeroInFrontOfWhatRoundsBelowTen)
+TEST(FixedTwoDigits, ZeroInFrontOfWhatRoundsBelowTen)
 {
     const struct
     {
@@ -618,13 +619,12 @@ TEST(AppendFixedTwoDigits, ZeroInFrontOfWhatRoundsBelowTen)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
-        TextBuffer out("before");
-        appendFixedTwoDigits(out, row.value, row.precision);
-        EXPECT_EQ(out.view(), std::string("before") + row.text);
+        EXPECT_EQ(written([&row](char* to) { return writeFixedTwoDigits(to, row.value, row.precision); }),
+                  row.text);
     }
 }
 
-TEST(AppendPackedByValue, ZeroInFrontOfAValueBelowTenAndNoPoint)
+TEST(PackedByValue, ZeroInFrontOfAValueBelowTenAndNoPoint)
 {
     const struct
     {
@@ -645,13 +645,12 @@ TEST(AppendPackedByValue, ZeroInFrontOfAValueBelowTenAndNoPoint)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
-        TextBuffer out("be.fore");
-        appendPackedByValue(out, row.value, row.precision);
-        EXPECT_EQ(out.view(), std::string("be.fore") + row.text);
+        EXPECT_EQ(written([&row](char* to) { return writePackedByValue(to, row.value, row.precision); }),
+                  row.text);
     }
 }
 
-TEST(AppendTwoDigits, ZeroInFrontOfAValueOfAtMostNine)
+TEST(TwoDigits, ZeroInFrontOfAValueOfAtMostNine)
 {
     const struct
     {
@@ -670,56 +669,48 @@ TEST(AppendTwoDigits, ZeroInFrontOfAValueOfAtMostNine)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
-        TextBuffer out("before");
-        appendTwoDigits(out, row.value);
-        EXPECT_EQ(out.view(), std::string("before") + row.text);
+        EXPECT_EQ(written([&row](char* to) { return writeTwoDigits(to, row.value); }), row.text);
     }
 }
 
-TEST(ErasePoint, FirstPointAtOrBehindThePositionGoes)
+TEST(WithoutPoint, FirstPointGoes)
 {
     const struct
     {
         const char* text;
-        std::size_t position;
         const char* rest;
-    } rows[] = {
-        {"12.5", 0, "125"},    {"1.2.3", 0, "12.3"},  {"1.2.3", 1, "12.3"}, {"1.2.3", 2, "1.23"},
-        {"1.2.3", 4, "1.2.3"}, {"1.2.3", 5, "1.2.3"}, {"125", 0, "125"},    {"", 0, ""},
-    };
+    } rows[] = {{"12.5", "125"}, {"1.2.3", "12.3"}, {".5", "5"}, {"5.", "5"}, {"125", "125"}, {"", ""}};
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.text);
-        TextBuffer out(row.text);
-        erasePoint(out, row.position);
-        EXPECT_EQ(out.view(), row.rest);
+        EXPECT_EQ(written([&row](char* to) { return withoutPoint(to, writeText(to, row.text)); }), row.rest);
     }
 }
 
-TEST(AppendPadded, BlanksFillTheWidthOnTheSideOfTheName)
+TEST(Texts, AreWrittenAsTheyAreWhateverTheirLength)
 {
-    TextBuffer out("|");
-    appendPaddedRight(out, "ab", 5);
-    EXPECT_EQ(out.view(), "|ab   ");
-    out.clear();
-    out += "|";
-    appendPaddedLeft(out, "ab", 5);
-    EXPECT_EQ(out.view(), "|   ab");
-    out.clear();
-    out += "|";
-    appendPaddedRight(out, "", 2);
-    appendPaddedLeft(out, "", 3);
-    EXPECT_EQ(out.view(), "|     ");
+    const std::string letters = "abcdefghijklmnopqrstuvwxyz";
+    for (std::size_t length = 0; length <= letters.size(); ++length) {
+        const std::string text = letters.substr(0, length);
+        EXPECT_EQ(written([&text](char* to) { return writeText(to, text); }), text);
+    }
 }
 
-TEST(AppendPadded, LongerTextIsKeptWhole)
+TEST(Padded, BlanksFillTheWidthOnTheSideOfTheName)
 {
-    TextBuffer out("|");
-    appendPaddedRight(out, "abcdefg", 5);
-    appendPaddedLeft(out, "hijklmn", 5);
-    appendPaddedRight(out, "opq", 3);
-    appendPaddedLeft(out, "rst", 3);
-    appendPaddedRight(out, "u", 0);
-    EXPECT_EQ(out.view(), "|abcdefghijklmnopqrstu");
+    EXPECT_EQ(written([](char* to) { return writePaddedRight(to, "ab", 5); }), "ab   ");
+    EXPECT_EQ(written([](char* to) { return writePaddedLeft(to, "ab", 5); }), "   ab");
+    EXPECT_EQ(written([](char* to) { return writePaddedRight(to, "", 2); }), "  ");
+    EXPECT_EQ(written([](char* to) { return writePaddedLeft(to, "", 3); }), "   ");
+    EXPECT_EQ(written([](char* to) { return writePaddedRight(to, "ab", 20); }), "ab                  ");
+    EXPECT_EQ(written([](char* to) { return writePaddedLeft(to, "ab", 20); }), "                  ab");
+}
+
+TEST(Padded, LongerTextIsKeptWhole)
+{
+    EXPECT_EQ(written([](char* to) { return writePaddedRight(to, "abcdefg", 5); }), "abcdefg");
+    EXPECT_EQ(written([](char* to) { return writePaddedLeft(to, "hijklmn", 5); }), "hijklmn");
+    EXPECT_EQ(written([](char* to) { return writePaddedRight(to, "opq", 3); }), "opq");
+    EXPECT_EQ(written([](char* to) { return writePaddedLeft(to, "rst", 3); }), "rst");
+    EXPECT_EQ(written([](char* to) { return writePaddedRight(to, "u", 0); }), "u");
 }
 
 TEST(Numbers, CellIsTheNumberAndWhatEndsIt)

@@ -127,13 +127,12 @@ TEST(ThreeParts, PartsThatAreMissingAreEmpty)
 
 TEST(ForEachSeparator, FindsEachOneWhereverItStands)
 {
-    // Bytes next to the separator's value, and with their high bit set, could mislead a look at eight at
-    // once.
+    // Bytes next to the separator's value, and with their high bit set, could mislead a look at many at once.
     const std::string letters = std::string("\t\t\ta\x08\x0a\x89\x8a\xff") + '\0';
     unsigned state = 7;
     for (int i = 0; i < 20000; ++i) {
         std::string text;
-        for (int length = i % 40; length > 0; --length) {
+        for (int length = i % 200; length > 0; --length) {
             state = state * 1664525U + 1013904223U;
             text += letters[(state >> 16) % letters.size()];
         }
@@ -145,4 +144,47 @@ TEST(ForEachSeparator, FindsEachOneWhereverItStands)
         forEachSeparator(text, '\t', [&found](std::size_t at) { found.push_back(at); });
         ASSERT_EQ(found, expected) << i;
     }
+}
+
+TEST(CutRuns, SeveralSeparatorsCountAsOneAndThoseAtTheEndsNotAtAll)
+{
+    using Tokens = std::array<std::string_view, 3>;
+    for (const char* text : {"a bc d", "  a   bc d ", "a bc  d   "}) {
+        Tokens tokens;
+        EXPECT_TRUE(cutRuns(text, ' ', tokens)) << text;
+        EXPECT_EQ(tokens, (Tokens{"a", "bc", "d"})) << text;
+    }
+    for (const char* text : {"", " ", "a", "a b", " a b ", "a b c d", "a b c d "}) {
+        Tokens tokens;
+        EXPECT_FALSE(cutRuns(text, ' ', tokens)) << text;
+    }
+}
+
+// A text of a block and more is cut another way.
+TEST(CutRuns, LengthOfTheTextDoesNotMatter)
+{
+    unsigned state = 11;
+    int whole = 0;
+    for (int i = 0; i < 40000; ++i) {
+        std::string text;
+        Texts expected;
+        for (int length = i % 140; length > 0; --length) {
+            state = state * 1664525U + 1013904223U;
+            const bool blank = (state >> 16) % (i % 2 == 0 ? 3 : 40) == 0;
+            if (!blank && (text.empty() || text.back() == ' ')) {
+                expected.emplace_back();
+            }
+            text += blank ? ' ' : static_cast<char>('a' + (state >> 24) % 26);
+            if (!blank) {
+                expected.back() += text.back();
+            }
+        }
+        std::array<std::string_view, 4> tokens;
+        ASSERT_EQ(cutRuns(text, ' ', tokens), expected.size() == tokens.size()) << text;
+        if (expected.size() == tokens.size()) {
+            ++whole;
+            ASSERT_EQ(Texts(tokens.begin(), tokens.end()), expected) << text;
+        }
+    }
+    EXPECT_GT(whole, 1000);
 }

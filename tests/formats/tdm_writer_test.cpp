@@ -9,6 +9,7 @@
 #include "support/temporary_folder.h"
 #include "support/texts.h"
 #include "support/tracks.h"
+#include "text/written_text.h"
 
 #include <gtest/gtest.h>
 

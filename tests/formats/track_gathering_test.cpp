@@ -36,7 +36,7 @@ using NamedSequence = TrackSequence<const char*>;
 std::vector<TrackVtorichka> tracksOf(TrackGathering<MeasuredMark>& gathering)
 {
     std::vector<TrackVtorichka> tracks;
-    for (TrackVtorichka track; gathering.next(track, nameTrack, setMeasured);) {
+    for (TrackVtorichka track; gathering.next(track, OldMarks::renewed, nameTrack, setMeasured);) {
         tracks.push_back(track);
     }
     return tracks;
@@ -45,7 +45,7 @@ std::vector<TrackVtorichka> tracksOf(TrackGathering<MeasuredMark>& gathering)
 std::vector<TrackVtorichka> tracksOf(NamedSequence& sequence)
 {
     std::vector<TrackVtorichka> tracks;
-    for (TrackVtorichka track; sequence.next(track, nameTrack);) {
+    for (TrackVtorichka track; sequence.next(track, OldMarks::renewed, nameTrack);) {
         tracks.push_back(track);
     }
     return tracks;
@@ -56,7 +56,7 @@ const Measured nothing{0, 0.0, 0.0, 0.0, 0.0};
 // Gives a track so many marks, whose dates count from the first.
 void giveMarks(TrackVtorichka& track, std::size_t count, int firstDate)
 {
-    NewMarks newMarks(track, count);
+    NewMarks newMarks(track, count, OldMarks::renewed);
     for (std::size_t i = 0; i < count; ++i) {
         TRecLabelPervichka_File& mark = newMarks.next();
         expectMark(mark, nothing);
@@ -73,8 +73,7 @@ TEST(SetMeasured, SetsItsFieldsAndLeavesTheOthers)
     TRecLabelPervichka_File mark;
     mark.filtr = "V";
     mark.iF = 7;
-    setMeasured(mark, {60000, 3, 0.5, 15.25, -0.5, 9.5});
-    EXPECT_EQ(int{mark.AuxInt1}, 3);
+    setMeasured(mark, {60000, 0.5, 15.25, -0.5, 9.5});
     EXPECT_EQ(measured(mark), (Measured{60000, 0.5, 15.25, -0.5, 9.5}));
     EXPECT_EQ(std::string(mark.filtr), "V");
     EXPECT_EQ(int{mark.iF}, 7);
@@ -86,7 +85,7 @@ TEST(TrackGathering, TracksStandInTheOrderOfTheirFirstMarks)
     const char* const names[] = {"b", "a", "b", "c", "a", "a", "b"};
     int date = 0;
     for (const char* name : names) {
-        gathering.add(name, {++date, 0, 0, 0, 0, 0});
+        gathering.add(name, {++date, 0, 0, 0, 0});
     }
     EXPECT_EQ(gathering.count(), 3U);
     const auto tracks = tracksOf(gathering);
@@ -99,7 +98,7 @@ TEST(TrackGathering, NamesOfManyObjectsStayTold)
     TrackGathering<MeasuredMark> gathering;
     for (int round = 0; round < 2; ++round) {
         for (int object = 0; object < 5000; ++object) {
-            gathering.add("object with a long name " + std::to_string(object), {object, 0, 0, 0, 0, 0});
+            gathering.add("object with a long name " + std::to_string(object), {object, 0, 0, 0, 0});
         }
     }
     const auto tracks = tracksOf(gathering);
@@ -118,15 +117,15 @@ TEST(TrackGathering, ATrackOfManyChunksKeepsItsOrder)
 {
     TrackGathering<MeasuredMark> gathering;
     for (int date = 0; date < 100000; ++date) {
-        gathering.add(date % 3 == 0 ? "a" : "b", {date, 0, 0, 0, 0, 0});
+        gathering.add(date % 3 == 0 ? "a" : "b", {date, 0, 0, 0, 0});
     }
     TrackVtorichka track;
-    ASSERT_TRUE(gathering.next(track, nameTrack, setMeasured));
+    ASSERT_TRUE(gathering.next(track, OldMarks::renewed, nameTrack, setMeasured));
     ASSERT_EQ(track.Marks.size(), 33334U);
     EXPECT_EQ(int{track.Marks[12345].date}, 37035);
-    ASSERT_TRUE(gathering.next(track, nameTrack, setMeasured));
+    ASSERT_TRUE(gathering.next(track, OldMarks::renewed, nameTrack, setMeasured));
     EXPECT_EQ(int{track.Marks.back().date}, 99998);
-    EXPECT_FALSE(gathering.next(track, nameTrack, setMeasured));
+    EXPECT_FALSE(gathering.next(track, OldMarks::renewed, nameTrack, setMeasured));
 }
 
 TEST(TrackSequence, MarksGoToTheTrackThatWasAddedLast)
@@ -134,11 +133,11 @@ TEST(TrackSequence, MarksGoToTheTrackThatWasAddedLast)
     NamedSequence sequence;
     EXPECT_TRUE(sequence.empty());
     sequence.addTrack("a");
-    sequence.addMark({1, 0, 0, 0, 0, 0});
+    sequence.addMark({1, 0, 0, 0, 0});
     sequence.addTrack("");
     sequence.addTrack("b");
-    sequence.addMark({2, 0, 0, 0, 0, 0});
-    sequence.addMark({3, 0, 0, 0, 0, 0});
+    sequence.addMark({2, 0, 0, 0, 0});
+    sequence.addMark({3, 0, 0, 0, 0});
     sequence.lastHead() = "c";
     EXPECT_FALSE(sequence.empty());
     EXPECT_EQ(sequence.count(), 3U);
@@ -150,10 +149,10 @@ TEST(TrackSequence, ATrackMayRepeatMarks)
 {
     NamedSequence sequence;
     sequence.addTrack("a");
-    sequence.addMark({1, 0, 0, 0, 0, 0});
-    sequence.addMark({2, 0, 0, 0, 0, 0});
+    sequence.addMark({1, 0, 0, 0, 0});
+    sequence.addMark({2, 0, 0, 0, 0});
     sequence.addTrack("b");
-    sequence.addMark({3, 0, 0, 0, 0, 0});
+    sequence.addMark({3, 0, 0, 0, 0});
     sequence.beginLastTrackAt(1);
     EXPECT_EQ(sequence.markCount(), 3U);
     EXPECT_EQ(sequence.marksOfTracks(), 4U);
@@ -163,15 +162,15 @@ TEST(TrackSequence, ATrackMayRepeatMarks)
 TEST(TrackSequence, MarksMayWaitForTheirTrack)
 {
     NamedSequence sequence;
-    sequence.addWaitingMark({1, 0, 0, 0, 0, 0});
-    sequence.addWaitingMark({2, 0, 0, 0, 0, 0});
+    sequence.addWaitingMark({1, 0, 0, 0, 0});
+    sequence.addWaitingMark({2, 0, 0, 0, 0});
     EXPECT_TRUE(sequence.empty());
     EXPECT_EQ(sequence.markCount(), 2U);
     sequence.addTrack("a");
     sequence.beginLastTrackAt(1);
-    sequence.addWaitingMark({3, 0, 0, 0, 0, 0});
+    sequence.addWaitingMark({3, 0, 0, 0, 0});
     sequence.addTrack("b");
-    sequence.addWaitingMark({4, 0, 0, 0, 0, 0});
+    sequence.addWaitingMark({4, 0, 0, 0, 0});
     EXPECT_EQ(sequence.marksOfTracks(), 1U);
     EXPECT_EQ(marksOf(tracksOf(sequence)), (std::vector<std::string>{"a: 2", "b:"}));
 }

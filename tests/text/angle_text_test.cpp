@@ -1,6 +1,8 @@
 #include "text/angle_text.h"
 
 #include "base/text_buffer.h"
+#include "support/written.h"
+#include "text/written_text.h"
 
 #include <gtest/gtest.h>
 
@@ -203,22 +205,20 @@ TEST(AngleText, ManyAnglesKeepTheRules)
     }
 }
 
-TEST(AngleText, AppendedAnglesAreThoseOfTheTextFunctions)
+TEST(AngleText, WrittenAnglesAreThoseOfTheTextFunctions)
 {
     for (const double degrees :
          {0.0, -0.0, 15.0, -15.0, -0.5, 0.0416499, 123.456789, -29.00781056, 359.9999999, 360.0, 1500.0, 1e10,
           -1e300, 5e-324, notANumber, infinity, -infinity})
     {
         for (const int precision : {0, 1, 2, 3, 6, 12}) {
-            for (const char* separator : {"", " ", ":", " - "}) {
+            for (const char separator : {' ', ':', '.'}) {
                 SCOPED_TRACE(degrees);
-                TextBuffer out("before");
-                appendRA(out, degrees, precision, separator);
-                EXPECT_EQ(out.view(), "before" + RAToStr(degrees, precision, separator, true));
-                out.clear();
-                out += "before";
-                appendDE(out, degrees, precision, separator);
-                EXPECT_EQ(out.view(), "before" + DEToStr(degrees, precision, separator, true));
+                const std::string text(1, separator);
+                EXPECT_EQ(written([=](char* to) { return writeRA(to, degrees, precision, separator); }),
+                          RAToStr(degrees, precision, text, true));
+                EXPECT_EQ(written([=](char* to) { return writeDE(to, degrees, precision, separator); }),
+                          DEToStr(degrees, precision, text, true));
             }
         }
     }
@@ -510,11 +510,7 @@ TEST(PackedSeconds, TextThatEndsBeforeTheTwoCharactersIsOutOfRange)
 
 TEST(PackedAngles, HaveNeitherSeparatorNorPoint)
 {
-    TextBuffer text("a.b ");
-    tavelinUtils::appendPackedRA(text, 15.0, 4);
-    text += ' ';
-    tavelinUtils::appendPackedDE(text, -0.5, 2);
-    text += ' ';
-    tavelinUtils::appendPackedDE(text, 12.0916666, 0);
-    EXPECT_EQ(text.view(), "a.b 0100000000 -00300000 120530");
+    EXPECT_EQ(written([](char* to) { return writePackedRA(to, 15.0, 4); }), "0100000000");
+    EXPECT_EQ(written([](char* to) { return writePackedDE(to, -0.5, 2); }), "-00300000");
+    EXPECT_EQ(written([](char* to) { return writePackedDE(to, 12.0916666, 0); }), "120530");
 }

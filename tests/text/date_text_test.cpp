@@ -4,6 +4,8 @@
 
 #include "base/text_buffer.h"
 #include "support/time_zone.h"
+#include "support/written.h"
+#include "text/written_text.h"
 
 #include <gtest/gtest.h>
 
@@ -64,14 +66,13 @@ TEST(DateText, RefusedMjdIsAllZeros)
     EXPECT_EQ(MJDToDate(notANumber, "-"), "0-00-00");
 }
 
-TEST(DateText, AppendedDatesAreThoseOfTheTextFunction)
+TEST(DateText, WrittenDatesAreThoseOfTheTextFunction)
 {
     DateTexts dates;
     for (const int date : {60000, 60000, 0, 60000, 51544, -671581, 0, 2147483647}) {
         SCOPED_TRACE(date);
-        TextBuffer out("before");
-        appendDate(out, dates, date, "-");
-        EXPECT_EQ(out.view(), "before" + MJDToDate(date, "-"));
+        EXPECT_EQ(written([&dates, date](char* to) { return writeDate(to, dates, date, '-'); }),
+                  MJDToDate(date, "-"));
     }
 }
 
@@ -80,9 +81,9 @@ TEST(DateText, MemoServesOneSeparator)
 {
     DateTexts dates;
     TextBuffer out;
-    appendDate(out, dates, 60000, "-");
-    appendDate(out, dates, 60000, "/");
-    appendDate(out, dates, 60001, "/");
+    appendDate(out, dates, 60000, '-');
+    appendDate(out, dates, 60000, '/');
+    appendDate(out, dates, 60001, '/');
     EXPECT_EQ(out.view(), "2023-02-252023-02-252023/02/26");
 }
 

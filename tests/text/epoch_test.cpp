@@ -3,6 +3,7 @@
 
 #include "base/text_buffer.h"
 #include "support/sexagesimal.h"
+#include "text/written_text.h"
 
 #include <gtest/gtest.h>
 

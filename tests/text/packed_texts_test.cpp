@@ -9,6 +9,8 @@
 
 #include "support/random.h"
 #include "support/same_bits.h"
+#include "support/written.h"
+#include "text/written_text.h"
 
 #include <gtest/gtest.h>
 
@@ -116,19 +118,11 @@ std::string byValue(double seconds, int precision)
     return (seconds < 10.0 ? "0" : "") + printed(seconds, precision);
 }
 
-template <class Append>
-std::string shortText(Append append)
-{
-    TextBuffer text;
-    append(text);
-    return text.str();
-}
-
 void expectAngleTheLongWay(double degrees, int precision)
 {
-    const std::string colon = shortText([=](TextBuffer& out) { appendRA(out, degrees, precision, ":"); });
+    const std::string colon = written([=](char* to) { return writeRA(to, degrees, precision, ':'); });
     ASSERT_EQ(colon, longAngle(degrees, 15.0, precision, ":"));
-    const std::string packed = shortText([=](TextBuffer& out) { appendPackedDE(out, degrees, precision); });
+    const std::string packed = written([=](char* to) { return writePackedDE(to, degrees, precision); });
     ASSERT_EQ(packed, withoutPoint(longAngle(degrees, 1.0, precision, "")));
 }
 
@@ -139,15 +133,15 @@ void expectTimeTheLongWay(double day, int precision)
     double second = 0;
     DayToTime(day, hour, minute, second);
     const std::string front = padded(hour) + padded(minute);
-    ASSERT_EQ(shortText([=](TextBuffer& out) { appendTimeMEA(out, day, precision, true); }),
+    ASSERT_EQ(written([=](char* to) { return writeTimeMEA(to, day, precision, true); }),
               front + withoutPoint(byValue(second, precision)));
     const std::string cut = withoutPoint(byValue(second, 15));
-    ASSERT_EQ(shortText([=](TextBuffer& out) { appendTimeMEA(out, day, precision, false); }),
+    ASSERT_EQ(written([=](char* to) { return writeTimeMEA(to, day, precision, false); }),
               front + cut.substr(0, static_cast<std::size_t>(precision) + 2));
     if (printed(second, precision).starts_with("60")) {
         return; // the carry, which tests of its own hold
     }
-    ASSERT_EQ(shortText([=](TextBuffer& out) { appendTime(out, day, precision, ":"); }),
+    ASSERT_EQ(written([=](char* to) { return writeTime(to, day, precision, ':'); }),
               padded(hour) + ":" + padded(minute) + ":" + padded(printed(second, precision)));
 }
 

@@ -1,6 +1,8 @@
 #include "text/date_text.h"
 
 #include "base/text_buffer.h"
+#include "support/written.h"
+#include "text/written_text.h"
 
 #include <gtest/gtest.h>
 
@@ -247,16 +249,15 @@ TEST(TimeText, ManyTimesKeepTheRules)
     }
 }
 
-TEST(TimeText, AppendedTimesAreThoseOfTheTextFunction)
+TEST(TimeText, WrittenTimesAreThoseOfTheTextFunction)
 {
     for (const double day :
          {0.0, 0.5, 0.5242592592592593, 0.99999999999999, -0.25, 60000.25, 1e300, notANumber}) {
         for (const int precision : {-1, 0, 2, 5, 20}) {
-            for (const char* separator : {":", " ", "", "::"}) {
+            for (const char separator : {':', ' ', '.'}) {
                 SCOPED_TRACE(std::to_string(day) + " " + std::to_string(precision) + separator);
-                TextBuffer out("before");
-                appendTime(out, day, precision, separator);
-                EXPECT_EQ(out.view(), "before" + DayToTime(day, precision, separator));
+                EXPECT_EQ(written([=](char* to) { return writeTime(to, day, precision, separator); }),
+                          DayToTime(day, precision, std::string(1, separator)));
             }
         }
     }
@@ -362,7 +363,7 @@ TEST(TimeTextMea, ManyTimesKeepTheRules)
     }
 }
 
-TEST(TimeTextMea, AppendedTimesAreThoseOfTheTextFunction)
+TEST(TimeTextMea, WrittenTimesAreThoseOfTheTextFunction)
 {
     for (const double day : {0.0, 0.5, 0.5242592592592593, 0.04317125, 0.04374999537037038, 0.99999999999999,
                              -0.25, 60000.25, 1e300, notANumber})
@@ -370,9 +371,8 @@ TEST(TimeTextMea, AppendedTimesAreThoseOfTheTextFunction)
         for (const int precision : {0, 1, 2, 3, 6, 15, 20}) {
             for (const bool rounded : {false, true}) {
                 SCOPED_TRACE(day);
-                TextBuffer out("before");
-                appendTimeMEA(out, day, precision, rounded);
-                EXPECT_EQ(out.view(), "before" + DayToTimeMEA(day, precision, rounded));
+                EXPECT_EQ(written([=](char* to) { return writeTimeMEA(to, day, precision, rounded); }),
+                          DayToTimeMEA(day, precision, rounded));
             }
         }
     }
@@ -394,14 +394,12 @@ TEST(TimeTextTelegram, LeadingZeroLooksAtTheValueAndNotAtTheRoundedText)
     EXPECT_EQ(DayToTimeTEL(0.04317125), "01:02:010.00");
 }
 
-TEST(TimeTextTelegram, AppendedTimesAreThoseOfTheTextFunction)
+TEST(TimeTextTelegram, WrittenTimesAreThoseOfTheTextFunction)
 {
     for (const double day :
          {0.0, 0.5, 0.04317125, 0.04374995370370371, 0.99999999999999, -0.25, 60000.25, notANumber})
     {
         SCOPED_TRACE(day);
-        TextBuffer out("before");
-        appendTimeTEL(out, day);
-        EXPECT_EQ(out.view(), "before" + DayToTimeTEL(day));
+        EXPECT_EQ(written([day](char* to) { return writeTimeTEL(to, day); }), DayToTimeTEL(day));
     }
 }
