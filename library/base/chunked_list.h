@@ -39,13 +39,14 @@ public:
         return chunks[index / entriesOfAChunk][index % entriesOfAChunk];
     }
 
-    void add(const Entry& entry)
+    /// Adds an entry at the end and returns it.
+    Entry& add(const Entry& entry)
     {
         if (end == limit) {
             addChunk();
         }
-        ::new (static_cast<void*>(end++)) Entry(entry);
         ++count;
+        return *::new (static_cast<void*>(end++)) Entry(entry);
     }
 
 private:

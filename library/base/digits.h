@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
@@ -92,6 +93,14 @@ inline int countDigits(std::uint64_t number)
     constexpr int logarithm = 1233; // of 2 to base 10, times 4096
     const int fewest = static_cast<int>(std::bit_width(number | 1)) * logarithm >> 12;
     return fewest + (number >= powersOfTen[static_cast<std::size_t>(fewest)] ? 1 : 0) + (number == 0 ? 1 : 0);
+}
+
+/// The same, but at least as many as are given, which is mostly the answer.
+inline int countDigits(std::uint64_t number, int fewest)
+{
+    const bool areEnough =
+        fewest <= largestDecimals && number < powersOfTen[static_cast<std::size_t>(fewest)];
+    return areEnough ? fewest : std::max(countDigits(number), fewest);
 }
 
 /// Writes a number and returns its end.

@@ -30,10 +30,19 @@ Room largeRoom(std::size_t bytes)
 {
     const std::size_t wholePages = (bytes + largePage - 1) / largePage * largePage;
     Room room = owned(std::aligned_alloc(largePage, wholePages));
-#ifdef MADV_HUGEPAGE
-    madvise(room.get(), wholePages, MADV_HUGEPAGE); // a wish: refused, it changes nothing
-#endif
+    wishForLargePages(room.get(), wholePages);
     return room;
+}
+
+void wishForLargePages([[maybe_unused]] void* room, [[maybe_unused]] std::size_t bytes)
+{
+#ifdef MADV_HUGEPAGE
+    std::size_t whole = bytes;
+    void* pages = room;
+    if (std::align(largePage, largePage, pages, whole) != nullptr) {
+        madvise(pages, whole / largePage * largePage, MADV_HUGEPAGE); // refused, the wish changes nothing
+    }
+#endif
 }
 
 } // namespace tavelinUtils

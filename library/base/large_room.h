@@ -26,4 +26,7 @@ Room plainRoom(std::size_t bytes);
 /// takes longer than writing all of it.
 Room largeRoom(std::size_t bytes);
 
+/// Wishes for large pages in a room that nothing has been written to.
+void wishForLargePages(void* room, std::size_t bytes);
+
 } // namespace tavelinUtils

@@ -338,7 +338,7 @@ char* writePackedByValue(char* to, double value, int precision)
         char* const number = to + (below ? 1 : 0);
         return withoutPoint(number, writeFixed(number, value, precision));
     }
-    const int digits = std::max(countDigits(scaled), precision + 1);
+    const int digits = countDigits(scaled, precision + 1);
     return writeDigits(to, scaled, below ? digits + 1 : digits);
 }
 

@@ -134,7 +134,7 @@ inline char* writeFixedPacked(char* to, double value, int precision)
     if (scaled == notScaled || std::signbit(value)) {
         return writeOddPacked(to, value, precision);
     }
-    return writeDigits(to, scaled, std::max(countDigits(scaled), precision + 2));
+    return writeDigits(to, scaled, countDigits(scaled, precision + 2));
 }
 
 /// The same, but with the "0" in front of a value below 10.0, whatever its text: "0100" for 9.96 with one

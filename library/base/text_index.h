@@ -42,12 +42,13 @@ public:
 
 private:
     std::size_t findOrAdd(std::string_view text);
-    std::size_t slotOf(std::string_view text) const;
+    std::size_t slotOf(std::string_view text, std::uint32_t hash) const;
     void growSlots();
 
-    std::string characters;           // of all texts
-    std::vector<std::size_t> ends;    // of each text
-    std::vector<std::uint32_t> slots; // numbers plus 1 by the hash of their texts; 0 where there is none
+    std::string characters;            // of all texts
+    std::vector<std::size_t> ends;     // of each text
+    std::vector<std::uint32_t> hashes; // of each text: an index that grows does not look at the texts again
+    std::vector<std::uint32_t> slots;  // numbers plus 1 by these hashes; 0 where there is none
     std::size_t last = 0;
 };
 

@@ -153,13 +153,12 @@ public:
             addFrontLine(number, line);
             return;
         }
-        Tokens tokens;
         const std::size_t count = cutParts(line, ' ', tokens);
         if (count == std::size(objectFields)) {
-            openObject(tokens);
+            openObject();
         }
         if (open && count == tokens.size()) {
-            addMark(tokens);
+            addMark();
         } else if (open && count < tokens.size() && !tokens[0].empty()) {
             closeObject();
         }
@@ -176,7 +175,7 @@ private:
     }
 
     // The working track keeps its marks. The track that the result gets stays as constructed without a mark.
-    void openObject(const Tokens& tokens)
+    void openObject()
     {
         ReadObject read{kept.texts, {}};
         readFields<objectFields>(tokens, read);
@@ -185,7 +184,7 @@ private:
         open = true;
     }
 
-    void addMark(const Tokens& tokens)
+    void addMark()
     {
         ReadMark read{days, {}};
         readFields<markFields>(tokens, read);
@@ -210,6 +209,7 @@ private:
     ObjectNumbers working{};
     std::size_t workingBegin = 0;
     DayNumbers days;
+    Tokens tokens; // of the line, here so that none clears them
 };
 
 void refuseManyRepeatedMarks(const KeptReport& report)

@@ -145,10 +145,9 @@ public:
     // The number of fields alone says what a line is. A blank at its end is one more, empty field.
     void add(std::string_view line)
     {
-        Tokens tokens;
         switch (cutParts(line, ' ', tokens)) {
-        case std::size(headFields): open(tokens); break;
-        case std::size(markFields): addMark(tokens); break;
+        case std::size(headFields): open(); break;
+        case std::size(markFields): addMark(); break;
         case 1:
             if (!tokens[0].empty()) {
                 close();
@@ -162,7 +161,7 @@ private:
     using Tokens = std::array<std::string_view, std::size(markFields)>;
 
     // A second head line overwrites the head and keeps the marks.
-    void open(const Tokens& tokens)
+    void open()
     {
         ReadHead read{kept.texts, {}};
         readFields<headFields>(tokens, read);
@@ -170,7 +169,7 @@ private:
         inBlock = true;
     }
 
-    void addMark(const Tokens& tokens)
+    void addMark()
     {
         if (inBlock) {
             ReadMark read{days, {}};
@@ -194,6 +193,7 @@ private:
     bool inBlock = false;
     std::size_t blockBegin = 0; // its first mark
     DayNumbers days;
+    Tokens tokens; // of the line, here so that none clears them
 };
 
 } // namespace

@@ -16,6 +16,7 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <numeric>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -51,17 +52,18 @@ class TrackGathering
 public:
     void add(std::string_view object, const Observation& observation)
     {
-        const std::size_t track = objects.numberOf(object);
-        if (runs.empty() || track != trackOfLastRun) {
-            beginRun(track);
+        const auto track = static_cast<std::uint32_t>(objects.numberOf(object));
+        if (lastRun == nullptr || lastRun->track != track || lastRun->count == longestRun) {
+            lastRun = &runs.add({track, 0});
         }
+        ++lastRun->count;
         observations.add(observation);
     }
 
     /// How many tracks are still to come.
     std::size_t count() const
     {
-        return tracks.size() - taken;
+        return objects.size() - taken;
     }
 
     /// Gives a track the next one: `fillHead(track, object)` fills its head, `fillMark(mark, observation)`
@@ -72,68 +74,78 @@ public:
         if (count() == 0) {
             return false;
         }
+        if (taken == 0) {
+            putRunsInOrder();
+        }
         resetHead(track);
         fillHead(track, objects[taken]);
-        const RunsOfTrack own = tracks[taken++];
-        std::size_t marks = 0;
-        forEachRun(own, [&](std::size_t begin, std::size_t end) { marks += end - begin; });
-        NewMarks newMarks(track, marks, old);
-        forEachRun(own, [&](std::size_t begin, std::size_t end) {
-            for (std::size_t at = begin; at < end; ++at) {
-                fillMark(newMarks.next(), observations[at]);
-            }
-        });
+        const std::size_t end = endsOfTracks[taken++];
+        fillMarks(track, end, old, fillMark);
+        nextRun = end;
         return true;
     }
 
 private:
-    // Observations of one object that follow one another in the file, up to the first of the next run.
+    // Observations of one track that follow one another in the file.
     struct Run
     {
+        std::uint32_t track;
+        std::uint32_t count;
+    };
+    static constexpr std::uint32_t longestRun = std::numeric_limits<std::uint32_t>::max();
+
+    // The same where runs are in the order of their tracks.
+    struct OrderedRun
+    {
         std::size_t first;
-        std::uint32_t nextOfTrack;
+        std::uint32_t count;
     };
 
-    struct RunsOfTrack
+    // Gives each track its runs, in the order in which they were added.
+    void putRunsInOrder()
     {
-        std::uint32_t first;
-        std::uint32_t last;
-    };
-
-    void beginRun(std::size_t track)
-    {
-        // A file of more runs would fill a hundred gigabytes.
-        if (runs.size() > std::numeric_limits<std::uint32_t>::max()) {
-            throw std::length_error("more observations than can be numbered");
+        std::vector<std::size_t> places(objects.size() + 1);
+        for (std::size_t i = 0; i < runs.size(); ++i) {
+            ++places[runs[i].track + 1];
         }
-        const auto run = static_cast<std::uint32_t>(runs.size());
-        if (track == tracks.size()) {
-            tracks.push_back({run, run});
-        } else {
-            runs[tracks[track].last].nextOfTrack = run;
-            tracks[track].last = run;
+        std::partial_sum(places.begin(), places.end(), places.begin());
+        orderedRuns.resize(runs.size());
+        std::size_t first = 0;
+        for (std::size_t i = 0; i < runs.size(); ++i) {
+            orderedRuns[places[runs[i].track]++] = {first, runs[i].count};
+            first += runs[i].count;
         }
-        runs.add({observations.size(), run});
-        trackOfLastRun = track;
+        places.pop_back(); // each of the others is the end of its track now
+        endsOfTracks = std::move(places);
+        runs = {};
     }
 
-    // Calls use(begin, end) with the observations of each run.
-    template <class Use>
-    void forEachRun(RunsOfTrack own, Use use) const
+    // Marks of the runs from the next one to an end.
+    template <class FillMark>
+    void fillMarks(TrackVtorichka& track, std::size_t end, OldMarks old, FillMark fillMark)
     {
-        for (std::size_t run = own.first;; run = runs[run].nextOfTrack) {
-            use(runs[run].first, run + 1 == runs.size() ? observations.size() : runs[run + 1].first);
-            if (run == own.last) {
-                return;
+        constexpr std::size_t ahead = 8; // runs: in mixed lines each observation is far from the one before
+        std::size_t marks = 0;
+        for (std::size_t run = nextRun; run < end; ++run) {
+            marks += orderedRuns[run].count;
+        }
+        NewMarks newMarks(track, marks, old);
+        for (std::size_t run = nextRun; run < end; ++run) {
+            __builtin_prefetch(&observations[orderedRuns[std::min(run + ahead, end - 1)].first]);
+            const OrderedRun& own = orderedRuns[run];
+            for (std::size_t at = own.first; at < own.first + own.count; ++at) {
+                fillMark(newMarks.next(), observations[at]);
             }
         }
     }
 
     TextIndex objects;
-    std::vector<RunsOfTrack> tracks; // of each object
-    ChunkedList<Run> runs;
     ChunkedList<Observation> observations;
-    std::size_t trackOfLastRun = 0;
+    ChunkedList<Run> runs;
+    Run* lastRun = nullptr;
+    std::vector<OrderedRun> orderedRuns;
+    std::vector<std::size_t> endsOfTracks; // among these
+    std::size_t nextRun = 0;
     std::size_t taken = 0;
 };
 

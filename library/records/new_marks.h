@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "../base/large_room.h"
 #include "track_stream.h"
 
 #include <algorithm>
@@ -31,6 +32,7 @@ public:
         if (marks.capacity() < count) {
             std::vector<TRecLabelPervichka_File>().swap(marks); // so that never two such lists are there
             marks.reserve(count);
+            wishForLargePages(marks.data(), count * sizeof(TRecLabelPervichka_File));
         }
         marks.erase(marks.begin() + static_cast<std::ptrdiff_t>(std::min(count, marks.size())), marks.end());
     }

@@ -109,19 +109,29 @@ char* writeCarriedTime(char* to, TimeOfDay time, int precision, Separator separa
     return writeFixedTwoDigits(to, time.seconds, precision);
 }
 
+// Cuts seconds without looking at many decimals, where these cannot matter: they are no more than a hair from
+// the value, which is further from a digit's end. Nothing is written, and a null pointer returned, elsewhere.
+char* writeClearlyCut(char* to, double seconds, int precision)
+{
+    constexpr double hair = 0x1p-36;
+    constexpr int mostPrecision = 3; // with more the product itself may be further off
+    if (!(seconds > 0.0 && seconds < 60.0) || precision < 0 || precision > mostPrecision) {
+        return nullptr;
+    }
+    const double product = seconds * exactPowers[precision];
+    const auto whole = static_cast<std::uint64_t>(product);
+    const double rest = product - static_cast<double>(whole);
+    return rest > hair && rest < 1.0 - hair ? writeDigits(to, whole, precision + 2) : nullptr;
+}
+
 // The seconds with many decimals, cut to the precision; the decimals that are cut off take part in the
 // rounding of the last of the many.
 char* writeCutSeconds(char* to, double seconds, int precision)
 {
-    constexpr int manyDecimals = 15;
-    const std::uint64_t scaled = scaledMagnitude(seconds, manyDecimals);
-    const bool isUsual = !std::signbit(seconds) && precision >= 0 && precision <= manyDecimals &&
-                         scaled < 100 * powersOfTen[manyDecimals] &&
-                         (seconds < 10.0) == (scaled < 10 * powersOfTen[manyDecimals]);
-    if (isUsual) {
-        return writeDigits(to, scaled / powersOfTen[static_cast<std::size_t>(manyDecimals - precision)],
-                           precision + 2);
+    if (char* const end = writeClearlyCut(to, seconds, precision)) {
+        return end;
     }
+    constexpr int manyDecimals = 15;
     char* const end = withoutPoint(to, writeSecondsByValue(to, seconds, manyDecimals));
     const std::ptrdiff_t kept = std::ptrdiff_t{std::max(precision, -2)} + 2;
     return to + std::min(end - to, kept);
