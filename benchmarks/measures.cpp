@@ -19,7 +19,7 @@ namespace {
 constexpr double largeRecord = 709;
 
 constexpr Asked startRatio{0.7, 0.6};
-constexpr Asked smallTaskRatio{1.5, 1.2};
+constexpr Asked smallTaskRatio{1.5, 1.2, 1.8};
 
 std::string milliseconds(double seconds)
 {

