@@ -37,6 +37,7 @@
 #include "formats/horizons.h"
 #include "formats/light_curve.h"
 #include "formats/light_curve_task.h"
+#include "formats/line_watch.h"
 #include "formats/mea.h"
 #include "formats/mpc_report.h"
 #include "formats/reference_positions.h"

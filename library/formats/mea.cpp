@@ -7,6 +7,7 @@
 #include "base/tokens.h"
 #include "files/text_file.h"
 #include "formats/track_gathering.h"
+#include "formats/watched_lines.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
 #include "text/written_text.h"
@@ -98,33 +99,57 @@ struct KeptMarks
 };
 
 // Takes the lines of a file one after the other.
+template <class Watch = Unwatched>
 class MeaLines
 {
 public:
-    explicit MeaLines(KeptMarks& marks) : kept(marks)
+    explicit MeaLines(KeptMarks& marks, Watch lineWatch = {}) : kept(marks), watch(lineWatch)
     {
     }
 
     void add(std::string_view line)
     {
-        if (!siteSeen) {
-            siteSeen = true;
-            kept.telescope = line.substr(0, line.find(' '));
-            return;
-        }
-        if (cutRuns(line, ' ', tokens)) {
-            ReadMark read{days, {}, {}};
-            readFields<markFields>(tokens, read);
-            kept.gathering.add(read.object, read.mark);
-        }
+        watch.take([this, line] { takeLine(line); });
     }
 
 private:
+    void takeLine(std::string_view line)
+    {
+        if (!siteSeen) {
+            siteSeen = true;
+            kept.telescope = line.substr(0, line.find(' '));
+            watch.head();
+        } else if (cutRuns(line, ' ', tokens)) {
+            ReadMark read{days, {}, {}};
+            readFields<markFields>(tokens, read);
+            kept.gathering.add(read.object, read.mark);
+            watch.mark();
+        } else {
+            watch.passed(line, PassedReason::wordCount);
+        }
+    }
+
     KeptMarks& kept;
+    [[no_unique_address]] Watch watch;
     bool siteSeen = false;
     DayNumbers days;
     std::array<std::string_view, std::size(markFields)> tokens; // of the line, here so that none clears them
 };
+
+// Reads a file; a missing one has no lines.
+template <class... Watch>
+void readFile(const std::string& path, KeptMarks& kept, Watch... watch)
+{
+    const OpenFile file = openFile(path, "rb");
+    if (!file) {
+        return;
+    }
+    std::setlocale(LC_NUMERIC, "C"); // also for a folder, which opens and has no lines
+    MeaLines reader(kept, watch...);
+    if (!readLines(file.get(), reader)) {
+        kept = {};
+    }
+}
 
 void appendMarkLine(TextBuffer& out, const TrackVtorichka& track, std::size_t index, DateTexts& dates)
 {
@@ -218,21 +243,26 @@ bool MeaSource::Store::next(TrackVtorichka& track, OldMarks old)
 
 MeaSource::MeaSource(std::string path, std::string originator) : store(new Store{std::move(originator)})
 {
-    const OpenFile file = openFile(path, "rb");
-    if (!file) {
-        return;
-    }
-    std::setlocale(LC_NUMERIC, "C"); // also for a folder, which opens and has no lines
-    MeaLines reader(store->kept);
-    if (!readLines(file.get(), reader)) {
-        store->kept = {};
-    }
+    readFile(path, store->kept);
+}
+
+MeaSource::MeaSource(std::string path, std::string originator, LineWatch& watch)
+    : store(new Store{std::move(originator)})
+{
+    readFile(path, store->kept, Watched(watch));
 }
 
 MeaSource::MeaSource(const std::vector<std::string>& lines, std::string originator)
     : store(new Store{std::move(originator)})
 {
     MeaLines reader(store->kept);
+    takeLines(lines, reader);
+}
+
+MeaSource::MeaSource(const std::vector<std::string>& lines, std::string originator, LineWatch& watch)
+    : store(new Store{std::move(originator)})
+{
+    MeaLines reader(store->kept, Watched(watch));
     takeLines(lines, reader);
 }
 
@@ -305,9 +335,20 @@ std::vector<TrackVtorichka> lMEATrack(const std::vector<std::string>& lines, std
     return allTracks(MeaSource(lines, originator));
 }
 
+std::vector<TrackVtorichka> lMEATrack(const std::vector<std::string>& lines, std::string originator,
+                                      LineWatch& watch)
+{
+    return allTracks(MeaSource(lines, originator, watch));
+}
+
 std::vector<TrackVtorichka> plMEATrack(std::string path, std::string originator)
 {
     return allTracks(MeaSource(path, originator));
+}
+
+std::vector<TrackVtorichka> plMEATrack(std::string path, std::string originator, LineWatch& watch)
+{
+    return allTracks(MeaSource(path, originator, watch));
 }
 
 void sMEA(std::string path, const std::vector<TrackVtorichka>& tracks)

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "../records/track.h"
+#include "line_watch.h"
 
 #include <cstddef>
 #include <memory>
@@ -25,6 +26,10 @@ public:
 
     /// Reads the lines, which are not needed afterwards.
     MeaSource(const std::vector<std::string>& lines, std::string originator);
+
+    /// The same, telling a watch what becomes of each line. Nothing is thrown for a line: it is refused.
+    MeaSource(std::string path, std::string originator, LineWatch& watch);
+    MeaSource(const std::vector<std::string>& lines, std::string originator, LineWatch& watch);
 
     /// Takes over what the other has still to hand out.
     MeaSource(MeaSource&& other) noexcept;
@@ -97,6 +102,11 @@ std::vector<TrackVtorichka> plMEATrack(std::string path, std::string originator)
 /// exactly seven fields is skipped; text that is no number counts as 0. Throws std::out_of_range for
 /// a date below 4 characters, a time or right ascension below 6, a declination below 7.
 std::vector<TrackVtorichka> lMEATrack(const std::vector<std::string>& lines, std::string originator);
+
+/// The same, telling a watch what becomes of each line. Nothing is thrown for a line: it is refused.
+std::vector<TrackVtorichka> plMEATrack(std::string path, std::string originator, LineWatch& watch);
+std::vector<TrackVtorichka> lMEATrack(const std::vector<std::string>& lines, std::string originator,
+                                      LineWatch& watch);
 
 /// Replaces the file by the tracks in MEA; the site line is that of the first track. An empty list leaves
 /// the file as it is. Throws TavelinException with code 7 and the path for a file that cannot be written.

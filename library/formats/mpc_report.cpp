@@ -7,6 +7,7 @@
 #include "files/text_file.h"
 #include "files/text_files.h"
 #include "formats/track_gathering.h"
+#include "formats/watched_lines.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
 #include "text/number_text.h"
@@ -220,32 +221,53 @@ struct KeptReport
 };
 
 // Takes the lines of a report one after the other.
+template <class Watch = Unwatched>
 class MpcReportLines
 {
 public:
-    explicit MpcReportLines(KeptReport& report) : kept(report)
+    explicit MpcReportLines(KeptReport& report, Watch lineWatch = {}) : kept(report), watch(lineWatch)
     {
     }
 
     void add(std::string_view line)
     {
-        for (const HeaderLine& row : headerLines) {
-            if (line.starts_with(row.keyword)) {
-                kept.header.*row.text = line.substr(4); // throws where the line ends with the keyword
-                return;
-            }
-        }
-        if (line.size() == lineLength) {
-            const std::size_t filter = kept.bands.numberOf(withoutBlanks(cut(line, band)));
-            kept.gathering.add(withoutBlanks(cut(line, nameField)),
-                               {measuredOf(line, days), static_cast<std::uint32_t>(filter)});
-        }
+        watch.take([this, line] { takeLine(line); });
     }
 
 private:
+    void takeLine(std::string_view line)
+    {
+        for (const HeaderLine& row : headerLines) {
+            if (line.starts_with(row.keyword)) {
+                kept.header.*row.text = line.substr(4); // throws where the line ends with the keyword
+                watch.head();
+                return;
+            }
+        }
+        if (line.size() != lineLength) {
+            watch.passed(line, PassedReason::lineLength);
+            return;
+        }
+        const std::size_t filter = kept.bands.numberOf(withoutBlanks(cut(line, band)));
+        kept.gathering.add(withoutBlanks(cut(line, nameField)),
+                           {measuredOf(line, days), static_cast<std::uint32_t>(filter)});
+        watch.mark();
+    }
+
     KeptReport& kept;
+    [[no_unique_address]] Watch watch;
     DayNumbers days;
 };
+
+// Reads a file; a missing one has no lines.
+template <class... Watch>
+void readFile(const std::string& path, KeptReport& kept, Watch... watch)
+{
+    MpcReportLines reader(kept, watch...);
+    if (!readLines(path, reader)) {
+        kept = {};
+    }
+}
 
 // A report of marks. Its header is that of the first track.
 class ReportFile
@@ -329,15 +351,23 @@ bool MpcReportSource::Store::next(TrackVtorichka& track, OldMarks old)
 
 MpcReportSource::MpcReportSource(std::string path) : store(new Store)
 {
-    MpcReportLines reader(store->kept);
-    if (!readLines(path, reader)) {
-        store->kept = {}; // a missing file has no lines
-    }
+    readFile(path, store->kept);
+}
+
+MpcReportSource::MpcReportSource(std::string path, LineWatch& watch) : store(new Store)
+{
+    readFile(path, store->kept, Watched(watch));
 }
 
 MpcReportSource::MpcReportSource(const std::vector<std::string>& lines) : store(new Store)
 {
     MpcReportLines reader(store->kept);
+    takeLines(lines, reader);
+}
+
+MpcReportSource::MpcReportSource(const std::vector<std::string>& lines, LineWatch& watch) : store(new Store)
+{
+    MpcReportLines reader(store->kept, Watched(watch));
     takeLines(lines, reader);
 }
 
@@ -432,9 +462,19 @@ std::vector<TrackVtorichka> lMPC(const std::vector<std::string>& lines)
     return allTracks(MpcReportSource(lines));
 }
 
+std::vector<TrackVtorichka> lMPC(const std::vector<std::string>& lines, LineWatch& watch)
+{
+    return allTracks(MpcReportSource(lines, watch));
+}
+
 std::vector<TrackVtorichka> lMPC(std::string path)
 {
     return allTracks(MpcReportSource(path));
+}
+
+std::vector<TrackVtorichka> lMPC(std::string path, LineWatch& watch)
+{
+    return allTracks(MpcReportSource(path, watch));
 }
 
 TMPCMea ParsMPCMea(std::string line)

@@ -12,6 +12,7 @@
 #pragma once
 
 #include "../records/track.h"
+#include "line_watch.h"
 
 #include <cstddef>
 #include <memory>
@@ -42,6 +43,10 @@ public:
 
     /// Reads the lines, which are not needed afterwards.
     explicit MpcReportSource(const std::vector<std::string>& lines);
+
+    /// The same, telling a watch what becomes of each line. Nothing is thrown for a line: it is refused.
+    MpcReportSource(std::string path, LineWatch& watch);
+    MpcReportSource(const std::vector<std::string>& lines, LineWatch& watch);
 
     /// Takes over what the other has still to hand out.
     MpcReportSource(MpcReportSource&& other) noexcept;
@@ -134,6 +139,10 @@ std::vector<TrackVtorichka> lMPC(const std::vector<std::string>& lines);
 
 /// The same of a file; none for a missing one.
 std::vector<TrackVtorichka> lMPC(std::string path);
+
+/// The same, telling a watch what becomes of each line. Nothing is thrown for a line: it is refused.
+std::vector<TrackVtorichka> lMPC(const std::vector<std::string>& lines, LineWatch& watch);
+std::vector<TrackVtorichka> lMPC(std::string path, LineWatch& watch);
 
 /// An observation line by its columns; the note columns and the code are not read. Throws
 /// std::out_of_range for a line that ends before a column.

@@ -8,6 +8,7 @@
 #include "config/xml_document.h"
 #include "files/text_file.h"
 #include "formats/track_gathering.h"
+#include "formats/watched_lines.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
 #include "text/written_text.h"
@@ -130,12 +131,21 @@ struct KeptReport
 //
 // There is one working track, and with each mark it is the last track of the result. Here it is the numbers
 // of its object and the number of the mark that it begins with.
+template <class Watch = Unwatched>
 class SsmasLines
 {
 public:
-    explicit SsmasLines(KeptReport& report) : kept(report)
+    explicit SsmasLines(KeptReport& report, Watch lineWatch = {}) : kept(report), watch(lineWatch)
     {
     }
+
+    void add(std::string_view line)
+    {
+        watch.take([this, line] { takeLine(line); });
+    }
+
+private:
+    using Tokens = std::array<std::string_view, std::size(markFields)>;
 
     // After the first lines of the report, the number of fields alone says what a line is:
     //
@@ -146,7 +156,7 @@ public:
     //   open      7                          a mark of the object
     //   open      below 7, a first field     the object closes if it has marks, else nothing
     //   open      all others                 nothing
-    void add(std::string_view line)
+    void takeLine(std::string_view line)
     {
         const std::size_t number = lineNumber++;
         if (number < firstObjectLine) {
@@ -157,21 +167,36 @@ public:
         if (count == std::size(objectFields)) {
             openObject();
         }
+        const bool wasOpen = open;
         if (open && count == tokens.size()) {
             addMark();
-        } else if (open && count < tokens.size() && !tokens[0].empty()) {
+            watch.mark();
+            return;
+        }
+        if (open && count < tokens.size() && !tokens[0].empty()) {
             closeObject();
         }
+        tellFate(line, count, wasOpen);
     }
 
-private:
-    using Tokens = std::array<std::string_view, std::size(markFields)>;
+    // Of a line behind the front that made no mark.
+    void tellFate(std::string_view line, std::size_t count, bool wasOpen)
+    {
+        if (count == std::size(objectFields)) {
+            watch.head();
+        } else if (wasOpen && !open) {
+            watch.end();
+        } else {
+            watch.passed(line, open ? PassedReason::wordCount : PassedReason::outsideBlock);
+        }
+    }
 
     void addFrontLine(std::size_t number, std::string_view line)
     {
         if (number == telescopeLine) {
             kept.telescope = line;
         }
+        watch.head();
     }
 
     // The working track keeps its marks. The track that the result gets stays as constructed without a mark.
@@ -204,6 +229,7 @@ private:
     }
 
     KeptReport& kept;
+    [[no_unique_address]] Watch watch;
     std::size_t lineNumber = 0;
     bool open = false;
     ObjectNumbers working{};
@@ -218,6 +244,25 @@ void refuseManyRepeatedMarks(const KeptReport& report)
     if (report.sequence.marksOfTracks() > report.sequence.markCount() + mostRepeated) {
         throw std::length_error("SSMAS: objects that repeat each other's marks");
     }
+}
+
+// Reads a file; a missing one has no lines.
+template <class... Watch>
+void readFile(const std::string& path, KeptReport& kept, Watch... watch)
+{
+    SsmasLines reader(kept, watch...);
+    if (!readLines(path, reader)) {
+        kept = {};
+    }
+    refuseManyRepeatedMarks(kept);
+}
+
+template <class... Watch>
+void readList(const std::vector<std::string>& lines, KeptReport& kept, Watch... watch)
+{
+    SsmasLines reader(kept, watch...);
+    takeLines(lines, reader);
+    refuseManyRepeatedMarks(kept);
 }
 
 void appendLine(TextBuffer& out, std::string_view line)
@@ -271,19 +316,25 @@ bool SsmasSource::Store::next(TrackVtorichka& track, OldMarks old)
 
 SsmasSource::SsmasSource(std::string path, std::string observatory) : store(new Store{std::move(observatory)})
 {
-    SsmasLines reader(store->kept);
-    if (!readLines(path, reader)) {
-        store->kept = {}; // a missing file has no lines
-    }
-    refuseManyRepeatedMarks(store->kept);
+    readFile(path, store->kept);
+}
+
+SsmasSource::SsmasSource(std::string path, std::string observatory, LineWatch& watch)
+    : store(new Store{std::move(observatory)})
+{
+    readFile(path, store->kept, Watched(watch));
 }
 
 SsmasSource::SsmasSource(const std::vector<std::string>& lines, std::string observatory)
     : store(new Store{std::move(observatory)})
 {
-    SsmasLines reader(store->kept);
-    takeLines(lines, reader);
-    refuseManyRepeatedMarks(store->kept);
+    readList(lines, store->kept);
+}
+
+SsmasSource::SsmasSource(const std::vector<std::string>& lines, std::string observatory, LineWatch& watch)
+    : store(new Store{std::move(observatory)})
+{
+    readList(lines, store->kept, Watched(watch));
 }
 
 SsmasSource::SsmasSource(SsmasSource&& other) noexcept = default;
@@ -349,6 +400,17 @@ std::vector<TrackVtorichka> lckako_meas(const std::vector<std::string>& lines, s
 std::vector<TrackVtorichka> lckako_meas(std::string path, std::string observatory)
 {
     return allTracks(SsmasSource(path, observatory));
+}
+
+std::vector<TrackVtorichka> lckako_meas(const std::vector<std::string>& lines, std::string observatory,
+                                        LineWatch& watch)
+{
+    return allTracks(SsmasSource(lines, observatory, watch));
+}
+
+std::vector<TrackVtorichka> lckako_meas(std::string path, std::string observatory, LineWatch& watch)
+{
+    return allTracks(SsmasSource(path, observatory, watch));
 }
 
 void sSSMAS(std::string path, const std::vector<TrackVtorichka>& tracks)

@@ -13,6 +13,7 @@
 #pragma once
 
 #include "../records/track.h"
+#include "line_watch.h"
 
 #include <cstddef>
 #include <memory>
@@ -38,6 +39,10 @@ public:
 
     /// Reads the lines, which are not needed afterwards.
     SsmasSource(const std::vector<std::string>& lines, std::string observatory);
+
+    /// The same, telling a watch what becomes of each line. Nothing is thrown for a line: it is refused.
+    SsmasSource(std::string path, std::string observatory, LineWatch& watch);
+    SsmasSource(const std::vector<std::string>& lines, std::string observatory, LineWatch& watch);
 
     /// Takes over what the other has still to hand out.
     SsmasSource(SsmasSource&& other) noexcept;
@@ -89,6 +94,11 @@ std::vector<TrackVtorichka> lckako_meas(const std::vector<std::string>& lines, s
 
 /// The same of a file; none for a missing one.
 std::vector<TrackVtorichka> lckako_meas(std::string path, std::string observatory);
+
+/// The same, telling a watch what becomes of each line. Nothing is thrown for a line: it is refused.
+std::vector<TrackVtorichka> lckako_meas(const std::vector<std::string>& lines, std::string observatory,
+                                        LineWatch& watch);
+std::vector<TrackVtorichka> lckako_meas(std::string path, std::string observatory, LineWatch& watch);
 
 /// Replaces the file by the tracks as a report; its second line is the telescope of the first. The column
 /// RMS always holds "001". An empty list makes no file. Throws TavelinException with code 7 and the path for

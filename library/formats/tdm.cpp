@@ -6,6 +6,7 @@
 #include "base/tokens.h"
 #include "files/text_file.h"
 #include "formats/track_gathering.h"
+#include "formats/watched_lines.h"
 #include "text/date_text.h"
 #include "text/written_text.h"
 
@@ -91,10 +92,11 @@ struct KeptMessage
 };
 
 // Takes the lines of a message one after the other.
+template <class Watch = Unwatched>
 class TdmLines
 {
 public:
-    explicit TdmLines(KeptMessage& message) : kept(message)
+    explicit TdmLines(KeptMessage& message, Watch lineWatch = {}) : kept(message), watch(lineWatch)
     {
         const std::uint32_t noText = numberOf("");
         head = {noText, noText, noText};
@@ -102,23 +104,44 @@ public:
 
     void add(std::string_view line)
     {
-        if (kept.segments.empty() || !takeData(line)) {
-            takeHead(line);
-        }
+        watch.take([this, line] { takeLine(line); });
+    }
+
+    // After the last line.
+    void finish()
+    {
+        watch.loseParts(PassedReason::withoutMagnitude);
     }
 
 private:
+    void takeLine(std::string_view line)
+    {
+        if (kept.segments.empty() || !takeData(line)) {
+            takeHead(line) ? watch.head() : watch.passed(line, reasonOf(line));
+        }
+    }
+
+    // Why a line that is neither data of a segment nor of its head is passed over.
+    static PassedReason reasonOf(std::string_view line)
+    {
+        const bool isData = hasKey(line, "ANGLE_1") || hasKey(line, "ANGLE_2") || hasKey(line, "MAG");
+        return isData ? PassedReason::outsideBlock : PassedReason::unknownKey;
+    }
+
     // The values stay in the one mark of the whole file until another line sets them.
     bool takeData(std::string_view line)
     {
         if (hasKey(line, "ANGLE_1")) {
             mark.RA = takeNumber(line);
             readEpoch(takeLast(line), days, mark.date, mark.time);
+            watch.part(0);
         } else if (hasKey(line, "ANGLE_2")) {
             mark.DE = takeNumber(line);
+            watch.part(1);
         } else if (hasKey(line, "MAG")) {
             mark.m = takeNumber(line);
             kept.segments.addMark(mark);
+            watch.markOfParts();
         } else {
             return false;
         }
@@ -126,20 +149,24 @@ private:
     }
 
     // The last track carries the values read most recently; a segment without a value inherits it.
-    void takeHead(std::string_view line)
+    // False where the line is none of a head.
+    bool takeHead(std::string_view line)
     {
         if (hasKey(line, "META_START")) {
             kept.segments.addTrack(head);
-            return;
+            return true;
         }
+        bool taken = false;
         for (const HeadLine& row : headLines) {
             if (hasKey(line, row.key)) {
+                taken = true;
                 head.*row.text = numberOf(valueOf(line, row.key));
                 if (!kept.segments.empty()) {
                     kept.segments.lastHead() = head;
                 }
             }
         }
+        return taken;
     }
 
     std::uint32_t numberOf(std::string_view text)
@@ -148,10 +175,22 @@ private:
     }
 
     KeptMessage& kept;
+    [[no_unique_address]] Watch watch;
     SegmentHead head{};
     MeasuredMark mark;
     DayNumbers days;
 };
+
+// Reads a file; a missing one has no lines.
+template <class... Watch>
+void readFile(const std::string& path, KeptMessage& kept, Watch... watch)
+{
+    TdmLines reader(kept, watch...);
+    if (!readLines(path, reader)) {
+        kept = {};
+    }
+    reader.finish();
+}
 
 void appendLine(TextBuffer& out, std::string_view key, std::string_view value)
 {
@@ -236,10 +275,12 @@ bool TdmSource::Store::next(TrackVtorichka& track, OldMarks old)
 
 TdmSource::TdmSource(std::string path) : store(new Store)
 {
-    TdmLines reader(store->kept);
-    if (!readLines(path, reader)) {
-        store->kept = {}; // a missing file has no lines
-    }
+    readFile(path, store->kept);
+}
+
+TdmSource::TdmSource(std::string path, LineWatch& watch) : store(new Store)
+{
+    readFile(path, store->kept, Watched(watch));
 }
 
 TdmSource::TdmSource(TdmSource&& other) noexcept = default;
@@ -312,6 +353,11 @@ bool TdmSink::save()
 std::vector<TrackVtorichka> lTDM(std::string path)
 {
     return allTracks(TdmSource(path));
+}
+
+std::vector<TrackVtorichka> lTDM(std::string path, LineWatch& watch)
+{
+    return allTracks(TdmSource(path, watch));
 }
 
 void sTDM(std::string path, const std::vector<TrackVtorichka>& tracks)

@@ -18,6 +18,7 @@
 #pragma once
 
 #include "../records/track.h"
+#include "line_watch.h"
 
 #include <cstddef>
 #include <memory>
@@ -33,6 +34,9 @@ class TdmSource
 public:
     /// Reads the file to its end.
     explicit TdmSource(std::string path);
+
+    /// The same, telling a watch what becomes of each line.
+    TdmSource(std::string path, LineWatch& watch);
 
     /// Takes over what the other has still to hand out.
     TdmSource(TdmSource&& other) noexcept;
@@ -79,6 +83,9 @@ private:
 /// segment or a mark without a value has the one read most recently, across segments: originator,
 /// participants, epoch, angles. The reference frame is not read. Text that is no number counts as 0.
 std::vector<TrackVtorichka> lTDM(std::string path);
+
+/// The same, telling a watch what becomes of each line.
+std::vector<TrackVtorichka> lTDM(std::string path, LineWatch& watch);
 
 /// Replaces the file by the tracks as a message, under the originator of the first. A track without marks
 /// has no segment. An empty list makes no file. Throws TavelinException with code 7 and the path for a

@@ -7,6 +7,7 @@
 #include "base/tokens.h"
 #include "files/text_file.h"
 #include "formats/track_gathering.h"
+#include "formats/watched_lines.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
 #include "text/written_text.h"
@@ -135,30 +136,44 @@ struct KeptBlocks
 //
 // The marks of a block are kept at once, and become a track when the block is closed: those of a block that
 // nothing closes are in no track.
+template <class Watch = Unwatched>
 class TelegramLines
 {
 public:
-    explicit TelegramLines(KeptBlocks& blocks) : kept(blocks), headOfNoBlock(newHead(kept.texts))
+    explicit TelegramLines(KeptBlocks& blocks, Watch lineWatch = {})
+        : kept(blocks), watch(lineWatch), headOfNoBlock(newHead(kept.texts))
     {
     }
 
-    // The number of fields alone says what a line is. A blank at its end is one more, empty field.
     void add(std::string_view line)
     {
-        switch (cutParts(line, ' ', tokens)) {
-        case std::size(headFields): open(); break;
-        case std::size(markFields): addMark(); break;
-        case 1:
-            if (!tokens[0].empty()) {
-                close();
-            }
-            break;
-        default: break;
-        }
+        watch.take([this, line] { takeLine(line); });
+    }
+
+    // After the last line.
+    void finish()
+    {
+        watch.loseWaiting(PassedReason::unclosedBlock);
     }
 
 private:
     using Tokens = std::array<std::string_view, std::size(markFields)>;
+
+    // The number of fields alone says what a line is. A blank at its end is one more, empty field.
+    void takeLine(std::string_view line)
+    {
+        switch (cutParts(line, ' ', tokens)) {
+        case std::size(headFields): open(); break;
+        case std::size(markFields): addMark(line); break;
+        case 1:
+            if (!tokens[0].empty()) {
+                close();
+                break;
+            }
+            [[fallthrough]];
+        default: watch.passed(line, PassedReason::wordCount);
+        }
+    }
 
     // A second head line overwrites the head and keeps the marks.
     void open()
@@ -167,15 +182,19 @@ private:
         readFields<headFields>(tokens, read);
         head = read.head;
         inBlock = true;
+        watch.waits(LineFate::head);
     }
 
-    void addMark()
+    void addMark(std::string_view line)
     {
-        if (inBlock) {
-            ReadMark read{days, {}};
-            readFields<markFields>(tokens, read);
-            kept.sequence.addWaitingMark(read.mark);
+        if (!inBlock) {
+            watch.passed(line, PassedReason::outsideBlock);
+            return;
         }
+        ReadMark read{days, {}};
+        readFields<markFields>(tokens, read);
+        kept.sequence.addWaitingMark(read.mark);
+        watch.waits(LineFate::mark);
     }
 
     void close()
@@ -185,9 +204,12 @@ private:
         blockBegin = kept.sequence.markCount();
         head = headOfNoBlock;
         inBlock = false;
+        watch.settleWaiting();
+        watch.end();
     }
 
     KeptBlocks& kept;
+    [[no_unique_address]] Watch watch;
     const BlockHead headOfNoBlock;
     BlockHead head = headOfNoBlock;
     bool inBlock = false;
@@ -195,6 +217,25 @@ private:
     DayNumbers days;
     Tokens tokens; // of the line, here so that none clears them
 };
+
+// Reads a file; a missing one has no lines.
+template <class... Watch>
+void readFile(const std::string& path, KeptBlocks& kept, Watch... watch)
+{
+    TelegramLines reader(kept, watch...);
+    if (!readLines(path, reader)) {
+        kept = {};
+    }
+    reader.finish();
+}
+
+template <class... Watch>
+void readList(const std::vector<std::string>& lines, KeptBlocks& kept, Watch... watch)
+{
+    TelegramLines reader(kept, watch...);
+    takeLines(lines, reader);
+    reader.finish();
+}
 
 } // namespace
 
@@ -218,16 +259,22 @@ bool TelegramSource::Store::next(TrackVtorichka& track, OldMarks old)
 
 TelegramSource::TelegramSource(std::string path) : store(new Store)
 {
-    TelegramLines reader(store->kept);
-    if (!readLines(path, reader)) {
-        store->kept = {}; // a missing file has no lines
-    }
+    readFile(path, store->kept);
+}
+
+TelegramSource::TelegramSource(std::string path, LineWatch& watch) : store(new Store)
+{
+    readFile(path, store->kept, Watched(watch));
 }
 
 TelegramSource::TelegramSource(const std::vector<std::string>& lines) : store(new Store)
 {
-    TelegramLines reader(store->kept);
-    takeLines(lines, reader);
+    readList(lines, store->kept);
+}
+
+TelegramSource::TelegramSource(const std::vector<std::string>& lines, LineWatch& watch) : store(new Store)
+{
+    readList(lines, store->kept, Watched(watch));
 }
 
 TelegramSource::TelegramSource(TelegramSource&& other) noexcept = default;
@@ -295,6 +342,16 @@ std::vector<TrackVtorichka> lTelegramma(const std::vector<std::string>& lines)
 std::vector<TrackVtorichka> lTelegramma(std::string path)
 {
     return allTracks(TelegramSource(path));
+}
+
+std::vector<TrackVtorichka> lTelegramma(const std::vector<std::string>& lines, LineWatch& watch)
+{
+    return allTracks(TelegramSource(lines, watch));
+}
+
+std::vector<TrackVtorichka> lTelegramma(std::string path, LineWatch& watch)
+{
+    return allTracks(TelegramSource(path, watch));
 }
 
 void sTelegramma(std::string path, const std::vector<TrackVtorichka>& tracks)

@@ -9,6 +9,7 @@
 #pragma once
 
 #include "../records/track.h"
+#include "line_watch.h"
 
 #include <cstddef>
 #include <memory>
@@ -27,6 +28,10 @@ public:
 
     /// Reads the lines, which are not needed afterwards.
     explicit TelegramSource(const std::vector<std::string>& lines);
+
+    /// The same, telling a watch what becomes of each line. Nothing is thrown for a line: it is refused.
+    TelegramSource(std::string path, LineWatch& watch);
+    TelegramSource(const std::vector<std::string>& lines, LineWatch& watch);
 
     /// Takes over what the other has still to hand out.
     TelegramSource(TelegramSource&& other) noexcept;
@@ -78,6 +83,10 @@ std::vector<TrackVtorichka> lTelegramma(const std::vector<std::string>& lines);
 
 /// The same of a file; none for a missing one.
 std::vector<TrackVtorichka> lTelegramma(std::string path);
+
+/// The same, telling a watch what becomes of each line. Nothing is thrown for a line: it is refused.
+std::vector<TrackVtorichka> lTelegramma(const std::vector<std::string>& lines, LineWatch& watch);
+std::vector<TrackVtorichka> lTelegramma(std::string path, LineWatch& watch);
 
 /// Replaces the file by the tracks as a telegram. An empty list leaves the file as it is. Throws
 /// TavelinException with code 7 and the path for a file that cannot be written.

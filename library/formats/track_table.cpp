@@ -1,5 +1,4 @@
 #include "formats/track_table.h"
-#include "records/new_marks.h"
 
 #include "base/bytes.h"
 #include "base/last_answer.h"
@@ -10,6 +9,8 @@
 #include "formats/track_table_columns.h"
 #include "formats/track_table_lines.h"
 #include "formats/track_table_names.h"
+#include "formats/watched_lines.h"
+#include "records/new_marks.h"
 #include "records/track_stream.h"
 
 #include <array>
@@ -24,15 +25,62 @@ namespace {
 constexpr std::string_view satelliteColumns =
     "N:Int\tNBl:Int\tdate:Date\ttime:Time\tnoradid:Text\tRA:Float:deg\tDE:Float:degt\tDraw:Bool";
 
-// Reads what is wanted of a file.
-void readTable(const std::string& path, const WantedColumns& wanted, KeptTable& kept)
+// Takes the lines of a table and tells a watch of them.
+class WatchedTableLines
 {
-    TrackTableLines reader(kept, wanted);
+public:
+    WatchedTableLines(KeptTable& kept, const WantedColumns& wanted, LineWatch& lineWatch)
+        : lines(kept, wanted), watch(lineWatch)
+    {
+    }
+
+    void add(std::string_view line)
+    {
+        watch.take([this, line] { tell(lines.add(line)); });
+    }
+
+    void finish()
+    {
+        if (lines.finish()) {
+            watch.settleWaiting();
+        } else {
+            watch.loseWaiting(PassedReason::unclosedBlock);
+        }
+    }
+
+private:
+    void tell(TableLine line)
+    {
+        switch (line) {
+        case TableLine::front: watch.head(); break;
+        case TableLine::mark: watch.waits(LineFate::mark); break;
+        case TableLine::end:
+            watch.settleWaiting();
+            watch.end();
+            break;
+        }
+    }
+
+    TrackTableLines lines;
+    Watched watch;
+};
+
+// Reads a file; a missing one has no lines.
+template <class Reader>
+void readTable(const std::string& path, Reader reader, KeptTable& kept)
+{
     if (readLines(path, reader)) {
         reader.finish();
     } else {
-        kept = {}; // a missing file has no lines
+        kept = {};
     }
+}
+
+template <class Reader>
+void readTable(const std::vector<std::string>& lines, Reader reader)
+{
+    takeLines(lines, reader);
+    reader.finish();
 }
 
 // Writes the lines of marks under one header.
@@ -112,20 +160,36 @@ bool TrackTableSource::Store::next(TrackVtorichka& track, OldMarks old)
 
 TrackTableSource::TrackTableSource(std::string path) : store(new Store{std::move(path)})
 {
-    readTable(store->path, {}, store->kept);
+    readTable(store->path, TrackTableLines(store->kept, {}), store->kept);
+}
+
+TrackTableSource::TrackTableSource(std::string path, LineWatch& watch) : store(new Store{std::move(path)})
+{
+    readTable(store->path, WatchedTableLines(store->kept, {}, watch), store->kept);
 }
 
 TrackTableSource::TrackTableSource(std::string path, std::string wantedColumns)
     : store(new Store{std::move(path)})
 {
-    readTable(store->path, WantedColumns(wantedColumns), store->kept);
+    const WantedColumns wanted(wantedColumns);
+    readTable(store->path, TrackTableLines(store->kept, wanted), store->kept);
+}
+
+TrackTableSource::TrackTableSource(std::string path, std::string wantedColumns, LineWatch& watch)
+    : store(new Store{std::move(path)})
+{
+    const WantedColumns wanted(wantedColumns);
+    readTable(store->path, WatchedTableLines(store->kept, wanted, watch), store->kept);
 }
 
 TrackTableSource::TrackTableSource(const std::vector<std::string>& lines) : store(new Store)
 {
-    TrackTableLines reader(store->kept, {});
-    takeLines(lines, reader);
-    reader.finish();
+    readTable(lines, TrackTableLines(store->kept, {}));
+}
+
+TrackTableSource::TrackTableSource(const std::vector<std::string>& lines, LineWatch& watch) : store(new Store)
+{
+    readTable(lines, WatchedTableLines(store->kept, {}, watch));
 }
 
 TrackTableSource::TrackTableSource(TrackTableSource&& other) noexcept = default;
@@ -197,6 +261,16 @@ std::vector<TrackVtorichka> lListTrack(const std::vector<std::string>& lines)
 std::vector<TrackVtorichka> lListTrack(std::string path)
 {
     return allTracks(TrackTableSource(path));
+}
+
+std::vector<TrackVtorichka> lListTrack(const std::vector<std::string>& lines, LineWatch& watch)
+{
+    return allTracks(TrackTableSource(lines, watch));
+}
+
+std::vector<TrackVtorichka> lListTrack(std::string path, LineWatch& watch)
+{
+    return allTracks(TrackTableSource(path, watch));
 }
 
 void sListTrack(std::string path, std::string source, std::string prefix,

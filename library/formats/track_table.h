@@ -11,6 +11,7 @@
 #pragma once
 
 #include "../records/track.h"
+#include "line_watch.h"
 
 #include <cstddef>
 #include <memory>
@@ -40,6 +41,11 @@ public:
     /// QRVName, Name, NORAD, noradid and MPCChecker. Other columns are skipped, and what they would set has
     /// its default.
     TrackTableSource(std::string path, std::string wantedColumns);
+
+    /// The same, telling a watch what becomes of each line.
+    TrackTableSource(std::string path, LineWatch& watch);
+    TrackTableSource(const std::vector<std::string>& lines, LineWatch& watch);
+    TrackTableSource(std::string path, std::string wantedColumns, LineWatch& watch);
 
     /// Takes over what the other has still to hand out.
     TrackTableSource(TrackTableSource&& other) noexcept;
@@ -91,6 +97,10 @@ std::vector<TrackVtorichka> lListTrack(const std::vector<std::string>& lines);
 
 /// The tracks of a file, with its path as SourceFile of each; none for a missing file.
 std::vector<TrackVtorichka> lListTrack(std::string path);
+
+/// The same, telling a watch what becomes of each line.
+std::vector<TrackVtorichka> lListTrack(const std::vector<std::string>& lines, LineWatch& watch);
+std::vector<TrackVtorichka> lListTrack(std::string path, LineWatch& watch);
 
 /// Writes a table: the version line and the header (the standard one for an empty text), then the lines of
 /// each track under its N and QRVName, with "---" after them. Appends to an existing file, or replaces it.

@@ -81,22 +81,31 @@ private:
     std::string_view reached{};
 };
 
-void TrackTableLines::add(std::string_view line)
+TableLine TrackTableLines::add(std::string_view line)
 {
-    if (opened) {
-        line == trackEnd ? endTrack() : addMark(line);
-    } else if (!versionPassed && line == tableVersion) {
-        versionPassed = true;
-    } else {
-        open(line);
+    if (!opened) {
+        if (!versionPassed && line == tableVersion) {
+            versionPassed = true;
+        } else {
+            open(line);
+        }
+        return TableLine::front;
     }
+    if (line == trackEnd) {
+        endTrack();
+        return TableLine::end;
+    }
+    addMark(line);
+    return TableLine::mark;
 }
 
-void TrackTableLines::finish()
+bool TrackTableLines::finish()
 {
-    if (kept.ends.empty() && kept.marks.size() > 0) {
+    const bool areOneTrack = kept.ends.empty() && kept.marks.size() > 0;
+    if (areOneTrack) {
         endTrack();
     }
+    return areOneTrack;
 }
 
 void TrackTableLines::open(std::string_view header)

@@ -49,6 +49,14 @@ private:
     std::vector<const TableColumn*> ofMarks{};
 };
 
+/// What a line of a table is.
+enum class TableLine
+{
+    front, ///< the version line, or the header
+    mark,
+    end ///< of a track
+};
+
 /// Takes the lines of a table one after the other.
 class TrackTableLines
 {
@@ -58,11 +66,11 @@ public:
     {
     }
 
-    void add(std::string_view line);
+    TableLine add(std::string_view line);
 
     /// To be called after the last line. Lines after the last end of a track belong to no track, unless the
-    /// table has none: then all of them are one.
-    void finish();
+    /// table has none: then all of them are one, and it is true.
+    bool finish();
 
 private:
     // A column that is read, and its place in a row.
