@@ -76,3 +76,4 @@
 #include "text/calendar.h"
 #include "text/date_text.h"
 #include "text/number_text.h"
+#include "version.h"

@@ -1,0 +1,12 @@
+// Version: that of the library and of the tool, which go together.
+
+#pragma once
+
+#include <string_view>
+
+namespace tavelinUtils {
+
+/// The version in three numbers with points between them. The build and the packages take it from this line.
+inline constexpr std::string_view version = "0.2.0";
+
+} // namespace tavelinUtils

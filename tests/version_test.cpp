@@ -1,0 +1,25 @@
+// The version stands in one place, and what cannot take it from there says the same.
+
+#include "version.h"
+
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using tavelinUtils::version;
+
+TEST(Version, IsThatOfTheBuild)
+{
+    EXPECT_EQ(version, VOMAR_VERSION);
+}
+
+TEST(Version, StandsInTheManualPageTheReadmeAndTheChanges)
+{
+    const std::string project = VOMAR_PROJECT;
+    const std::string number(version);
+    EXPECT_NE(bytesOf(project + "/packaging/vomar.1").find("\"vomar " + number + "\""), std::string::npos);
+    EXPECT_NE(bytesOf(project + "/README.md").find("Version " + number + ","), std::string::npos);
+    EXPECT_NE(bytesOf(project + "/CHANGELOG.md").find("\n## " + number + " ("), std::string::npos);
+}
