@@ -234,6 +234,10 @@ public:
         watch.take([this, line] { takeLine(line); });
     }
 
+    void finish() const
+    {
+    }
+
 private:
     void takeLine(std::string_view line)
     {
@@ -258,16 +262,6 @@ private:
     [[no_unique_address]] Watch watch;
     DayNumbers days;
 };
-
-// Reads a file; a missing one has no lines.
-template <class... Watch>
-void readFile(const std::string& path, KeptReport& kept, Watch... watch)
-{
-    MpcReportLines reader(kept, watch...);
-    if (!readLines(path, reader)) {
-        kept = {};
-    }
-}
 
 // A report of marks. Its header is that of the first track.
 class ReportFile
@@ -351,24 +345,22 @@ bool MpcReportSource::Store::next(TrackVtorichka& track, OldMarks old)
 
 MpcReportSource::MpcReportSource(std::string path) : store(new Store)
 {
-    readFile(path, store->kept);
+    takeFile(path, MpcReportLines(store->kept), store->kept);
 }
 
 MpcReportSource::MpcReportSource(std::string path, LineWatch& watch) : store(new Store)
 {
-    readFile(path, store->kept, Watched(watch));
+    takeFile(path, MpcReportLines(store->kept, Watched(watch)), store->kept);
 }
 
 MpcReportSource::MpcReportSource(const std::vector<std::string>& lines) : store(new Store)
 {
-    MpcReportLines reader(store->kept);
-    takeLines(lines, reader);
+    takeList(lines, MpcReportLines(store->kept));
 }
 
 MpcReportSource::MpcReportSource(const std::vector<std::string>& lines, LineWatch& watch) : store(new Store)
 {
-    MpcReportLines reader(store->kept, Watched(watch));
-    takeLines(lines, reader);
+    takeList(lines, MpcReportLines(store->kept, Watched(watch)));
 }
 
 MpcReportSource::MpcReportSource(MpcReportSource&& other) noexcept = default;

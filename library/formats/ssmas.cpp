@@ -144,6 +144,15 @@ public:
         watch.take([this, line] { takeLine(line); });
     }
 
+    // After the last line. Refuses objects that repeat each other's marks without end.
+    void finish() const
+    {
+        constexpr std::size_t mostRepeated = 1'000'000;
+        if (kept.sequence.marksOfTracks() > kept.sequence.markCount() + mostRepeated) {
+            throw std::length_error("SSMAS: objects that repeat each other's marks");
+        }
+    }
+
 private:
     using Tokens = std::array<std::string_view, std::size(markFields)>;
 
@@ -238,33 +247,6 @@ private:
     Tokens tokens; // of the line, here so that none clears them
 };
 
-void refuseManyRepeatedMarks(const KeptReport& report)
-{
-    constexpr std::size_t mostRepeated = 1'000'000;
-    if (report.sequence.marksOfTracks() > report.sequence.markCount() + mostRepeated) {
-        throw std::length_error("SSMAS: objects that repeat each other's marks");
-    }
-}
-
-// Reads a file; a missing one has no lines.
-template <class... Watch>
-void readFile(const std::string& path, KeptReport& kept, Watch... watch)
-{
-    SsmasLines reader(kept, watch...);
-    if (!readLines(path, reader)) {
-        kept = {};
-    }
-    refuseManyRepeatedMarks(kept);
-}
-
-template <class... Watch>
-void readList(const std::vector<std::string>& lines, KeptReport& kept, Watch... watch)
-{
-    SsmasLines reader(kept, watch...);
-    takeLines(lines, reader);
-    refuseManyRepeatedMarks(kept);
-}
-
 void appendLine(TextBuffer& out, std::string_view line)
 {
     out += line;
@@ -316,25 +298,25 @@ bool SsmasSource::Store::next(TrackVtorichka& track, OldMarks old)
 
 SsmasSource::SsmasSource(std::string path, std::string observatory) : store(new Store{std::move(observatory)})
 {
-    readFile(path, store->kept);
+    takeFile(path, SsmasLines(store->kept), store->kept);
 }
 
 SsmasSource::SsmasSource(std::string path, std::string observatory, LineWatch& watch)
     : store(new Store{std::move(observatory)})
 {
-    readFile(path, store->kept, Watched(watch));
+    takeFile(path, SsmasLines(store->kept, Watched(watch)), store->kept);
 }
 
 SsmasSource::SsmasSource(const std::vector<std::string>& lines, std::string observatory)
     : store(new Store{std::move(observatory)})
 {
-    readList(lines, store->kept);
+    takeList(lines, SsmasLines(store->kept));
 }
 
 SsmasSource::SsmasSource(const std::vector<std::string>& lines, std::string observatory, LineWatch& watch)
     : store(new Store{std::move(observatory)})
 {
-    readList(lines, store->kept, Watched(watch));
+    takeList(lines, SsmasLines(store->kept, Watched(watch)));
 }
 
 SsmasSource::SsmasSource(SsmasSource&& other) noexcept = default;

@@ -181,17 +181,6 @@ private:
     DayNumbers days;
 };
 
-// Reads a file; a missing one has no lines.
-template <class... Watch>
-void readFile(const std::string& path, KeptMessage& kept, Watch... watch)
-{
-    TdmLines reader(kept, watch...);
-    if (!readLines(path, reader)) {
-        kept = {};
-    }
-    reader.finish();
-}
-
 void appendLine(TextBuffer& out, std::string_view key, std::string_view value)
 {
     out += key;
@@ -275,12 +264,12 @@ bool TdmSource::Store::next(TrackVtorichka& track, OldMarks old)
 
 TdmSource::TdmSource(std::string path) : store(new Store)
 {
-    readFile(path, store->kept);
+    takeFile(path, TdmLines(store->kept), store->kept);
 }
 
 TdmSource::TdmSource(std::string path, LineWatch& watch) : store(new Store)
 {
-    readFile(path, store->kept, Watched(watch));
+    takeFile(path, TdmLines(store->kept, Watched(watch)), store->kept);
 }
 
 TdmSource::TdmSource(TdmSource&& other) noexcept = default;

@@ -218,25 +218,6 @@ private:
     Tokens tokens; // of the line, here so that none clears them
 };
 
-// Reads a file; a missing one has no lines.
-template <class... Watch>
-void readFile(const std::string& path, KeptBlocks& kept, Watch... watch)
-{
-    TelegramLines reader(kept, watch...);
-    if (!readLines(path, reader)) {
-        kept = {};
-    }
-    reader.finish();
-}
-
-template <class... Watch>
-void readList(const std::vector<std::string>& lines, KeptBlocks& kept, Watch... watch)
-{
-    TelegramLines reader(kept, watch...);
-    takeLines(lines, reader);
-    reader.finish();
-}
-
 } // namespace
 
 struct TelegramSource::Store
@@ -259,22 +240,22 @@ bool TelegramSource::Store::next(TrackVtorichka& track, OldMarks old)
 
 TelegramSource::TelegramSource(std::string path) : store(new Store)
 {
-    readFile(path, store->kept);
+    takeFile(path, TelegramLines(store->kept), store->kept);
 }
 
 TelegramSource::TelegramSource(std::string path, LineWatch& watch) : store(new Store)
 {
-    readFile(path, store->kept, Watched(watch));
+    takeFile(path, TelegramLines(store->kept, Watched(watch)), store->kept);
 }
 
 TelegramSource::TelegramSource(const std::vector<std::string>& lines) : store(new Store)
 {
-    readList(lines, store->kept);
+    takeList(lines, TelegramLines(store->kept));
 }
 
 TelegramSource::TelegramSource(const std::vector<std::string>& lines, LineWatch& watch) : store(new Store)
 {
-    readList(lines, store->kept, Watched(watch));
+    takeList(lines, TelegramLines(store->kept, Watched(watch)));
 }
 
 TelegramSource::TelegramSource(TelegramSource&& other) noexcept = default;

@@ -65,24 +65,6 @@ private:
     Watched watch;
 };
 
-// Reads a file; a missing one has no lines.
-template <class Reader>
-void readTable(const std::string& path, Reader reader, KeptTable& kept)
-{
-    if (readLines(path, reader)) {
-        reader.finish();
-    } else {
-        kept = {};
-    }
-}
-
-template <class Reader>
-void readTable(const std::vector<std::string>& lines, Reader reader)
-{
-    takeLines(lines, reader);
-    reader.finish();
-}
-
 // Writes the lines of marks under one header.
 class LineWriter
 {
@@ -160,36 +142,36 @@ bool TrackTableSource::Store::next(TrackVtorichka& track, OldMarks old)
 
 TrackTableSource::TrackTableSource(std::string path) : store(new Store{std::move(path)})
 {
-    readTable(store->path, TrackTableLines(store->kept, {}), store->kept);
+    takeFile(store->path, TrackTableLines(store->kept, {}), store->kept);
 }
 
 TrackTableSource::TrackTableSource(std::string path, LineWatch& watch) : store(new Store{std::move(path)})
 {
-    readTable(store->path, WatchedTableLines(store->kept, {}, watch), store->kept);
+    takeFile(store->path, WatchedTableLines(store->kept, {}, watch), store->kept);
 }
 
 TrackTableSource::TrackTableSource(std::string path, std::string wantedColumns)
     : store(new Store{std::move(path)})
 {
     const WantedColumns wanted(wantedColumns);
-    readTable(store->path, TrackTableLines(store->kept, wanted), store->kept);
+    takeFile(store->path, TrackTableLines(store->kept, wanted), store->kept);
 }
 
 TrackTableSource::TrackTableSource(std::string path, std::string wantedColumns, LineWatch& watch)
     : store(new Store{std::move(path)})
 {
     const WantedColumns wanted(wantedColumns);
-    readTable(store->path, WatchedTableLines(store->kept, wanted, watch), store->kept);
+    takeFile(store->path, WatchedTableLines(store->kept, wanted, watch), store->kept);
 }
 
 TrackTableSource::TrackTableSource(const std::vector<std::string>& lines) : store(new Store)
 {
-    readTable(lines, TrackTableLines(store->kept, {}));
+    takeList(lines, TrackTableLines(store->kept, {}));
 }
 
 TrackTableSource::TrackTableSource(const std::vector<std::string>& lines, LineWatch& watch) : store(new Store)
 {
-    readTable(lines, WatchedTableLines(store->kept, {}, watch));
+    takeList(lines, WatchedTableLines(store->kept, {}, watch));
 }
 
 TrackTableSource::TrackTableSource(TrackTableSource&& other) noexcept = default;

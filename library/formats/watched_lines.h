@@ -5,11 +5,13 @@
 
 #pragma once
 
+#include "../base/lines.h"
 #include "line_watch.h"
 
 #include <array>
 #include <cstddef>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -171,5 +173,24 @@ private:
     std::array<std::size_t, 2> parts{}; // the lines of the next mark; 0 where there is none
     std::vector<LineReport> waiting;
 };
+
+/// Gives a reader the lines of a list, and then their end.
+template <class Reader>
+void takeList(const std::vector<std::string>& lines, Reader reader)
+{
+    takeLines(lines, reader);
+    reader.finish();
+}
+
+/// The same for a file. One that is missing, or cannot be read to its end, leaves nothing kept.
+template <class Reader, class Kept>
+void takeFile(const std::string& path, Reader reader, Kept& kept)
+{
+    if (readLines(path, reader)) {
+        reader.finish();
+    } else {
+        kept = {};
+    }
+}
 
 } // namespace tavelinUtils
