@@ -2,6 +2,7 @@
 
 #include "formats/mea.h"
 #include "input_file.h"
+#include "told_lines.h"
 
 #include <stdexcept>
 
@@ -18,5 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     } catch (const std::out_of_range&) {
         // A token that is too short.
     }
+    ToldLines told;
+    tavelinUtils::plMEATrack(file.path(), "observatory", told);
+    told.mustBeAllOf(bytes, size);
     return 0;
 }

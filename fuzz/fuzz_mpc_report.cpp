@@ -3,6 +3,7 @@
 #include "files/text_files.h"
 #include "formats/mpc_report.h"
 #include "input_file.h"
+#include "told_lines.h"
 
 #include <stdexcept>
 
@@ -17,5 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     } catch (const std::out_of_range&) {
         // A keyword with nothing after it.
     }
+    ToldLines told;
+    tavelinUtils::lMPC(file.path(), told);
+    told.mustBeAllOf(bytes, size);
     return 0;
 }

@@ -2,6 +2,7 @@
 
 #include "formats/ssmas.h"
 #include "input_file.h"
+#include "told_lines.h"
 
 namespace {
 
@@ -25,5 +26,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     }
     const InputFile file(bytes, size);
     tavelinUtils::sSSMAS("/dev/null", tavelinUtils::lckako_meas(file.path(), "observatory"));
+    ToldLines told;
+    tavelinUtils::lckako_meas(file.path(), "observatory", told);
+    told.mustBeAllOf(bytes, size);
     return 0;
 }

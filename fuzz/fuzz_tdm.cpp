@@ -3,6 +3,7 @@
 #include "formats/tdm.h"
 #include "formats/tdm_xml.h"
 #include "input_file.h"
+#include "told_lines.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
@@ -11,5 +12,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     tavelinUtils::sTDM("/dev/null", tracks);
     mustHold(tavelinUtils::sTDMPOLxml("/dev/null", tracks));
     mustHold(tavelinUtils::sTDMxml("/dev/null", tracks));
+    ToldLines told;
+    tavelinUtils::lTDM(file.path(), told);
+    told.mustBeAllOf(bytes, size);
     return 0;
 }

@@ -3,6 +3,7 @@
 #include "files/text_files.h"
 #include "formats/telegram.h"
 #include "input_file.h"
+#include "told_lines.h"
 
 #include <stdexcept>
 
@@ -16,5 +17,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     } catch (const std::out_of_range&) {
         // A token that is too short.
     }
+    ToldLines told;
+    tavelinUtils::lTelegramma(file.path(), told);
+    told.mustBeAllOf(bytes, size);
     return 0;
 }

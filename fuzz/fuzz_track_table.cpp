@@ -4,6 +4,7 @@
 #include "files/text_files.h"
 #include "formats/track_table.h"
 #include "input_file.h"
+#include "told_lines.h"
 
 #include <bit>
 #include <cstdint>
@@ -63,5 +64,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     std::string note;
     std::string sequence;
     ParsComment(text, source, note, sequence);
+    ToldLines told;
+    lListTrack(file.path(), told);
+    told.mustBeAllOf(bytes, size);
     return 0;
 }
