@@ -143,7 +143,7 @@ void appendResidual(TextBuffer& out, double residual)
 {
     constexpr std::size_t width = 5;
     const std::string text = Str9(residual, 2);
-    out.endAt(writePaddedLeft(out.room(width + text.size()), text, width));
+    out.endAt(writePaddedLeft(out.room(lineLength + text.size()), text, width));
 }
 
 std::string_view residualFlag(const TRecLabelPervichka_File& residuals)
