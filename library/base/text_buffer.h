@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cassert>
 #include <cstddef>
 #include <cstring>
 #include <memory>
@@ -35,6 +36,7 @@ public:
     /// The text now ends here: where what was written into the room ends.
     void endAt(char* newEnd)
     {
+        assert(newEnd <= limit);
         end = newEnd;
     }
 
