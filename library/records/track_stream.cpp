@@ -2,12 +2,6 @@
 
 namespace tavelinUtils {
 
-void resetTrack(TrackVtorichka& track)
-{
-    resetHead(track);
-    track.Marks.clear();
-}
-
 void resetHead(TrackVtorichka& track)
 {
     static const THeadTrVtor newHead;

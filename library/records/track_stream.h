@@ -28,10 +28,8 @@
 
 namespace tavelinUtils {
 
-/// Gives the head of a track its defaults again and takes its marks and their lists out. Their memory stays.
-void resetTrack(TrackVtorichka& track);
-
-/// The same, but the marks stay as they are, for others to take their places.
+/// Gives the head of a track its defaults again, and takes the lines beside its marks out. The marks stay,
+/// for others to take their places; the memory stays too.
 void resetHead(TrackVtorichka& track);
 
 /// All tracks of a source.

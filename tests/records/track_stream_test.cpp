@@ -7,13 +7,6 @@
 
 using namespace tavelinUtils;
 
-TEST(ResetTrack, GivesTheHeadItsDefaultsAndTakesTheMarksOut)
-{
-    TrackVtorichka track = usedTrack();
-    resetTrack(track);
-    expectSameTrack(track, TrackVtorichka{});
-}
-
 TEST(ResetHead, LeavesTheMarks)
 {
     TrackVtorichka track = usedTrack();
