@@ -11,6 +11,8 @@ option(VOMAR_DEVELOPER "Offer benchmarks and the header check, as target develop
 option(VOMAR_FUZZ "Build the fuzz targets" OFF)
 cmake_dependent_option(VOMAR_BUILD_TOOL "Build the command vomar" ${PROJECT_IS_TOP_LEVEL}
     "NOT VOMAR_BUILD_TESTING; NOT VOMAR_DEVELOPER; NOT VOMAR_FUZZ" ON)
+cmake_dependent_option(VOMAR_COMPANION "Build the command tavelin, where what it needs is found" ON
+    "VOMAR_BUILD_TOOL" OFF)
 option(VOMAR_INSTALL "Install what is built" ${PROJECT_IS_TOP_LEVEL})
 option(VOMAR_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
 option(VOMAR_COVERAGE "Build with line and branch counters" OFF)

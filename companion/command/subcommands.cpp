@@ -1,0 +1,17 @@
+#include "command/subcommands.h"
+
+namespace companion {
+namespace {
+
+constexpr const Subcommand* rows[] = {
+    &explainCommand,
+};
+
+} // namespace
+
+std::span<const Subcommand* const> subcommands()
+{
+    return rows;
+}
+
+} // namespace companion

@@ -1,0 +1,11 @@
+// The rows of the subcommands; each stands in the source of its name.
+
+#pragma once
+
+#include "command/subcommand.h"
+
+namespace companion {
+
+extern const Subcommand explainCommand;
+
+} // namespace companion

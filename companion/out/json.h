@@ -1,0 +1,97 @@
+// JSON: values, and documents that are written as their parts are found. The keys of an object keep their
+// order.
+//
+//   JsonDocument document(std::cout, "tavelin.check/1");
+//   document.openList("tasks");
+//   document.element(Json::object().set("task", path).set("marks", 23));
+//   document.closeList();
+//   document.set("exit", 0);
+//   document.finish();
+
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace companion {
+
+/// A JSON value. Texts that are not UTF-8 get U+FFFD for what is not.
+class Json
+{
+public:
+    /// null.
+    Json();
+    /// A text.
+    Json(std::string_view text);
+    Json(const std::string& text);
+    Json(const char* text);
+    /// A number; the texts "nan", "inf" and "-inf" where JSON has none.
+    Json(double number);
+    /// true or false.
+    Json(bool value);
+    /// An integer.
+    template <std::integral Number>
+    Json(Number number) : Json(static_cast<std::int64_t>(number), 0)
+    {
+    }
+    Json(const Json& other);
+    Json(Json&& other) noexcept;
+    Json& operator=(Json other);
+    ~Json();
+
+    /// An object without members.
+    static Json object();
+    /// A list without elements.
+    static Json list();
+
+    /// Gives an object a member and returns the object.
+    Json& set(std::string_view key, const Json& value);
+    /// Adds an element to a list and returns the list.
+    Json& push(const Json& value);
+    /// Whether an object or a list is empty.
+    bool empty() const;
+
+    /// The value on one line.
+    std::string text() const;
+
+private:
+    struct Value;
+    Json(std::int64_t number, int);
+
+    std::unique_ptr<Value> value;
+};
+
+/// A document that goes out member by member, so that a list may have any length. It is one line of text.
+class JsonDocument
+{
+public:
+    /// Opens a document; its first member is "schema".
+    JsonDocument(std::ostream& stream, std::string_view schema);
+
+    /// Writes a member.
+    void set(std::string_view key, const Json& value);
+    /// Opens a member that is a list: what follows are its elements.
+    void openList(std::string_view key);
+    /// Writes an element of the list.
+    void element(const Json& value);
+    /// Closes the list.
+    void closeList();
+    /// Closes the document, with a line feed at its end.
+    void finish();
+
+private:
+    void separate();
+
+    std::ostream& out;
+    bool first = true;
+};
+
+/// Gives an object a text member and, where the text is not UTF-8, a member "bytes" with its bytes in
+/// base 16.
+void setBytes(Json& object, std::string_view key, std::string_view bytes);
+
+} // namespace companion

@@ -1,0 +1,13 @@
+// Tool path: which `vomar` is started.
+
+#pragma once
+
+#include <string>
+
+namespace companion {
+
+/// The path of the tool: the wanted one, else the one beside this program, else the first of the search path;
+/// empty where there is none that may be executed.
+std::string toolPath(const std::string& wanted);
+
+} // namespace companion

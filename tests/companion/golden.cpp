@@ -1,0 +1,154 @@
+#include "companion/golden.h"
+
+#include "command/subcommand.h"
+#include "support/folders.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::vector<std::string> ownFiles{"call", "prepare", "text", "json", "messages", "status"};
+
+std::string textOf(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+fs::path folderOf(const std::string& group)
+{
+    return fs::path(VOMAR_PROJECT) / "tests/companion" / group;
+}
+
+std::vector<std::string> argumentsOf(const fs::path& call)
+{
+    std::istringstream line(textOf(call));
+    std::vector<std::string> arguments;
+    for (std::string word; line >> std::ws && !line.eof();) {
+        if (line.peek() == '"') {
+            line.get();
+            std::getline(line, word, '"');
+        } else {
+            line >> word;
+        }
+        arguments.push_back(word);
+    }
+    return arguments;
+}
+
+// Names, kinds, sizes and times of all that is in a folder.
+std::map<std::string, std::string> stateOf(const fs::path& folder)
+{
+    std::map<std::string, std::string> state;
+    for (const auto& entry :
+         fs::recursive_directory_iterator(folder, fs::directory_options::skip_permission_denied))
+    {
+        const bool isFile = entry.is_regular_file() && !entry.is_symlink();
+        const auto time =
+            entry.is_symlink() || !entry.exists() ? 0 : entry.last_write_time().time_since_epoch().count();
+        state[entry.path()] = std::to_string(isFile ? entry.file_size() : 0) + '@' + std::to_string(time);
+    }
+    return state;
+}
+
+// A copy of a case's inputs.
+class CaseFolder
+{
+public:
+    explicit CaseFolder(const fs::path& source) : present(folder.path())
+    {
+        for (const auto& entry : fs::directory_iterator(source)) {
+            const std::string name = entry.path().filename();
+            if (std::find(ownFiles.begin(), ownFiles.end(), name) == ownFiles.end()) {
+                fs::copy(entry, fs::path(folder / name), fs::copy_options::recursive);
+            }
+        }
+        if (fs::exists(source / "prepare")) {
+            const std::string command = "sh -eu '" + (source / "prepare").string() + "'";
+            EXPECT_EQ(std::system(command.c_str()), 0) << command;
+        }
+    }
+
+private:
+    TemporaryFolder folder;
+    PresentFolder present;
+};
+
+std::vector<std::string> with(std::vector<std::string> arguments, const std::string& option)
+{
+    arguments.push_back(option);
+    return arguments;
+}
+
+// The lines of a text that tell of errors.
+std::vector<std::string> errorLines(const std::string& text)
+{
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        if (line.find(": error: ") != std::string::npos) {
+            lines.push_back(line);
+        }
+    }
+    return lines;
+}
+
+} // namespace
+
+CommandEnd callCommand(const std::vector<std::string>& arguments)
+{
+    std::ostringstream out;
+    std::ostringstream err;
+    const int status = companion::runCommand(arguments, {out, err});
+    return {status, out.str(), err.str()};
+}
+
+std::vector<std::string> goldenCases(const std::string& group)
+{
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folderOf(group))) {
+        if (entry.is_directory()) {
+            names.push_back(entry.path().filename());
+        }
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+void expectGolden(const std::string& group, const std::string& name)
+{
+    const fs::path source = folderOf(group) / name;
+    const CaseFolder folder(source);
+    const std::vector<std::string> call = argumentsOf(source / "call");
+    const int status = exists(source / "status") ? std::stoi(textOf(source / "status")) : 0;
+    const auto before = stateOf(fs::current_path());
+
+    const CommandEnd plain = callCommand(call);
+    EXPECT_EQ(plain.out, textOf(source / "text"));
+    EXPECT_EQ(plain.err, textOf(source / "messages"));
+    EXPECT_EQ(plain.status, status);
+    if (exists(source / "json")) {
+        const CommandEnd json = callCommand(with(call, "--json"));
+        EXPECT_EQ(json.out, textOf(source / "json"));
+        EXPECT_EQ(json.status, status);
+    }
+    for (const char* option : {"--quiet", "--verbose"}) {
+        SCOPED_TRACE(option);
+        const CommandEnd other = callCommand(with(call, option));
+        EXPECT_EQ(other.status, status);
+        EXPECT_EQ(errorLines(other.out), errorLines(plain.out));
+    }
+    EXPECT_EQ(stateOf(fs::current_path()), before);
+}

@@ -1,0 +1,31 @@
+// Golden cases: a folder with inputs, a call of the command, and what it prints.
+//
+//   call      the arguments, one line; words with blanks in double quotes
+//   prepare   shell commands that make what a repository does not keep: links, pipes, folders without rights
+//   text      what it prints to standard output
+//   json      what it prints with --json; left out where the subcommand is not asked for it
+//   messages  what it prints to standard error; nothing where the file is missing
+//   status    the exit status; 0 where the file is missing
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// What a call of the command gave.
+struct CommandEnd
+{
+    int status = 0;
+    std::string out{};
+    std::string err{};
+};
+
+/// Calls the command in this process, in the present folder.
+CommandEnd callCommand(const std::vector<std::string>& arguments);
+
+/// The names of the cases below tests/companion/GROUP, in the order of bytes.
+std::vector<std::string> goldenCases(const std::string& group);
+
+/// Runs a case in a copy of its folder: text, JSON, messages and status are as they stand; the options -q and
+/// -v change neither the status nor the errors; nothing in the folder changes.
+void expectGolden(const std::string& group, const std::string& name);
