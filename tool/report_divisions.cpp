@@ -98,6 +98,11 @@ constexpr ReportDivision reportDivisions[] = {
 
 } // namespace
 
+std::span<const ReportDivision> reportDivisionTable()
+{
+    return reportDivisions;
+}
+
 const ReportDivision* reportDivision(const std::string& word)
 {
     for (const ReportDivision& row : reportDivisions) {

@@ -63,6 +63,9 @@ struct ReportDivision
     bool joins; ///< whether the parts of a file are joined into one track
 };
 
+/// All divisions.
+std::span<const ReportDivision> reportDivisionTable();
+
 /// The division of a word, compared exactly: "eachgroup", "eachobject", "eachseria" or "allobjects"; a null
 /// pointer for any other text.
 const ReportDivision* reportDivision(const std::string& word);
