@@ -1,6 +1,11 @@
 #include "out/text.h"
 
+#include "text/date_text.h"
+
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
 #include <numeric>
 #include <ostream>
 #include <utility>
@@ -140,6 +145,24 @@ std::string markPlaceText(const MarkPlace& place)
         add(place.time);
     }
     return text;
+}
+
+std::string momentText(double mjd)
+{
+    constexpr double firstDay = -678575.0;
+    constexpr double lastDay = 2973483.0;
+    constexpr std::int64_t dayLength = 86'400'000;
+    if (!(mjd >= firstDay && mjd < lastDay)) {
+        return "";
+    }
+    const double day = std::floor(mjd);
+    const std::int64_t all = std::llround((mjd - day) * static_cast<double>(dayLength));
+    const std::int64_t time = all % dayLength;
+    char text[16];
+    std::snprintf(text, sizeof text, "T%02d:%02d:%02d.%03d", static_cast<int>(time / 3'600'000),
+                  static_cast<int>(time / 60'000 % 60), static_cast<int>(time / 1000 % 60),
+                  static_cast<int>(time % 1000));
+    return tavelinUtils::MJDToDate(day + static_cast<double>(all / dayLength), "-") + text;
 }
 
 void showFinding(const Console& console, const Finding& found)

@@ -1,0 +1,41 @@
+#include "task/writable.h"
+
+#include <filesystem>
+#include <unistd.h>
+
+namespace companion {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool takesNames(const std::string& path)
+{
+    const fs::path folder = fs::path(path).parent_path();
+    return access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) == 0;
+}
+
+bool isNameable(const std::string& path)
+{
+    constexpr std::size_t longestName = 255;
+    constexpr std::size_t longestPath = 4095;
+    const std::string name = path.substr(path.rfind('/') + 1);
+    return !name.empty() && name.size() <= longestName && path.size() <= longestPath;
+}
+
+} // namespace
+
+bool canBeWritten(const std::string& path, bool removesFirst)
+{
+    std::error_code failure;
+    const fs::file_status status =
+        removesFirst ? fs::symlink_status(path, failure) : fs::status(path, failure);
+    if (status.type() == fs::file_type::not_found) {
+        return isNameable(path) && takesNames(path);
+    }
+    if (status.type() == fs::file_type::directory) {
+        return removesFirst && fs::is_empty(path, failure) && takesNames(path);
+    }
+    return removesFirst ? takesNames(path) : access(path.c_str(), W_OK) == 0;
+}
+
+} // namespace companion
