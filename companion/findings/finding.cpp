@@ -126,12 +126,17 @@ std::string totalsText(const FindingTotals& totals)
 
 std::string counted(std::size_t number, std::string_view noun)
 {
+    return counted(number) + ' ' + std::string(noun) + (number == 1 ? "" : "s");
+}
+
+std::string counted(std::size_t number)
+{
     std::string digits = std::to_string(number);
     for (std::size_t place = digits.size(); place > 3;) {
         place -= 3;
         digits.insert(place, 1, ',');
     }
-    return digits + ' ' + std::string(noun) + (number == 1 ? "" : "s");
+    return digits;
 }
 
 } // namespace companion

@@ -137,4 +137,7 @@ std::string totalsText(const FindingTotals& totals);
 /// one.
 std::string counted(std::size_t number, std::string_view noun);
 
+/// "2", "2,000": the number alone.
+std::string counted(std::size_t number);
+
 } // namespace companion

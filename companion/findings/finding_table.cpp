@@ -449,7 +449,7 @@ constexpr FindingRow rows[] = {
      "The write fails and the run dies with status 134 and without a result; files written before stay.",
      "Shorten the name of the object, telescope or filtr."},
     {"V250", Severity::error, true, "c",
-     "the first track of {path} has no mark, so {marks} of its others are in no file",
+     "the first track of {file} has no mark, so {marks} of its others are in no file",
      "With longname a file is named by the first mark of its first track. Without one it has no name and is "
      "left out; the result says code -1.",
      "Delete the empty track from the table, or set longname to false."},

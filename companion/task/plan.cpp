@@ -239,6 +239,9 @@ private:
     {
         marks.enter(series, number, nameOf(track), track.Marks);
         if (series < 0) {
+            if (number == 0) {
+                plan.fileWords = {track.originator, track.telescope, track.REFERENCE_FRAME};
+            }
             return;
         }
         if (lacksAnswer(track)) {

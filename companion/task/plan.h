@@ -37,6 +37,14 @@ struct ReadTrack
     std::size_t marks = 0;
 };
 
+/// What the first track of a file says before the names of the task replace it.
+struct FileWords
+{
+    std::string originator;
+    std::string telescope;
+    std::string frame;
+};
+
 /// A mark that is in no file of the plan.
 struct MissingMark
 {
@@ -78,6 +86,7 @@ struct Plan
     std::vector<MissingMark> cutMarks{}; ///< in the order of reading
     std::vector<MissingMark> unnamedMarks{};
     std::vector<std::string> runningNames{}; ///< of objects without an answer of the checker
+    FileWords fileWords{};                   ///< of the input of a conversion
 };
 
 /// Looks at what a plan's sinks are given.
