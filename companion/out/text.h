@@ -55,8 +55,8 @@ std::string findingLine(const Finding& found, bool color = false);
 /// The place of a mark: "series 2 night, track 0 Z6433, mark 1, 2010-11-06T04:30:13.824".
 std::string markPlaceText(const MarkPlace& place);
 
-/// A moment as "2010-11-06T04:30:13.824", rounded to the millisecond with its carry; empty for what is no day from
-/// the year 1 to 9999.
+/// A moment as "2010-11-06T04:30:13.824", rounded to the millisecond with its carry; empty for what is no day
+/// from the year 1 to 9999.
 std::string momentText(double mjd);
 
 /// Writes a finding and, indented below it, its first places that name marks of a task. Quiet consoles show

@@ -1,0 +1,18 @@
+// Finding JSON: findings as JSON values.
+
+#pragma once
+
+#include "findings/finding.h"
+#include "out/json.h"
+
+namespace companion {
+
+/// A finding as an object: code, severity, file, line and column where there are any, text, count, and its
+/// places. A place has the members that are known: of a file line, column, length, snippet, field and value,
+/// of a mark series, folder, track, object, mark and time.
+Json findingJson(const Finding& found);
+
+/// Totals as an object: errors, warnings, notes.
+Json totalsJson(const FindingTotals& totals);
+
+} // namespace companion
