@@ -4,30 +4,12 @@
 #pragma once
 
 #include "findings/finding.h"
+#include "reading/file_account.h"
 
-#include <cstddef>
 #include <functional>
 #include <string>
 
 namespace companion {
-
-/// The lines of a file by their fates (formats/line_watch.h), and the tracks and marks that the reader made
-/// of them.
-struct FileAccount
-{
-    std::size_t lines = 0;
-    std::size_t head = 0;
-    std::size_t blank = 0;
-    std::size_t marks = 0; ///< lines that made a mark
-    std::size_t parts = 0;
-    std::size_t ends = 0;
-    std::size_t passed = 0;
-    std::size_t lost = 0;
-    std::size_t refused = 0;
-    std::size_t tracks = 0;    ///< of the reader
-    std::size_t marksRead = 0; ///< of its tracks
-    std::size_t repeated = 0;  ///< of these, those that no line of their own made (SSMAS, TDM)
-};
 
 /// What lint looks at.
 struct LintSettings
