@@ -1,0 +1,22 @@
+// AAVSO rules: what an upload of the AAVSO Extended File Format refuses, or takes for something else.
+
+#pragma once
+
+#include "receivers/track_rules.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace companion {
+
+/// Whether a word is a filter for new work; case means nothing.
+bool isAavsoFilter(std::string_view word);
+
+/// Whether a file name has one of the extensions that the upload takes.
+bool isAavsoFileName(const std::string& path);
+
+/// The rules for tracks that are to be written as an AAVSO report.
+std::unique_ptr<TrackRules> aavsoTrackRules();
+
+} // namespace companion

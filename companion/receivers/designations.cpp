@@ -1,0 +1,254 @@
+#include "receivers/designations.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace companion {
+namespace {
+
+constexpr std::size_t numberWidth = 5;
+constexpr std::size_t nameWidth = 7;
+constexpr std::string_view base62 = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+constexpr std::string_view halfMonths = "ABCDEFGHJKLMNOPQRSTUVWXY";
+constexpr std::string_view orderLetters = "ABCDEFGHJKLMNOPQRSTUVWXYZ";
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+bool isUpper(char c)
+{
+    return c >= 'A' && c <= 'Z';
+}
+
+bool isLower(char c)
+{
+    return c >= 'a' && c <= 'z';
+}
+
+bool isLetterOrDigit(char c)
+{
+    return isDigit(c) || isUpper(c) || isLower(c);
+}
+
+bool isOneOf(char c, std::string_view these)
+{
+    return these.find(c) != std::string_view::npos;
+}
+
+template <class Is>
+bool areAll(std::string_view text, Is is)
+{
+    return std::all_of(text.begin(), text.end(), is);
+}
+
+bool areDigits(std::string_view text)
+{
+    return !text.empty() && areAll(text, isDigit);
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    const std::size_t begin = text.find_first_not_of(' ');
+    if (begin == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
+}
+
+// I, J or K for 18, 19, 20, and two digits.
+bool beginsWithPackedYear(std::string_view text)
+{
+    return isOneOf(text[0], "IJK") && areDigits(text.substr(1, 2));
+}
+
+// A year, a half-month, and an order of two characters: tens in base 62, units.
+bool beginsAsProvisional(std::string_view text)
+{
+    return beginsWithPackedYear(text) && isOneOf(text[3], halfMonths) && isLetterOrDigit(text[4]) &&
+           isDigit(text[5]);
+}
+
+// The years 2010 to 2035, in one letter.
+bool isExtended(std::string_view seven)
+{
+    return seven[0] == '_' && isOneOf(seven[1], "ABCDEFGHIJKLMNOPQRSTUVWXYZ") &&
+           isOneOf(seven[2], halfMonths) && areAll(seven.substr(3), isLetterOrDigit);
+}
+
+bool isSurvey(std::string_view seven)
+{
+    const std::string_view survey = seven.substr(0, 3);
+    return (survey == "PLS" || survey == "T1S" || survey == "T2S" || survey == "T3S") &&
+           areDigits(seven.substr(3));
+}
+
+// A comet's number, or that of a satellite of a planet.
+bool isOtherNumber(std::string_view five)
+{
+    const bool isComet = areDigits(five.substr(0, 4)) && isOneOf(five[4], "PDI");
+    const bool isSatellite = isOneOf(five[0], "JSUN") && areDigits(five.substr(1, 3)) && five[4] == 'S';
+    return isComet || isSatellite;
+}
+
+// One small letter in column 12, or two in 11 and 12.
+bool isFragment(std::string_view seven)
+{
+    const std::string_view letters = trimmed(seven);
+    return seven.ends_with(letters) && letters.size() <= 2 && areAll(letters, isLower);
+}
+
+// "2024 YR4", "2024YR4": the letters of the half-month and of the order, and the cycle.
+bool isYearAndLetters(std::string_view text)
+{
+    if (text.size() < 6 || !areDigits(text.substr(0, 4))) {
+        return false;
+    }
+    text = text.substr(text[4] == ' ' ? 5 : 4);
+    return text.size() >= 2 && isOneOf(text[0], halfMonths) && isOneOf(text[1], orderLetters) &&
+           areAll(text.substr(2), isDigit);
+}
+
+bool isSurveyName(std::string_view text)
+{
+    const std::string_view survey = text.substr(std::min<std::size_t>(text.size(), 4));
+    return areDigits(text.substr(0, 4)) &&
+           (survey == " P-L" || survey == " T-1" || survey == " T-2" || survey == " T-3");
+}
+
+// "73P", "73P-C", "1P/Halley", "C/2023 A3", "S/2020 J 1".
+bool isCometName(std::string_view text)
+{
+    const std::size_t letter = std::min(text.find_first_not_of("0123456789"), text.size());
+    const std::string_view rest = text.substr(letter);
+    if (letter == 0) {
+        return text.size() > 5 && isOneOf(text[0], "CPDXIAS") && text[1] == '/' &&
+               areDigits(text.substr(2, 4));
+    }
+    const bool isKind = !rest.empty() && isOneOf(rest[0], "PDI");
+    return isKind && (rest.size() == 1 || rest[1] == '-' || rest[1] == '/');
+}
+
+// "433", "203289", "(433)", "433 Eros". Five digits are packed as they are.
+bool isPlainNumber(std::string_view text)
+{
+    if (text.starts_with('(') && text.ends_with(')')) {
+        text = text.substr(1, text.size() - 2);
+    }
+    return areDigits(text.substr(0, text.find(' ')));
+}
+
+NameVerdict verdictOnTemporary(std::string_view seven)
+{
+    const std::string_view name = trimmed(seven);
+    if (isUnpackedDesignation(name)) {
+        return {NameFault::notPacked, ""};
+    }
+    if (!areAll(name, isLetterOrDigit)) {
+        return {NameFault::notTaken, "has more than letters and digits"};
+    }
+    if (seven.front() == ' ') {
+        return {NameFault::notPlaced,
+                "begins in column " + std::to_string(seven.find(name.front()) + numberWidth + 1)};
+    }
+    return {};
+}
+
+NameVerdict verdictBesideNumber(std::string_view seven)
+{
+    if (trimmed(seven).empty() || isPackedProvisional(seven) || isFragment(seven)) {
+        return {};
+    }
+    return {NameFault::notTaken, "stands beside a permanent number"};
+}
+
+} // namespace
+
+std::optional<std::int64_t> packedNumber(std::string_view five)
+{
+    if (five.size() != numberWidth) {
+        return std::nullopt;
+    }
+    if (five[0] == '~' && areAll(five.substr(1), isLetterOrDigit)) {
+        std::int64_t number = 0;
+        for (const char c : five.substr(1)) {
+            number = number * 62 + static_cast<std::int64_t>(base62.find(c));
+        }
+        return 620'000 + number;
+    }
+    if (!isLetterOrDigit(five[0]) || !areDigits(five.substr(1))) {
+        return std::nullopt;
+    }
+    std::int64_t number = static_cast<std::int64_t>(base62.find(five[0]));
+    for (const char c : five.substr(1)) {
+        number = number * 10 + (c - '0');
+    }
+    return number == 0 ? std::nullopt : std::optional(number);
+}
+
+bool isPackedProvisional(std::string_view seven)
+{
+    if (seven.size() != nameWidth) {
+        return false;
+    }
+    return isExtended(seven) || isSurvey(seven) ||
+           (beginsAsProvisional(seven) && isOneOf(seven[6], orderLetters));
+}
+
+bool isPackedComet(std::string_view eight)
+{
+    if (eight.size() != nameWidth + 1) {
+        return false;
+    }
+    const std::string_view seven = eight.substr(1);
+    if (eight[0] == 'S') {
+        return beginsWithPackedYear(seven) && isOneOf(seven[3], "MJSUN") && isLetterOrDigit(seven[4]) &&
+               isDigit(seven[5]) && seven[6] == '0';
+    }
+    const bool isComet = beginsAsProvisional(seven) && (seven[6] == '0' || isLower(seven[6]));
+    return isOneOf(eight[0], "CPDXIA") && (isComet || isPackedProvisional(seven));
+}
+
+bool isUnpackedDesignation(std::string_view text)
+{
+    return isPlainNumber(text) || isYearAndLetters(text) || isSurveyName(text) || isCometName(text);
+}
+
+bool isLaunchDesignation(std::string_view text)
+{
+    const std::size_t dash = text.find('-');
+    const std::size_t digits = dash == 4 ? 8 : 5; // 2016-033, 16033
+    if (text.size() <= digits || text.size() > digits + 3) {
+        return false;
+    }
+    const bool begins = dash == 4 ? areDigits(text.substr(0, 4)) && areDigits(text.substr(5, 3))
+                                  : areDigits(text.substr(0, digits));
+    return begins && areAll(text.substr(digits), isUpper);
+}
+
+NameVerdict verdictOnName(std::string_view twelve)
+{
+    const std::string_view five = twelve.substr(0, numberWidth);
+    const std::string_view seven = twelve.substr(numberWidth);
+    const std::string_view name = trimmed(twelve);
+    if (name.empty()) {
+        return {NameFault::notTaken, "is blank"};
+    }
+    if (trimmed(five).empty()) {
+        return isPackedProvisional(seven) ? NameVerdict{} : verdictOnTemporary(seven);
+    }
+    if (packedNumber(five) || isOtherNumber(five)) {
+        return verdictBesideNumber(seven);
+    }
+    const bool isPrefixed = trimmed(five).size() == 1 && five.back() != ' ';
+    if (isPrefixed && isPackedComet(twelve.substr(numberWidth - 1))) {
+        return {};
+    }
+    if (isUnpackedDesignation(name)) {
+        return {NameFault::notPacked, ""};
+    }
+    return {NameFault::notPlaced, "begins in column " + std::to_string(twelve.find(name.front()) + 1)};
+}
+
+} // namespace companion

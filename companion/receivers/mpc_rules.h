@@ -1,0 +1,19 @@
+// MPC rules: what the Minor Planet Center refuses, or takes for something else, of 80-column records.
+
+#pragma once
+
+#include "receivers/track_rules.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace companion {
+
+/// Why the text of columns 71 to 77 is no band, as the end of a sentence; empty where it is one, or blank.
+std::string_view faultOfBand(std::string_view band);
+
+/// The rules for tracks that are to be written as an MPC report.
+std::unique_ptr<TrackRules> mpcTrackRules();
+
+} // namespace companion
