@@ -60,7 +60,7 @@ private:
 /// A mark of a task, as far as it is known: members that are negative or empty are left out.
 struct MarkPlace
 {
-    int series = -1;    ///< counted from 0, in the order of the task
+    int series = 0;     ///< from 1, in the order of the task; 0 where there is none
     std::string folder; ///< of the series
     int track = -1;     ///< of the series, counted from 0
     std::string object;

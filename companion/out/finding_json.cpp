@@ -35,7 +35,7 @@ Json placeJson(const FindingPlace& place)
     }
     setText(object, "field", place.field);
     setText(object, "value", place.value);
-    setIndex(object, "series", place.mark.series);
+    setNumber(object, "series", static_cast<std::size_t>(place.mark.series));
     setText(object, "folder", place.mark.folder);
     setIndex(object, "track", place.mark.track);
     setText(object, "object", place.mark.object);

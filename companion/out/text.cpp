@@ -132,7 +132,7 @@ std::string markPlaceText(const MarkPlace& place)
 {
     std::string text;
     const auto add = [&text](const std::string& part) { text += (text.empty() ? "" : ", ") + part; };
-    if (place.series >= 0) {
+    if (place.series > 0) {
         add("series " + std::to_string(place.series) + (place.folder.empty() ? "" : ' ' + place.folder));
     }
     if (place.track >= 0) {

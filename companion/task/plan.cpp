@@ -63,7 +63,7 @@ public:
     {
         const ReadTrack& track = trackOf(mark);
         MarkPlace place;
-        place.series = track.series;
+        place.series = track.series + 1;
         if (track.series >= 0) {
             place.folder = seriesFolderName(task, static_cast<std::size_t>(track.series)).value_or("");
         }

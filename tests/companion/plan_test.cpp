@@ -91,7 +91,7 @@ TEST(Plan, MarksThatADivisionByGapsLosesAreNamed)
                                                        FileCounts{"B.txt", 1, 2}, FileCounts{"A.txt", 1, 1}));
     EXPECT_EQ(plan.account.cut, 2U);
     EXPECT_THAT(placesOf(plan.cutMarks),
-                ElementsAre("0 s1 0 A 2 2023-02-25T12:20:00.000", "0 s1 0 A 5 2023-02-25T13:40:00.000"));
+                ElementsAre("1 s1 0 A 2 2023-02-25T12:20:00.000", "1 s1 0 A 5 2023-02-25T13:40:00.000"));
 }
 
 TEST(Plan, PieceOfOneMarkIsLeftEmpty)
@@ -101,7 +101,7 @@ TEST(Plan, PieceOfOneMarkIsLeftEmpty)
     bench.task.toSeparateFile = "eachgroup";
     const Plan plan = planOf(bench);
     EXPECT_THAT(placesOf(plan.cutMarks),
-                ElementsAre("0 s 0 A 0 2023-02-25T12:00:00.000 empty", "0 s 0 A 2 2023-02-25T13:10:00.000"));
+                ElementsAre("1 s 0 A 0 2023-02-25T12:00:00.000 empty", "1 s 0 A 2 2023-02-25T13:10:00.000"));
 }
 
 TEST(Plan, FilesOfOnePathReplaceEachOther)
@@ -171,7 +171,7 @@ TEST(Plan, UnknownDivisionLeavesAllMarksWithoutAFile)
     const Plan plan = planOf(bench);
     EXPECT_THAT(plan.files, IsEmpty());
     EXPECT_EQ(plan.account.unnamed, 9U);
-    EXPECT_EQ(placesOf(plan.unnamedMarks).front(), "0 s1 0 A 0 2023-02-25T12:00:00.000");
+    EXPECT_EQ(placesOf(plan.unnamedMarks).front(), "1 s1 0 A 0 2023-02-25T12:00:00.000");
 }
 
 TEST(Plan, UnknownOutputWordWritesNothing)
