@@ -23,13 +23,6 @@ constexpr OptionRow rowsOfAll[] = {
     {"help", 'h', nullptr, "show this help"},
 };
 
-WrongUsage unknown(const std::string& kind, const std::string& word, const std::vector<std::string>& known)
-{
-    const std::string near = nearestWord(word, known);
-    const std::string question = near.empty() ? "" : "; did you mean \"" + near + "\"?";
-    return {finding("V002", {{"kind", kind}, {"word", word}, {"question", question}})};
-}
-
 WrongUsage wrongOption(const std::string& option, const std::string& problem)
 {
     return {finding("V001", {{"option", option}, {"problem", problem}})};
@@ -53,7 +46,7 @@ void mustBeKnown(const OptionRow& row, const std::string& value)
 {
     const std::vector<std::string> words = wordsOf(row);
     if (!words.empty() && std::find(words.begin(), words.end(), value) == words.end()) {
-        throw unknown(std::string("word of --") + row.name, value, words);
+        throw unknownWord(std::string("word of --") + row.name, value, words);
     }
 }
 
@@ -66,7 +59,7 @@ void refuseUnknownOptions(const std::vector<std::string>& left, const std::vecto
     }
     for (const std::string& each : left) {
         if (each.size() > 1 && each[0] == '-') {
-            throw unknown("option", each.substr(0, each.find('=')), known);
+            throw unknownWord("option", each.substr(0, each.find('=')), known);
         }
     }
 }
@@ -153,7 +146,7 @@ const Subcommand& subcommandOf(const std::string& name)
             return *each;
         }
     }
-    throw unknown("subcommand", name, namesOfSubcommands());
+    throw unknownWord("subcommand", name, namesOfSubcommands());
 }
 
 int runSubcommand(const Subcommand& subcommand, const std::vector<std::string>& call, const Console& console)
@@ -188,7 +181,7 @@ int runAlone(const std::vector<std::string>& call, const Console& console)
         return 0;
     }
     if (!call.empty()) {
-        throw unknown("option", call.front(), {"--help", "--version"});
+        throw unknownWord("option", call.front(), {"--help", "--version"});
     }
     console.err << helpOfAll();
     return 2;
@@ -261,6 +254,14 @@ void Arguments::addOperand(std::string operand)
 std::span<const OptionRow> commonOptions()
 {
     return rowsOfAll;
+}
+
+WrongUsage unknownWord(const std::string& kind, const std::string& word,
+                       const std::vector<std::string>& known)
+{
+    const std::string near = nearestWord(word, known);
+    const std::string question = near.empty() ? "" : "; did you mean \"" + near + "\"?";
+    return {finding("V002", {{"kind", kind}, {"word", word}, {"question", question}})};
 }
 
 int exitStatus(const FindingTotals& totals, bool strict)

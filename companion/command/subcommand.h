@@ -67,6 +67,10 @@ std::span<const Subcommand* const> subcommands();
 /// The options that all subcommands have.
 std::span<const OptionRow> commonOptions();
 
+/// A call with a word that is not known; the finding names the nearest of the known ones.
+WrongUsage unknownWord(const std::string& kind, const std::string& word,
+                       const std::vector<std::string>& known);
+
 /// The exit status by what was found: 1 where there is an error, or with `strict` a warning, and 0 otherwise.
 int exitStatus(const FindingTotals& totals, bool strict = false);
 

@@ -371,6 +371,13 @@ private:
 
 } // namespace
 
+std::size_t Plan::writtenFiles() const
+{
+    return static_cast<std::size_t>(std::count_if(files.begin(), files.end(), [](const PlannedFile& file) {
+        return file.isWritten && file.replacedBy == 0;
+    }));
+}
+
 Plan planOf(const TConvMea& task, const Works& works, const PlanWatch& watch)
 {
     return PlanMaker(task, works, watch).make();

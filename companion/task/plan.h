@@ -87,6 +87,9 @@ struct Plan
     std::vector<MissingMark> unnamedMarks{};
     std::vector<std::string> runningNames{}; ///< of objects without an answer of the checker
     FileWords fileWords{};                   ///< of the input of a conversion
+
+    /// How many files there are at the end.
+    std::size_t writtenFiles() const;
 };
 
 /// Looks at what a plan's sinks are given.

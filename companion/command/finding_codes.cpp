@@ -1,0 +1,38 @@
+#include "command/finding_codes.h"
+
+#include "base/tokens.h"
+#include "findings/finding_table.h"
+
+#include <string>
+#include <vector>
+
+namespace companion {
+namespace {
+
+WrongUsage unknownCode(std::string_view word)
+{
+    std::vector<std::string> known;
+    for (const FindingRow& row : findingTable()) {
+        known.push_back(row.code.text());
+    }
+    return unknownWord("finding", std::string(word), known);
+}
+
+} // namespace
+
+std::set<FindingCode> findingCodes(const Arguments& arguments, std::string_view option)
+{
+    std::set<FindingCode> codes;
+    for (const std::string& value : arguments.values(option)) {
+        tavelinUtils::forEachToken(value, ',', [&codes](std::string_view word) {
+            const auto code = FindingCode::of(word);
+            if (!code || findingRow(*code) == nullptr) {
+                throw unknownCode(word);
+            }
+            codes.insert(*code);
+        });
+    }
+    return codes;
+}
+
+} // namespace companion

@@ -1,0 +1,103 @@
+#include "out/finding_json.h"
+#include "out/json.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <sstream>
+#include <string>
+
+namespace {
+
+using namespace companion;
+
+TEST(Json, KeysKeepTheirOrder)
+{
+    EXPECT_EQ(Json::object().set("b", 1).set("a", "x").set("c", true).set("d", Json()).text(),
+              R"({"b":1,"a":"x","c":true,"d":null})");
+}
+
+TEST(Json, NumbersThatAreNoneAreNamed)
+{
+    const double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(Json::list()
+                  .push(1.5)
+                  .push(std::numeric_limits<double>::quiet_NaN())
+                  .push(infinity)
+                  .push(-infinity)
+                  .text(),
+              R"([1.5,"nan","inf","-inf"])");
+}
+
+TEST(Json, BytesThatAreNotUtf8AreReplacedAndGivenInBase16)
+{
+    Json object = Json::object();
+    setBytes(object, "file", "n\xe9.mea");
+    EXPECT_EQ(object.text(), "{\"file\":\"n\xef\xbf\xbd.mea\",\"bytes\":\"6ee92e6d6561\"}");
+}
+
+TEST(Json, TextsAreEscaped)
+{
+    EXPECT_EQ(Json("a\"b\\c\n\x01").text(), R"("a\"b\\c\n\u0001")");
+}
+
+TEST(Json, CopiesAreValues)
+{
+    Json first = Json::list();
+    const Json second = first;
+    first.push(1);
+    EXPECT_EQ(second.text(), "[]");
+}
+
+TEST(JsonDocument, StartsWithItsSchemaAndEndsWithALineFeed)
+{
+    std::ostringstream stream;
+    JsonDocument document(stream, "tavelin.check/1");
+    document.openList("tasks");
+    document.element(Json::object().set("task", "a.xml"));
+    document.element(1);
+    document.closeList();
+    document.set("exit", 0);
+    document.finish();
+    EXPECT_EQ(stream.str(),
+              "{\"schema\":\"tavelin.check/1\",\"tasks\":[{\"task\":\"a.xml\"},1],\"exit\":0}\n");
+}
+
+TEST(JsonDocument, ListMayBeEmpty)
+{
+    std::ostringstream stream;
+    JsonDocument document(stream, "tavelin.check/1");
+    document.openList("tasks");
+    document.closeList();
+    document.set("exit", 0);
+    document.finish();
+    EXPECT_EQ(stream.str(), "{\"schema\":\"tavelin.check/1\",\"tasks\":[],\"exit\":0}\n");
+}
+
+TEST(FindingJson, HasTheMembersThatAreKnown)
+{
+    Finding found = finding("V005", {{"file", "a"}}).in("t.xml").at(3, 5).times(2);
+    FindingPlace place;
+    place.line = 7;
+    place.column = 1;
+    place.length = 4;
+    place.field = "declination";
+    found.places.push_back(place);
+    EXPECT_EQ(
+        findingJson(found).text(),
+        R"({"code":"V005","severity":"error","file":"t.xml","line":3,"column":5,"text":"a is the input itself",)"
+        R"("count":2,"places":[{"line":7,"column":1,"length":4,"field":"declination"}]})");
+}
+
+TEST(FindingJson, MarkOfATask)
+{
+    Finding found = finding("V013").in("t.xml");
+    FindingPlace place;
+    place.mark = {2, "night", 0, "Z6433", 1, "2010-11-06T04:30:13.824"};
+    found.places.push_back(place);
+    EXPECT_EQ(findingJson(found).text().substr(findingJson(found).text().find("\"places\"")),
+              R"("places":[{"series":2,"folder":"night","track":0,"object":"Z6433","mark":1,)"
+              R"("time":"2010-11-06T04:30:13.824"}]})");
+}
+
+} // namespace
