@@ -13,27 +13,6 @@
 namespace tavelinUtils {
 namespace {
 
-// The library parses by recursion: deeper documents would overflow the stack. And it compares every two
-// attributes of an element.
-constexpr int deepestLevel = 10000;
-constexpr int mostAttributes = 10000;
-
-// Line ends of all systems become line feeds, as when the library reads a file itself. The zero bytes after
-// the text move with its end.
-void normalizeLineEnds(FileBytes& file)
-{
-    char* to = file.bytes.get();
-    const char* const end = to + file.size;
-    for (const char* from = to; from != end; ++from) {
-        const bool beforeLineFeed = *from == '\r' && from + 1 != end && from[1] == '\n';
-        if (!beforeLineFeed) {
-            *to++ = *from == '\r' ? '\n' : *from;
-        }
-    }
-    file.size = static_cast<std::size_t>(to - file.bytes.get());
-    std::fill_n(to, FileBytes::spareBytes, '\0');
-}
-
 // The value of an element's first child node; a null pointer if the element is missing or empty.
 const char* valueIn(const TiXmlElement* element)
 {
@@ -127,7 +106,9 @@ bool TtavelinXmlDocument::LoadFile()
             return false;
         }
         normalizeLineEnds(file);
-        if (goesBeyond(file.bytes.get(), deepestLevel, mostAttributes)) {
+        // The library parses by recursion: deeper documents would overflow the stack. And it compares every
+        // two attributes of an element.
+        if (goesBeyond(file.bytes.get(), deepestLevel, mostAttributesOfElement)) {
             return false;
         }
         Clear();

@@ -1,5 +1,6 @@
 #include "config/xml_nesting.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstddef>
 #include <cstring>
@@ -281,6 +282,20 @@ private:
 };
 
 } // namespace
+
+void normalizeLineEnds(FileBytes& file)
+{
+    char* to = file.bytes.get();
+    const char* const end = to + file.size;
+    for (const char* from = to; from != end; ++from) {
+        const bool beforeLineFeed = *from == '\r' && from + 1 != end && from[1] == '\n';
+        if (!beforeLineFeed) {
+            *to++ = *from == '\r' ? '\n' : *from;
+        }
+    }
+    file.size = static_cast<std::size_t>(to - file.bytes.get());
+    std::fill_n(to, FileBytes::spareBytes, '\0');
+}
 
 bool goesBeyond(const char* document, int deepest, int mostAttributes)
 {
