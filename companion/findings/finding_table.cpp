@@ -34,7 +34,7 @@ constexpr FindingRow rows[] = {
     {"V013", Severity::error, true, "c", "the task has no element",
      "A document without an element cannot be loaded: code 7, only in the log beside the tool's executable.",
      "Put the keys into a root element, <task>."},
-    {"V014", Severity::error, true, "c", "the task has more {what} than the {limit} that the library takes",
+    {"V014", Severity::error, true, "c", "the task has more than {limit}",
      "The document is refused before it is parsed: code 7, only in the log beside the tool's executable.",
      "Remove the surplus; a task needs three levels of elements and no attributes."},
     {"V015", Severity::error, true, "c", "the document type declaration has an internal part",
