@@ -1,0 +1,109 @@
+#include "reading/result_entries.h"
+
+#include "base/bytes.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
+#include "config/xml_document.h"
+#include "files/essentials.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace companion {
+namespace {
+
+constexpr std::string_view codeMark = " Code=";
+constexpr std::string_view separator = "//";
+
+// The length of the time stamp at the front of an entry, "2024-03-09 04:05:06.000789"; 0 where there is none.
+std::size_t stampLength(std::string_view line)
+{
+    constexpr std::string_view form = "0000-00-00 00:00:00";
+    const auto fits = [](char c, char wanted) { return wanted == '0' ? c >= '0' && c <= '9' : c == wanted; };
+    if (line.size() < form.size() || !std::equal(form.begin(), form.end(), line.begin(),
+                                                 [&fits](char wanted, char c) { return fits(c, wanted); }))
+    {
+        return 0;
+    }
+    const std::size_t end = line.find(codeMark);
+    const std::string_view fraction = line.substr(form.size(), end - form.size());
+    const bool isFraction = std::all_of(fraction.begin(), fraction.end(),
+                                        [](char c) { return c == '.' || (c >= '0' && c <= '9'); });
+    return end != line.npos && isFraction ? end : 0;
+}
+
+// The entry that begins with a line; nothing for a line that begins none.
+std::optional<ResultEntry> entryOf(std::string_view line)
+{
+    const std::size_t stamp = stampLength(line);
+    if (stamp == 0) {
+        return std::nullopt;
+    }
+    ResultEntry entry{.date = std::string(line.substr(0, stamp))};
+    std::string_view rest = line.substr(stamp + codeMark.size());
+    entry.code = tavelinUtils::toInt(rest);
+    rest.remove_prefix(std::min(rest.find(separator), rest.size() - std::min(rest.size(), separator.size())));
+    rest.remove_prefix(std::min(separator.size(), rest.size()));
+    const std::size_t end = std::min(rest.find(separator), rest.size());
+    entry.comment = rest.substr(0, end);
+    entry.description = rest.substr(std::min(end + separator.size(), rest.size()));
+    return entry;
+}
+
+ResultEntry entryOf(TiXmlElement* element)
+{
+    ResultEntry entry;
+    tavelinUtils::GetText(element, "Code", entry.code);
+    tavelinUtils::GetText(element, "Comment", entry.comment);
+    tavelinUtils::GetText(element, "Description", entry.description);
+    tavelinUtils::GetText(element, "Date", entry.date);
+    return entry;
+}
+
+} // namespace
+
+bool isResultDocument(const std::string& path)
+{
+    const std::string extension = tavelinUtils::GetFileExt(path);
+    return extension == ".xml" || extension == ".result";
+}
+
+std::vector<ResultEntry> resultsOfDocument(const std::string& path)
+{
+    tavelinUtils::TtavelinXmlDocument document(path);
+    std::vector<ResultEntry> entries;
+    if (!document.LoadFile()) {
+        return entries;
+    }
+    TiXmlElement* const list = document.FirstChildElement("ResultsList");
+    TiXmlElement* element = list == nullptr ? nullptr : list->FirstChildElement("Result");
+    for (; element != nullptr; element = element->NextSiblingElement("Result")) {
+        entries.push_back(entryOf(element));
+    }
+    return entries;
+}
+
+std::vector<ResultEntry> resultsOfLog(const std::string& path, std::uint64_t from)
+{
+    std::vector<ResultEntry> entries;
+    const tavelinUtils::OpenFile file = tavelinUtils::openForReading(path);
+    tavelinUtils::FileBytes bytes;
+    if (file == nullptr || fseeko(file.get(), 0, SEEK_SET) != 0 ||
+        !tavelinUtils::readBytes(file.get(), bytes)) {
+        return entries;
+    }
+    const std::string_view text = bytes.view();
+    tavelinUtils::forEachToken(text.substr(std::min<std::size_t>(from, text.size())), '\n',
+                               [&entries](std::string_view line) {
+                                   if (auto entry = entryOf(line)) {
+                                       entries.push_back(std::move(*entry));
+                                   } else if (!entries.empty()) {
+                                       entries.back().description.append("\n").append(line);
+                                   }
+                               });
+    return entries;
+}
+
+} // namespace companion
