@@ -109,14 +109,16 @@ std::map<std::string, JobLine> readJobLog(const std::string& path)
 }
 
 JobLog::JobLog(const std::string& logPath, bool isContinued)
-    : path(logPath), file(std::fopen(path.c_str(), isContinued ? "ae" : "we"))
+    : path(logPath), file(std::fopen(path.c_str(), isContinued ? "a+e" : "we"))
 {
     if (file == nullptr) {
         throw unusable(path);
     }
-    std::fseek(file.get(), 0, SEEK_END);
-    if (std::ftell(file.get()) <= 0) {
+    const bool isEmpty = std::fseek(file.get(), -1, SEEK_END) != 0;
+    if (isEmpty) {
         write(titles);
+    } else if (std::fgetc(file.get()) != '\n') {
+        write("\n"); // behind a line that was cut short
     }
 }
 
