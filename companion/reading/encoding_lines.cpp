@@ -1,0 +1,180 @@
+#include "reading/line_checker.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace companion {
+namespace {
+
+using std::string_view_literals::operator""sv;
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+struct WideMark
+{
+    std::string_view bytes;
+    const char* encoding;
+};
+
+// Those of four bytes first: one of two bytes is their front.
+constexpr WideMark wideMarks[] = {
+    {"\xFF\xFE\0\0"sv, "UTF-32"},
+    {"\0\0\xFE\xFF"sv, "UTF-32"},
+    {"\xFF\xFE"sv, "UTF-16"},
+    {"\xFE\xFF"sv, "UTF-16"},
+};
+
+// Formats whose fields have blanks between them, or columns of their own.
+constexpr std::string_view blankFormats[] = {"mea", "telegram", "tdm", "ssmas", "mpc"};
+
+// The encoding of a text of two or four bytes a character; empty for any other. Latin letters have a zero
+// byte in each of the others' places.
+std::string wideEncoding(std::string_view front)
+{
+    for (const WideMark& mark : wideMarks) {
+        if (front.starts_with(mark.bytes)) {
+            return mark.encoding;
+        }
+    }
+    constexpr std::size_t enough = 8;
+    constexpr std::size_t looked = 256;
+    front = front.substr(0, looked);
+    std::array<std::size_t, 4> zeros{};
+    for (std::size_t i = 0; i < front.size(); ++i) {
+        zeros[i % 4] += front[i] == '\0' ? 1U : 0U;
+    }
+    const std::size_t most = front.size() / 5; // of a quarter of all places
+    const auto many = [&zeros, most](std::size_t place) { return zeros[place] > most; };
+    const auto manyPlaces = many(0) + many(1) + many(2) + many(3);
+    if (front.size() < enough || manyPlaces < 2) {
+        return {};
+    }
+    return manyPlaces == 3 ? "UTF-32" : "UTF-16";
+}
+
+// A control byte other than a tab, or a byte of no ASCII character.
+bool isOdd(char c)
+{
+    const auto byte = static_cast<std::uint8_t>(c);
+    return byte >= 0x7F || (byte < 0x20 && byte != '\t');
+}
+
+bool hasOdd(std::string_view text)
+{
+    // No early end: the compiler makes vectors of it.
+    bool odd = false;
+    for (const char c : text) {
+        odd |= isOdd(c);
+    }
+    return odd;
+}
+
+bool isControl(char c)
+{
+    const auto byte = static_cast<std::uint8_t>(c);
+    return byte == 0x7F || (byte < 0x20 && byte != '\t');
+}
+
+bool isHigh(char c)
+{
+    return static_cast<std::uint8_t>(c) >= 0x80;
+}
+
+// The first run of bytes of a kind; empty where there is none.
+template <class IsOne>
+std::string_view firstRun(std::string_view text, IsOne isOne)
+{
+    const auto begin = std::find_if(text.begin(), text.end(), isOne);
+    const auto end = std::find_if_not(begin, text.end(), isOne);
+    return text.substr(static_cast<std::size_t>(begin - text.begin()), static_cast<std::size_t>(end - begin));
+}
+
+bool endsInReturn(std::string_view bytes)
+{
+    return bytes.ends_with('\r');
+}
+
+} // namespace
+
+EncodingChecker::EncodingChecker(std::string_view format)
+    : tabsAreOdd(std::find(std::begin(blankFormats), std::end(blankFormats), format) !=
+                 std::end(blankFormats))
+{
+}
+
+void EncodingChecker::line(const CheckedLine& line, LintOutput& out)
+{
+    if (line.number == 1) {
+        lookAtFront(line, out);
+    }
+    if (stopped) {
+        return;
+    }
+    lookAtEnd(line, out);
+    if (hasOdd(line.text)) {
+        lookAtOddBytes(line, out);
+    }
+    if (tabsAreOdd) {
+        const std::size_t tab = line.text.find('\t');
+        if (tab != std::string_view::npos) {
+            out.add("V105", {tab + 1, 1}, {{"what", "a tab where the fields have blanks between them"}});
+        }
+    }
+}
+
+void EncodingChecker::end(LintOutput& /*out*/)
+{
+}
+
+void EncodingChecker::lookAtFront(const CheckedLine& line, LintOutput& out)
+{
+    firstHasReturn = endsInReturn(line.bytes);
+    const std::string wide = wideEncoding(line.bytes);
+    if (!wide.empty()) {
+        out.add("V101", {1, 2}, {{"encoding", wide}});
+        stopped = true;
+        return;
+    }
+    if (line.bytes.starts_with(byteOrderMark)) {
+        out.add("V100", {1, byteOrderMark.size()});
+    }
+    const std::size_t inner = line.text.find('\r');
+    if (inner != std::string_view::npos && !line.isEnded) {
+        out.add("V102", {inner + 1, 1});
+        stopped = true;
+    }
+}
+
+void EncodingChecker::lookAtEnd(const CheckedLine& line, LintOutput& out)
+{
+    if (!line.isEnded) {
+        if (!line.bytes.empty()) {
+            out.add("V106", {}, {{"what", "no line feed at the end of the file"}});
+        }
+    } else if (!toldMixedEnds && endsInReturn(line.bytes) != firstHasReturn) {
+        toldMixedEnds = true;
+        out.add("V106", {},
+                {{"what", firstHasReturn ? "a line that ends in a line feed alone, unlike those before it"
+                                         : "a line that ends in a carriage return and a line feed, unlike "
+                                           "those before it"}});
+    }
+}
+
+void EncodingChecker::lookAtOddBytes(const CheckedLine& line, LintOutput& out)
+{
+    std::string_view text = line.text;
+    const std::size_t front = line.number == 1 && text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+    text.remove_prefix(front);
+    const std::string_view control = firstRun(text, isControl);
+    if (!control.empty()) {
+        out.add("V103", stretchOf(line.text, control));
+    }
+    const std::string_view high = firstRun(text, isHigh);
+    if (!high.empty()) {
+        out.add("V104", stretchOf(line.text, high));
+    }
+}
+
+} // namespace companion
