@@ -28,6 +28,16 @@ std::optional<std::string> partFromEnd(const std::string& path, std::size_t from
 
 } // namespace
 
+std::string outputFolder(const TConvMea& task)
+{
+    std::string folder = task.out_dir;
+    if (folder.empty() || !tavelinUtils::DirectoryExists(folder)) {
+        return tavelinUtils::ExtractPath(task.path_in) + tavelinUtils::Slash;
+    }
+    tavelinUtils::AddSlash(folder, tavelinUtils::Slash);
+    return folder;
+}
+
 std::string CreateAutoName(const TrackVtorichka& track, std::string telescope, std::string name)
 {
     double mjd = 0;

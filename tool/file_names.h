@@ -9,6 +9,10 @@
 #include <optional>
 #include <string>
 
+/// The folder of the output, with a slash at its end. An out_dir that does not exist is not created: output goes to
+/// the folder of the input instead.
+std::string outputFolder(const tavelinUtils::TConvMea& task);
+
 /// The automatic file name, without folder and extension: telescope, name, date and time of the first mark
 /// and the track's Series, joined with "-": "T1-1234-2023-02-25T12-00-00-R". A track without marks gets the
 /// time of MJD 0.

@@ -1,5 +1,5 @@
 #include "conversion.h"
-#include "files/essentials.h"
+#include "file_names.h"
 #include "multi_report.h"
 #include "results/code_table.h"
 #include "results/result_files.h"
@@ -12,18 +12,6 @@ namespace {
 using namespace tavelinUtils;
 
 constexpr const char* defaultTask = "f:\\vomar\\binwindows64\\thresh.xml";
-
-// The folder of the output, with a slash at its end. An out_dir that does not exist is not created: output
-// goes to the folder of the input instead.
-std::string outputFolder(const TConvMea& task)
-{
-    std::string folder = task.out_dir;
-    if (folder.empty() || !DirectoryExists(folder)) {
-        return ExtractPath(task.path_in) + Slash;
-    }
-    AddSlash(folder, Slash);
-    return folder;
-}
 
 TFuncRes runTask(const TConvMea& task)
 {
