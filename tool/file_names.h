@@ -9,8 +9,8 @@
 #include <optional>
 #include <string>
 
-/// The folder of the output, with a slash at its end. An out_dir that does not exist is not created: output goes to
-/// the folder of the input instead.
+/// The folder of the output, with a slash at its end. An out_dir that does not exist is not created: output
+/// goes to the folder of the input instead.
 std::string outputFolder(const tavelinUtils::TConvMea& task);
 
 /// The automatic file name, without folder and extension: telescope, name, date and time of the first mark

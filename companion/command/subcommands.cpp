@@ -4,6 +4,7 @@ namespace companion {
 namespace {
 
 constexpr const Subcommand* rows[] = {
+    &checkCommand,
     &explainCommand,
 };
 

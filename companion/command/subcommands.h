@@ -6,6 +6,7 @@
 
 namespace companion {
 
+extern const Subcommand checkCommand;
 extern const Subcommand explainCommand;
 
 } // namespace companion

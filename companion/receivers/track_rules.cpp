@@ -20,4 +20,9 @@ std::unique_ptr<TrackRules> trackRulesOf(const std::string& word)
     return nullptr; // the others are for our own tools
 }
 
+std::string receiverOf(const std::string& word)
+{
+    return word == "tdm" || word == "tdm.xml" ? "ccsds" : word == "mpc" || word == "aavso" ? word : "";
+}
+
 } // namespace companion

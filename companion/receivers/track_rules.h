@@ -35,4 +35,8 @@ public:
 /// of.
 std::unique_ptr<TrackRules> trackRulesOf(const std::string& word);
 
+/// The receiver of the files of an output word, as options name it: "mpc", "ccsds" or "aavso"; empty for
+/// another word.
+std::string receiverOf(const std::string& word);
+
 } // namespace companion

@@ -5,20 +5,23 @@
 #include "findings/finding.h"
 #include "reading/lint.h"
 #include "task/plan.h"
+#include "task/task_document.h"
 
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
 namespace companion {
 
-/// How a task is checked.
+class InputReader;
+
+/// How tasks are checked.
 struct CheckSettings
 {
-    bool quick = false;              ///< looks at the task and at the states of files only
-    std::string receiver{};          ///< whose rules of form are listed in full
-    std::set<std::string> only{};    ///< codes; empty: all
-    std::set<std::string> ignored{}; ///< codes
+    bool quick = false;     ///< looks at the task and at the states of files only
+    std::string receiver{}; ///< whose rules of form are listed in full
+    std::string folder{};   ///< from which relative paths count; empty: the present one
 };
 
 /// An input of a task and what was read of it.
@@ -29,24 +32,41 @@ struct CheckedInput
     FileAccount account;
 };
 
-/// A task and all that was found out about it. Relative paths count from the present folder.
+/// A task and all that was found out about it.
 struct CheckedTask
 {
     std::string path;
     bool isLoaded = false; ///< the tool can load it, and its walk ends
     bool isReport = false;
-    tavelinUtils::TConvMea task{}; ///< with the folder that the tool would take as out_dir
+    TaskDocument document{};
+    tavelinUtils::TConvMea written{}; ///< as the file says
+    tavelinUtils::TConvMea task{};    ///< with the folder that the tool would take as out_dir
     std::vector<CheckedInput> inputs{};
-    std::vector<std::string> configurations{}; ///< that were taken, for the series of a report
     bool hasPlan = false;
     Plan plan{};
     std::vector<Finding> findings{}; ///< in the order in which they are shown
 
-    /// Whether the run of the task is refused; codes that are allowed do not count.
-    bool isRefused(const std::set<std::string>& allowed) const;
+    /// The lines of all inputs by their fates.
+    FileAccount lines() const;
+    /// Whether the run of the task is refused for a finding whose code is not allowed.
+    bool isRefused(const std::set<FindingCode>& allowed) const;
 };
 
-/// Checks one task. Nothing is written.
-CheckedTask checkTask(const std::string& path, const CheckSettings& settings);
+/// Checks tasks. What several tasks read is looked at once.
+class TaskChecker
+{
+public:
+    explicit TaskChecker(CheckSettings settings);
+    ~TaskChecker();
+    TaskChecker(const TaskChecker&) = delete;
+    TaskChecker& operator=(const TaskChecker&) = delete;
+
+    /// Checks one task. Nothing is written.
+    CheckedTask check(const std::string& path);
+
+private:
+    CheckSettings settings;
+    std::unique_ptr<InputReader> reader;
+};
 
 } // namespace companion

@@ -1,0 +1,259 @@
+#include "task/checked_task.h"
+
+#include "file_names.h"
+#include "findings/finding_table.h"
+#include "format_words.h"
+#include "out/text.h"
+#include "receivers/track_rules.h"
+#include "task/plan_findings.h"
+#include "task/read_inputs.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <unistd.h>
+#include <utility>
+
+using namespace tavelinUtils;
+
+namespace companion {
+namespace {
+
+// The present folder of the process until the end of the block.
+class FolderFor
+{
+public:
+    explicit FolderFor(const std::string& folder)
+    {
+        if (folder.empty()) {
+            return;
+        }
+        std::error_code failure;
+        before = std::filesystem::current_path();
+        std::filesystem::current_path(folder, failure);
+        if (failure) {
+            throw WrongUsage{finding("V003", {{"file", folder}, {"what", failure.message()}})};
+        }
+    }
+    ~FolderFor()
+    {
+        std::error_code ignored;
+        if (!before.empty()) {
+            std::filesystem::current_path(before, ignored);
+        }
+    }
+    FolderFor(const FolderFor&) = delete;
+    FolderFor& operator=(const FolderFor&) = delete;
+
+private:
+    std::filesystem::path before;
+};
+
+std::string columnsOf(const TConvMea& task)
+{
+    const FormatWord* const row = formatWord(formatOpticMea_to_int(task.outputformat));
+    return row == nullptr ? "date time" : row->columns;
+}
+
+// How an input of a task is read: conversions by their word, reports by track tables.
+struct InputToRead
+{
+    std::string path;
+    std::string format;
+};
+
+std::vector<InputToRead> inputsOf(const CheckedTask& checked)
+{
+    if (!checked.isReport) {
+        return {{checked.task.path_in, checked.task.inputformat}};
+    }
+    std::vector<InputToRead> inputs;
+    for (const TSeria2& seria : checked.task.paths) {
+        inputs.push_back({seria.path, "table"});
+    }
+    return inputs;
+}
+
+bool canBeRead(const InputToRead& input)
+{
+    std::error_code ignored;
+    const bool hasReader =
+        input.format == "table" || formatWord(formatOpticMea_to_int(input.format))->read != nullptr;
+    return hasReader && std::filesystem::is_regular_file(input.path, ignored) &&
+           access(input.path.c_str(), R_OK) == 0;
+}
+
+// The check of one task.
+class Check
+{
+public:
+    Check(const CheckSettings& theSettings, InputReader& theReader, CheckedTask& theTask)
+        : settings(theSettings), reader(theReader), checked(theTask)
+    {
+    }
+
+    void run()
+    {
+        add(std::move(checked.document.findings));
+        if (!checked.document.goesOn()) {
+            return;
+        }
+        checked.isLoaded = true;
+        checked.written = taskOf(checked.document);
+        checked.task = checked.written;
+        checked.task.out_dir = outputFolder(checked.written);
+        checked.isReport = checked.task.inputformat == "vomar";
+        if (!settings.quick) {
+            readInputs();
+            makePlan();
+        }
+        if (checked.hasPlan) {
+            holdAccounts();
+        }
+    }
+
+private:
+    void add(std::vector<Finding> found)
+    {
+        std::move(found.begin(), found.end(), std::back_inserter(checked.findings));
+    }
+
+    void readInputs()
+    {
+        const std::string columns = checked.isReport ? columnsOf(checked.task) : "";
+        for (const InputToRead& input : inputsOf(checked)) {
+            if (!canBeRead(input)) {
+                continue;
+            }
+            const ReadInput& read = reader.read(input.path, input.format, columns);
+            checked.inputs.push_back({input.path, input.format, read.account});
+            add(read.findings);
+        }
+    }
+
+    void makePlan()
+    {
+        const Works works = ownWorks();
+        PlanInspection inspection(checked.task);
+        const std::unique_ptr<TrackRules> rules = trackRulesOf(checked.task.outputformat);
+        PlanWatch watch;
+        watch.openFile = [&rules](const PlannedFile& file) {
+            if (rules != nullptr) {
+                rules->openFile(file.path);
+            }
+        };
+        watch.track = [&](const PlannedFile& file, const TrackVtorichka& track) {
+            inspection.see(file, track);
+            if (rules != nullptr) {
+                rules->add(track);
+            }
+        };
+        checked.plan = planOf(checked.task, works, watch);
+        checked.hasPlan = true;
+        add(inspection.findings(checked.plan, [this](Finding found, std::string_view key) {
+            return atKey(std::move(found), key);
+        }));
+        if (rules != nullptr) {
+            addRules(*rules);
+        }
+    }
+
+    // What breaks every file of the form is told in full only to who asks for the receiver.
+    void addRules(const TrackRules& rules)
+    {
+        for (Finding& found : rules.findings()) {
+            add({std::move(found).in(checked.path)});
+        }
+        std::vector<Finding> ofForm = rules.findingsOfForm();
+        if (ofForm.empty()) {
+            return;
+        }
+        const std::string receiver = receiverOf(checked.task.outputformat);
+        if (settings.receiver == receiver) {
+            for (Finding& found : ofForm) {
+                add({std::move(found).in(checked.path)});
+            }
+            return;
+        }
+        std::string codes;
+        for (const Finding& found : ofForm) {
+            codes += (codes.empty() ? "" : ", ") + found.code.text();
+        }
+        add({finding("V301", {{"word", checked.task.outputformat},
+                              {"codes", codes},
+                              {"remedy", "tavelin ready --for " + receiver}})
+                 .in(checked.path)});
+    }
+
+    Finding atKey(Finding found, std::string_view key) const
+    {
+        const DocumentKey* const element = key.empty() ? nullptr : checked.document.key(key);
+        if (element == nullptr) {
+            return std::move(found).in(checked.path);
+        }
+        return findingAt(checked.document, element->place, std::move(found));
+    }
+
+    // Both sides of each sum come from different ways: lines from the watched readers, marks from the plan.
+    void holdAccounts()
+    {
+        const FileAccount lines = checked.lines();
+        if (!lines.agrees()) {
+            addDisagreement("the lines of the inputs and their fates");
+        }
+        if (!checked.plan.account.agrees()) {
+            addDisagreement("the marks that were read and what became of them");
+        }
+        const bool isRead = lines.refused == 0 && !checked.inputs.empty();
+        if (isRead && !checked.plan.dies && lines.marksRead != checked.plan.account.read) {
+            addDisagreement("the marks of the readers, " + counted(lines.marksRead) + ", and of the plan, " +
+                            counted(checked.plan.account.read));
+        }
+    }
+
+    void addDisagreement(const std::string& sum)
+    {
+        add({finding("V490", {{"sum", sum}}).in(checked.path)});
+    }
+
+    const CheckSettings& settings;
+    InputReader& reader;
+    CheckedTask& checked;
+};
+
+} // namespace
+
+FileAccount CheckedTask::lines() const
+{
+    FileAccount sum;
+    for (const CheckedInput& input : inputs) {
+        sum += input.account;
+    }
+    return sum;
+}
+
+bool CheckedTask::isRefused(const std::set<FindingCode>& allowed) const
+{
+    return std::any_of(findings.begin(), findings.end(), [&allowed](const Finding& each) {
+        return findingRow(each.code)->refuses && !allowed.contains(each.code);
+    });
+}
+
+TaskChecker::TaskChecker(CheckSettings theSettings)
+    : settings(std::move(theSettings)), reader(std::make_unique<InputReader>())
+{
+}
+
+TaskChecker::~TaskChecker() = default;
+
+CheckedTask TaskChecker::check(const std::string& path)
+{
+    CheckedTask checked;
+    checked.path = path;
+    checked.document = readTaskDocument(path);
+    const FolderFor folder(settings.folder);
+    Check(settings, *reader, checked).run();
+    sortFindings(checked.findings);
+    return checked;
+}
+
+} // namespace companion
