@@ -1,12 +1,14 @@
 #include "config/configuration_sections.h"
 
 #include "base/numbers.h"
+#include "config/configuration_keys.h"
 #include "config/key_table.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
 #include <string_view>
+#include <variant>
 
 namespace tavelinUtils {
 namespace {
@@ -305,6 +307,55 @@ void appendSpellings(TiXmlElement& element, std::vector<std::string>& spellings)
     }
 }
 
+// What the value of a key is, by its target.
+struct ValueOfTarget
+{
+    template <class Record>
+    ConfigurationValue operator()(double Record::*) const
+    {
+        return ConfigurationValue::number;
+    }
+    template <class Record>
+    ConfigurationValue operator()(int Record::*) const
+    {
+        return ConfigurationValue::integer;
+    }
+    template <class Record>
+    ConfigurationValue operator()(short Record::*) const
+    {
+        return ConfigurationValue::integer;
+    }
+    template <class Record>
+    ConfigurationValue operator()(bool Record::*) const
+    {
+        return ConfigurationValue::flag;
+    }
+    template <class Record>
+    ConfigurationValue operator()(std::string Record::*) const
+    {
+        return ConfigurationValue::text;
+    }
+    template <class Record>
+    ConfigurationValue operator()(std::vector<std::string> Record::*) const
+    {
+        return ConfigurationValue::list;
+    }
+    template <class Record>
+    ConfigurationValue operator()(void (*)(Record&, std::string)) const
+    {
+        return ConfigurationValue::converted;
+    }
+};
+
+template <class Record, std::size_t count>
+void appendKeys(std::vector<ConfigurationKey>& keys, const char* section, const KeyRow<Record> (&rows)[count])
+{
+    for (const KeyRow<Record>& row : rows) {
+        const ConfigurationValue value = std::visit(ValueOfTarget{}, row.target);
+        keys.push_back({section, row.key, value, value == ConfigurationValue::list ? row.item : ""});
+    }
+}
+
 } // namespace
 
 TBasicSettings GetBasicSettings(TiXmlElement* root, std::string key)
@@ -417,6 +468,49 @@ std::vector<TTLEstr> GetTLEs(TiXmlElement* root, std::string key)
         element = element->NextSiblingElement("TLE");
     }
     return sets;
+}
+
+std::vector<ConfigurationKey> configurationKeys()
+{
+    std::vector<ConfigurationKey> keys{
+        {"", "Version", ConfigurationValue::text, ""},
+        {"", "Service", ConfigurationValue::converted, ""},
+    };
+    appendKeys(keys, "basicSettings", basicKeys);
+    appendKeys(keys, "ZUNEK", zunekKeys);
+    appendKeys(keys, "intraframeProcessing/artifactsFilter", artifactsFilterKeys);
+    appendKeys(keys, "intraframeProcessing/ImageDetection", imageDetectionKeys);
+    appendKeys(keys, "intraframeProcessing/DifferenceFrame", differenceFrameKeys);
+    appendKeys(keys, "intraframeProcessing/brightnessFramesAlignment", brightnessKeys);
+    appendKeys(keys, "Identification/astroPhotoMetryCatalogs", catalogueKeys);
+    appendKeys(keys, "Identification/astroPhotoMetry", astroPhotoMetryKeys);
+    appendKeys(keys, "interframeasteroids", asteroidKeys);
+    appendKeys(keys, "interframeasteroids", representativeKeys);
+    appendKeys(keys, "interframesatellites", satelliteKeys);
+    appendKeys(keys, "autoframestacking", stackingKeys);
+    appendKeys(keys, "lightCurves", lightCurveKeys);
+    appendKeys(keys, "ReportSettings/MPCReport", reportHeaderKeys);
+    appendKeys(keys, "ReportSettings/MPCReport", trackMaskKeys);
+    appendKeys(keys, "TLEs/TLE", elementSetKeys);
+    return keys;
+}
+
+std::vector<std::string> configurationHeaderWords()
+{
+    std::vector<std::string> words;
+    for (const HeaderWord& row : headerWords) {
+        words.emplace_back(row.word);
+    }
+    return words;
+}
+
+std::vector<std::string> configurationFilterLetters()
+{
+    std::vector<std::string> letters;
+    for (const FilterLetter& row : filterLetters) {
+        letters.emplace_back(row.letter);
+    }
+    return letters;
 }
 
 } // namespace tavelinUtils
