@@ -6,6 +6,7 @@ namespace {
 constexpr const Subcommand* rows[] = {
     &checkCommand,
     &explainCommand,
+    &schemaCommand,
 };
 
 } // namespace

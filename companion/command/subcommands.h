@@ -8,5 +8,6 @@ namespace companion {
 
 extern const Subcommand checkCommand;
 extern const Subcommand explainCommand;
+extern const Subcommand schemaCommand;
 
 } // namespace companion

@@ -1,0 +1,204 @@
+#include "base/tokens.h"
+#include "config/configuration_keys.h"
+#include "schema/xml_schemas.h"
+#include "schema/xsd_text.h"
+
+#include <stdexcept>
+#include <vector>
+
+namespace companion {
+namespace {
+
+using tavelinUtils::ConfigurationKey;
+using tavelinUtils::configurationKeys;
+using tavelinUtils::ConfigurationValue;
+using tavelinUtils::forEachToken;
+
+// The keys whose text a conversion takes: words with blanks between, or the type of another text.
+struct ConvertedKey
+{
+    std::string_view key;
+    const char* type;
+    const char* words; ///< empty where the text is none of a few words
+};
+
+constexpr const char* catalogues =
+    "TYCHO2 UCAC4 UCAC5 USNOB1 NOMAD1 GAIA2 PanSTARRS1 SDSS9 APASS9 VSX AAVSOvsp";
+
+constexpr ConvertedKey convertedKeys[] = {
+    {"Service", "service", "asteroids satellites variablestars alignment identification airfly"},
+    {"PixelWidth", "number", ""},
+    {"PixelHeight", "number", ""},
+    {"WaitLastFrame", "end", "ByTime ByCount"},
+    {"FittingType", "fitting", "Auto Diurnal Stroke DiffFrame"},
+    {"DoNotSelectStarsOnFrame", "areas", ""},
+    {"AreaWithBadImages", "areas", ""},
+    {"INetAstrometric", "catalogue", catalogues},
+    {"INetPhotometric", "catalogue", ""},
+    {"TypeSpeedLimit", "speedUnit", "VisibleMotion ArcsecPerMin"},
+    {"SetApertureSize", "aperture", "AutoCalculation ByRadius ByFWHM"},
+};
+
+const ConvertedKey& convertedKey(std::string_view key)
+{
+    for (const ConvertedKey& row : convertedKeys) {
+        if (row.key == key) {
+            return row;
+        }
+    }
+    throw std::logic_error("a converted key without a type in its schema: " + std::string(key));
+}
+
+const char* typeOf(const ConfigurationKey& key)
+{
+    switch (key.value) {
+    case ConfigurationValue::number: return "number";
+    case ConfigurationValue::integer: return "integer";
+    case ConfigurationValue::flag: return "flag";
+    case ConfigurationValue::text: return "xs:string";
+    case ConfigurationValue::converted: return convertedKey(key.key).type;
+    default: return "";
+    }
+}
+
+// A list whose items are not empty: the reader never returns from an empty one.
+void writeList(XsdText& xsd, const std::string& item)
+{
+    xsd.open("complexType");
+    xsd.open("sequence");
+    xsd.element(item, "nonEmpty", false, true);
+    xsd.close();
+    xsd.close();
+}
+
+void writeKey(XsdText& xsd, const ConfigurationKey& key)
+{
+    if (key.value != ConfigurationValue::list) {
+        xsd.element(key.key, typeOf(key), false, false);
+        return;
+    }
+    xsd.openElement(key.key, false, false);
+    writeList(xsd, key.item);
+    xsd.close();
+}
+
+// The name of the section just below another; empty where the section is not below it.
+std::string childOf(const std::string& section, const std::string& parent)
+{
+    const std::string front = parent.empty() ? "" : parent + '/';
+    if (section.size() <= front.size() || section.compare(0, front.size(), front) != 0) {
+        return "";
+    }
+    return section.substr(front.size(), section.find('/', front.size()) - front.size());
+}
+
+std::vector<std::string> sectionsBelow(const std::string& parent)
+{
+    std::vector<std::string> sections;
+    for (const ConfigurationKey& key : configurationKeys()) {
+        const std::string child = childOf(key.section, parent);
+        if (!child.empty() && (sections.empty() || sections.back() != child)) {
+            sections.push_back(child);
+        }
+    }
+    return sections;
+}
+
+// Element sets come one after the other; all else is in any order.
+void writeSection(XsdText& xsd, const std::string& section)
+{
+    const bool repeats = section == "TLEs";
+    xsd.open("complexType", {{"name", section.empty() ? "settings" : ""}});
+    xsd.open(repeats ? "sequence" : "all");
+    for (const ConfigurationKey& key : configurationKeys()) {
+        if (key.section == section) {
+            writeKey(xsd, key);
+        }
+    }
+    for (const std::string& child : sectionsBelow(section)) {
+        xsd.openElement(child, false, repeats);
+        writeSection(xsd, (section.empty() ? "" : section + '/') + child);
+        xsd.close();
+    }
+    if (section.empty()) {
+        xsd.element("HeaderSettings", "headerSettings", false, false,
+                    "The spellings of frame headers, and the names of filters.");
+    }
+    xsd.close();
+    xsd.close();
+}
+
+void writeHeaderSettings(XsdText& xsd)
+{
+    xsd.open("complexType", {{"name", "headerSettings"}});
+    xsd.open("all");
+    xsd.openElement("headerKeys", false, false);
+    xsd.open("complexType");
+    xsd.open("sequence");
+    xsd.openElement("key", false, true, "The keywords of FITS that may carry a value.");
+    xsd.open("complexType");
+    xsd.open("sequence");
+    xsd.element("string", "xs:string", false, true);
+    xsd.close();
+    xsd.empty("attribute", {{"name", "name"}, {"type", "headerWord"}, {"use", "required"}});
+    for (int i = 0; i < 5; ++i) {
+        xsd.close();
+    }
+    xsd.openElement("filterKeys", false, false);
+    xsd.open("complexType");
+    xsd.open("sequence");
+    xsd.empty("any", {{"processContents", "lax"}, {"minOccurs", "0"}, {"maxOccurs", "unbounded"}});
+    for (int i = 0; i < 5; ++i) {
+        xsd.close();
+    }
+}
+
+// Their parents may have any name, so they are declared for themselves.
+void writeFilterLetters(XsdText& xsd)
+{
+    for (const std::string& letter : tavelinUtils::configurationFilterLetters()) {
+        xsd.openElement(letter, true, false, "The names of a filter, below an element of filterKeys.");
+        writeList(xsd, "string");
+        xsd.close();
+    }
+}
+
+void writeTypes(XsdText& xsd)
+{
+    xsd.pattern("number", "xs:string", R"(([+\-]?[0-9]+(\.[0-9]*)?([eE][+\-]?[0-9]{1,3})?)?)",
+                "A number; the default where it is empty.");
+    xsd.pattern("integer", "xs:string", R"(([+\-]?[0-9]{1,9})?)",
+                "An integer; the default where it is empty.");
+    xsd.words("flag", {"true", "false", ""}, "Exactly true or false; the default where it is empty.");
+    xsd.pattern("nonEmpty", "xs:string", R"(\s*\S(.|\s)*)");
+    xsd.pattern("areas", "xs:string", R"((\([0-9]+;[0-9]+-[0-9]+;[0-9]+\))*)",
+                "Rectangles, two corners each: (1;2-30;40)(5;6-70;80)");
+    for (const ConvertedKey& row : convertedKeys) {
+        std::vector<std::string> words;
+        forEachToken(row.words, ' ', [&words](std::string_view word) { words.emplace_back(word); });
+        if (!words.empty()) {
+            words.emplace_back();
+            xsd.words(row.type, words);
+        }
+    }
+    xsd.words("headerWord", tavelinUtils::configurationHeaderWords());
+}
+
+} // namespace
+
+std::string configurationSchema(std::string_view /*name*/)
+{
+    XsdText xsd(
+        {"The configuration of a series, a file with the extension .conf. Its root may have any name; root",
+         "is the usual one. Made by tavelin schema config."});
+    for (const char* name : {"root", "configuration"}) {
+        xsd.element(name, "settings", true, false, "The settings of a series.");
+    }
+    writeFilterLetters(xsd);
+    writeSection(xsd, "");
+    writeHeaderSettings(xsd);
+    writeTypes(xsd);
+    return xsd.text();
+}
+
+} // namespace companion

@@ -1,0 +1,56 @@
+#include "schema/schemas.h"
+
+#include "schema/json_texts.h"
+#include "schema/xml_schemas.h"
+
+#include <stdexcept>
+
+namespace companion {
+namespace {
+
+std::string jsonSchema(std::string_view name)
+{
+    for (const JsonSchemaText& row : jsonSchemaTexts()) {
+        if ("json " + std::string(row.subcommand) == name) {
+            return std::string(row.text);
+        }
+    }
+    throw std::logic_error("a JSON schema without a text: " + std::string(name));
+}
+
+std::vector<Schema> schemas()
+{
+    const std::string xsd = "XSD 1.0";
+    std::vector<Schema> all{
+        {"task", xsd, "the task of a run", taskSchema},
+        {"config", xsd, "the configuration of a series", configurationSchema},
+        {"result", xsd, "the result document of a run", resultSchema},
+        {"ades", xsd, "observations in ADES 2022, as they are submitted", adesSchema},
+    };
+    for (const JsonSchemaText& row : jsonSchemaTexts()) {
+        const std::string subcommand(row.subcommand);
+        all.push_back({"json " + subcommand, "JSON Schema 2020-12",
+                       "what tavelin " + subcommand + " --json prints", jsonSchema});
+    }
+    return all;
+}
+
+} // namespace
+
+const std::vector<Schema>& allSchemas()
+{
+    static const std::vector<Schema> all = schemas();
+    return all;
+}
+
+const Schema* schemaOf(std::string_view name)
+{
+    for (const Schema& each : allSchemas()) {
+        if (each.name == name) {
+            return &each;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace companion
