@@ -50,6 +50,12 @@ void mustBeKnown(const OptionRow& row, const std::string& value)
     }
 }
 
+// "-1" is a number, and an operand.
+bool isNegativeNumber(const std::string& word)
+{
+    return word.size() > 1 && word.find_first_not_of("0123456789", 1) == std::string::npos;
+}
+
 // What is left over and looks like an option is an unknown one.
 void refuseUnknownOptions(const std::vector<std::string>& left, const std::vector<OptionRow>& rows)
 {
@@ -58,7 +64,7 @@ void refuseUnknownOptions(const std::vector<std::string>& left, const std::vecto
         known.push_back(std::string("--") + row.name);
     }
     for (const std::string& each : left) {
-        if (each.size() > 1 && each[0] == '-') {
+        if (each.size() > 1 && each[0] == '-' && !isNegativeNumber(each)) {
             throw unknownWord("option", each.substr(0, each.find('=')), known);
         }
     }

@@ -1,56 +1,169 @@
-#include "command/subcommands.h"
-#include "findings/finding_table.h"
+// `tavelin explain`: finds out what is asked about, and explains it.
 
+#include "base/numbers.h"
+#include "command/explanation.h"
+#include "command/subcommands.h"
+#include "reading/code_meanings.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
 #include <ostream>
 
 namespace companion {
 namespace {
 
 constexpr OptionRow options[] = {
+    {"as", 0, "task|result|code|finding|format", "what WHAT is, where that is in doubt"},
     {"list", 0, nullptr, "all findings, a line each"},
+    {"markdown", 0, nullptr, "with --list: all findings as the page docs/findings.md"},
 };
 
-std::string lineOf(const FindingRow& row)
+std::optional<int> codeIn(const std::string& word)
 {
-    return row.code.text() + ": " + std::string(severityWord(row.severity)) + ": " + std::string(row.text);
+    const std::size_t sign = word.starts_with('-') ? 1 : 0;
+    const bool isNumber = word.size() > sign && word.size() < 9 &&
+                          word.find_first_not_of("0123456789", sign) == std::string::npos;
+    return isNumber ? std::optional(tavelinUtils::toInt(word)) : std::nullopt;
 }
 
-std::string explained(const FindingRow& row)
+Explanation findingNamed(const std::string& word)
 {
-    std::string text = lineOf(row) + '\n';
-    if (!row.happens.empty()) {
-        text += "What happens: " + std::string(row.happens) + '\n';
+    const auto code = FindingCode::of(word);
+    const FindingRow* const row = code ? findingRow(*code) : nullptr;
+    if (row == nullptr) {
+        std::vector<std::string> known;
+        for (const FindingRow& each : findingTable()) {
+            known.push_back(each.code.text());
+        }
+        throw unknownWord("finding", word, known);
     }
-    if (!row.remedy.empty()) {
-        text += "What to do: " + std::string(row.remedy) + '\n';
+    return explanationOf(*row);
+}
+
+Explanation codeNamed(const std::string& word)
+{
+    const auto code = codeIn(word);
+    if (!code || !isResultCode(*code)) {
+        throw unknownWord("result code", word, {});
     }
-    return text;
+    return explanationOfCode(*code);
+}
+
+Explanation formatNamed(const std::string& word)
+{
+    const FormatFacts* const facts = formatFacts(word);
+    if (facts == nullptr) {
+        std::vector<std::string> known;
+        for (const FormatFacts& each : formatFactsTable()) {
+            known.emplace_back(each.name);
+        }
+        throw unknownWord("format", word, known);
+    }
+    return explanationOf(*facts);
+}
+
+Explanation resultIn(const std::string& path)
+{
+    std::vector<ResultEntry> entries = resultsOfDocument(path);
+    if (entries.empty()) {
+        entries = resultsOfLog(path);
+    }
+    if (entries.empty()) {
+        throw WrongUsage{finding("V003", {{"file", path}, {"what", "it holds no result"}})};
+    }
+    return explanationOfResult(path, entries);
+}
+
+// Whether a word is the name of a thing that is no file.
+std::string kindOfWord(const std::string& word)
+{
+    if (FindingCode::of(word)) {
+        return "finding";
+    }
+    if (codeIn(word)) {
+        return "code";
+    }
+    return formatFacts(word) == nullptr ? "" : "format";
+}
+
+std::string kindOf(const std::string& word)
+{
+    const std::string kind = kindOfWord(word);
+    const bool isFile = std::filesystem::is_regular_file(word);
+    if (!kind.empty() && isFile) {
+        throw WrongUsage{finding("V302", {{"format", "a " + kind}, {"other", "a file"}})};
+    }
+    if (!kind.empty()) {
+        return kind;
+    }
+    if (!isFile) {
+        throw WrongUsage{finding("V003", {{"file", word}, {"what", "there is no such file"}})};
+    }
+    return "result";
+}
+
+Explanation explained(const std::string& word, const std::string& kind)
+{
+    if (kind == "finding") {
+        return findingNamed(word);
+    }
+    if (kind == "code") {
+        return codeNamed(word);
+    }
+    return kind == "format" ? formatNamed(word) : resultIn(word);
+}
+
+int list(const Arguments& arguments, const Console& console)
+{
+    if (console.look.json) {
+        JsonDocument document(console.out, "tavelin.explain/1");
+        document.openList("explained");
+        for (const FindingRow& row : findingTable()) {
+            document.element(explanationOf(row).json);
+        }
+        document.closeList();
+        document.finish();
+    } else if (arguments.has("markdown")) {
+        console.out << findingsPage();
+    } else {
+        for (const FindingRow& row : findingTable()) {
+            console.out << row.code.text() << ": " << severityWord(row.severity) << ": " << row.text << '\n';
+        }
+    }
+    return 0;
 }
 
 int explain(const Arguments& arguments, const Console& console)
 {
     if (arguments.has("list")) {
-        for (const FindingRow& row : findingTable()) {
-            console.out << lineOf(row) << '\n';
-        }
-        return 0;
+        return list(arguments, console);
     }
-    for (const std::string& word : arguments.operands()) {
-        const auto code = FindingCode::of(word);
-        const FindingRow* const row = code ? findingRow(*code) : nullptr;
-        if (row == nullptr) {
-            throw WrongUsage{finding("V002", {{"kind", "finding"}, {"word", word}, {"question", ""}})};
-        }
-        console.out << explained(*row);
+    if (arguments.operands().size() != 1) {
+        throw WrongUsage{finding("V001", {{"option", "explain"}, {"problem", "takes one WHAT"}})};
     }
-    return 0;
+    const std::string& word = arguments.operands().front();
+    const Explanation explanation =
+        explained(word, arguments.has("as") ? arguments.value("as") : kindOf(word));
+    const int status = explanation.tellsOfFailure ? 1 : 0;
+    if (!console.look.json) {
+        console.out << explanation.text;
+        return status;
+    }
+    JsonDocument document(console.out, "tavelin.explain/1");
+    document.openList("explained");
+    document.element(explanation.json);
+    document.closeList();
+    document.set("exit", status);
+    document.finish();
+    return status;
 }
 
 } // namespace
 
 const Subcommand explainCommand{"explain",
                                 "[WHAT]",
-                                "a task, a result file, a result code or a finding in plain words",
+                                "a task, a result file, a result code, a finding or a format in plain words",
                                 {"tavelin explain night.xml", "tavelin explain V240"},
                                 options,
                                 explain};

@@ -1,28 +1,12 @@
 #include "command/help.h"
 
+#include "out/text.h"
+
 #include <algorithm>
 #include <vector>
 
 namespace companion {
 namespace {
-
-constexpr std::size_t width = 80;
-
-// Words in lines of the width, each but the first indented.
-std::string wrapped(std::string line, std::string_view words, std::size_t indent)
-{
-    std::string text;
-    while (!words.empty()) {
-        const std::size_t end = std::min(words.find(' '), words.size());
-        if (line.size() + 1 + end > width && line.size() > indent) {
-            text += line + '\n';
-            line.assign(indent, ' ');
-        }
-        line += (line.size() > indent ? " " : "") + std::string(words.substr(0, end));
-        words.remove_prefix(std::min(end + 1, words.size()));
-    }
-    return text + line + '\n';
-}
 
 std::string optionName(const OptionRow& row)
 {

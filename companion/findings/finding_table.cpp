@@ -1,6 +1,7 @@
 #include "findings/finding_table.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace companion {
 namespace {
@@ -646,6 +647,33 @@ constexpr FindingRow rows[] = {
      "Please report it, with the task and its inputs."},
 };
 
+struct FindingPage
+{
+    FindingCode first; // of those that the page is for
+    std::string_view page;
+};
+
+constexpr FindingPage pages[] = {
+    {"V001", "docs/companion/README.md"},    {"V010", "docs/task_file.md"},
+    {"V030", "docs/result_file.md"},         {"V037", "docs/task_file.md"},
+    {"V067", "docs/formats/tdm.md"},         {"V069", "docs/task_file.md"},
+    {"V071", "docs/formats/mpc_report.md"},  {"V072", "docs/formats/aavso.md"},
+    {"V073", "docs/formats/light_curve.md"}, {"V074", "docs/known_behaviours.md"},
+    {"V075", "docs/companion/explain.md"},   {"V100", "docs/malformed_input.md"},
+    {"V140", "docs/formats/tdm.md"},         {"V150", "docs/formats/mea.md"},
+    {"V160", "docs/formats/telegram.md"},    {"V170", "docs/formats/tdm.md"},
+    {"V185", "docs/formats/ssmas.md"},       {"V195", "docs/formats/mpc_report.md"},
+    {"V200", "docs/formats/track_table.md"}, {"V216", "docs/multi_series_report.md"},
+    {"V220", "docs/configuration.md"},       {"V222", "docs/multi_series_report.md"},
+    {"V223", "docs/configuration.md"},       {"V230", "docs/task_file.md"},
+    {"V238", "docs/multi_series_report.md"}, {"V301", "docs/companion/check.md"},
+    {"V302", "docs/companion/info.md"},      {"V310", "docs/formats/mpc_report.md"},
+    {"V340", "docs/formats/tdm.md"},         {"V360", "docs/formats/aavso.md"},
+    {"V380", "docs/companion/lint.md"},      {"V400", "docs/companion/run.md"},
+    {"V420", "docs/companion/README.md"},    {"V440", "docs/companion/lint.md"},
+    {"V450", "docs/companion/README.md"},
+};
+
 } // namespace
 
 std::span<const FindingRow> findingTable()
@@ -659,6 +687,14 @@ const FindingRow* findingRow(FindingCode code)
         std::lower_bound(std::begin(rows), std::end(rows), code,
                          [](const FindingRow& each, FindingCode wanted) { return each.code < wanted; });
     return row != std::end(rows) && row->code == code ? row : nullptr;
+}
+
+std::string_view pageOf(FindingCode code)
+{
+    const auto* const next =
+        std::upper_bound(std::begin(pages), std::end(pages), code,
+                         [](FindingCode wanted, const FindingPage& each) { return wanted < each.first; });
+    return next == std::begin(pages) ? std::string_view() : std::prev(next)->page;
 }
 
 } // namespace companion

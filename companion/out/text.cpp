@@ -14,6 +14,7 @@ namespace companion {
 namespace {
 
 constexpr std::size_t shownPlaces = 3;
+constexpr std::size_t width = 80;
 
 // The length of the UTF-8 character at the front of a text; 0 where there is none. Overlong forms, surrogates
 // and what is above U+10FFFF are none.
@@ -110,6 +111,21 @@ std::string printable(std::string_view bytes)
         }
     }
     return text;
+}
+
+std::string wrapped(std::string line, std::string_view words, std::size_t indent)
+{
+    std::string text;
+    while (!words.empty()) {
+        const std::size_t end = std::min(words.find(' '), words.size());
+        if (line.size() + 1 + end > width && line.size() > indent) {
+            text += line + '\n';
+            line.assign(indent, ' ');
+        }
+        line += (line.size() > indent ? " " : "") + std::string(words.substr(0, end));
+        words.remove_prefix(std::min(end + 1, words.size()));
+    }
+    return text + line + '\n';
 }
 
 std::string findingLine(const Finding& found, bool color)

@@ -21,6 +21,10 @@ std::string hexadecimal(std::string_view bytes);
 /// A text as it can be shown on a line: control characters, and bytes that are not UTF-8, as "\xE9".
 std::string printable(std::string_view bytes);
 
+/// Words in lines of at most 80 columns, where they have room: the first ones follow what the line holds
+/// already, the lines after it are indented. Each line has its line feed.
+std::string wrapped(std::string line, std::string_view words, std::size_t indent);
+
 /// How progress is shown.
 enum class ProgressStyle
 {

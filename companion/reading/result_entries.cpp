@@ -17,21 +17,43 @@ namespace {
 constexpr std::string_view codeMark = " Code=";
 constexpr std::string_view separator = "//";
 
+constexpr std::string_view stampForm = "0000-00-00 00:00:00";
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+// Whether a line begins as each line of a log does, that of a result or another.
+bool isStamped(std::string_view line)
+{
+    return line.size() >= stampForm.size() &&
+           std::equal(stampForm.begin(), stampForm.end(), line.begin(),
+                      [](char wanted, char c) { return wanted == '0' ? isDigit(c) : c == wanted; });
+}
+
 // The length of the time stamp at the front of an entry, "2024-03-09 04:05:06.000789"; 0 where there is none.
 std::size_t stampLength(std::string_view line)
 {
-    constexpr std::string_view form = "0000-00-00 00:00:00";
-    const auto fits = [](char c, char wanted) { return wanted == '0' ? c >= '0' && c <= '9' : c == wanted; };
-    if (line.size() < form.size() || !std::equal(form.begin(), form.end(), line.begin(),
-                                                 [&fits](char wanted, char c) { return fits(c, wanted); }))
-    {
+    const std::size_t end = line.find(codeMark);
+    if (end == std::string_view::npos || end < stampForm.size() || !isStamped(line)) {
         return 0;
     }
-    const std::size_t end = line.find(codeMark);
-    const std::string_view fraction = line.substr(form.size(), end - form.size());
-    const bool isFraction = std::all_of(fraction.begin(), fraction.end(),
-                                        [](char c) { return c == '.' || (c >= '0' && c <= '9'); });
-    return end != line.npos && isFraction ? end : 0;
+    const std::string_view fraction = line.substr(stampForm.size(), end - stampForm.size());
+    return std::all_of(fraction.begin(), fraction.end(), [](char c) { return c == '.' || isDigit(c); }) ? end
+                                                                                                        : 0;
+}
+
+// Comment and description. An input that cannot be read has its path as both, and may hold the separator.
+void splitTexts(std::string_view texts, ResultEntry& entry)
+{
+    const std::size_t half = texts.size() < separator.size() ? 0 : (texts.size() - separator.size()) / 2;
+    const bool isTwice = texts.size() == 2 * half + separator.size() &&
+                         texts.substr(half, separator.size()) == separator &&
+                         texts.substr(0, half) == texts.substr(half + separator.size());
+    const std::size_t end = std::min(isTwice ? half : texts.find(separator), texts.size());
+    entry.comment = texts.substr(0, end);
+    entry.description = texts.substr(std::min(end + separator.size(), texts.size()));
 }
 
 // The entry that begins with a line; nothing for a line that begins none.
@@ -46,9 +68,7 @@ std::optional<ResultEntry> entryOf(std::string_view line)
     entry.code = tavelinUtils::toInt(rest);
     rest.remove_prefix(std::min(rest.find(separator), rest.size() - std::min(rest.size(), separator.size())));
     rest.remove_prefix(std::min(separator.size(), rest.size()));
-    const std::size_t end = std::min(rest.find(separator), rest.size());
-    entry.comment = rest.substr(0, end);
-    entry.description = rest.substr(std::min(end + separator.size(), rest.size()));
+    splitTexts(rest, entry);
     return entry;
 }
 
@@ -99,7 +119,7 @@ std::vector<ResultEntry> resultsOfLog(const std::string& path, std::uint64_t fro
                                [&entries](std::string_view line) {
                                    if (auto entry = entryOf(line)) {
                                        entries.push_back(std::move(*entry));
-                                   } else if (!entries.empty()) {
+                                   } else if (!entries.empty() && !isStamped(line)) {
                                        entries.back().description.append("\n").append(line);
                                    }
                                });

@@ -106,8 +106,7 @@ TEST(Designations, UnpackedOnesAreRecognised)
     {
         EXPECT_TRUE(isUnpackedDesignation(text)) << text;
     }
-    for (const char* text : {"AST1000", "K24Y04R", "2024IR4", "XL90E5A", "C/20", "1AB", "P10vtDN", "AAA/2"})
-    {
+    for (const char* text : {"AST1000", "K24Y04R", "2024IR4", "XL90E5A", "C/20", "1AB", "P10vtDN", "AAA/2"}) {
         EXPECT_FALSE(isUnpackedDesignation(text)) << text;
     }
     EXPECT_EQ(faultOf("433"), NameFault::notPacked);

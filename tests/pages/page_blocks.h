@@ -8,6 +8,7 @@
 //
 //   not run: <why>      nothing checks the block
 //   task                it is loaded as a task; "task: run" also runs it, in a copy of examples/
+//   case: <group/name>  what a golden case of the command prints, or lines of it; "$ tavelin ..." is its call
 //   lines of <file>     its lines stand in the file of a copy of examples/ in which all its tasks were run
 //   file: <path>        the block is a file for the commands of its page
 //   prints              the program prints the lines that follow in the comment
