@@ -14,7 +14,7 @@ constexpr FindingExample rows[] = {
     {"V002", "explain/unknown_code", "explain 14",
      "tavelin: no result code \"14\" [V002]"},
     {"V003", "explain/no_result_file", "explain --as=result night.txt",
-     "tavelin: night.txt: it is no result file [V003]"},
+     "tavelin: night.txt: it holds no result [V003]"},
     {"V302", "explain/doubt", "explain 7",
      "tavelin: cannot tell whether this is a code or a file [V302]"},
 };
