@@ -153,6 +153,8 @@ std::string markPlaceText(const MarkPlace& place)
     }
     if (place.track >= 0) {
         add("track " + std::to_string(place.track) + (place.object.empty() ? "" : ' ' + place.object));
+    } else if (!place.object.empty()) {
+        add(place.object);
     }
     if (place.mark >= 0) {
         add("mark " + std::to_string(place.mark));

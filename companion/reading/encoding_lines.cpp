@@ -26,8 +26,9 @@ constexpr WideMark wideMarks[] = {
     {"\xFE\xFF"sv, "UTF-16"},
 };
 
-// Formats whose fields have blanks between them, or columns of their own.
-constexpr std::string_view blankFormats[] = {"mea", "telegram", "tdm", "ssmas", "mpc"};
+// Formats whose fields have blanks between them, or columns of their own. In a TDM a tab mostly is in front
+// of a key, and the finding of the key tells it.
+constexpr std::string_view blankFormats[] = {"mea", "telegram", "ssmas", "mpc"};
 
 // The encoding of a text of two or four bytes a character; empty for any other. Latin letters have a zero
 // byte in each of the others' places.

@@ -174,5 +174,8 @@ private:
 std::unique_ptr<LineChecker> meaLines();
 std::unique_ptr<LineChecker> telegramLines();
 std::unique_ptr<LineChecker> tableLines();
+std::unique_ptr<LineChecker> tdmLines();
+std::unique_ptr<LineChecker> ssmasLines();
+std::unique_ptr<LineChecker> mpcLines();
 
 } // namespace companion

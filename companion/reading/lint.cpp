@@ -29,9 +29,8 @@ struct FormatChecker
 
 // The checkers of the reader's and the person's layers.
 constexpr FormatChecker formatCheckers[] = {
-    {"mea", meaLines},
-    {"telegram", telegramLines},
-    {"table", tableLines},
+    {"mea", meaLines}, {"telegram", telegramLines}, {"table", tableLines},
+    {"tdm", tdmLines}, {"ssmas", ssmasLines},       {"mpc", mpcLines},
 };
 
 // All checkers of a file but that of its bytes.
