@@ -63,16 +63,30 @@ Explanation formatNamed(const std::string& word)
     return explanationOf(*facts);
 }
 
-Explanation resultIn(const std::string& path)
+std::vector<ResultEntry> resultsOf(const std::string& path)
 {
     std::vector<ResultEntry> entries = resultsOfDocument(path);
-    if (entries.empty()) {
-        entries = resultsOfLog(path);
-    }
+    return entries.empty() ? resultsOfLog(path) : entries;
+}
+
+Explanation resultIn(const std::string& path)
+{
+    const std::vector<ResultEntry> entries = resultsOf(path);
     if (entries.empty()) {
         throw WrongUsage{finding("V003", {{"file", path}, {"what", "it holds no result"}})};
     }
     return explanationOfResult(path, entries);
+}
+
+Explanation taskIn(const std::string& path)
+{
+    const CheckedTask checked = TaskChecker({}).check(path);
+    if (!checked.isLoaded) {
+        throw WrongUsage{
+            std::find_if(checked.findings.begin(), checked.findings.end(),
+                         [](const Finding& each) { return each.severity == Severity::error; })[0]};
+    }
+    return explanationOf(checked);
 }
 
 // Whether a word is the name of a thing that is no file.
@@ -100,7 +114,7 @@ std::string kindOf(const std::string& word)
     if (!isFile) {
         throw WrongUsage{finding("V003", {{"file", word}, {"what", "there is no such file"}})};
     }
-    return "result";
+    return resultsOf(word).empty() ? "task" : "result";
 }
 
 Explanation explained(const std::string& word, const std::string& kind)
@@ -111,7 +125,10 @@ Explanation explained(const std::string& word, const std::string& kind)
     if (kind == "code") {
         return codeNamed(word);
     }
-    return kind == "format" ? formatNamed(word) : resultIn(word);
+    if (kind == "format") {
+        return formatNamed(word);
+    }
+    return kind == "task" ? taskIn(word) : resultIn(word);
 }
 
 int list(const Arguments& arguments, const Console& console)

@@ -6,6 +6,7 @@
 #include "out/json.h"
 #include "reading/format_facts.h"
 #include "reading/result_entries.h"
+#include "task/checked_task.h"
 
 #include <string>
 #include <vector>
@@ -31,6 +32,9 @@ Explanation explanationOf(const FormatFacts& facts);
 
 /// Of a result file: each entry, what it means, and the files that it names.
 Explanation explanationOfResult(const std::string& path, const std::vector<ResultEntry>& entries);
+
+/// Of a task that the tool can load: what it reads, what it does with the tracks, what it writes.
+Explanation explanationOf(const CheckedTask& checked);
 
 /// The table of findings as the page docs/findings.md.
 std::string findingsPage();

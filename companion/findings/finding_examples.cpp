@@ -15,6 +15,8 @@ constexpr FindingExample rows[] = {
      "tavelin: no result code \"14\" [V002]"},
     {"V003", "explain/no_result_file", "explain --as=result night.txt",
      "tavelin: night.txt: it holds no result [V003]"},
+    {"V011", "explain/task_that_loads_not", "explain night.xml",
+     "tavelin: the task is not well-formed XML: Premature end of data in tag task line 1 [V011]"},
     {"V302", "explain/doubt", "explain 7",
      "tavelin: cannot tell whether this is a code or a file [V302]"},
 };
