@@ -3,7 +3,7 @@
 #include "findings/finding_table.h"
 
 #include <algorithm>
-#include <cctype>
+#include <map>
 #include <stdexcept>
 #include <tuple>
 
@@ -93,10 +93,14 @@ Finding finding(FindingCode code, FindingValues values)
     return {code, row->severity, filled(row->text, values), {}};
 }
 
-void sortFindings(std::vector<Finding>& findings)
+void sortFindings(std::vector<Finding>& findings, const std::string& firstFile)
 {
-    const auto place = [](const Finding& each) {
-        return std::tuple(each.line == 0, each.line, each.column, each.code);
+    std::map<std::string, std::size_t> files{{firstFile, 0}};
+    for (const Finding& each : findings) {
+        files.try_emplace(each.file, files.size());
+    }
+    const auto place = [&files](const Finding& each) {
+        return std::tuple(files[each.file], each.line == 0, each.line, each.column, each.code);
     };
     std::stable_sort(findings.begin(), findings.end(),
                      [&place](const Finding& a, const Finding& b) { return place(a) < place(b); });

@@ -60,12 +60,13 @@ private:
 /// A mark of a task, as far as it is known: members that are negative or empty are left out.
 struct MarkPlace
 {
-    int series = 0;     ///< from 1, in the order of the task; 0 where there is none
-    std::string folder; ///< of the series
-    int track = -1;     ///< of the series, counted from 0
-    std::string object;
+    int series = 0;       ///< from 1, in the order of the task; 0 where there is none
+    std::string folder{}; ///< of the series
+    int track = -1;       ///< of the series, counted from 0
+    std::string object{};
     int mark = -1; ///< of the track, counted from 0
-    std::string time;
+    std::string time{};
+    int number = 0; ///< in the order of a plan's reading, from 1; 0 where there is none; not shown
 };
 
 /// Where a finding occurs: a stretch of a line of a file, or a mark of a task.
@@ -113,9 +114,9 @@ struct WrongUsage
     Finding why;
 };
 
-/// Puts findings of one file in the order in which they are shown: by line and column, then those without a
-/// place by code.
-void sortFindings(std::vector<Finding>& findings);
+/// Puts findings in the order in which they are shown: those of the first file, then those of other files in
+/// the order in which these first occur; in each by line and column, then those without a place by code.
+void sortFindings(std::vector<Finding>& findings, const std::string& firstFile = "");
 
 /// How many findings of each severity there are.
 struct FindingTotals

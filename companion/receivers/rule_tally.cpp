@@ -1,6 +1,6 @@
 #include "receivers/rule_tally.h"
 
-#include "text/date_text.h"
+#include "out/text.h"
 
 #include <utility>
 
@@ -12,8 +12,8 @@ MarkPlace placeOf(const tavelinUtils::TrackVtorichka& track, std::size_t mark)
     MarkPlace place;
     place.object = track.QRVName.empty() ? track.MPCChecker : track.QRVName;
     place.mark = static_cast<int>(mark);
-    place.time =
-        tavelinUtils::MJDToDate(record.date, "-") + 'T' + tavelinUtils::DayToTime(record.time, 3, ":");
+    place.number = record.AuxInt1;
+    place.time = momentText(record.date + record.time);
     return place;
 }
 

@@ -26,7 +26,6 @@ constexpr std::string_view frames[] = {"EME2000", "ICRF",    "ITRF1993", "ITRF20
 enum Rule : std::size_t
 {
     emptyValue,
-    unknownFrame,
     unorderedTimes,
     fullCircle,
     notANumber,
@@ -82,7 +81,6 @@ public:
         }
         lookAtValue(track, "PARTICIPANT_1", track.telescope);
         lookAtValue(track, "PARTICIPANT_2", track.QRVName);
-        lookAtFrame(track);
         lookAtMarks(track);
     }
 
@@ -126,16 +124,6 @@ private:
             tellOfHead(emptyValue, track, key, "has no value");
         } else if (value.find_first_of("\r\n") != std::string::npos) {
             tellOfHead(emptyValue, track, key, "has a value of several lines");
-        }
-    }
-
-    void lookAtFrame(const TrackVtorichka& track)
-    {
-        if (isBlank(track.REFERENCE_FRAME)) {
-            tellOfHead(unknownFrame, track, "REFERENCE_FRAME", "has no value");
-        } else if (!isTdmFrame(track.REFERENCE_FRAME)) {
-            tellOfHead(unknownFrame, track, "REFERENCE_FRAME",
-                       "has the value \"" + track.REFERENCE_FRAME + "\", which is none of the standard");
         }
     }
 

@@ -160,18 +160,14 @@ private:
     // What breaks every file of the form is told in full only to who asks for the receiver.
     void addRules(const TrackRules& rules)
     {
-        for (Finding& found : rules.findings()) {
-            add({std::move(found).in(checked.path)});
-        }
+        addPlaced(rules.findings());
         std::vector<Finding> ofForm = rules.findingsOfForm();
         if (ofForm.empty()) {
             return;
         }
         const std::string receiver = receiverOf(checked.task.outputformat);
         if (settings.receiver == receiver) {
-            for (Finding& found : ofForm) {
-                add({std::move(found).in(checked.path)});
-            }
+            addPlaced(std::move(ofForm));
             return;
         }
         std::string codes;
@@ -182,6 +178,21 @@ private:
                               {"codes", codes},
                               {"remedy", "tavelin ready --for " + receiver}})
                  .in(checked.path)});
+    }
+
+    // Marks of files are told by where they were read.
+    void addPlaced(std::vector<Finding> findings)
+    {
+        for (Finding& found : findings) {
+            for (FindingPlace& place : found.places) {
+                if (place.mark.number > 0) {
+                    const std::string time = place.mark.time;
+                    place.mark = checked.plan.placeOf(place.mark.number, checked.task);
+                    place.mark.time = time;
+                }
+            }
+            add({std::move(found).in(checked.path)});
+        }
     }
 
     Finding atKey(Finding found, std::string_view key) const
@@ -252,7 +263,7 @@ CheckedTask TaskChecker::check(const std::string& path)
     checked.document = readTaskDocument(path);
     const FolderFor folder(settings.folder);
     Check(settings, *reader, checked).run();
-    sortFindings(checked.findings);
+    sortFindings(checked.findings, checked.path);
     return checked;
 }
 

@@ -28,6 +28,29 @@ enum class Fate : std::uint8_t
     planned
 };
 
+MarkPlace placeIn(const ReadTrack& track, std::size_t mark, const TConvMea& task)
+{
+    MarkPlace place;
+    if (track.series >= 0) {
+        place.series = track.series + 1;
+        place.folder = seriesFolderName(task, static_cast<std::size_t>(track.series)).value_or("");
+    }
+    place.track = track.number;
+    place.object = track.object;
+    place.mark = static_cast<int>(mark - track.firstMark);
+    return place;
+}
+
+// The track of a mark.
+template <class Tracks>
+auto& trackHolding(Tracks& tracks, std::size_t mark)
+{
+    const auto behind =
+        std::upper_bound(tracks.begin(), tracks.end(), mark,
+                         [](std::size_t wanted, const ReadTrack& track) { return wanted < track.firstMark; });
+    return *(behind - 1);
+}
+
 // All marks of a task in the order of reading. A mark carries its number, from 1, in AuxInt1: no writer looks
 // at that field, and reports keep it.
 class MarkLedger
@@ -51,25 +74,14 @@ public:
             return mark >= track.firstMark && mark < track.firstMark + track.marks;
         };
         if (current >= tracks.size() || !holds(tracks[current])) {
-            const auto behind = std::upper_bound(
-                tracks.begin(), tracks.end(), mark,
-                [](std::size_t wanted, const ReadTrack& track) { return wanted < track.firstMark; });
-            current = static_cast<std::size_t>(behind - tracks.begin()) - 1;
+            current = static_cast<std::size_t>(&trackHolding(tracks, mark) - tracks.data());
         }
         return tracks[current];
     }
 
     MarkPlace placeOf(std::size_t mark, const TConvMea& task)
     {
-        const ReadTrack& track = trackOf(mark);
-        MarkPlace place;
-        place.series = track.series + 1;
-        if (track.series >= 0) {
-            place.folder = seriesFolderName(task, static_cast<std::size_t>(track.series)).value_or("");
-        }
-        place.track = track.number;
-        place.object = track.object;
-        place.mark = static_cast<int>(mark - track.firstMark);
+        MarkPlace place = placeIn(trackOf(mark), mark, task);
         place.time = momentText(times[mark]);
         return place;
     }
@@ -370,6 +382,12 @@ private:
 };
 
 } // namespace
+
+MarkPlace Plan::placeOf(int number, const TConvMea& task) const
+{
+    const std::size_t mark = static_cast<std::size_t>(number) - 1;
+    return placeIn(trackHolding(tracks, mark), mark, task);
+}
 
 std::size_t Plan::writtenFiles() const
 {

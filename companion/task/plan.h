@@ -88,6 +88,9 @@ struct Plan
     std::vector<std::string> runningNames{}; ///< of objects without an answer of the checker
     FileWords fileWords{};                   ///< of the input of a conversion
 
+    /// Where the mark of a number was read: series, track, mark.
+    MarkPlace placeOf(int number, const tavelinUtils::TConvMea& task) const;
+
     /// How many files there are at the end.
     std::size_t writtenFiles() const;
 };

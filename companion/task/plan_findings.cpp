@@ -1,6 +1,7 @@
 #include "task/plan_findings.h"
 
 #include "out/text.h"
+#include "receivers/tdm_rules.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,11 +14,6 @@ namespace companion {
 namespace {
 
 constexpr std::size_t shownNames = 5;
-
-// The frames of a tracking data message.
-constexpr std::string_view frames[] = {"EFG",      "EME2000", "GCRF",     "GRC",      "ICRF",
-                                       "ITRF-93",  "ITRF-97", "ITRF2000", "ITRF2005", "ITRF2008",
-                                       "ITRF2014", "MCI",     "TDR",      "TEME",     "TOD"};
 
 bool isTdm(const std::string& word)
 {
@@ -128,7 +124,7 @@ void findOddFrame(Report& report)
     }
     if (frame.empty()) {
         report.add(finding("V067"), "REFERENCE_FRAME");
-    } else if (std::find(std::begin(frames), std::end(frames), frame) == std::end(frames)) {
+    } else if (!isTdmFrame(frame)) {
         report.add(finding("V068", {{"word", frame}}), "REFERENCE_FRAME");
     }
 }

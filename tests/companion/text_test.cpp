@@ -147,20 +147,23 @@ TEST(Findings, CodesAreAVAndThreeDigits)
     }
 }
 
-TEST(Findings, OrderIsByPlaceAndThenByCode)
+TEST(Findings, OrderIsByFileAndPlaceAndThenByCode)
 {
     std::vector<Finding> findings;
-    findings.push_back(finding("V244", {{"objects", "2"}, {"names", "a"}}));
-    findings.push_back(finding("V030"));
-    findings.push_back(finding("V013").at(12, 5));
-    findings.push_back(finding("V013").at(2, 7));
-    findings.push_back(finding("V013").at(2, 5));
-    sortFindings(findings);
+    findings.push_back(finding("V013").in("b").at(1, 1));
+    findings.push_back(finding("V244", {{"objects", "2"}, {"names", "a"}}).in("t"));
+    findings.push_back(finding("V030").in("t"));
+    findings.push_back(finding("V013").in("t").at(12, 5));
+    findings.push_back(finding("V013").in("a").at(1, 1));
+    findings.push_back(finding("V013").in("t").at(2, 7));
+    findings.push_back(finding("V013").in("t").at(2, 5));
+    sortFindings(findings, "t");
     std::string order;
     for (const Finding& each : findings) {
-        order += std::to_string(each.line) + ':' + std::to_string(each.column) + ' ' + each.code.text() + ' ';
+        order += each.file + ' ' + std::to_string(each.line) + ':' + std::to_string(each.column) + ' ' +
+                 each.code.text() + ", ";
     }
-    EXPECT_EQ(order, "2:5 V013 2:7 V013 12:5 V013 0:0 V030 0:0 V244 ");
+    EXPECT_EQ(order, "t 2:5 V013, t 2:7 V013, t 12:5 V013, t 0:0 V030, t 0:0 V244, b 1:1 V013, a 1:1 V013, ");
 }
 
 TEST(Findings, TotalsCountSeverities)

@@ -1,3 +1,4 @@
+#include "receivers/tdm_rules.h"
 #include "receivers/track_rules.h"
 
 #include "support/tracks.h"
@@ -267,14 +268,20 @@ TEST(TdmTrackRules, EachFileHasNoDateAndTheWrongVersion)
     EXPECT_EQ(formOf("tdm.xml", {named("AST1000", {good()})}), Lines{"V340 1"});
 }
 
-TEST(TdmTrackRules, FramesAreThoseOfTheStandard)
+TEST(TdmFrames, AreThoseOfTheStandard)
 {
     for (const char* frame : {"EME2000", "ICRF", "TOD", "ITRF-97"}) {
-        EXPECT_EQ(tdmOf([frame](auto& track) { track.REFERENCE_FRAME = frame; }), Lines()) << frame;
+        EXPECT_TRUE(isTdmFrame(frame)) << frame;
     }
     for (const char* frame : {"", " ", "J2000", "icrf", "TEME"}) {
-        EXPECT_EQ(tdmOf([frame](auto& track) { track.REFERENCE_FRAME = frame; }), Lines{"V342 1"}) << frame;
+        EXPECT_FALSE(isTdmFrame(frame)) << frame;
     }
+}
+
+// The frame of a task is told at its key.
+TEST(TdmTrackRules, FrameIsNotLookedAt)
+{
+    EXPECT_EQ(tdmOf([](auto& track) { track.REFERENCE_FRAME = ""; }), Lines());
 }
 
 TEST(TdmTrackRules, NoValueIsEmpty)
