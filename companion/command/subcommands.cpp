@@ -6,6 +6,8 @@ namespace {
 constexpr const Subcommand* rows[] = {
     &checkCommand,
     &explainCommand,
+    &infoCommand,
+    &lintCommand,
     &schemaCommand,
 };
 

@@ -8,6 +8,8 @@ namespace companion {
 
 extern const Subcommand checkCommand;
 extern const Subcommand explainCommand;
+extern const Subcommand infoCommand;
+extern const Subcommand lintCommand;
 extern const Subcommand schemaCommand;
 
 } // namespace companion

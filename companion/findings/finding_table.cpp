@@ -566,7 +566,7 @@ constexpr FindingRow rows[] = {
      "{word} files are not for sending as they are ({codes}); see {remedy}",
      "Every file that the tool writes in this format breaks these rules of form of its receiver.",
      "Use tavelin ready to make a copy for the receiver; tavelin check --for lists each place."},
-    {"V302", Severity::error, false, "cl", "cannot tell whether this is {format} or {other}",
+    {"V302", Severity::error, false, "cl", "the format is not certain: {guess}",
      "No format is recognised with certainty, and the file is not read further.",
      "Say which it is with --as."},
     {"V310", Severity::error, false, "cly", "a line of {n} columns, where 80 are wanted",

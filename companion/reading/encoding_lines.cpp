@@ -1,59 +1,18 @@
 #include "reading/line_checker.h"
+#include "reading/text_front.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <string>
 
 namespace companion {
 namespace {
 
-using std::string_view_literals::operator""sv;
-
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-struct WideMark
-{
-    std::string_view bytes;
-    const char* encoding;
-};
-
-// Those of four bytes first: one of two bytes is their front.
-constexpr WideMark wideMarks[] = {
-    {"\xFF\xFE\0\0"sv, "UTF-32"},
-    {"\0\0\xFE\xFF"sv, "UTF-32"},
-    {"\xFF\xFE"sv, "UTF-16"},
-    {"\xFE\xFF"sv, "UTF-16"},
-};
 
 // Formats whose fields have blanks between them, or columns of their own. In a TDM a tab mostly is in front
 // of a key, and the finding of the key tells it.
 constexpr std::string_view blankFormats[] = {"mea", "telegram", "ssmas", "mpc"};
-
-// The encoding of a text of two or four bytes a character; empty for any other. Latin letters have a zero
-// byte in each of the others' places.
-std::string wideEncoding(std::string_view front)
-{
-    for (const WideMark& mark : wideMarks) {
-        if (front.starts_with(mark.bytes)) {
-            return mark.encoding;
-        }
-    }
-    constexpr std::size_t enough = 8;
-    constexpr std::size_t looked = 256;
-    front = front.substr(0, looked);
-    std::array<std::size_t, 4> zeros{};
-    for (std::size_t i = 0; i < front.size(); ++i) {
-        zeros[i % 4] += front[i] == '\0' ? 1U : 0U;
-    }
-    const std::size_t most = front.size() / 5; // of a quarter of all places
-    const auto many = [&zeros, most](std::size_t place) { return zeros[place] > most; };
-    const auto manyPlaces = many(0) + many(1) + many(2) + many(3);
-    if (front.size() < enough || manyPlaces < 2) {
-        return {};
-    }
-    return manyPlaces == 3 ? "UTF-32" : "UTF-16";
-}
 
 // A control byte other than a tab, or a byte of no ASCII character.
 bool isOdd(char c)

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace companion {
 
@@ -32,6 +33,9 @@ Recognition recognisedFile(const std::string& path);
 
 /// Whether a word is the name of a format.
 bool isFormatName(std::string_view word);
+
+/// The names of all formats.
+std::vector<std::string> formatNames();
 
 /// The name of a format as people write it: "MEA", "track table".
 std::string formatTitle(std::string_view format);

@@ -1,0 +1,231 @@
+#include "reading/lint.h"
+
+#include "base/numbers.h"
+#include "command/measurement_files.h"
+#include "command/shown_line.h"
+#include "command/subcommands.h"
+#include "out/finding_json.h"
+#include "out/json.h"
+#include "reading/account_text.h"
+#include "reading/schema_validation.h"
+#include "reading/signatures.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <ostream>
+
+namespace companion {
+namespace {
+
+constexpr OptionRow options[] = {
+    {"as", 0, "FORMAT", "the format of the files, instead of the one that their content shows"},
+    {"for", 0, "mpc|ccsds|aavso|ades", "look at the rules of this receiver"},
+    {"layer", 0, "reader|person|receiver", "look at this layer alone; may be given again for another"},
+    {"schema", 0, "XSD", "validate XML files against this schema too"},
+    {"max", 0, "N", "show at most so many places of each code; the others are counted. Default 100"},
+};
+
+constexpr std::size_t usualMost = 100;
+
+struct OwnReceiver
+{
+    std::string_view format;
+    std::string_view receiver;
+};
+
+// Formats that one receiver alone takes.
+constexpr OwnReceiver ownReceivers[] = {
+    {"mpc", "mpc"},     {"tdm", "ccsds"},     {"tdm.xml", "ccsds"},
+    {"aavso", "aavso"}, {"ades.xml", "ades"}, {"ades.psv", "ades"},
+};
+
+std::string receiverOf(std::string_view format)
+{
+    for (const OwnReceiver& row : ownReceivers) {
+        if (row.format == format) {
+            return std::string(row.receiver);
+        }
+    }
+    return {};
+}
+
+// What the options say.
+struct Wishes
+{
+    explicit Wishes(const Arguments& arguments)
+        : format(givenFormat(arguments)), receiver(arguments.value("for")), layers(arguments.values("layer")),
+          most(mostOf(arguments))
+    {
+    }
+
+    LintSettings settingsFor(const std::string& fileFormat) const
+    {
+        LintSettings settings;
+        settings.reader = looksAt("reader");
+        settings.person = looksAt("person");
+        if (looksAt("receiver")) {
+            settings.receiver = receiver.empty() ? receiverOf(fileFormat) : receiver;
+        }
+        return settings;
+    }
+
+    std::string format;
+    std::string receiver;
+    std::vector<std::string> layers;
+    std::size_t most;
+
+private:
+    bool looksAt(const std::string& layer) const
+    {
+        return layers.empty() || std::find(layers.begin(), layers.end(), layer) != layers.end();
+    }
+
+    static std::size_t mostOf(const Arguments& arguments)
+    {
+        const std::string text = arguments.value("max", std::to_string(usualMost));
+        if (text.empty() || text.find_first_not_of("0123456789") != std::string::npos) {
+            throw WrongUsage{
+                finding("V001", {{"option", "--max"}, {"problem", '"' + text + "\" is no number"}})};
+        }
+        return static_cast<std::size_t>(tavelinUtils::toDouble(text));
+    }
+};
+
+// Shows the findings of files as they are found, and their totals.
+class Presentation
+{
+public:
+    Presentation(const Console& theConsole, std::size_t mostOfACode) : console(theConsole), most(mostOfACode)
+    {
+        if (console.look.json) {
+            document.emplace(console.out, "tavelin.lint/1");
+            document->openList("findings");
+        }
+    }
+
+    void add(const Finding& found)
+    {
+        totals.add(found);
+        if (++counts[found.code] > most) {
+            return;
+        }
+        if (document) {
+            document->element(findingJson(found));
+            return;
+        }
+        showFinding(console, found);
+        const bool isShown = !console.look.quiet || found.severity == Severity::error;
+        if (isShown && !found.places.empty()) {
+            console.out << shownLine(found.places.front());
+        }
+    }
+
+    void endFile(const std::string& path, const std::string& format, const FileAccount& account)
+    {
+        Json more = Json::list();
+        for (const auto& [code, count] : counts) {
+            if (count > most) {
+                more.push(Json::object().set("code", code.text()).set("count", count - most));
+                if (!document) {
+                    console.out << printable(path) << ": " << counted(count - most) << " more of "
+                                << code.text() << '\n';
+                }
+            }
+        }
+        if (document) {
+            Json file = Json::object();
+            setBytes(file, "file", path);
+            file.set("format", format.empty() ? Json() : Json(format));
+            file.set("lines", accountJson(account)).set("more", more).set("totals", totalsJson(totals));
+            files.push_back(file);
+        } else {
+            console.out << printable(path) << ": " << (format.empty() ? "" : accountText(account) + "; ")
+                        << briefTotals(totals) << '\n';
+        }
+        allTotals.add(totals);
+        totals = {};
+        counts.clear();
+        ++fileCount;
+    }
+
+    int finish(bool isAllReadable)
+    {
+        const int status = isAllReadable ? exitStatus(allTotals) : 2;
+        if (document) {
+            document->closeList();
+            document->openList("files");
+            for (const Json& file : files) {
+                document->element(file);
+            }
+            document->closeList();
+            document->set("totals", totalsJson(allTotals));
+            document->set("exit", status);
+            document->finish();
+        } else if (fileCount > 1) {
+            console.out << counted(fileCount, "file") << ": " << briefTotals(allTotals) << '\n';
+        }
+        return status;
+    }
+
+private:
+    const Console& console;
+    std::size_t most;
+    std::optional<JsonDocument> document{};
+    std::vector<Json> files{};
+    std::map<FindingCode, std::size_t> counts{}; // of the file
+    FindingTotals totals{};                      // of the file
+    FindingTotals allTotals{};
+    std::size_t fileCount = 0;
+};
+
+void lintOne(const std::string& path, const Wishes& wishes, const XmlSchema* schema, Presentation& shown)
+{
+    std::string format = wishes.format;
+    if (format.empty()) {
+        const Recognition recognition = recognisedFile(path);
+        if (!recognition.isSure()) {
+            shown.add(uncertainFormat(path, recognition));
+            shown.endFile(path, "", {});
+            return;
+        }
+        format = recognition.format;
+    }
+    const auto found = [&shown](const Finding& each) { shown.add(each); };
+    const FileAccount account = lintFile(path, format, wishes.settingsFor(format), found);
+    if (schema != nullptr) {
+        schema->validate(path, found);
+    }
+    shown.endFile(path, format, account);
+}
+
+int lint(const Arguments& arguments, const Console& console)
+{
+    const Wishes wishes(arguments);
+    std::optional<XmlSchema> schema;
+    if (arguments.has("schema")) {
+        schema.emplace(arguments.value("schema"));
+    }
+    Presentation shown(console, wishes.most);
+    bool isAllReadable = true;
+    for (const std::string& path : arguments.operands()) {
+        try {
+            lintOne(path, wishes, schema ? &*schema : nullptr, shown);
+        } catch (const WrongUsage& usage) {
+            isAllReadable = false;
+            console.err << "tavelin: " << printable(usage.why.text) << " [" << usage.why.code.text() << "]\n";
+        }
+    }
+    return shown.finish(isAllReadable);
+}
+
+} // namespace
+
+const Subcommand lintCommand{"lint",
+                             "FILE...",
+                             "each line that a reader skips or misreads, and what a receiver would refuse",
+                             {"tavelin lint night.mea", "tavelin lint --for mpc report.txt"},
+                             options,
+                             lint};
+
+} // namespace companion

@@ -1,0 +1,29 @@
+#include "command/measurement_files.h"
+
+namespace companion {
+
+std::string givenFormat(const Arguments& arguments)
+{
+    const std::string word = arguments.value("as");
+    if (!word.empty() && !isFormatName(word)) {
+        const std::string near = nearestWord(word, formatNames());
+        const std::string question = near.empty() ? "" : "; did you mean \"" + near + "\"?";
+        throw WrongUsage{finding("V002", {{"kind", "format"}, {"word", word}, {"question", question}})};
+    }
+    return word;
+}
+
+Finding uncertainFormat(const std::string& path, const Recognition& recognition)
+{
+    const auto guess = [](const std::string& format, int points) {
+        return format.empty() ? std::string("none that is known")
+                              : formatTitle(format) + " (" + std::to_string(points) + " of 100)";
+    };
+    std::string text = guess(recognition.format, recognition.points);
+    if (!recognition.format.empty()) {
+        text += " or " + guess(recognition.second, recognition.secondPoints);
+    }
+    return finding("V302", {{"guess", text}}).in(path);
+}
+
+} // namespace companion

@@ -1,0 +1,20 @@
+// Measurement files: the operands of a subcommand that looks into files, and the format of each.
+
+#pragma once
+
+#include "command/subcommand.h"
+#include "reading/signatures.h"
+
+#include <optional>
+#include <string>
+
+namespace companion {
+
+/// The format that the option "as" names; empty where it was not given. Throws WrongUsage (V002) for a word
+/// that is no format.
+std::string givenFormat(const Arguments& arguments);
+
+/// The finding (V302) of a file whose format is not certain.
+Finding uncertainFormat(const std::string& path, const Recognition& recognition);
+
+} // namespace companion

@@ -1,0 +1,166 @@
+#include "reading/text_front.h"
+
+#include "base/bytes.h"
+#include "findings/finding.h"
+#include "out/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <cstring>
+
+namespace companion {
+namespace {
+
+using std::string_view_literals::operator""sv;
+
+constexpr std::size_t enoughBytes = std::size_t{1} << 16;
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+struct WideMark
+{
+    std::string_view bytes;
+    const char* encoding;
+};
+
+// Those of four bytes first: one of two bytes is their front.
+constexpr WideMark wideMarks[] = {
+    {"\xFF\xFE\0\0"sv, "UTF-32"},
+    {"\0\0\xFE\xFF"sv, "UTF-32"},
+    {"\xFF\xFE"sv, "UTF-16"},
+    {"\xFE\xFF"sv, "UTF-16"},
+};
+
+std::string markedEncoding(std::string_view front)
+{
+    for (const WideMark& mark : wideMarks) {
+        if (front.starts_with(mark.bytes)) {
+            return mark.encoding;
+        }
+    }
+    return {};
+}
+
+tavelinUtils::OpenFile opened(const std::string& path)
+{
+    errno = 0;
+    tavelinUtils::OpenFile stream = tavelinUtils::openForReading(path);
+    if (stream == nullptr) {
+        const char* const reason = errno != 0 ? std::strerror(errno) : "is a folder";
+        throw WrongUsage{finding("V003", {{"file", path}, {"what", reason}})};
+    }
+    return stream;
+}
+
+// Looks at all bytes of a file.
+struct FormWalk
+{
+    std::size_t lineFeeds = 0;
+    std::size_t returnsBeforeFeeds = 0;
+    std::size_t returns = 0;
+    bool isAscii = true;
+    bool isUtf8 = true;
+
+    std::size_t bytes = 0;
+
+    // Whole lines, so that no character is cut. Three quick walks instead of one that looks at everything.
+    void take(std::string_view lines)
+    {
+        bytes += lines.size();
+        lineFeeds += static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\n'));
+        const auto found = static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\r'));
+        returns += found;
+        for (std::size_t at = found > 0 ? lines.find("\r\n") : std::string_view::npos;
+             at != std::string_view::npos; at = lines.find("\r\n", at + 1))
+        {
+            ++returnsBeforeFeeds;
+        }
+        std::uint8_t all = 0;
+        for (const char c : lines) {
+            all |= static_cast<std::uint8_t>(c);
+        }
+        const bool high = all >= 0x80;
+        isAscii = isAscii && !high;
+        isUtf8 = isUtf8 && (!high || companion::isUtf8(lines));
+    }
+
+    std::string lineEnds() const
+    {
+        if (lineFeeds == 0) {
+            return returns > 0 ? "CR" : "none";
+        }
+        return returnsBeforeFeeds == 0 ? "LF" : returnsBeforeFeeds == lineFeeds ? "CRLF" : "mixed";
+    }
+};
+
+} // namespace
+
+std::string wideEncoding(std::string_view front)
+{
+    const std::string marked = markedEncoding(front);
+    if (!marked.empty()) {
+        return marked;
+    }
+    // Latin letters have a zero byte in each of the other places of their characters.
+    constexpr std::size_t enough = 8;
+    constexpr std::size_t looked = 256;
+    front = front.substr(0, looked);
+    std::array<std::size_t, 4> zeros{};
+    for (std::size_t i = 0; i < front.size(); ++i) {
+        zeros[i % zeros.size()] += front[i] == '\0' ? 1U : 0U;
+    }
+    const std::size_t most = front.size() / 5; // of the quarter of the bytes that a place has
+    const auto many = std::count_if(zeros.begin(), zeros.end(), [most](std::size_t n) { return n > most; });
+    if (front.size() < enough || many < 2 || many > 3) {
+        return {};
+    }
+    return many == 3 ? "UTF-32" : "UTF-16";
+}
+
+std::string textFront(std::string_view bytes)
+{
+    bytes = bytes.substr(0, enoughBytes);
+    const std::string wide = wideEncoding(bytes);
+    std::string text(bytes);
+    if (!wide.empty()) {
+        text.erase(0, markedEncoding(bytes).empty() ? 0 : (wide == "UTF-16" ? 2 : 4));
+        std::erase(text, '\0');
+    } else if (bytes.starts_with(byteOrderMark)) {
+        text.erase(0, byteOrderMark.size());
+    }
+    if (text.find('\n') == std::string::npos) {
+        std::replace(text.begin(), text.end(), '\r', '\n');
+    }
+    return text;
+}
+
+std::string frontOfFile(const std::string& path)
+{
+    const tavelinUtils::OpenFile stream = opened(path);
+    std::string bytes(enoughBytes, '\0');
+    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stream.get()));
+    return bytes;
+}
+
+TextForm textFormOf(const std::string& path)
+{
+    const std::string front = frontOfFile(path);
+    TextForm form;
+    form.encoding = wideEncoding(front);
+    form.hasMark = !markedEncoding(front).empty() || front.starts_with(byteOrderMark);
+    const tavelinUtils::OpenFile stream = opened(path);
+    tavelinUtils::LinePieces pieces(stream.get());
+    FormWalk walk;
+    while (pieces.next()) {
+        walk.take(pieces.lines());
+    }
+    form.lineEnds = walk.lineEnds();
+    form.bytes = walk.bytes;
+    if (form.encoding.empty()) {
+        form.encoding = walk.isAscii ? "ASCII" : walk.isUtf8 ? "UTF-8" : "other";
+    }
+    return form;
+}
+
+} // namespace companion
