@@ -1,5 +1,6 @@
 #include "command/finding_codes.h"
 #include "command/subcommands.h"
+#include "command/task_operands.h"
 #include "out/finding_json.h"
 #include "task/checked_task_json.h"
 
@@ -124,19 +125,6 @@ Json outcomeJson(const Outcome& outcome)
     return object;
 }
 
-// The tasks of a call, each once.
-std::vector<std::string> tasksOf(const Arguments& arguments)
-{
-    std::vector<std::string> tasks;
-    std::set<std::string> known;
-    for (const std::string& path : arguments.operands()) {
-        if (known.insert(path).second) {
-            tasks.push_back(path);
-        }
-    }
-    return tasks;
-}
-
 // Shows tasks as they are checked, and their totals at the end.
 class Presentation
 {
@@ -200,7 +188,7 @@ int check(const Arguments& arguments, const Console& console)
     settings.folder = arguments.value("folder");
     Presentation presentation(arguments, console);
     TaskChecker checker(settings);
-    for (const std::string& path : tasksOf(arguments)) {
+    for (const std::string& path : taskOperands(arguments)) {
         CheckedTask task = checker.check(path);
         presentation.add(std::move(task));
     }

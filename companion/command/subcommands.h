@@ -7,6 +7,7 @@
 namespace companion {
 
 extern const Subcommand checkCommand;
+extern const Subcommand runTasksCommand; // run
 extern const Subcommand explainCommand;
 extern const Subcommand infoCommand;
 extern const Subcommand lintCommand;

@@ -76,8 +76,8 @@ std::vector<InputToRead> inputsOf(const CheckedTask& checked)
 bool canBeRead(const InputToRead& input)
 {
     std::error_code ignored;
-    const bool hasReader =
-        input.format == "table" || formatWord(formatOpticMea_to_int(input.format))->read != nullptr;
+    const FormatWord* const row = formatWord(formatOpticMea_to_int(input.format));
+    const bool hasReader = input.format == "table" || (row != nullptr && row->read != nullptr);
     return hasReader && std::filesystem::is_regular_file(input.path, ignored) &&
            access(input.path.c_str(), R_OK) == 0;
 }

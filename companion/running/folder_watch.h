@@ -1,0 +1,38 @@
+// Folder watch: files that appear in the folders of the outputs and that no task was to write.
+
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace companion {
+
+/// Watches the folders of a call. A folder of very many names is not watched: its list would be read again
+/// for each task.
+class FolderWatch
+{
+public:
+    /// Watches a folder from now on; one that is watched already stays as it is.
+    void watch(const std::string& folder);
+
+    /// Expects a file, in any folder.
+    void expect(const std::string& path);
+
+    /// The paths of the files that have appeared in a folder since the last look and that nobody expects, in
+    /// the order of bytes, each with the folder in front as it is given.
+    std::vector<std::string> strangers(const std::string& folder);
+
+private:
+    const std::string& placeOf(const std::string& folder);
+
+    std::map<std::string, std::string> places;         // of folders, by their names
+    std::map<std::string, std::set<std::string>> seen; // names, by the places of their folders
+    std::set<std::string> expected;
+};
+
+/// A path by which two spellings of one file are the same: that of its folder without links, and its name.
+std::string placeOfFile(const std::string& path);
+
+} // namespace companion
