@@ -106,7 +106,7 @@ std::string kindOf(const std::string& word)
     const std::string kind = kindOfWord(word);
     const bool isFile = std::filesystem::is_regular_file(word);
     if (!kind.empty() && isFile) {
-        throw WrongUsage{finding("V302", {{"format", "a " + kind}, {"other", "a file"}})};
+        throw WrongUsage{finding("V302", {{"guess", "a " + kind + " or a file?"}})};
     }
     if (!kind.empty()) {
         return kind;
