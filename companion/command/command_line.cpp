@@ -265,9 +265,7 @@ std::span<const OptionRow> commonOptions()
 WrongUsage unknownWord(const std::string& kind, const std::string& word,
                        const std::vector<std::string>& known)
 {
-    const std::string near = nearestWord(word, known);
-    const std::string question = near.empty() ? "" : "; did you mean \"" + near + "\"?";
-    return {finding("V002", {{"kind", kind}, {"word", word}, {"question", question}})};
+    return {finding("V002", {{"kind", kind}, {"word", word}, {"question", nearestQuestion(word, known)}})};
 }
 
 int exitStatus(const FindingTotals& totals, bool strict)

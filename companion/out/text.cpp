@@ -211,4 +211,10 @@ std::string nearestWord(std::string_view word, const std::vector<std::string>& k
     return nearest;
 }
 
+std::string nearestQuestion(std::string_view word, const std::vector<std::string>& known)
+{
+    const std::string near = nearestWord(word, known);
+    return near.empty() ? "" : "; did you mean \"" + near + "\"?";
+}
+
 } // namespace companion

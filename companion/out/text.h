@@ -71,4 +71,7 @@ void showFinding(const Console& console, const Finding& found);
 /// letters, and one at least, are other, missing or too many. Case does not count.
 std::string nearestWord(std::string_view word, const std::vector<std::string>& known);
 
+/// The end of a sentence about an unknown word: "; did you mean "check"?", empty where none is near.
+std::string nearestQuestion(std::string_view word, const std::vector<std::string>& known);
+
 } // namespace companion
