@@ -7,7 +7,6 @@
 #include "formats/track_table.h"
 
 #include <utility>
-#include <vector>
 
 using namespace tavelinUtils;
 
@@ -27,16 +26,11 @@ NextTrack tableOf(const std::string& path, const std::string& columns)
     return anySource(TrackTableSource(path, columns));
 }
 
-// The settings of a series: those of the first configuration found below its folder, three levels above its
-// table. One that cannot be loaded is not reported, and the defaults stay.
+// The settings of a series: those of the first configuration found below its folder. One that cannot be
+// loaded is not reported, and the defaults stay.
 TPorogs settingsOf(const std::string& table)
 {
-    std::string folder = table;
-    for (int level = 0; level < 3; ++level) {
-        folder = calcpathlevelup(folder, false);
-    }
-    std::vector<std::string> files;
-    FindFile(folder, "", ".conf", files);
+    const std::vector<std::string> files = configurationsBelow(seriesFolder(table));
     TPorogs porogs;
     if (!files.empty()) {
         LoadUserConfXML(files.front(), porogs, false); // the report does not mention a failure
@@ -68,6 +62,22 @@ void TrackFlow::writeTo(const TrackSink& sink)
         sink.add(current);
     }
     sink.save();
+}
+
+std::string seriesFolder(const std::string& table)
+{
+    std::string folder = table;
+    for (int level = 0; level < 3; ++level) {
+        folder = calcpathlevelup(folder, false);
+    }
+    return folder;
+}
+
+std::vector<std::string> configurationsBelow(const std::string& folder)
+{
+    std::vector<std::string> files;
+    FindFile(folder, "", ".conf", files);
+    return files;
 }
 
 Works ownWorks()

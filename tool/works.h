@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 /// A source of tracks of any format: gives a track the next one; false after the last. Of the marks that the
 /// track has, only the fields that its file has are set: a track that another source has filled comes without
@@ -77,6 +78,13 @@ struct Works
     /// The sink of a path and a format's word; one that writes nothing for a word that is not known.
     std::function<TrackSink(const std::string& path, const std::string& word)> sink;
 };
+
+/// The folder of the series of a track table: three levels above the table. Throws std::out_of_range for an
+/// empty path.
+std::string seriesFolder(const std::string& table);
+
+/// The configurations below the folder of a series in the order of the file system: the first one counts.
+std::vector<std::string> configurationsBelow(const std::string& folder);
 
 /// The tool's own: files, and the configurations beside the tables.
 Works ownWorks();
