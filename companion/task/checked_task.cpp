@@ -7,6 +7,7 @@
 #include "receivers/track_rules.h"
 #include "task/plan_findings.h"
 #include "task/read_inputs.h"
+#include "task/task_checks.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -86,8 +87,9 @@ bool canBeRead(const InputToRead& input)
 class Check
 {
 public:
-    Check(const CheckSettings& theSettings, InputReader& theReader, CheckedTask& theTask)
-        : settings(theSettings), reader(theReader), checked(theTask)
+    Check(const CheckSettings& theSettings, InputReader& theReader, SeriesSettings& theSeries,
+          CheckedTask& theTask)
+        : settings(theSettings), reader(theReader), series(theSeries), checked(theTask)
     {
     }
 
@@ -101,7 +103,9 @@ public:
         checked.written = taskOf(checked.document);
         checked.task = checked.written;
         checked.task.out_dir = outputFolder(checked.written);
-        checked.isReport = checked.task.inputformat == "vomar";
+        checked.isReport = isReport(checked.task);
+        add(taskFindings(checked.document, checked.written));
+        add(series.findings(checked.document, checked.written));
         if (!settings.quick) {
             readInputs();
             makePlan();
@@ -109,9 +113,24 @@ public:
         if (checked.hasPlan) {
             holdAccounts();
         }
+        add(trackFindings(checked.document, checked.written, plan()));
+        add(pathFindings(checked.document, checked.written, checked.task, plan(),
+                         series.takenBy(checked.task)));
+    }
+
+    void holdAgainst(SharedOutputs& outputs)
+    {
+        if (checked.isLoaded) {
+            add(outputs.add(outputsOf(checked.document, checked.task, plan())));
+        }
     }
 
 private:
+    const Plan* plan() const
+    {
+        return checked.hasPlan ? &checked.plan : nullptr;
+    }
+
     void add(std::vector<Finding> found)
     {
         std::move(found.begin(), found.end(), std::back_inserter(checked.findings));
@@ -132,7 +151,8 @@ private:
 
     void makePlan()
     {
-        const Works works = ownWorks();
+        Works works = ownWorks();
+        works.settings = series.forWorks();
         PlanInspection inspection(checked.task);
         const std::unique_ptr<TrackRules> rules = trackRulesOf(checked.task.outputformat);
         PlanWatch watch;
@@ -228,6 +248,7 @@ private:
 
     const CheckSettings& settings;
     InputReader& reader;
+    SeriesSettings& series;
     CheckedTask& checked;
 };
 
@@ -262,7 +283,9 @@ CheckedTask TaskChecker::check(const std::string& path)
     checked.path = path;
     checked.document = readTaskDocument(path);
     const FolderFor folder(settings.folder);
-    Check(settings, *reader, checked).run();
+    Check check(settings, *reader, series, checked);
+    check.run();
+    check.holdAgainst(outputs);
     sortFindings(checked.findings, checked.path);
     return checked;
 }

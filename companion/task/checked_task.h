@@ -4,6 +4,8 @@
 
 #include "findings/finding.h"
 #include "reading/lint.h"
+#include "task/configuration_checks.h"
+#include "task/path_checks.h"
 #include "task/plan.h"
 #include "task/task_document.h"
 
@@ -67,6 +69,8 @@ public:
 private:
     CheckSettings settings;
     std::unique_ptr<InputReader> reader;
+    SeriesSettings series;
+    SharedOutputs outputs;
 };
 
 } // namespace companion

@@ -176,11 +176,6 @@ private:
         return word == "tdm.xml" || word == "mag";
     }
 
-    static bool removesFirst(const std::string& word)
-    {
-        return word == "mag" || word == "aavso";
-    }
-
     Plan& plan;
     MarkLedger& marks;
     const PlanWatch& watch;

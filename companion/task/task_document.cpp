@@ -13,6 +13,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -355,7 +356,10 @@ TaskDocument readTaskDocument(const std::string& path)
     FileBytes file;
     errno = 0;
     if (path == "-" ? readBytes(stdin, file) : readBytes(path, file)) {
-        return taskDocumentOf(file.view(), path);
+        TaskDocument document = taskDocumentOf(file.view(), path);
+        std::error_code ignored;
+        document.file = path == "-" ? "" : std::filesystem::absolute(path, ignored).string();
+        return document;
     }
     const int failure = errno;
     struct stat state = {};
@@ -375,6 +379,12 @@ TConvMea taskOf(const TaskDocument& document)
         throw std::logic_error("a task that cannot be loaded is not looked at");
     }
     return task;
+}
+
+Finding atKey(const TaskDocument& document, Finding found, std::string_view key)
+{
+    const DocumentKey* const at = document.key(key);
+    return findingAt(document, at == nullptr ? SourcePlace{} : at->place, std::move(found));
 }
 
 Finding findingAt(const TaskDocument& document, SourcePlace place, Finding found)

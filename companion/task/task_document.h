@@ -52,6 +52,7 @@ struct DocumentSeria
 struct TaskDocument
 {
     std::string path{};              ///< as it was given; "-" is the standard input
+    std::string file{};              ///< the whole path, also after a change of folder; empty for none
     std::string bytes{};             ///< up to the first zero byte, which ends a document
     std::vector<Finding> findings{}; ///< V010 to V016 and V230, in the file of that path
     bool canBeLoaded = false;        ///< by the tool
@@ -84,7 +85,10 @@ TaskDocument taskDocumentOf(std::string_view bytes, const std::string& path);
 /// cannot be loaded or whose walk does not end.
 tavelinUtils::TConvMea taskOf(const TaskDocument& document);
 
-/// A finding of the document at a place of it.
+/// A finding of the document at the first key of a name below its root; without a place where there is none.
+Finding atKey(const TaskDocument& document, Finding found, std::string_view key);
+
+/// The same at a place.
 Finding findingAt(const TaskDocument& document, SourcePlace place, Finding found);
 
 } // namespace companion

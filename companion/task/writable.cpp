@@ -24,18 +24,22 @@ bool isNameable(const std::string& path)
 
 } // namespace
 
-bool canBeWritten(const std::string& path, bool removesFirst)
+bool removesFirst(const std::string& format)
+{
+    return format == "mag" || format == "aavso";
+}
+
+bool canBeWritten(const std::string& path, bool removes)
 {
     std::error_code failure;
-    const fs::file_status status =
-        removesFirst ? fs::symlink_status(path, failure) : fs::status(path, failure);
+    const fs::file_status status = removes ? fs::symlink_status(path, failure) : fs::status(path, failure);
     if (status.type() == fs::file_type::not_found) {
         return isNameable(path) && takesNames(path);
     }
     if (status.type() == fs::file_type::directory) {
-        return removesFirst && fs::is_empty(path, failure) && takesNames(path);
+        return removes && fs::is_empty(path, failure) && takesNames(path);
     }
-    return removesFirst ? takesNames(path) : access(path.c_str(), W_OK) == 0;
+    return removes ? takesNames(path) : access(path.c_str(), W_OK) == 0;
 }
 
 } // namespace companion

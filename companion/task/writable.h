@@ -6,8 +6,11 @@
 
 namespace companion {
 
-/// Whether a file of the path can be written, as far as kinds and rights say. `removesFirst`: the writer
+/// Whether the writer of a format removes what is at its path before it writes.
+bool removesFirst(const std::string& format);
+
+/// Whether a file of the path can be written, as far as kinds and rights say. `removes`: the writer
 /// removes what is at the path before it writes.
-bool canBeWritten(const std::string& path, bool removesFirst = false);
+bool canBeWritten(const std::string& path, bool removes = false);
 
 } // namespace companion

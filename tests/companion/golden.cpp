@@ -1,6 +1,7 @@
 #include "companion/golden.h"
 
 #include "command/subcommand.h"
+#include "companion/folder_entries.h"
 #include "support/folders.h"
 #include "support/temporary_folder.h"
 
@@ -17,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::vector<std::string> ownFiles{"call", "prepare", "text", "json", "messages", "status"};
+const std::vector<std::string> ownFiles{"call", "prepare", "entries", "text", "json", "messages", "status"};
 
 std::string textOf(const fs::path& path)
 {
@@ -86,6 +87,25 @@ private:
     PresentFolder present;
 };
 
+// How the entries of folders come in a case.
+class EntriesOfCase
+{
+public:
+    explicit EntriesOfCase(const fs::path& source)
+    {
+        if (exists(source / "entries")) {
+            const bool areSorted = textOf(source / "entries") == "sorted\n";
+            setFolderEntries(areSorted ? FolderEntries::sorted : FolderEntries::withoutKinds);
+        }
+    }
+    ~EntriesOfCase()
+    {
+        setFolderEntries(FolderEntries::asTheyAre);
+    }
+    EntriesOfCase(const EntriesOfCase&) = delete;
+    EntriesOfCase& operator=(const EntriesOfCase&) = delete;
+};
+
 std::vector<std::string> with(std::vector<std::string> arguments, const std::string& option)
 {
     arguments.push_back(option);
@@ -134,6 +154,7 @@ void expectGolden(const std::string& group, const std::string& name)
     const std::vector<std::string> call = argumentsOf(source / "call");
     const int status = exists(source / "status") ? std::stoi(textOf(source / "status")) : 0;
     const auto before = stateOf(fs::current_path());
+    const EntriesOfCase entries(source);
 
     const CommandEnd plain = callCommand(call);
     EXPECT_EQ(plain.out, textOf(source / "text"));

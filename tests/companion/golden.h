@@ -2,6 +2,7 @@
 //
 //   call      the arguments, one line; words with blanks in double quotes
 //   prepare   shell commands that make what a repository does not keep: links, pipes, folders without rights
+//   entries   how the entries of folders come: "sorted" or "without kinds"
 //   text      what it prints to standard output
 //   json      what it prints with --json; left out where the subcommand is not asked for it
 //   messages  what it prints to standard error; nothing where the file is missing
