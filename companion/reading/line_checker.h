@@ -87,6 +87,12 @@ public:
     /// Whether findings of a layer are wanted: for checkers to leave work out.
     bool wants(LintLayer layer) const;
 
+    /// The path of the file.
+    const std::string& file() const
+    {
+        return path;
+    }
+
     const LintSettings& settings() const
     {
         return wanted;
@@ -177,5 +183,13 @@ std::unique_ptr<LineChecker> tableLines();
 std::unique_ptr<LineChecker> tdmLines();
 std::unique_ptr<LineChecker> ssmasLines();
 std::unique_ptr<LineChecker> mpcLines();
+
+/// The checkers of what receivers refuse, by their formats.
+std::unique_ptr<LineChecker> mpcReceiverLines();
+std::unique_ptr<LineChecker> tdmReceiverLines();
+std::unique_ptr<LineChecker> tdmXmlReceiverLines();
+std::unique_ptr<LineChecker> aavsoReceiverLines();
+std::unique_ptr<LineChecker> adesTextLines();
+std::unique_ptr<LineChecker> adesXmlLines();
 
 } // namespace companion

@@ -33,12 +33,31 @@ constexpr FormatChecker formatCheckers[] = {
     {"tdm", tdmLines}, {"ssmas", ssmasLines},       {"mpc", mpcLines},
 };
 
+struct ReceiverChecker
+{
+    std::string_view receiver;
+    std::string_view format;
+    std::unique_ptr<LineChecker> (*make)();
+};
+
+// The checkers of the receivers' rules.
+constexpr ReceiverChecker receiverCheckers[] = {
+    {"mpc", "mpc", mpcReceiverLines},          {"ccsds", "tdm", tdmReceiverLines},
+    {"ccsds", "tdm.xml", tdmXmlReceiverLines}, {"aavso", "aavso", aavsoReceiverLines},
+    {"ades", "ades.psv", adesTextLines},       {"ades", "ades.xml", adesXmlLines},
+};
+
 // All checkers of a file but that of its bytes.
-std::vector<std::unique_ptr<LineChecker>> checkersOf(const std::string& format)
+std::vector<std::unique_ptr<LineChecker>> checkersOf(const std::string& format, const std::string& receiver)
 {
     std::vector<std::unique_ptr<LineChecker>> checkers;
     for (const FormatChecker& row : formatCheckers) {
         if (row.format == format) {
+            checkers.push_back(row.make());
+        }
+    }
+    for (const ReceiverChecker& row : receiverCheckers) {
+        if (row.receiver == receiver && row.format == format) {
             checkers.push_back(row.make());
         }
     }
@@ -50,7 +69,7 @@ class LintedLines
 {
 public:
     LintedLines(const std::string& format, LintOutput& output)
-        : out(output), encoding(format), checkers(checkersOf(format))
+        : out(output), encoding(format), checkers(checkersOf(format, output.settings().receiver))
     {
     }
 

@@ -157,7 +157,8 @@ NameVerdict verdictOnTemporary(std::string_view seven)
 
 NameVerdict verdictBesideNumber(std::string_view seven)
 {
-    if (trimmed(seven).empty() || isPackedProvisional(seven) || isFragment(seven)) {
+    const bool isComet = isPackedComet('C' + std::string(seven));
+    if (trimmed(seven).empty() || isPackedProvisional(seven) || isComet || isFragment(seven)) {
         return {};
     }
     return {NameFault::notTaken, "stands beside a permanent number"};

@@ -1,5 +1,6 @@
 #include "receivers/mpc_rules.h"
 
+#include "base/tokens.h"
 #include "formats/mpc_report.h"
 #include "receivers/designations.h"
 #include "receivers/rule_tally.h"
@@ -7,6 +8,8 @@
 #include "text/date_text.h"
 #include "text/number_text.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <cstddef>
 #include <utility>
@@ -162,7 +165,8 @@ private:
             fault = faultOfBand(lastBand);
         }
         if (!fault.empty()) {
-            tell(notABand, track, index, "V316", {{"text", lastBand}, {"why", std::string(fault)}});
+            tell(notABand, track, index, "V316",
+                 {{"columns", "columns 71 to 77"}, {"text", lastBand}, {"why", std::string(fault)}});
         }
     }
 
@@ -199,6 +203,16 @@ private:
     std::string_view fault;
 };
 
+// "J." or "J.-F."
+bool isInitial(std::string_view word)
+{
+    const auto isOne = [](std::string_view part) {
+        return part.size() == 2 && std::isupper(static_cast<unsigned char>(part[0])) != 0 && part[1] == '.';
+    };
+    const std::size_t hyphen = word.find('-');
+    return isOne(word.substr(0, hyphen)) && (hyphen == word.npos || isOne(word.substr(hyphen + 1)));
+}
+
 } // namespace
 
 std::string_view faultOfBand(std::string_view band)
@@ -208,12 +222,28 @@ std::string_view faultOfBand(std::string_view band)
         return "";
     }
     if (band.find_first_not_of(' ', 1) != std::string_view::npos) {
-        return "only column 71 is for the band";
+        return "the band is one letter, and columns 72 to 77 are blank";
     }
     if (band[0] == 'C') {
         return "the band C is no longer taken";
     }
     return bands.find(band[0]) == std::string_view::npos ? "not a band of the receiver" : "";
+}
+
+bool isPersonName(std::string_view name)
+{
+    std::size_t initials = 0;
+    std::string surname;
+    tavelinUtils::forEachToken(name, ' ', [&](std::string_view word) {
+        if (surname.empty() && isInitial(word)) {
+            ++initials;
+        } else {
+            surname += std::string(word) + ' ';
+        }
+    });
+    const bool hasSmall =
+        std::any_of(surname.begin(), surname.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+    return initials > 0 && hasSmall && surname.find('.') == surname.npos;
 }
 
 std::unique_ptr<TrackRules> mpcTrackRules()

@@ -13,6 +13,10 @@ namespace companion {
 /// Why the text of columns 71 to 77 is no band, as the end of a sentence; empty where it is one, or blank.
 std::string_view faultOfBand(std::string_view band);
 
+/// Whether a name is written as the receiver asks for it: initials with points, a blank after each, and a
+/// surname that is not all in capitals: "J. R. Tolkien".
+bool isPersonName(std::string_view name);
+
 /// The rules for tracks that are to be written as an MPC report.
 std::unique_ptr<TrackRules> mpcTrackRules();
 

@@ -235,4 +235,20 @@ std::string faultOfEpoch(std::string_view text)
     return isTime(time) ? "" : "\"" + std::string(time) + "\" is no time";
 }
 
+TdmMoment tdmMomentOf(std::string_view epoch)
+{
+    using tavelinUtils::toInt;
+    constexpr std::size_t ofYear = 8;
+    const std::size_t middle = epoch.find('T');
+    const std::string_view date = epoch.substr(0, middle);
+    const std::string_view time = epoch.substr(middle + 1);
+    const int year = toInt(date.substr(0, 4));
+    const double mjd = date.size() == ofYear
+                           ? tavelinUtils::YMDToMJD(year, 1, 1) + toInt(date.substr(5)) - 1
+                           : tavelinUtils::YMDToMJD(year, toInt(date.substr(5, 2)), toInt(date.substr(8)));
+    const double seconds = toInt(time.substr(0, 2)) * 3600.0 + toInt(time.substr(3, 2)) * 60.0 +
+                           tavelinUtils::toDouble(time.substr(6));
+    return {static_cast<int>(mjd), seconds};
+}
+
 } // namespace companion

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <compare>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -72,5 +73,15 @@ TdmRecord tdmRecordOf(std::string_view value);
 /// Why a text is no moment in time, as the end of a sentence; empty where it is one: a real day, by month and
 /// day or by the day of the year, and a time of it, perhaps with a Z.
 std::string faultOfEpoch(std::string_view text);
+
+/// A moment as the whole MJD of its day and the seconds of that day, of a text without a fault.
+struct TdmMoment
+{
+    int day = 0;
+    double seconds = 0;
+
+    friend auto operator<=>(const TdmMoment& a, const TdmMoment& b) = default;
+};
+TdmMoment tdmMomentOf(std::string_view epoch);
 
 } // namespace companion

@@ -96,7 +96,7 @@ public:
         }
         std::vector<Finding> found{finding("V340", {{"date", zeroCreationDate()}}).times(files)};
         if (!xml) {
-            found.push_back(finding("V341").times(files));
+            found.push_back(finding("V341", {{"key", "MAG"}}).times(files));
         }
         return found;
     }

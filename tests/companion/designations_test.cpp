@@ -70,9 +70,9 @@ TEST(Designations, PackedCometsAndSatellitesOfPlanetsAreTaken)
 
 TEST(Designations, NamesInTheirColumnsAreTaken)
 {
-    for (const char* text :
-         {"00433", "A0345", "~000z", "0001P", "0003D", "0001I", "J013S", "N002S", "00433I98D00Q",
-          "0073P      c", "0073P     ac", "     AST1000", "     ABC123", "     X", "     1AB"})
+    for (const char* text : {"00433", "A0345", "~000z", "0001P", "0003D", "0001I", "J013S", "N002S",
+                             "00433I98D00Q", "0073P      c", "0073P     ac", "0020DJ13S010", "     AST1000",
+                             "     ABC123", "     X", "     1AB"})
     {
         EXPECT_EQ(faultOf(text), NameFault::none) << text;
     }
