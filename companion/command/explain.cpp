@@ -4,6 +4,7 @@
 #include "command/explanation.h"
 #include "command/subcommands.h"
 #include "reading/code_meanings.h"
+#include "reading/signatures.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -54,11 +55,7 @@ Explanation formatNamed(const std::string& word)
 {
     const FormatFacts* const facts = formatFacts(word);
     if (facts == nullptr) {
-        std::vector<std::string> known;
-        for (const FormatFacts& each : formatFactsTable()) {
-            known.emplace_back(each.name);
-        }
-        throw unknownWord("format", word, known);
+        throw unknownWord("format", word, formatNames());
     }
     return explanationOf(*facts);
 }
@@ -101,6 +98,19 @@ std::string kindOfWord(const std::string& word)
     return formatFacts(word) == nullptr ? "" : "format";
 }
 
+// A file is a task or a result, by its content.
+std::string kindOfFile(const std::string& path)
+{
+    const Recognition form = recognisedFile(path);
+    if (form.format == "task" || form.format == "result") {
+        return form.format;
+    }
+    const std::string what = form.isSure()
+                                 ? "it is of the form " + formatTitle(form.format) + "; see tavelin info"
+                                 : "it is no task and no result file";
+    throw WrongUsage{finding("V003", {{"file", path}, {"what", what}})};
+}
+
 std::string kindOf(const std::string& word)
 {
     const std::string kind = kindOfWord(word);
@@ -114,7 +124,7 @@ std::string kindOf(const std::string& word)
     if (!isFile) {
         throw WrongUsage{finding("V003", {{"file", word}, {"what", "there is no such file"}})};
     }
-    return resultsOf(word).empty() ? "task" : "result";
+    return kindOfFile(word);
 }
 
 Explanation explained(const std::string& word, const std::string& kind)
@@ -155,6 +165,9 @@ int explain(const Arguments& arguments, const Console& console)
 {
     if (arguments.has("list")) {
         return list(arguments, console);
+    }
+    if (arguments.has("markdown")) {
+        throw WrongUsage{finding("V001", {{"option", "--markdown"}, {"problem", "goes with --list only"}})};
     }
     if (arguments.operands().size() != 1) {
         throw WrongUsage{finding("V001", {{"option", "explain"}, {"problem", "takes one WHAT"}})};

@@ -2,6 +2,7 @@
 
 #include "command/explanation.h"
 #include "out/text.h"
+#include "reading/signatures.h"
 
 #include <string_view>
 #include <utility>
@@ -34,11 +35,11 @@ Explanation explanationOf(const FormatFacts& facts)
     };
     Explanation explained;
     explained.text =
-        std::string(facts.name) + ": " + std::string(facts.title) + "\n" + std::string(facts.what) + '\n';
+        std::string(facts.name) + ": " + formatTitle(facts.name) + "\n" + std::string(facts.what) + '\n';
     for (const auto& [name, value] : rows) {
         explained.text += row(name, value);
     }
-    explained.json.set("kind", "format").set("name", facts.name).set("title", facts.title);
+    explained.json.set("kind", "format").set("name", facts.name).set("title", formatTitle(facts.name));
     explained.json.set("what", facts.what).set("recognised", facts.recognised);
     explained.json.set("digits", Json::object()
                                      .set("time", facts.time)

@@ -3,7 +3,9 @@
 #include "command/explanation.h"
 #include "out/text.h"
 #include "reading/code_meanings.h"
+#include "reading/signatures.h"
 #include "results/code_table.h"
+#include "running/counting.h"
 
 #include <filesystem>
 
@@ -46,15 +48,34 @@ std::string titleOf(const ResultEntry& entry)
     return printable(line) + '\n';
 }
 
+// What a file that is there holds: ", TDM, 130 marks".
+std::string content(const std::string& path, Json& json)
+{
+    const Recognition form = recognisedFile(path);
+    if (!form.isSure()) {
+        return "";
+    }
+    json.set("format", form.format);
+    std::string text = ", " + formatTitle(form.format);
+    if (const auto held = heldMarks(path, form.format)) {
+        json.set("marks", held->marks);
+        text += ", " + counted(held->marks, "mark");
+        text += held->isWhole ? "" : ", cut off";
+    }
+    return text;
+}
+
 void addFiles(const ResultEntry& entry, std::string& text, Json& json)
 {
     Json files = Json::list();
     for (const std::string& path : namedFiles(entry)) {
-        const bool isThere = std::filesystem::is_regular_file(path);
-        text += indent + printable(path) + (isThere ? ": there\n" : ": missing\n");
+        std::error_code ignored;
+        const bool isThere = std::filesystem::is_regular_file(path, ignored);
         Json file = Json::object();
         setBytes(file, "path", path);
-        files.push(file.set("exists", isThere));
+        file.set("exists", isThere);
+        text += indent + printable(path) + (isThere ? ": there" + content(path, file) : ": missing") + '\n';
+        files.push(file);
     }
     json.set("files", files);
 }

@@ -2,6 +2,7 @@
 
 #include "command/explanation.h"
 #include "out/text.h"
+#include "reading/signatures.h"
 #include "task/checked_task.h"
 
 #include <algorithm>
@@ -14,8 +15,7 @@ using tavelinUtils::TConvMea;
 
 std::string titleOf(const std::string& word)
 {
-    const FormatFacts* const facts = formatFacts(word);
-    return facts == nullptr ? "\"" + word + "\"" : std::string(facts->title);
+    return isFormatName(word) ? formatTitle(word) : '"' + word + '"';
 }
 
 // "TDM file", but "MPC report".

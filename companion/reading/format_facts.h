@@ -11,8 +11,7 @@ namespace companion {
 /// of digits; the text beside it says which.
 struct FormatFacts
 {
-    std::string_view name; ///< of reading/signatures.h
-    std::string_view title;
+    std::string_view name;       ///< of reading/signatures.h
     std::string_view what;       ///< a sentence
     std::string_view recognised; ///< what it is recognised by
     std::string_view time;
