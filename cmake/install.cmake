@@ -8,6 +8,17 @@ if(VOMAR_BUILD_TOOL)
 endif()
 if(TARGET tavelin_command)
     install(TARGETS tavelin_command RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    if(TARGET companion_manuals)
+        install(DIRECTORY ${PROJECT_BINARY_DIR}/companion/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    endif()
+    install(FILES companion/completion/tavelin.bash RENAME tavelin
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+    install(FILES companion/completion/_tavelin
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+    install(FILES companion/completion/tavelin.fish
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+    install(DIRECTORY companion/schema/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tavelin/schema
+        FILES_MATCHING PATTERN *.xsd PATTERN *.json)
 endif()
 install(TARGETS tavelin ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 # The public headers are those that the header of the whole library names.

@@ -70,9 +70,36 @@ void refuseUnknownOptions(const std::vector<std::string>& left, const std::vecto
     }
 }
 
+// CLI11 would take --json=false for --json.
+void refuseValuesOfFlags(const std::vector<std::string>& call, const std::vector<OptionRow>& rows)
+{
+    for (const OptionRow& row : rows) {
+        const std::string name = std::string("--") + row.name;
+        const bool hasValue = std::any_of(call.begin(), call.end(), [&name](const std::string& word) {
+            return word.compare(0, name.size() + 1, name + '=') == 0;
+        });
+        if (row.value == nullptr && hasValue) {
+            throw wrongOption(name, "takes no value");
+        }
+    }
+}
+
 std::string cliName(const OptionRow& row)
 {
     return (row.letter == 0 ? "" : std::string{'-', row.letter, ','}) + "--" + row.name;
+}
+
+using OptionValues = std::map<std::string, std::vector<std::string>>;
+
+void declareOptions(CLI::App& app, const std::vector<OptionRow>& rows, OptionValues& values)
+{
+    for (const OptionRow& row : rows) {
+        if (row.value == nullptr) {
+            app.add_flag(cliName(row));
+        } else {
+            app.add_option(cliName(row), values[row.name])->type_size(1)->allow_extra_args(false);
+        }
+    }
 }
 
 // Options and operands of a call, without the name of the subcommand. What follows "--" are operands.
@@ -83,17 +110,12 @@ Arguments parsed(const Subcommand& subcommand, std::vector<std::string> call)
     call.erase(end, call.end());
 
     const std::vector<OptionRow> rows = allOptions(subcommand);
+    refuseValuesOfFlags(call, rows);
     CLI::App app;
     app.set_help_flag();
     app.allow_extras();
-    std::map<std::string, std::vector<std::string>> values;
-    for (const OptionRow& row : rows) {
-        if (row.value == nullptr) {
-            app.add_flag(cliName(row));
-        } else {
-            app.add_option(cliName(row), values[row.name])->type_size(1)->allow_extra_args(false);
-        }
-    }
+    OptionValues values;
+    declareOptions(app, rows, values);
     try {
         std::reverse(call.begin(), call.end()); // CLI11 takes them from the end
         app.parse(call);

@@ -1,0 +1,83 @@
+# Completion of tavelin for bash. Made by scripts/make_companion_texts.
+
+_tavelin_names()
+{
+    echo 'check explain schema help'
+}
+
+_tavelin_options()
+{
+    case $1 in
+    check) echo '--quick --strict --plan --for --only --ignore --folder --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    explain) echo '--as --list --markdown --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    schema) echo '--list --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    *) echo '--json -q --quiet -v --verbose --color --progress --times -h --help --version' ;;
+    esac
+}
+
+_tavelin_values()
+{
+    case "$1 $2" in
+    "check --for") echo 'mpc ccsds aavso ades' ;;
+    "check --only") echo '' ;;
+    "check --ignore") echo '' ;;
+    "check --folder") echo '/' ;;
+    "check --color") echo 'auto always never' ;;
+    "check --progress") echo 'auto plain none' ;;
+    "explain --as") echo 'task result code finding format' ;;
+    "explain --color") echo 'auto always never' ;;
+    "explain --progress") echo 'auto plain none' ;;
+    "schema --color") echo 'auto always never' ;;
+    "schema --progress") echo 'auto plain none' ;;
+    " --color") echo 'auto always never' ;;
+    " --progress") echo 'auto plain none' ;;
+    *) return 1 ;;
+    esac
+}
+
+_tavelin_operands()
+{
+    case $1 in
+    help) echo 'check explain schema' ;;
+    schema) echo 'task config result ades json check explain info lint run schema' ;;
+    *) return 1 ;;
+    esac
+}
+
+# The name of the subcommand: the first word that is no option and no value of one. Bash cuts --color=never into
+# three words.
+_tavelin_subcommand()
+{
+    local i
+    for ((i = 1; i < COMP_CWORD; ++i)); do
+        case ${COMP_WORDS[i]} in
+        --color | --progress) ((++i)); [[ ${COMP_WORDS[i]} != '=' ]] || ((++i)) ;;
+        -*) ;;
+        *) echo "${COMP_WORDS[i]}"; return ;;
+        esac
+    done
+}
+
+_tavelin()
+{
+    local word=${COMP_WORDS[COMP_CWORD]} option=${COMP_WORDS[COMP_CWORD - 1]} subcommand words
+    if [[ $word == '=' ]]; then
+        word=
+    elif [[ $option == '=' ]]; then
+        option=${COMP_WORDS[COMP_CWORD - 2]}
+    fi
+    subcommand=$(_tavelin_subcommand)
+    if [[ $option == -* ]] && words=$(_tavelin_values "$subcommand" "$option"); then
+        [[ $words != / ]] || { mapfile -t COMPREPLY < <(compgen -f -- "$word"); return; }
+    elif [[ $word == -* ]]; then
+        words=$(_tavelin_options "$subcommand")
+    elif [[ -z $subcommand ]]; then
+        words=$(_tavelin_names)
+    elif ! words=$(_tavelin_operands "$subcommand"); then
+        mapfile -t COMPREPLY < <(compgen -f -- "$word")
+        return
+    fi
+    mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
+}
+
+complete -o filenames -F _tavelin tavelin

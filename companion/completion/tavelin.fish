@@ -1,0 +1,30 @@
+# Completion of tavelin for fish. Made by scripts/make_companion_texts.
+
+complete -c tavelin -l json -d 'one JSON document instead of text'
+complete -c tavelin -s q -l quiet -d 'errors and totals only'
+complete -c tavelin -s v -l verbose -d 'also the plan and what was looked at'
+complete -c tavelin -l color -x -a 'auto always never' -d 'color severities; auto: on a terminal, unless NO_COLOR is set'
+complete -c tavelin -l progress -x -a 'auto plain none' -d 'how long work shows its progress; auto: on a terminal'
+complete -c tavelin -l times -d 'also times and durations'
+complete -c tavelin -s h -l help -d 'show this help'
+complete -c tavelin -n 'not __fish_seen_subcommand_from check explain schema help' -l version -d 'show the version'
+complete -c tavelin -n 'not __fish_seen_subcommand_from check explain schema help' -f -a help -d 'show the help of a subcommand'
+complete -c tavelin -n '__fish_seen_subcommand_from help' -f -a 'check explain schema'
+
+complete -c tavelin -n 'not __fish_seen_subcommand_from check explain schema help' -f -a check -d 'what a task would do, and every trap in it, without running it'
+complete -c tavelin -n '__fish_seen_subcommand_from check' -l quick -d 'look at the task and at the states of files only; no input is read, and the plan has no marks'
+complete -c tavelin -n '__fish_seen_subcommand_from check' -l strict -d 'warnings count as errors for the exit status'
+complete -c tavelin -n '__fish_seen_subcommand_from check' -l plan -d 'list each file that would be written, with its tracks and marks'
+complete -c tavelin -n '__fish_seen_subcommand_from check' -l for -x -a 'mpc ccsds aavso ades' -d 'list all that this receiver would refuse, also what every file of the format breaks'
+complete -c tavelin -n '__fish_seen_subcommand_from check' -l only -x -d 'show and count only findings of these codes, with commas between'
+complete -c tavelin -n '__fish_seen_subcommand_from check' -l ignore -x -d 'neither show nor count findings of these codes'
+complete -c tavelin -n '__fish_seen_subcommand_from check' -l folder -r -F -d 'relative paths count from there, as for a run that is started in DIR'
+
+complete -c tavelin -n 'not __fish_seen_subcommand_from check explain schema help' -f -a explain -d 'a task, a result file, a result code, a finding or a format in plain words'
+complete -c tavelin -n '__fish_seen_subcommand_from explain' -l as -x -a 'task result code finding format' -d 'what WHAT is, where that is in doubt'
+complete -c tavelin -n '__fish_seen_subcommand_from explain' -l list -d 'all findings, a line each'
+complete -c tavelin -n '__fish_seen_subcommand_from explain' -l markdown -d 'with --list: all findings as the page docs/findings.md'
+
+complete -c tavelin -n 'not __fish_seen_subcommand_from check explain schema help' -f -a schema -d 'schemas of the files of the tool, and of the JSON of this command'
+complete -c tavelin -n '__fish_seen_subcommand_from schema' -l list -d 'all schemas, a line each'
+complete -c tavelin -n '__fish_seen_subcommand_from schema' -f -a 'task config result ades json check explain info lint run schema'

@@ -1,0 +1,129 @@
+#include "texts/manual_texts.h"
+
+#include "command/subcommand.h"
+#include "texts/option_texts.h"
+
+#include <stdexcept>
+
+namespace companion {
+namespace {
+
+// A text as it is, also where it holds marks of emphasis.
+std::string plain(std::string_view text)
+{
+    return backslashed(text, "\\*_#`~");
+}
+
+// An operand of the usage: [_WHAT_], _TASK_...
+std::string emphasized(const std::string& operands)
+{
+    const std::size_t begin = operands[0] == '[' ? 1 : 0;
+    const std::size_t end = std::min(operands.find_first_of(".]"), operands.size());
+    return operands.substr(0, begin) + '_' + operands.substr(begin, end - begin) + '_' + operands.substr(end);
+}
+
+std::string optionLines(std::span<const OptionRow> rows)
+{
+    std::string text;
+    for (const OptionRow& row : rows) {
+        text += row.letter == 0 ? "" : std::string("*-") + row.letter + "*, ";
+        text += std::string("*--") + row.name + '*';
+        text += row.value == nullptr ? "" : '=' + ('_' + plain(row.value) + '_');
+        std::string help = row.help;
+        text += "\n\t" + plain(help) + "\n\n";
+    }
+    return text;
+}
+
+const Subcommand& subcommandOf(std::string_view name)
+{
+    for (const Subcommand* each : subcommands()) {
+        if (each->name == name) {
+            return *each;
+        }
+    }
+    throw std::runtime_error("no subcommand " + std::string(name));
+}
+
+std::string synopsis(const Subcommand& subcommand)
+{
+    const std::string operands = subcommand.operands;
+    return std::string("# SYNOPSIS\n\n*tavelin ") + subcommand.name + "* [_OPTION_...]" +
+           (operands.empty() ? "" : ' ' + emphasized(operands)) + "\n\n";
+}
+
+std::string optionsOf(std::string_view name)
+{
+    if (name.empty()) {
+        return "# OPTIONS IN EVERY SUBCOMMAND\n\n" + optionLines(commonOptions());
+    }
+    const auto options = subcommandOf(name).options;
+    return "# OPTIONS\n\n" + optionLines(options) +
+           "Those that every subcommand has are in *tavelin*(1).\n\n";
+}
+
+std::string examplesOf(const Subcommand& subcommand)
+{
+    std::string text = "# EXAMPLES\n\n```\n";
+    for (const char* example : subcommand.examples) {
+        text += std::string(example) + '\n';
+    }
+    return text + "```\n\n";
+}
+
+std::string listOfSubcommands()
+{
+    std::string text = "# SUBCOMMANDS\n\n";
+    for (const Subcommand* each : subcommands()) {
+        text += std::string("*tavelin-") + each->name + "*(1)\n\t" + plain(each->line) + "\n\n";
+    }
+    return text;
+}
+
+std::string madeSection(const std::string& section, std::string_view subcommand)
+{
+    if (section == "subcommands") {
+        return listOfSubcommands();
+    }
+    if (section == "options") {
+        return optionsOf(subcommand);
+    }
+    const Subcommand& row = subcommandOf(subcommand);
+    if (section == "name") {
+        return std::string("# NAME\n\ntavelin-") + row.name + " - " + plain(row.line) + "\n\n";
+    }
+    if (section == "synopsis") {
+        return synopsis(row);
+    }
+    if (section == "examples") {
+        return examplesOf(row);
+    }
+    throw std::runtime_error("no table makes the section " + section);
+}
+
+} // namespace
+
+std::string manualWithTables(std::string_view page, std::string_view subcommand)
+{
+    constexpr std::string_view begin = "; made: ";
+    constexpr std::string_view end = "; end\n";
+    std::string text;
+    while (!page.empty()) {
+        const std::size_t line = page.find('\n') + 1;
+        text += page.substr(0, line);
+        if (page.substr(0, begin.size()) == begin) {
+            const std::string section(page.substr(begin.size(), line - 1 - begin.size()));
+            const std::size_t last = page.find(end);
+            if (last == std::string_view::npos) {
+                throw std::runtime_error("the section " + section + " does not end");
+            }
+            text += madeSection(section, subcommand);
+            page.remove_prefix(last);
+            continue;
+        }
+        page.remove_prefix(line == 0 ? page.size() : line);
+    }
+    return text;
+}
+
+} // namespace companion
