@@ -1,5 +1,6 @@
 #include "running/task_witness.h"
 
+#include "base/tokens.h"
 #include "files/essentials.h"
 #include "out/text.h"
 #include "out/units.h"
@@ -23,14 +24,10 @@ std::string saidText(const ChildCall& call, const std::string& said)
 {
     constexpr std::size_t longest = 500;
     std::string text;
-    for (const char c : said) {
-        if (c != '\n') {
-            text += c;
-        } else if (!text.empty() && !text.ends_with("; ")) {
-            text += "; ";
-        }
-    }
-    text = text.substr(0, text.ends_with("; ") ? text.size() - 2 : text.size());
+    tavelinUtils::forEachToken(said, '\n', [&text](std::string_view line) {
+        line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+        text += (text.empty() || line.empty() ? "" : "; ") + std::string(line);
+    });
     for (std::size_t at = text.find(call.name); !call.name.empty() && at != text.npos;
          at = text.find(call.name)) {
         text.replace(at, call.name.size(), "vomar");
@@ -116,6 +113,9 @@ TaskEvidence TaskWitness::evidence(const ChildCall& call, EndedChild ended, Veri
     lookAtFiles(evidence, verification);
     lookAtInputs(evidence);
     lookForStrangers(evidence);
+    for (Finding& each : evidence.findings) {
+        each.file = task.path;
+    }
     return evidence;
 }
 

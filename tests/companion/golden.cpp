@@ -173,3 +173,26 @@ void expectGolden(const std::string& group, const std::string& name)
     }
     EXPECT_EQ(stateOf(fs::current_path()), before);
 }
+
+void expectGoldenRun(const std::string& name, const std::string& tool)
+{
+    const fs::path source = folderOf("run") / name;
+    const int status = exists(source / "status") ? std::stoi(textOf(source / "status")) : 0;
+    const std::vector<std::string> call = with(with(argumentsOf(source / "call"), "--vomar"), tool);
+    const auto runWith = [&](const std::vector<std::string>& arguments) {
+        const CaseFolder folder(source);
+        return callCommand(arguments);
+    };
+    const CommandEnd plain = runWith(call);
+    EXPECT_EQ(plain.out, textOf(source / "text"));
+    EXPECT_EQ(plain.err, textOf(source / "messages"));
+    EXPECT_EQ(plain.status, status);
+    EXPECT_EQ(runWith(with(call, "-j2")).out, plain.out);
+    EXPECT_EQ(runWith(with(call, "--quiet")).status, status);
+    EXPECT_EQ(runWith(with(call, "--verbose")).status, status);
+    const CommandEnd json = runWith(with(call, "--json"));
+    EXPECT_EQ(json.status, status);
+    if (exists(source / "json")) {
+        EXPECT_EQ(json.out, textOf(source / "json"));
+    }
+}

@@ -148,7 +148,8 @@ int main(int argc, char** argv)
     }
     if (behaviour == "old") {
         ltaskconv(argv[1], run.task);
-        SaveLogCode(run.task.path_res, {0, "OK", run.task.out_dir + "/" + "a.txt", {}});
+        const std::string name = ExtractOnlyFileName(run.task.path_in) + run.task.outputextension;
+        SaveLogCode(run.task.path_res, {0, "OK", run.task.out_dir + "/" + name, {}});
         return 0;
     }
     if (!ltaskconv(argv[1], run.task) || behaviour == "unloaded") {
