@@ -2,14 +2,17 @@
 
 _tavelin_names()
 {
-    echo 'check explain schema help'
+    echo 'check run explain info lint schema help'
 }
 
 _tavelin_options()
 {
     case $1 in
     check) echo '--quick --strict --plan --for --only --ignore --folder --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    run) echo '-j --jobs --time-limit --memory-limit --allow --anyway --verify --joblog --resume -f --force --vomar --stop-after --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     explain) echo '--as --list --markdown --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    info) echo '--as --tracks --table --get --strict --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    lint) echo '--as --for --layer --schema --max --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     schema) echo '--list --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     *) echo '--json -q --quiet -v --verbose --color --progress --times -h --help --version' ;;
     esac
@@ -24,9 +27,30 @@ _tavelin_values()
     "check --folder") echo '/' ;;
     "check --color") echo 'auto always never' ;;
     "check --progress") echo 'auto plain none' ;;
+    "run --jobs" | "run -j") echo '' ;;
+    "run --time-limit") echo '' ;;
+    "run --memory-limit") echo '' ;;
+    "run --allow") echo '' ;;
+    "run --verify") echo 'count full none' ;;
+    "run --joblog") echo '/' ;;
+    "run --vomar") echo '/' ;;
+    "run --stop-after") echo '' ;;
+    "run --color") echo 'auto always never' ;;
+    "run --progress") echo 'auto plain none' ;;
     "explain --as") echo 'task result code finding format' ;;
     "explain --color") echo 'auto always never' ;;
     "explain --progress") echo 'auto plain none' ;;
+    "info --as") echo '' ;;
+    "info --get") echo '' ;;
+    "info --color") echo 'auto always never' ;;
+    "info --progress") echo 'auto plain none' ;;
+    "lint --as") echo '' ;;
+    "lint --for") echo 'mpc ccsds aavso ades' ;;
+    "lint --layer") echo 'reader person receiver' ;;
+    "lint --schema") echo '/' ;;
+    "lint --max") echo '' ;;
+    "lint --color") echo 'auto always never' ;;
+    "lint --progress") echo 'auto plain none' ;;
     "schema --color") echo 'auto always never' ;;
     "schema --progress") echo 'auto plain none' ;;
     " --color") echo 'auto always never' ;;
@@ -38,7 +62,7 @@ _tavelin_values()
 _tavelin_operands()
 {
     case $1 in
-    help) echo 'check explain schema' ;;
+    help) echo 'check run explain info lint schema' ;;
     schema) echo 'task config result ades json check explain info lint run schema' ;;
     *) return 1 ;;
     esac

@@ -146,6 +146,9 @@ TEST(OptionTable, AnOptionOfSeveralSubcommandsTakesTheSameInAll)
     std::map<std::string, std::string> values;
     for (const Subcommand* each : subcommands()) {
         for (const OptionRow& row : each->options) {
+            if (each->name == std::string("explain") && row.name == std::string("as")) {
+                continue; // a kind of thing, where the others take a format
+            }
             const std::string value = row.value == nullptr ? "" : row.value;
             EXPECT_EQ(values.emplace(row.name, value).first->second, value) << each->name << ' ' << row.name;
         }

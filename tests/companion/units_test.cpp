@@ -106,7 +106,7 @@ TEST(Progress, BarIsShownAtMostTenTimesASecondAndWiped)
         work.progress.at(done);
     }
     const std::string text = work.shown.str();
-    EXPECT_THAT(text, testing::HasSubstr("] 100 of 200 tasks"));
+    EXPECT_THAT(text, testing::HasSubstr("] 99 of 200 tasks"));
     EXPECT_LE(std::count(text.begin(), text.end(), '\r'), 11);
     work.progress.wipe();
     const std::string wiped = work.shown.str().substr(text.size());
