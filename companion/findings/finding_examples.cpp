@@ -123,8 +123,102 @@ constexpr FindingExample rows[] = {
      "task.xml:6:5: note: a light curve of a conversion has its magnitudes in the first of five columns [V073]"},
     {"V074", "check/names_with_blanks", "check task.xml",
      "task.xml: warning: 1 name with a blank or without a letter cannot be read back from mea files [V074]"},
+    {"V123", "lint/mpc_lines", "lint --layer reader --layer person report.txt",
+     "report.txt:7:34: warning: \"2 30 12.34\" is read as 0.62500 degrees [V123]"
+     "\n" "         K24Y04R  C2025 02 23.53234  2 30 12.34 +01 20 30.1          18.5 G      L02"
+     "\n" "                                     ^~~~~~~~~~"},
+    {"V127", "lint/mpc_lines", "lint --layer reader --layer person report.txt",
+     "report.txt:8:16: warning: \"2025 02 30\": its month has no such day [V127]"
+     "\n" "         K24Y04R  C2025 02 30.54234 12 30 60.00 +01 20 30.1          1x.5 G      L02"
+     "\n" "                   ^~~~~~~~~~"},
+    {"V128", "lint/mpc_lines", "lint --layer reader --layer person report.txt",
+     "report.txt:8:33: warning: hour, minute or second out of range: 12 30 60.00 [V128]"
+     "\n" "         K24Y04R  C2025 02 30.54234 12 30 60.00 +01 20 30.1          1x.5 G      L02"
+     "\n" "                                    ^~~~~~~~~~~"},
+    {"V131", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
+     "night.tdm:20:7: warning: another mark of the object has the same time [V131]"
+     "\n" "    MAG = 2025-02-23T12:05:00 11.3"
+     "\n" "          ^~~~~~~~~~~~~~~~~~~"},
     {"V168", "check/autoname_without_marks", "check task.xml",
      "./night.tel:2:1: warning: a block without marks [V168]"},
+    {"V171", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
+     "night.tdm:27:3: error: the key ANGLE_1 is not recognised for the blanks about it [V171]"
+     "\n" "      ANGLE_1 = 2025-02-23T12:09:00 121.7"
+     "\n" "      ^~~~~~~"},
+    {"V172", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
+     "night.tdm:28:1: error: this ANGLE_2 is lost: no MAG follows [V172]"
+     "\n" "    ANGLE_2 = 2025-02-23T12:09:00 31.5"
+     "\n" "    ^~~~~~~"},
+    {"V173", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
+     "night.tdm:20:1: error: MAG without angles before it in its segment [V173]"
+     "\n" "    MAG = 2025-02-23T12:05:00 11.3"
+     "\n" "    ^~~"},
+    {"V174", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
+     "night.tdm:21:33: error: the time is not found: several blanks before the value [V174]"
+     "\n" "    ANGLE_1 = 2025-02-23T12:06:00   121.5"
+     "\n" "                                    ^~~~~"},
+    {"V176", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
+     "night.tdm:12:11: error: times of TAI are taken for UTC [V176]"
+     "\n" "    ANGLE_1 = 2025-02-23T12:00:00 120.5"
+     "\n" "              ^~~~~~~~~~~~~~~~~~~"},
+    {"V177", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
+     "night.tdm:12:31: error: angles of the type AZEL are taken for right ascension and declination [V177]"
+     "\n" "    ANGLE_1 = 2025-02-23T12:00:00 120.5"
+     "\n" "                                  ^~~~~"},
+    {"V178", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
+     "night.tdm:20:1: warning: the segment has no PARTICIPANT_2 that is read, so its object is \"XL90E5A\" [V178]"
+     "\n" "    MAG = 2025-02-23T12:05:00 11.3"
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V179", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
+     "night.tdm:24:29: warning: the value 121.6 is read as 0: a unit or a blank follows it [V179]"
+     "\n" "    ANGLE_1 = 2025-054T12:08:00 121.6 [deg]"
+     "\n" "                                ^~~~~"},
+    {"V180", "lint/mpc_lines", "lint --layer reader --layer person report.txt",
+     "report.txt: note: 1 line of other kinds than observations skipped [V180]"},
+    {"V181", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
+     "night.tdm:12:31: note: the frame EME2000 is not taken over [V181]"
+     "\n" "    ANGLE_1 = 2025-02-23T12:00:00 120.5"
+     "\n" "                                  ^~~~~"},
+    {"V182", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
+     "night.tdm:22:11: warning: the time is not that of ANGLE_1, 2025-02-23T12:06:00 [V182]"
+     "\n" "    ANGLE_2 = 2025-02-23T12:07:00 31.3"
+     "\n" "              ^~~~~~~~~~~~~~~~~~~"},
+    {"V186", "lint/ssmas_lines", "lint night.ssm",
+     "night.ssm:26:1: error: object without the number of its block before it: it and 1 mark are lost [V186]"
+     "\n" "    E E"
+     "\n" "    ^~~"},
+    {"V187", "lint/ssmas_lines", "lint night.ssm",
+     "night.ssm:10:1: error: the line closes its object: 2 marks lost [V187]"
+     "\n" "    09.06.2016 06:09:22.46 16:47:15.98 -16.15.59.00 001 22.0"
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V188", "lint/ssmas_lines", "lint night.ssm",
+     "night.ssm:15:1: error: object line of other than two words: it and 1 mark are lost [V188]"
+     "\n" "    NGC 1 B"
+     "\n" "    ^~~~~~~"},
+    {"V189", "lint/ssmas_lines", "lint night.ssm",
+     "night.ssm:24:1: warning: this line makes the next track repeat 1 mark [V189]"
+     "\n" "     D"
+     "\n" "    ^~"},
+    {"V191", "lint/ssmas_lines", "lint night.ssm",
+     "night.ssm:9:37: note: the fraction of the arcsecond is dropped: \"-16.15.50.70\" [V191]"
+     "\n" "    09.06.2016 05:56:24.00  16:47:17.48 -16.15.50.70 001 22.1"
+     "\n" "                                        ^~~~~~~~~~~~"},
+    {"V192", "lint/ssmas_lines", "lint night.ssm",
+     "night.ssm:23:51: warning: negative magnitude \"0-1.2\" is read as 0 [V192]"
+     "\n" "    31.06.2016 05:56:24.00  16:47:17.48 -16.15.50 001 0-1.2"
+     "\n" "                                                      ^~~~~"},
+    {"V195", "lint/mpc_lines", "lint --layer reader --layer person report.txt",
+     "report.txt:6:1: error: observation of 79 bytes: skipped [V195]"
+     "\n" "         K24Y04R  C2025 02 23.52234 12 30 12.34 01 20 30.1          18.5 G      L02"
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V196", "lint/mpc_lines", "lint --layer reader --layer person report.txt",
+     "report.txt:4:5: warning: the station L02 holds for all observations, also for those of L01 [V196]"
+     "\n" "    COD L02"
+     "\n" "        ^~~"},
+    {"V197", "lint/mpc_lines", "lint --layer reader --layer person report.txt",
+     "report.txt:9:1: error: an observation that begins with the keyword COM [V197]"
+     "\n" "    COM12         C2025 02 23.55234 12 30 12.34 +01 20 30.1          18.5 G      L02"
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
     {"V200", "check/series_too_high", "check task.xml",
      "task.xml:14:13: error: the track table /tavelin/dataVO/table.txt does not exist [V200]"},
     {"V210", "check/first_track_without_marks", "check task.xml",
@@ -225,9 +319,69 @@ constexpr FindingExample rows[] = {
     {"V312", "check/long_running_names", "check task.xml",
      "task.xml: error: the name \"AST10000\" begins in column 5: names begin in column 6 and have up to 7 letters and digits [V312]"
      "\n" "    series 1 night, track 9000 AST10000, mark 0, 2023-02-25T12:00:00.000"},
+    {"V313", "lint/for_mpc", "lint --for mpc --layer receiver report.txt",
+     "report.txt:6:33: error: the right ascension has seconds of 60: \"12 30 60.00\" [V313]"
+     "\n" "         K24Y04R  C2025 02 23.99998 12 30 60.00 +01 20 30.1          00.0 G      L01"
+     "\n" "                                    ^~~~~~~~~~~"},
+    {"V314", "lint/for_mpc", "lint --for mpc --layer receiver report.txt",
+     "report.txt:5:45: error: the declination has no sign in column 45 [V314]"
+     "\n" "         K24Y04R  C2025 02 23.52234 12 30 12.34 01 20 30.1          18.5 G      L01"
+     "\n" "                                                ^"},
+    {"V315", "lint/for_mpc", "lint --for mpc --layer receiver report.txt",
+     "report.txt:6:66: warning: the magnitude is 00.0 [V315]"
+     "\n" "         K24Y04R  C2025 02 23.99998 12 30 60.00 +01 20 30.1          00.0 G      L01"
+     "\n" "                                                                     ^~~~"},
+    {"V316", "lint/for_mpc", "lint --for mpc --layer receiver report.txt",
+     "report.txt:7:71: error: columns 71 to 77 hold \"C      \": the band C is no longer taken [V316]"
+     "\n" "         K24Y04R  C2025 02 23.00000 12 30 12.34 +01 20 30.1          18.5 C      L01"
+     "\n" "                                                                          ^~~~~~~"},
+    {"V317", "lint/for_mpc", "lint --for mpc --layer receiver report.txt",
+     "report.txt:7:16: error: the last half second of 2025 02 23 is written as .00000 of that day [V317]"
+     "\n" "         K24Y04R  C2025 02 23.00000 12 30 12.34 +01 20 30.1          18.5 C      L01"
+     "\n" "                   ^~~~~~~~~~~~~~~~~"},
     {"V318", "check/satellite_in_mpc", "check task.xml",
      "task.xml: error: \"25544\" is an artificial satellite [V318]"
      "\n" "    series 1 night, track 0 25544, mark 0, 2023-02-25T12:00:00.000"},
+    {"V319", "lint/for_mpc", "lint --for mpc --layer receiver report.txt",
+     "report.txt:9:1: error: the designation \"C/2023 A3\" is not packed [V319]"
+     "\n" "    C/2023 A3     C2025 02 23.51234 12 30 12.34 +01 20 30.1          18.5 G      L01"
+     "\n" "    ^~~~~~~~~~~~"},
+    {"V320", "lint/for_mpc", "lint --for mpc --layer receiver report.txt",
+     "report.txt:2:5: error: the head of the report: the name \"John Tolkien\" is not written as \"J. R. Tolkien\" [V320]"
+     "\n" "    OBS John Tolkien"
+     "\n" "        ^~~~~~~~~~~~"},
+    {"V340", "lint/for_ccsds", "lint --for ccsds --layer receiver night.tdm",
+     "night.tdm:2:17: error: the creation date 0-00-00T00:00:00 is no date [V340]"
+     "\n" "    CREATION_DATE = 0-00-00T00:00:00"
+     "\n" "                    ^~~~~~~~~~~~~~~~"},
+    {"V341", "lint/for_ccsds", "lint --for ccsds --layer receiver night.tdm",
+     "night.tdm:18:7: error: version 1.0 has no key MAG [V341]"
+     "\n" "    MAG = 2025-02-23T12:00:00 nan"
+     "\n" "          ^~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V342", "lint/for_ccsds", "lint --for ccsds --layer receiver night.tdm",
+     "night.tdm:13:19: error: REFERENCE_FRAME has the value \"J2000\", which is no frame of the standard [V342]"
+     "\n" "    REFERENCE_FRAME = J2000"
+     "\n" "                      ^~~~~"},
+    {"V343", "lint/for_ccsds", "lint --for ccsds --layer receiver night.tdm",
+     "night.tdm:16:11: error: the angle 360.0000000 is not from -180 to below 360 [V343]"
+     "\n" "    ANGLE_1 = 2025-02-23T12:00:00 360.0000000"
+     "\n" "              ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V344", "lint/for_ccsds", "lint --for ccsds --layer receiver night.tdm",
+     "night.tdm:18:7: error: MAG has no finite number, \"nan\" [V344]"
+     "\n" "    MAG = 2025-02-23T12:00:00 nan"
+     "\n" "          ^~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V345", "lint/for_ccsds", "lint --for ccsds --layer receiver night.tdm",
+     "night.tdm:6:14: warning: START_TIME 2025-02-23T12:00:00 is not the earliest time of the data [V345]"
+     "\n" "    START_TIME = 2025-02-23T12:00:00"
+     "\n" "                 ^~~~~~~~~~~~~~~~~~~"},
+    {"V346", "lint/for_ccsds", "lint --for ccsds --layer receiver night.tdm",
+     "night.tdm:21:7: error: the end of the day is written as 2025-02-23T00:00:00.00000 [V346]"
+     "\n" "    MAG = 2025-02-23T00:00:00.00000 21.2"
+     "\n" "          ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V360", "lint/for_aavso", "lint --for aavso --layer receiver night.txt",
+     "night.txt:10:1: error: 16 fields, where 15 are wanted: NAME is \"A\" [V360]"
+     "\n" "    A,B,2457878.75315,12.847,0.011,V,NO,STD,ENSEMBLE,na,120,na,na,na,X17724AYH,na"
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
     {"V361", "check/conversion_to_aavso", "check task.xml",
      "task.xml: error: MAGERR is \"inf\": a number from 0 to below 1 is wanted, or na, the first of 2 such marks [V361]"
      "\n" "    track 0 12345, mark 0, 2023-02-25T12:00:00.000"
@@ -236,6 +390,26 @@ constexpr FindingExample rows[] = {
      "task.xml: error: the magnitude is 0.000, the first of 2 such marks [V362]"
      "\n" "    track 0 12345, mark 0, 2023-02-25T12:00:00.000"
      "\n" "    track 0 12345, mark 1, 2023-02-25T12:10:00.000"},
+    {"V363", "lint/for_aavso", "lint --for aavso --layer receiver night.txt",
+     "night.txt:7:56: error: KNAME is \"\": empty, where na is wanted [V363]"
+     "\n" "    V1023 Her,2457878.75315,0.000,inf,V,NO,STD,ENSEMBLE,na,,na,na,na,X17724AYH,na"
+     "\n" "                                                           ^"},
+    {"V364", "lint/for_aavso", "lint --for aavso --layer receiver night.txt",
+     "night.txt:8:11: warning: the date 57878.25315 is no Julian date; a modified one? [V364]"
+     "\n" "    V1023 Her,57878.25315,12.8471234,0.011,Clear,NO,STD,ENSEMBLE,na,120,na,na,na,X17724AYH,na"
+     "\n" "              ^~~~~~~~~~~"},
+    {"V380", "lint/for_ades", "lint --for ades --layer receiver night.psv",
+     "night.psv:10:12: error: aperture is \".6\": a decimal above 0 of at most 6 characters [V380]"
+     "\n" "    ! aperture .6"
+     "\n" "               ^~"},
+    {"V381", "lint/for_ades", "lint --for ades --layer receiver night.psv",
+     "night.psv:14:66: error: band: the word \"C\" is not for new work [V381]"
+     "\n" "    433||CCD|703|2025-02-30T12:17:46.176Z|360.0|1.341694|Gaia3|18.53|C"
+     "\n" "                                                                     ^"},
+    {"V382", "lint/for_ades", "lint --for ades --layer receiver night.psv",
+     "night.psv:14:10: warning: stn is 703, and mpcCode of the block is 568 [V382]"
+     "\n" "    433||CCD|703|2025-02-30T12:17:46.176Z|360.0|1.341694|Gaia3|18.53|C"
+     "\n" "             ^~~"},
     {"V400", "run/other_code", "run code-1.xml",
      "code-1.xml: failed: the result reports code 7 where the plan expects code 0 [V400]"},
     {"V401", "run/no_result", "run silent-1.xml",

@@ -383,7 +383,7 @@ constexpr FindingRow rows[] = {
     {"V188", Severity::error, false, "cl", "object line of other than two words: it and {marks} are lost",
      "The line of an object is its two numbers with one blank between them.",
      "Write names and numbers without blanks."},
-    {"V189", Severity::warning, false, "cl", "{marks} come again in the next track",
+    {"V189", Severity::warning, false, "cl", "this line makes the next track repeat {marks}",
      "A line of two words of which the first is empty begins a track and does not end the object before it.",
      "Take the blank at its front away, or give the object a name."},
     {"V190", Severity::error, false, "cl", "more than 1,000,000 marks come again",
