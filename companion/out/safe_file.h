@@ -1,0 +1,44 @@
+// Safe file: a file that is there as a whole or not at all, and that is never written over an input.
+//
+//   SafeFile file("night.ready.txt", force, {"night.mea"});
+//   file.write(text);
+//   file.commit();
+
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace companion {
+
+/// A new file. Until it is committed its bytes have no name, or where the file system has no such files a
+/// name beside the target that goes with the object.
+class SafeFile
+{
+public:
+    /// Opens it. Throws WrongUsage for a target that is one of the inputs by device and inode (V005), that
+    /// exists and is not to be replaced (V004), or whose folder cannot be written (V003).
+    SafeFile(std::string path, bool force, const std::vector<std::string>& inputs);
+    ~SafeFile();
+    SafeFile(const SafeFile&) = delete;
+    SafeFile& operator=(const SafeFile&) = delete;
+
+    /// Appends bytes. Throws WrongUsage (V003) where that fails.
+    void write(std::string_view bytes);
+
+    /// Gives the file its name, once all bytes are on the disk; a file that it replaces is there until then.
+    /// Throws WrongUsage (V003, or V004 for a file that has come in between).
+    void commit();
+
+private:
+    void open();
+    void giveName(const std::string& name) const;
+
+    std::string path;
+    bool replaces;
+    std::string beside; // the name until the commit; empty where it has none yet
+    int descriptor = -1;
+};
+
+} // namespace companion
