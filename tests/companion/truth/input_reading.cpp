@@ -168,7 +168,9 @@ InputReading readInputs(const companion::CheckedTask& checked)
         }
         for (const LineReport& report : watch.reports) {
             const bool isThere = report.line >= 1 && report.line <= lines.size();
-            reading.linesLost += isThere && losesMark(report, lines[report.line - 1], read.format) ? 1 : 0;
+            if (isThere && losesMark(report, lines[report.line - 1], read.format)) {
+                ++reading.linesLost;
+            }
         }
         marks += marksOf(input, columns);
     }
