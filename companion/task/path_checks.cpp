@@ -312,7 +312,7 @@ private:
         const std::string& folder = asWritten.out_dir;
         const bool exists = DirectoryExists(folder);
         const auto state = stateOf(normalizeSeparatorDir(folder));
-        if (folder.empty() && isReport(task)) {
+        if (folder.empty() && (isReport(task) || task.path_in.empty())) {
             add("out_dir", finding("V037", {{"dir", ""}, {"problem", "is empty"}}));
         } else if (!folder.empty() && !exists) {
             const std::string problem = state ? "is not a folder but " + kindOf(*state) : "does not exist";
@@ -330,9 +330,7 @@ private:
         folderIsTold = std::any_of(all.begin(), all.end(), [](const Finding& each) {
             return each.code == "V037" || each.code == "V038" || each.code == "V039";
         });
-        if (!exists && !isReport(task) && !task.path_in.empty() &&
-            task.path_in.find_first_of(separators) == std::string::npos)
-        {
+        if (!exists && !task.path_in.empty() && task.path_in.find_first_of(separators) == std::string::npos) {
             add("path_in", finding("V053", {{"path", printable(task.path_in)}}));
             folderIsTold = true;
         }
