@@ -16,6 +16,13 @@ using testing::HasSubstr;
 
 constexpr int rowsOfCodeTable = 154;
 
+// Whether a text is made of sentences: from a capital letter to a full stop.
+bool isSentences(std::string_view text)
+{
+    return text.size() > 2 && text.front() >= 'A' && text.front() <= 'Z' && text.back() == '.' &&
+           text.find('{') == std::string_view::npos;
+}
+
 // What follows "tavelin " in a text, word by word.
 std::vector<std::string> subcommandsIn(std::string_view text)
 {
@@ -26,6 +33,15 @@ std::vector<std::string> subcommandsIn(std::string_view text)
         words.emplace_back(text.substr(at, text.find_first_not_of("abcdefghijklmnopqrstuvwxyz", at) - at));
     }
     return words;
+}
+
+TEST(FindingTable, SaysWhatHappensAndWhatToDoInWholeSentences)
+{
+    for (const FindingRow& row : findingTable()) {
+        SCOPED_TRACE(row.code.text());
+        EXPECT_TRUE(isSentences(row.happens)) << row.happens;
+        EXPECT_TRUE(isSentences(row.remedy)) << row.remedy;
+    }
 }
 
 TEST(FindingTable, NamesOnlySubcommandsThatThereAre)
