@@ -81,6 +81,13 @@ std::string magnitudesText(const FileInfo& info)
     return info.hasMagnitudes ? magnitudeText(info.brightest) + " to " + magnitudeText(info.faintest) : "";
 }
 
+// "131: 1 head, 130 marks, 0 skipped".
+std::string fatesText(const FileInfo& info)
+{
+    const std::string text = accountText(info.account);
+    return counted(info.account.lines) + text.substr(text.find(':'));
+}
+
 // In the order of the document. The text of a file shows those with a label that have a value.
 const InfoKey keys[] = {
     {"format", [](const FileInfo& info) { return orNull(info.format); },
@@ -107,7 +114,7 @@ const InfoKey keys[] = {
     {"frames", [](const FileInfo& info) { return listOf(info.frames); },
      [](const FileInfo& info) { return joined(info.frames); }, "frames"},
     {"lines", [](const FileInfo& info) { return accountJson(info.account); },
-     [](const FileInfo& info) { return accountText(info.account); }, nullptr},
+     [](const FileInfo& info) { return fatesText(info); }, nullptr},
     {"passed", passedJson, passedText, "skipped"},
     {"bytes", [](const FileInfo& info) { return Json(info.bytes); },
      [](const FileInfo& info) { return std::to_string(info.bytes); }, nullptr},
@@ -167,7 +174,7 @@ void showWhole(std::ostream& out, const FileInfo& info, bool isVerbose)
             showLabelled(out, "time", info.first + " to " + info.last);
         }
     }
-    showLabelled(out, "lines", accountText(info.account));
+    showLabelled(out, "lines", fatesText(info));
     if (isVerbose || info.form.encoding != "ASCII" || info.form.lineEnds != "LF") {
         showLabelled(out, "bytes",
                      counted(info.bytes) + ", " + info.form.encoding + ", line ends " + info.form.lineEnds);

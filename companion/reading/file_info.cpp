@@ -24,6 +24,9 @@ namespace {
 constexpr std::string_view trackFormats[] = {"mea", "telegram", "tdm",     "ssmas",
                                              "mpc", "table",    "tdm.xml", "horizons"};
 
+// The finding of lines of other kinds than those that are read.
+constexpr FindingCode ofOtherKinds = "V180";
+
 // A moment that can be compared without rounding.
 struct Moment
 {
@@ -248,14 +251,26 @@ private:
     std::set<std::string>& frames;
 };
 
+std::size_t firstPassed(const LineFates& fates)
+{
+    std::size_t line = 1;
+    while (line < fates.size() && fates.fate(line) != tavelinUtils::LineFate::passed) {
+        ++line;
+    }
+    return line;
+}
+
 // Why lines were skipped: by the findings of lint, which is only asked where there are such lines.
-std::vector<PassedLines> passedLines(const std::string& path, const std::string& format)
+// One finding tells of all lines of other kinds than those that are read.
+std::vector<PassedLines> passedLines(const std::string& path, const std::string& format,
+                                     const LineFates& fates)
 {
     std::map<FindingCode, PassedLines> codes;
     LintSettings settings;
     settings.person = false;
     lintFile(path, format, settings, [&codes](const Finding& found) {
-        if (found.code < FindingCode("V150") || found.severity != Severity::error) {
+        const bool isOfLines = found.code >= FindingCode("V150") && found.severity == Severity::error;
+        if (!isOfLines && found.code != ofOtherKinds && found.code != FindingCode("V061")) {
             return; // bytes and fields
         }
         PassedLines& lines = codes[found.code];
@@ -263,6 +278,11 @@ std::vector<PassedLines> passedLines(const std::string& path, const std::string&
         lines.firstLine = lines.count == 0 ? found.line : lines.firstLine;
         ++lines.count;
     });
+    const auto others = codes.find(ofOtherKinds);
+    if (others != codes.end()) {
+        others->second.count = fates.count(tavelinUtils::LineFate::passed);
+        others->second.firstLine = firstPassed(fates);
+    }
     std::vector<PassedLines> all;
     for (const auto& [code, lines] : codes) {
         all.push_back(lines);
@@ -295,7 +315,7 @@ FileInfo fileInfo(const std::string& path, const std::string& format, int confid
         tavelinUtils::readLines(path, frames);
     }
     if (info.account.passed + info.account.lost + info.account.refused > 0) {
-        info.passed = passedLines(path, format);
+        info.passed = passedLines(path, format, fates);
     }
     return info;
 }

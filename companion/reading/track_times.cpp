@@ -21,10 +21,10 @@ std::uint64_t hashOf(std::string_view track, int date, double time)
     return hash;
 }
 
-// A mark of this moment has no time: its date could not be read.
-bool hasTime(int date, double time)
+// A mark of day 0 has no time: its date could not be read.
+bool hasTime(int date)
 {
-    return date != 0 || time != 0.0;
+    return date != 0;
 }
 
 } // namespace
@@ -44,7 +44,7 @@ void TrackTimes::add(const tavelinUtils::TrackVtorichka& track)
     }
     std::vector<std::pair<int, double>> moments;
     for (const auto& mark : track.Marks) {
-        if (hasTime(mark.date, mark.time)) {
+        if (hasTime(mark.date)) {
             moments.emplace_back(mark.date, mark.time);
         }
     }
@@ -72,7 +72,7 @@ void TimeFindings::mark(std::string_view track, int date, double time, const Str
                         LintOutput& out)
 {
     const TrackTimes& times = out.times();
-    if (!times.areOdd() || !hasTime(date, time)) {
+    if (!times.areOdd() || !hasTime(date)) {
         return;
     }
     if (times.isShared(track, date, time)) {
