@@ -11,10 +11,10 @@ namespace {
 constexpr FindingExample rows[] = {
     {"V001", "explain/markdown_without_list", "explain --markdown V240",
      "tavelin: --markdown: goes with --list only [V001]"},
-    {"V002", "explain/unknown_code", "explain 14",
-     "tavelin: no result code \"14\" [V002]"},
-    {"V003", "explain/measurement_file", "explain night.mea",
-     "tavelin: night.mea: it is of the form MEA; see tavelin info [V003]"},
+    {"V002", "lint/wrong_format_word", "lint --as maa night.mea",
+     "tavelin: no format \"maa\"; did you mean \"mea\"? [V002]"},
+    {"V003", "lint/missing_file", "lint missing.mea night.mea",
+     "tavelin: missing.mea: No such file or directory [V003]"},
     {"V010", "check/missing_task", "check missing.xml",
      "missing.xml: error: the task cannot be opened: No such file or directory [V010]"},
     {"V011", "check/less_than_in_value", "check task.xml",
@@ -99,6 +99,10 @@ constexpr FindingExample rows[] = {
      "task.xml:3:5: warning: path_in \"data\\night.mea\" contains a backslash [V054]"},
     {"V060", "check/backslashes", "check task.xml",
      "task.xml:3:5: error: the input data\\night.mea does not exist [V060]"},
+    {"V061", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "date_too_short.mea:2:9: error: reading ends at line 2: \"250\" is too short to be date [V061]"
+     "\n" "    12345   250 1200000000 0100000000 +205301234 001 09.50"
+     "\n" "            ^~~"},
     {"V062", "check/backslashes", "check task.xml",
      "task.xml:3:5: error: no tracks can be read from data\\night.mea [V062]"},
     {"V064", "check/autoname_without_marks", "check task.xml",
@@ -123,22 +127,128 @@ constexpr FindingExample rows[] = {
      "task.xml:6:5: note: a light curve of a conversion has its magnitudes in the first of five columns [V073]"},
     {"V074", "check/names_with_blanks", "check task.xml",
      "task.xml: warning: 1 name with a blank or without a letter cannot be read back from mea files [V074]"},
-    {"V123", "lint/mpc_lines", "lint --layer reader --layer person report.txt",
-     "report.txt:7:34: warning: \"2 30 12.34\" is read as 0.62500 degrees [V123]"
-     "\n" "         K24Y04R  C2025 02 23.53234  2 30 12.34 +01 20 30.1          18.5 G      L02"
-     "\n" "                                     ^~~~~~~~~~"},
-    {"V127", "lint/mpc_lines", "lint --layer reader --layer person report.txt",
-     "report.txt:8:16: warning: \"2025 02 30\": its month has no such day [V127]"
-     "\n" "         K24Y04R  C2025 02 30.54234 12 30 60.00 +01 20 30.1          1x.5 G      L02"
+    {"V100", "lint/byte_order_mark_mea", "lint night.mea",
+     "night.mea:1:1: error: byte order mark at the start of the file [V100]"
+     "\n" "    \\xEF\\xBB\\xBFK88 2000.0 UTC"
+     "\n" "    ^~~~~~~~~~~~"},
+    {"V101", "lint/telegram_lines", "lint --as telegram another_word_for_end.tel blank_at_the_end_of_a_mark.tel blank_at_the_front_of_a_mark.tel block_without_marks.tel byte_order_mark.tel bytes_of_no_text.tel carriage_returns_alone.tel date_too_short.tel day_31_of_february.tel declination_without_sign.tel empty.tel end_after_two_blanks.tel end_with_a_blank.tel end_without_a_block.tel four_words.tel head_of_four_words.tel head_with_a_blank_at_its_front.tel letters_for_numbers.tel line_of_two_blanks.tel magnitude_after_letters.tel magnitude_of_seven_digits.tel magnitude_of_three_characters.tel magnitude_too_short.tel mark_outside_a_block.tel month_13.tel negative_magnitude.tel no_end_at_the_end.tel no_end_between_blocks.tel no_line_feed_at_the_end.tel two_blanks_in_a_mark.tel two_bytes_at_the_ends_of_lines.tel wide_characters.tel",
+     "wide_characters.tel:1:1: error: the text is UTF-16 [V101]"
+     "\n" "    \\xFF\\xFEM\\x00P\\x00C\\x00 \\x008\\x000\\x007\\x00 \\x00P\\x001\\x000\\x00v\\x00t\\x00D\\x00N\\x00"
+     "\n" "    ^~~~~~~~"},
+    {"V102", "lint/cr_only", "lint night.mea table.txt",
+     "night.mea:1:15: error: lines end in carriage returns alone [V102]"
+     "\n" "    K88 2000.0 UTC\\x0D12345   250223 1200000000 0100000000 +205301234 001 09.50\\x0D12345   250223 1230000000 0100000000 +205301234 001 09.50"
+     "\n" "                  ^~~~"},
+    {"V103", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "zero_bytes.mea:2:2: warning: control bytes in the line [V103]"
+     "\n" "    a\\x00b     250223 1200000000 0100000000 +205301234 001 09.50"
+     "\n" "     ^~~~"},
+    {"V104", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "name_in_latin_1.mea:2:4: note: characters other than ASCII [V104]"
+     "\n" "    Ces\\xE1r   250223 1200000000 0100000000 +205301234 001 09.50"
+     "\n" "       ^~~~"},
+    {"V105", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "tabs_between_fields.mea:2:6: warning: a tab where the fields have blanks between them [V105]"
+     "\n" "    12345\\x09\\x09\\x09250223\\x091200000000\\x090100000000\\x09+205301234\\x09001\\x0909.50"
+     "\n" "         ^~~~"},
+    {"V106", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "mixed_ends_of_lines.mea:3: note: a line that ends in a line feed alone, unlike those before it [V106]"},
+    {"V120", "lint/example", "lint night.mea",
+     "night.mea:4:38: error: declination without a sign: the reader takes \"120\" for sign and degrees [V120]"
+     "\n" "    12345   250223 1300000000 0100000000 1205301234 001 09,50"
+     "\n" "                                         ^~~~~~~~~~"},
+    {"V121", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "declination_beyond_the_pole.mea:2:38: error: declination 90.88367611111111 is outside -90 to 90 [V121]"
+     "\n" "    12345   250223 1200000000 0100000000 +905301234 001 09.50"
+     "\n" "                                         ^~~~~~~~~~"},
+    {"V122", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "letters_for_numbers.mea:2:53: error: \"faint\" is no number [V122]"
+     "\n" "    12345   oneday 1200000000 0100000000 +205301234 001 faint"
+     "\n" "                                                        ^~~~~"},
+    {"V123", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "digits_and_letters.mea:2:16: warning: \"12000O0000\" is read as 12:00:00.000 [V123]"
+     "\n" "    12345   250223 12000O0000 0100000000 +205301234 001 9.5O"
      "\n" "                   ^~~~~~~~~~"},
-    {"V128", "lint/mpc_lines", "lint --layer reader --layer person report.txt",
-     "report.txt:8:33: warning: hour, minute or second out of range: 12 30 60.00 [V128]"
-     "\n" "         K24Y04R  C2025 02 30.54234 12 30 60.00 +01 20 30.1          1x.5 G      L02"
-     "\n" "                                    ^~~~~~~~~~~"},
-    {"V131", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
-     "night.tdm:20:7: warning: another mark of the object has the same time [V131]"
-     "\n" "    MAG = 2025-02-23T12:05:00 11.3"
-     "\n" "          ^~~~~~~~~~~~~~~~~~~"},
+    {"V124", "lint/decimal_comma", "lint night.mea table.txt",
+     "night.mea:3:53: warning: decimal comma: \"09,50\" is read as 9 [V124]"
+     "\n" "    12345   250223 1230000000 0100000000 +205301234 001 09,50"
+     "\n" "                                                        ^~~~~"},
+    {"V125", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "not_a_number.mea:2:53: error: \"nan\" is no finite number [V125]"
+     "\n" "    12345   250223 1200000000 0100000000 +205301234 001 nan"
+     "\n" "                                                        ^~~"},
+    {"V126", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "letters_for_numbers.mea:2:9: error: \"oneday\" is no date [V126]"
+     "\n" "    12345   oneday 1200000000 0100000000 +205301234 001 faint"
+     "\n" "            ^~~~~~"},
+    {"V127", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "day_0.mea:2:9: warning: \"000223\": its month has no such day [V127]"
+     "\n" "    12345   000223 1200000000 0100000000 +205301234 001 09.50"
+     "\n" "            ^~~~~~"},
+    {"V128", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "hour_24_and_second_60.mea:2:16: warning: hour, minute or second out of range: 2400600000 [V128]"
+     "\n" "    12345   250223 2400600000 0100000000 +205301234 001 09.50"
+     "\n" "                   ^~~~~~~~~~"},
+    {"V129", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "right_ascension_of_hour_25.mea:2:27: warning: right ascension 375 is outside 0 to 360 [V129]"
+     "\n" "    12345   250223 1200000000 2500000000 +205301234 001 09.50"
+     "\n" "                              ^~~~~~~~~~"},
+    {"V130", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "magnitudes_out_of_range.mea:2:53: note: magnitude 0: the tool writes 0 where none is known [V130]"
+     "\n" "    12345   250223 1200000000 0100000000 +205301234 001 00.00"
+     "\n" "                                                        ^~~~~"},
+    {"V131", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "two_marks_at_one_time.mea:2:16: warning: another mark of the object has the same time [V131]"
+     "\n" "    12345   250223 1200000000 0100000000 +205301234 001 09.50"
+     "\n" "                   ^~~~~~~~~~"},
+    {"V132", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "day_31_of_february.mea:3:16: note: the mark is earlier than the one before it [V132]"
+     "\n" "    12345   250223 1230000000 0100000000 +205301234 001 09.50"
+     "\n" "                   ^~~~~~~~~~"},
+    {"V133", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "year_99.mea:2:9: warning: year 2099 lies ahead [V133]"
+     "\n" "    12345   250299 1200000000 0100000000 +205301234 001 09.50"
+     "\n" "            ^~~~~~"},
+    {"V150", "lint/example", "lint night.mea",
+     "night.mea:5:1: error: line of 2 words: skipped [V150]"
+     "\n" "    a b"
+     "\n" "    ^~~"},
+    {"V151", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
+     "no_site_line.mea:1:1: error: the first line looks like a mark [V151]"
+     "\n" "    12345   250223 1200000000 0100000000 +205301234 001 09.50"
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V160", "lint/telegram_lines", "lint --as telegram another_word_for_end.tel blank_at_the_end_of_a_mark.tel blank_at_the_front_of_a_mark.tel block_without_marks.tel byte_order_mark.tel bytes_of_no_text.tel carriage_returns_alone.tel date_too_short.tel day_31_of_february.tel declination_without_sign.tel empty.tel end_after_two_blanks.tel end_with_a_blank.tel end_without_a_block.tel four_words.tel head_of_four_words.tel head_with_a_blank_at_its_front.tel letters_for_numbers.tel line_of_two_blanks.tel magnitude_after_letters.tel magnitude_of_seven_digits.tel magnitude_of_three_characters.tel magnitude_too_short.tel mark_outside_a_block.tel month_13.tel negative_magnitude.tel no_end_at_the_end.tel no_end_between_blocks.tel no_line_feed_at_the_end.tel two_blanks_in_a_mark.tel two_bytes_at_the_ends_of_lines.tel wide_characters.tel",
+     "no_end_at_the_end.tel:6:1: error: block without END: 2 marks lost [V160]"
+     "\n" "    MPC 807 P10vxDx"
+     "\n" "    ^~~~~~~~~~~~~~~"},
+    {"V161", "lint/telegram_lines", "lint --as telegram another_word_for_end.tel blank_at_the_end_of_a_mark.tel blank_at_the_front_of_a_mark.tel block_without_marks.tel byte_order_mark.tel bytes_of_no_text.tel carriage_returns_alone.tel date_too_short.tel day_31_of_february.tel declination_without_sign.tel empty.tel end_after_two_blanks.tel end_with_a_blank.tel end_without_a_block.tel four_words.tel head_of_four_words.tel head_with_a_blank_at_its_front.tel letters_for_numbers.tel line_of_two_blanks.tel magnitude_after_letters.tel magnitude_of_seven_digits.tel magnitude_of_three_characters.tel magnitude_too_short.tel mark_outside_a_block.tel month_13.tel negative_magnitude.tel no_end_at_the_end.tel no_end_between_blocks.tel no_line_feed_at_the_end.tel two_blanks_in_a_mark.tel two_bytes_at_the_ends_of_lines.tel wide_characters.tel",
+     "end_after_two_blanks.tel:4:1: error: head line inside a block [V161]"
+     "\n" "    MPC 807 P10vxDx"
+     "\n" "    ^~~~~~~~~~~~~~~"},
+    {"V162", "lint/telegram_lines", "lint --as telegram another_word_for_end.tel blank_at_the_end_of_a_mark.tel blank_at_the_front_of_a_mark.tel block_without_marks.tel byte_order_mark.tel bytes_of_no_text.tel carriage_returns_alone.tel date_too_short.tel day_31_of_february.tel declination_without_sign.tel empty.tel end_after_two_blanks.tel end_with_a_blank.tel end_without_a_block.tel four_words.tel head_of_four_words.tel head_with_a_blank_at_its_front.tel letters_for_numbers.tel line_of_two_blanks.tel magnitude_after_letters.tel magnitude_of_seven_digits.tel magnitude_of_three_characters.tel magnitude_too_short.tel mark_outside_a_block.tel month_13.tel negative_magnitude.tel no_end_at_the_end.tel no_end_between_blocks.tel no_line_feed_at_the_end.tel two_blanks_in_a_mark.tel two_bytes_at_the_ends_of_lines.tel wide_characters.tel",
+     "another_word_for_end.tel:4:1: warning: \"STOP\" closes the block like END [V162]"
+     "\n" "    STOP"
+     "\n" "    ^~~~"},
+    {"V163", "lint/telegram_lines", "lint --as telegram another_word_for_end.tel blank_at_the_end_of_a_mark.tel blank_at_the_front_of_a_mark.tel block_without_marks.tel byte_order_mark.tel bytes_of_no_text.tel carriage_returns_alone.tel date_too_short.tel day_31_of_february.tel declination_without_sign.tel empty.tel end_after_two_blanks.tel end_with_a_blank.tel end_without_a_block.tel four_words.tel head_of_four_words.tel head_with_a_blank_at_its_front.tel letters_for_numbers.tel line_of_two_blanks.tel magnitude_after_letters.tel magnitude_of_seven_digits.tel magnitude_of_three_characters.tel magnitude_too_short.tel mark_outside_a_block.tel month_13.tel negative_magnitude.tel no_end_at_the_end.tel no_end_between_blocks.tel no_line_feed_at_the_end.tel two_blanks_in_a_mark.tel two_bytes_at_the_ends_of_lines.tel wide_characters.tel",
+     "end_after_two_blanks.tel:3:1: error: END with a blank closes nothing [V163]"
+     "\n" "      END"
+     "\n" "    ^~~~~"},
+    {"V164", "lint/telegram_lines", "lint --as telegram another_word_for_end.tel blank_at_the_end_of_a_mark.tel blank_at_the_front_of_a_mark.tel block_without_marks.tel byte_order_mark.tel bytes_of_no_text.tel carriage_returns_alone.tel date_too_short.tel day_31_of_february.tel declination_without_sign.tel empty.tel end_after_two_blanks.tel end_with_a_blank.tel end_without_a_block.tel four_words.tel head_of_four_words.tel head_with_a_blank_at_its_front.tel letters_for_numbers.tel line_of_two_blanks.tel magnitude_after_letters.tel magnitude_of_seven_digits.tel magnitude_of_three_characters.tel magnitude_too_short.tel mark_outside_a_block.tel month_13.tel negative_magnitude.tel no_end_at_the_end.tel no_end_between_blocks.tel no_line_feed_at_the_end.tel two_blanks_in_a_mark.tel two_bytes_at_the_ends_of_lines.tel wide_characters.tel",
+     "head_of_four_words.tel:2:1: error: mark outside a block: skipped [V164]"
+     "\n" "    090616 05562400 16471748 -16155070 001221"
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V165", "lint/telegram_lines", "lint --as telegram another_word_for_end.tel blank_at_the_end_of_a_mark.tel blank_at_the_front_of_a_mark.tel block_without_marks.tel byte_order_mark.tel bytes_of_no_text.tel carriage_returns_alone.tel date_too_short.tel day_31_of_february.tel declination_without_sign.tel empty.tel end_after_two_blanks.tel end_with_a_blank.tel end_without_a_block.tel four_words.tel head_of_four_words.tel head_with_a_blank_at_its_front.tel letters_for_numbers.tel line_of_two_blanks.tel magnitude_after_letters.tel magnitude_of_seven_digits.tel magnitude_of_three_characters.tel magnitude_too_short.tel mark_outside_a_block.tel month_13.tel negative_magnitude.tel no_end_at_the_end.tel no_end_between_blocks.tel no_line_feed_at_the_end.tel two_blanks_in_a_mark.tel two_bytes_at_the_ends_of_lines.tel wide_characters.tel",
+     "bytes_of_no_text.tel:2:1: error: head of 2 words: the marks of its block are skipped [V165]"
+     "\n" "    \\x0B\\x0C\\x0D\\x0E\\x0F\\x10\\x11\\x12\\x13\\x14\\x15\\x16\\x17\\x18\\x19\\x1A\\x1B\\x1C\\x1D\\x1E\\x1F !\"#$%&'()*+,-./0123456789:;<=>?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]^_`abcdefghijklmnopqrstuvwxyz{|}~\\x7F\\x80\\x81\\x82..."
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V166", "lint/telegram_lines", "lint --as telegram another_word_for_end.tel blank_at_the_end_of_a_mark.tel blank_at_the_front_of_a_mark.tel block_without_marks.tel byte_order_mark.tel bytes_of_no_text.tel carriage_returns_alone.tel date_too_short.tel day_31_of_february.tel declination_without_sign.tel empty.tel end_after_two_blanks.tel end_with_a_blank.tel end_without_a_block.tel four_words.tel head_of_four_words.tel head_with_a_blank_at_its_front.tel letters_for_numbers.tel line_of_two_blanks.tel magnitude_after_letters.tel magnitude_of_seven_digits.tel magnitude_of_three_characters.tel magnitude_too_short.tel mark_outside_a_block.tel month_13.tel negative_magnitude.tel no_end_at_the_end.tel no_end_between_blocks.tel no_line_feed_at_the_end.tel two_blanks_in_a_mark.tel two_bytes_at_the_ends_of_lines.tel wide_characters.tel",
+     "blank_at_the_end_of_a_mark.tel:2:1: error: line of 6 words: skipped [V166]"
+     "\n" "    090616 05562400 16471748 -16155070 001221 "
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V167", "lint/telegram_lines", "lint --as telegram another_word_for_end.tel blank_at_the_end_of_a_mark.tel blank_at_the_front_of_a_mark.tel block_without_marks.tel byte_order_mark.tel bytes_of_no_text.tel carriage_returns_alone.tel date_too_short.tel day_31_of_february.tel declination_without_sign.tel empty.tel end_after_two_blanks.tel end_with_a_blank.tel end_without_a_block.tel four_words.tel head_of_four_words.tel head_with_a_blank_at_its_front.tel letters_for_numbers.tel line_of_two_blanks.tel magnitude_after_letters.tel magnitude_of_seven_digits.tel magnitude_of_three_characters.tel magnitude_too_short.tel mark_outside_a_block.tel month_13.tel negative_magnitude.tel no_end_at_the_end.tel no_end_between_blocks.tel no_line_feed_at_the_end.tel two_blanks_in_a_mark.tel two_bytes_at_the_ends_of_lines.tel wide_characters.tel",
+     "magnitude_after_letters.tel:2:36: warning: magnitude field \"abc153\" is read as 15.3 [V167]"
+     "\n" "    090616 05562400 16471748 -16155070 abc153"
+     "\n" "                                       ^~~~~~"},
     {"V168", "check/autoname_without_marks", "check task.xml",
      "./night.tel:2:1: warning: a block without marks [V168]"},
     {"V171", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
@@ -173,7 +283,7 @@ constexpr FindingExample rows[] = {
      "night.tdm:24:29: warning: the value 121.6 is read as 0: a unit or a blank follows it [V179]"
      "\n" "    ANGLE_1 = 2025-054T12:08:00 121.6 [deg]"
      "\n" "                                ^~~~~"},
-    {"V180", "lint/mpc_lines", "lint --layer reader --layer person report.txt",
+    {"V180", "lint/byte_order_mark_mpc", "lint --layer reader --layer person report.txt",
      "report.txt: note: 1 line of other kinds than observations skipped [V180]"},
     {"V181", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
      "night.tdm:12:31: note: the frame EME2000 is not taken over [V181]"
@@ -221,6 +331,36 @@ constexpr FindingExample rows[] = {
      "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
     {"V200", "check/series_too_high", "check task.xml",
      "task.xml:14:13: error: the track table /tavelin/dataVO/table.txt does not exist [V200]"},
+    {"V201", "lint/table_lines", "lint --as table angles_out_of_range.txt blanks_for_tabs_in_the_header.txt byte_order_mark.txt columns_twice.txt cut_off_after_an_end.txt date_that_is_none.txt empty.txt empty_line.txt end_after_the_header.txt end_with_a_blank.txt fewer_fields.txt header_alone.txt letters_for_numbers.txt more_fields.txt no_column_of_times.txt no_end_at_all.txt no_line_feed_at_the_end.txt no_version_line.txt two_bytes_at_the_ends_of_lines.txt two_ends_in_a_row.txt unknown_column.txt version_line_alone.txt",
+     "cut_off_after_an_end.txt:6:1: error: 1 mark after the last ---: lost [V201]"
+     "\n" "    A0126\\x092023-02-25\\x0912:"
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V202", "lint/table_lines", "lint --as table angles_out_of_range.txt blanks_for_tabs_in_the_header.txt byte_order_mark.txt columns_twice.txt cut_off_after_an_end.txt date_that_is_none.txt empty.txt empty_line.txt end_after_the_header.txt end_with_a_blank.txt fewer_fields.txt header_alone.txt letters_for_numbers.txt more_fields.txt no_column_of_times.txt no_end_at_all.txt no_line_feed_at_the_end.txt no_version_line.txt two_bytes_at_the_ends_of_lines.txt two_ends_in_a_row.txt unknown_column.txt version_line_alone.txt",
+     "no_end_at_all.txt:2: warning: no --- in the table [V202]"},
+    {"V203", "lint/table_lines", "lint --as table angles_out_of_range.txt blanks_for_tabs_in_the_header.txt byte_order_mark.txt columns_twice.txt cut_off_after_an_end.txt date_that_is_none.txt empty.txt empty_line.txt end_after_the_header.txt end_with_a_blank.txt fewer_fields.txt header_alone.txt letters_for_numbers.txt more_fields.txt no_column_of_times.txt no_end_at_all.txt no_line_feed_at_the_end.txt no_version_line.txt two_bytes_at_the_ends_of_lines.txt two_ends_in_a_row.txt unknown_column.txt version_line_alone.txt",
+     "no_column_of_times.txt:1: error: no column date [V203]"},
+    {"V204", "lint/byte_order_mark_table", "lint table.txt",
+     "table.txt:2:1: warning: 6 fields in a line where the header names 1 column [V204]"
+     "\n" "    QRVName:Text\\x09date:Date\\x09time:Time\\x09RA:Float:deg\\x09DE:Float:deg\\x09m:Float:mag"
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V205", "lint/table_lines", "lint --as table angles_out_of_range.txt blanks_for_tabs_in_the_header.txt byte_order_mark.txt columns_twice.txt cut_off_after_an_end.txt date_that_is_none.txt empty.txt empty_line.txt end_after_the_header.txt end_with_a_blank.txt fewer_fields.txt header_alone.txt letters_for_numbers.txt more_fields.txt no_column_of_times.txt no_end_at_all.txt no_line_feed_at_the_end.txt no_version_line.txt two_bytes_at_the_ends_of_lines.txt two_ends_in_a_row.txt unknown_column.txt version_line_alone.txt",
+     "empty_line.txt:4: error: empty line, read as a mark [V205]"},
+    {"V206", "lint/table_lines", "lint --as table angles_out_of_range.txt blanks_for_tabs_in_the_header.txt byte_order_mark.txt columns_twice.txt cut_off_after_an_end.txt date_that_is_none.txt empty.txt empty_line.txt end_after_the_header.txt end_with_a_blank.txt fewer_fields.txt header_alone.txt letters_for_numbers.txt more_fields.txt no_column_of_times.txt no_end_at_all.txt no_line_feed_at_the_end.txt no_version_line.txt two_bytes_at_the_ends_of_lines.txt two_ends_in_a_row.txt unknown_column.txt version_line_alone.txt",
+     "end_with_a_blank.txt:4:1: error: --- with something after it, read as a mark [V206]"
+     "\n" "    --- "
+     "\n" "    ^~~~"},
+    {"V207", "lint/table_lines", "lint --as table angles_out_of_range.txt blanks_for_tabs_in_the_header.txt byte_order_mark.txt columns_twice.txt cut_off_after_an_end.txt date_that_is_none.txt empty.txt empty_line.txt end_after_the_header.txt end_with_a_blank.txt fewer_fields.txt header_alone.txt letters_for_numbers.txt more_fields.txt no_column_of_times.txt no_end_at_all.txt no_line_feed_at_the_end.txt no_version_line.txt two_bytes_at_the_ends_of_lines.txt two_ends_in_a_row.txt unknown_column.txt version_line_alone.txt",
+     "blanks_for_tabs_in_the_header.txt:2:1: error: the header has blanks instead of tabs [V207]"
+     "\n" "    QRVName:Text date:Date time:Time RA:Float:deg DE:Float:deg m:Float:mag"
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V208", "lint/table_lines", "lint --as table angles_out_of_range.txt blanks_for_tabs_in_the_header.txt byte_order_mark.txt columns_twice.txt cut_off_after_an_end.txt date_that_is_none.txt empty.txt empty_line.txt end_after_the_header.txt end_with_a_blank.txt fewer_fields.txt header_alone.txt letters_for_numbers.txt more_fields.txt no_column_of_times.txt no_end_at_all.txt no_line_feed_at_the_end.txt no_version_line.txt two_bytes_at_the_ends_of_lines.txt two_ends_in_a_row.txt unknown_column.txt version_line_alone.txt",
+     "unknown_column.txt:2:1: note: unknown columns: mag [V208]"
+     "\n" "    QRVName:Text\\x09date:Date\\x09time:Time\\x09RA:Float:deg\\x09DE:Float:deg\\x09mag:Float:mag"
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
+    {"V209", "lint/table_lines", "lint --as table angles_out_of_range.txt blanks_for_tabs_in_the_header.txt byte_order_mark.txt columns_twice.txt cut_off_after_an_end.txt date_that_is_none.txt empty.txt empty_line.txt end_after_the_header.txt end_with_a_blank.txt fewer_fields.txt header_alone.txt letters_for_numbers.txt more_fields.txt no_column_of_times.txt no_end_at_all.txt no_line_feed_at_the_end.txt no_version_line.txt two_bytes_at_the_ends_of_lines.txt two_ends_in_a_row.txt unknown_column.txt version_line_alone.txt",
+     "columns_twice.txt:1:1: warning: column m stands twice; the first wins [V209]"
+     "\n" "    QRVName\\x09Name\\x09date\\x09time\\x09RA\\x09DE\\x09m\\x09m"
+     "\n" "    ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~"},
     {"V210", "check/first_track_without_marks", "check task.xml",
      "night/tavelin/dataVO/obj.txt:3:1: warning: track 0 has no marks [V210]"},
     {"V216", "check/no_configuration", "check task.xml",
@@ -306,8 +446,8 @@ constexpr FindingExample rows[] = {
      "task.xml: warning: FILTER of 1 mark is that of the first track [V256]"},
     {"V301", "check/autoname_of_60_seconds", "check task.xml",
      "task.xml: note: tdm files are not for sending as they are (V340, V341); see tavelin ready --for ccsds [V301]"},
-    {"V302", "explain/doubt", "explain 7",
-     "tavelin: the format is not certain: a code or a file? [V302]"},
+    {"V302", "lint/unknown_format", "lint poem.txt",
+     "poem.txt: error: the format is not certain: none that is known [V302]"},
     {"V310", "check/wrong_station", "check task.xml",
      "task.xml: error: a line of 86 columns, where 80 are wanted, the first of 3 such marks [V310]"
      "\n" "    series 1 night1, track 0 12345, mark 0, 2023-02-25T12:00:00.000"
@@ -432,6 +572,8 @@ constexpr FindingExample rows[] = {
      "elsewhere-1.xml: warning: 1 file appeared that the plan does not know: out/elsewhere.txt [V418]"},
     {"V419", "run/input_changed", "run touches-1.xml",
      "touches-1.xml: failed: an input changed during the run: ./in.mea [V419]"},
+    {"V440", "lint/schema", "lint --as result --schema note.xsd bad.xml broken.xml good.xml",
+     "bad.xml:2: error: Element 'code': 'five' is not a valid value of the atomic type 'xs:int'. [V440]"},
 };
 // clang-format on
 
