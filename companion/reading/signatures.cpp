@@ -118,7 +118,11 @@ int pointsOfTelegram(const Lines& lines)
     const std::size_t ends = countOf(lines, [](std::string_view line) { return trimmed(line) == "END"; });
     const std::size_t heads = countOf(lines, [](std::string_view line) { return wordsOf(line).size() == 3; });
     const int points = share(marks + ends + std::min(heads, marks), lines.size());
-    return marks > 0 && ends > 0 ? std::max(points, share(marks, lines.size()) + 20) : points;
+    if (marks == 0 || ends == 0) {
+        return points;
+    }
+    constexpr int ofEnds = 20;
+    return std::min(certain, std::max(points, share(marks, lines.size()) + ofEnds));
 }
 
 bool beginsWithKey(std::string_view line, std::string_view key)

@@ -14,6 +14,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <cstdlib>
 #include <fstream>
 #include <functional>
 #include <optional>
@@ -64,6 +65,12 @@ std::optional<double> dayOf(int year, unsigned month, unsigned day)
     return mjdOfEpoch + static_cast<double>(std::chrono::sys_days(date).time_since_epoch().count());
 }
 
+// A number of any size: also one that no double holds.
+double valueOf(const std::string& text)
+{
+    return std::strtod(text.c_str(), nullptr);
+}
+
 unsigned numberOf(const std::string& text, std::size_t place, std::size_t length = 2)
 {
     return static_cast<unsigned>(std::stoul(text.substr(place, length)));
@@ -72,7 +79,7 @@ unsigned numberOf(const std::string& text, std::size_t place, std::size_t length
 // Hours or degrees of digits in pairs and decimals; nothing for more than 59 minutes or seconds.
 std::optional<double> packed(const std::string& digits, unsigned limit)
 {
-    const double seconds = std::stod(digits.substr(4, 2) + '.' + digits.substr(6) + '0');
+    const double seconds = valueOf(digits.substr(4, 2) + '.' + digits.substr(6) + '0');
     if (numberOf(digits, 0) >= limit || numberOf(digits, 2) > 59 || seconds >= 60.0) {
         return std::nullopt;
     }
@@ -119,7 +126,7 @@ Meaning meaningInMea(const std::string& whole, std::size_t number)
     if (!std::regex_match(line, parts, mark)) {
         return {};
     }
-    const auto values = packedValues(parts[2], parts[3], parts[4], parts[5], std::stod(parts[7]));
+    const auto values = packedValues(parts[2], parts[3], parts[4], parts[5], valueOf(parts[7]));
     return values ? Meaning{LineFate::mark, values} : Meaning{};
 }
 
@@ -136,7 +143,7 @@ Meaning meaningInTelegram(const std::string& whole, std::size_t /*number*/)
         return {LineFate::blank};
     }
     if (std::regex_match(line, parts, mark)) {
-        const auto values = packedValues(parts[1], parts[2], parts[3], parts[4], std::stod(parts[5]) / 10.0);
+        const auto values = packedValues(parts[1], parts[2], parts[3], parts[4], valueOf(parts[5]) / 10.0);
         return values ? Meaning{LineFate::mark, values} : Meaning{};
     }
     return std::regex_match(line, head) ? Meaning{LineFate::head} : Meaning{};
@@ -147,7 +154,8 @@ Meaning meaningInTable(const std::string& whole, std::size_t number)
     static const std::string decimal = R"(([+-]?(?:\d+\.?\d*|\.\d+)(?:[eE][+-]?\d+)?))";
     static const std::regex mark(R"([^\t]*\t(\d{4})-(\d{1,2})-(\d{1,2})\t(\d{1,2}):(\d{1,2}))"
                                  R"((?::(\d+\.?\d*|\.\d+))?\t)" +
-                                 decimal + R"(\t)" + decimal + R"(\t)" + decimal + R"(\t?)");
+                                 decimal + R"(\t)" + decimal + R"(\t)" + decimal +
+                                 R"(\t*)"); // empty fields after the last say nothing
     if (number <= 2 || withoutTabsAtEnd(whole) == "---") {
         return {number <= 2 ? LineFate::head : LineFate::end};
     }
@@ -156,16 +164,16 @@ Meaning meaningInTable(const std::string& whole, std::size_t number)
         return {};
     }
     const auto day = dayOf(std::stoi(parts[1]), numberOf(parts[2], 0), numberOf(parts[3], 0));
-    const double seconds = parts[6].matched ? std::stod(parts[6]) : 0.0;
-    const double ra = std::stod(parts[7]);
-    const double de = std::stod(parts[8]);
+    const double seconds = parts[6].matched ? valueOf(parts[6]) : 0.0;
+    const double ra = valueOf(parts[7]);
+    const double de = valueOf(parts[8]);
     const bool isInRange = std::stoi(parts[4]) < 24 && std::stoi(parts[5]) < 60 && seconds < 60.0 &&
                            ra >= 0.0 && ra <= 360.0 && std::abs(de) <= 90.0;
     if (!day || !isInRange) {
         return {};
     }
     const double time = (std::stoi(parts[4]) + std::stoi(parts[5]) / 60.0 + seconds / 3600.0) / 24.0;
-    return {LineFate::mark, Values{*day + time, ra, de, std::stod(parts[9])}};
+    return {LineFate::mark, Values{*day + time, ra, de, valueOf(parts[9])}};
 }
 
 Lines goodMea(std::mt19937& random)
