@@ -74,13 +74,18 @@ std::vector<InputToRead> inputsOf(const CheckedTask& checked)
     return inputs;
 }
 
-bool canBeRead(const InputToRead& input)
+// The path of a regular file; that of none for anything else.
+std::string regularFile(const std::string& path)
 {
     std::error_code ignored;
+    return std::filesystem::is_regular_file(path, ignored) ? path : "";
+}
+
+bool canBeRead(const InputToRead& input)
+{
     const FormatWord* const row = formatWord(formatOpticMea_to_int(input.format));
     const bool hasReader = input.format == "table" || (row != nullptr && row->read != nullptr);
-    return hasReader && std::filesystem::is_regular_file(input.path, ignored) &&
-           access(input.path.c_str(), R_OK) == 0;
+    return hasReader && !regularFile(input.path).empty() && access(input.path.c_str(), R_OK) == 0;
 }
 
 // The check of one task.
@@ -149,10 +154,24 @@ private:
         }
     }
 
-    void makePlan()
+    // The tool's own, but for pipes and devices, which a check must neither empty nor wait for.
+    Works worksOfCheck()
     {
         Works works = ownWorks();
+        works.source = [own = works.source](const std::string& word, const std::string& path,
+                                            const std::string& originator) {
+            return own(word, regularFile(path), originator);
+        };
+        works.table = [own = works.table](const std::string& path, const std::string& columns) {
+            return own(regularFile(path), columns);
+        };
         works.settings = series.forWorks();
+        return works;
+    }
+
+    void makePlan()
+    {
+        const Works works = worksOfCheck();
         PlanInspection inspection(checked.task);
         const std::unique_ptr<TrackRules> rules = trackRulesOf(checked.task.outputformat);
         PlanWatch watch;

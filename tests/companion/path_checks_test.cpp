@@ -1,6 +1,8 @@
 #include "task/path_checks.h"
 
+#include "companion/golden.h"
 #include "file_names.h"
+#include "support/child_process.h"
 #include "support/folders.h"
 #include "support/socket_file.h"
 #include "support/tasks.h"
@@ -83,6 +85,16 @@ TEST_F(PathChecks, PipeForAnInputIsTold)
 {
     ASSERT_EQ(mkfifo("pipe.mea", 0600), 0);
     EXPECT_EQ(told({{"path_in", "./pipe.mea"}}), "V060");
+}
+
+TEST_F(PathChecks, PipesAreNotWaitedFor)
+{
+    ASSERT_EQ(mkfifo("pipe", 0600), 0);
+    makeFile("conversion.xml",
+             taskText({{"path_in", "./pipe"}, {"inputformat", "mea"}, {"outputformat", "tdm"}}));
+    makeFile("report.xml",
+             taskText({{"inputformat", "vomar"}, {"paths", "<seria><path>./pipe</path></seria>"}}));
+    expectTrueInChild([] { return callCommand({"check", "conversion.xml", "report.xml"}).status == 1; });
 }
 
 // A light curve takes the place of a link: the input behind it stays.
