@@ -86,7 +86,16 @@ private:
     void report()
     {
         say("This task makes a multi-series report.");
-        say("It reads " + counted(task.paths.size(), "track table") + " (" + tracksText(checked) + ").");
+        const std::string tables =
+            "It reads " + counted(task.paths.size(), "track table") + " (" + tracksText(checked) + ")";
+        if (checked.configurations.empty()) {
+            say(tables + '.');
+        } else {
+            say(tables + " and takes the settings of their series from");
+            for (const std::string& path : checked.configurations) {
+                say("    " + path);
+            }
+        }
         narrowing();
         if (!checked.plan.runningNames.empty()) {
             say("Objects without an answer of the checker get the names " +

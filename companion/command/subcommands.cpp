@@ -4,12 +4,7 @@ namespace companion {
 namespace {
 
 constexpr const Subcommand* rows[] = {
-    &checkCommand,
-    &runTasksCommand,
-    &explainCommand,
-    &infoCommand,
-    &lintCommand,
-    &schemaCommand,
+    &checkCommand, &runTasksCommand, &explainCommand, &infoCommand, &lintCommand, &schemaCommand,
 };
 
 } // namespace

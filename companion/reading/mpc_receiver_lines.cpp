@@ -317,18 +317,7 @@ private:
     {
         const std::string_view text = line.text;
         tellMissingHeader(line, out);
-        // What the reader drops at the end of a line counts for the receiver.
-        std::string_view whole = line.bytes;
-        if (whole.ends_with('\r')) {
-            whole.remove_suffix(1);
-        }
-        if (whole.size() != lineLength) {
-            tellUnpaired(out);
-            out.add("V310", {1, text.size()}, {{"n", std::to_string(whole.size())}});
-            const std::size_t sign = declination.first - 1;
-            if (text.size() == lineLength - 1 && isDigit(text[sign])) {
-                out.add("V314", {declination.first, 1});
-            }
+        if (!isOf80Columns(line, out)) {
             return;
         }
         if (isSecondLine(text)) {
@@ -354,6 +343,26 @@ private:
             Observation(text, out).look();
         }
         lookAtPlace(line, out);
+    }
+
+    // What the reader drops at the end of a line counts for the receiver.
+    bool isOf80Columns(const CheckedLine& line, LintOutput& out)
+    {
+        const std::string_view text = line.text;
+        std::string_view whole = line.bytes;
+        if (whole.ends_with('\r')) {
+            whole.remove_suffix(1);
+        }
+        if (whole.size() == lineLength) {
+            return true;
+        }
+        tellUnpaired(out);
+        out.add("V310", {1, text.size()}, {{"n", std::to_string(whole.size())}});
+        const std::size_t sign = declination.first - 1;
+        if (text.size() == lineLength - 1 && isDigit(text[sign])) {
+            out.add("V314", {declination.first, 1});
+        }
+        return false;
     }
 
     // A second line repeats name, time and station of the first one.

@@ -119,8 +119,8 @@ public:
             holdAccounts();
         }
         add(trackFindings(checked.document, checked.written, plan()));
-        add(pathFindings(checked.document, checked.written, checked.task, plan(),
-                         series.takenBy(checked.task)));
+        checked.configurations = series.takenBy(checked.task);
+        add(pathFindings(checked.document, checked.written, checked.task, plan(), checked.configurations));
     }
 
     void holdAgainst(SharedOutputs& outputs)

@@ -44,6 +44,7 @@ struct CheckedTask
     tavelinUtils::TConvMea written{}; ///< as the file says
     tavelinUtils::TConvMea task{};    ///< with the folder that the tool would take as out_dir
     std::vector<CheckedInput> inputs{};
+    std::vector<std::string> configurations{}; ///< that the series of a report take, each once
     bool hasPlan = false;
     Plan plan{};
     std::vector<Finding> findings{}; ///< in the order in which they are shown

@@ -1,11 +1,14 @@
 #include "companion/golden.h"
 
 #include "support/folders.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -88,6 +91,20 @@ TEST_F(CheckOfExamples, PlanListsTheFilesInTheOrderOfWriting)
               "    1       1  out/PTF48-Z6433-2010-11-06T08-40-44-R.tdm\n"
               "    4       1  out/PTF48-AST1001-2010-11-06T02-25-06-R.tdm\n"
               "    4       1  out/PTF48-K10VL4H-2010-11-06T03-33-21-R.tdm\n");
+}
+
+TEST_F(CheckOfExamples, FirstPageShowsWhatTheCommandPrints)
+{
+    std::string shown;
+    for (const std::string subcommand : {"check", "run", "explain"}) {
+        std::vector<std::string> call{subcommand, "report_eachgroup.xml"};
+        shown += "$ tavelin " + subcommand + " report_eachgroup.xml\n";
+        if (subcommand == "run") {
+            call.push_back("--vomar=" + builtTool());
+        }
+        shown += callCommand(call).out;
+    }
+    EXPECT_NE(bytesOf(VOMAR_PROJECT "/README.md").find("\n" + shown + "```"), std::string::npos) << shown;
 }
 
 TEST_F(CheckOfExamples, NothingIsWritten)

@@ -7,8 +7,8 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdint>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 
