@@ -109,20 +109,20 @@ std::vector<ResultEntry> resultsOfLog(const std::string& path, std::uint64_t fro
 {
     std::vector<ResultEntry> entries;
     const tavelinUtils::OpenFile file = tavelinUtils::openForReading(path);
-    tavelinUtils::FileBytes bytes;
-    if (file == nullptr || fseeko(file.get(), 0, SEEK_SET) != 0 ||
-        !tavelinUtils::readBytes(file.get(), bytes)) {
+    if (file == nullptr || fseeko(file.get(), static_cast<off_t>(from), SEEK_SET) != 0) {
         return entries;
     }
-    const std::string_view text = bytes.view();
-    tavelinUtils::forEachToken(text.substr(std::min<std::size_t>(from, text.size())), '\n',
-                               [&entries](std::string_view line) {
-                                   if (auto entry = entryOf(line)) {
-                                       entries.push_back(std::move(*entry));
-                                   } else if (!entries.empty() && !isStamped(line)) {
-                                       entries.back().description.append("\n").append(line);
-                                   }
-                               });
+    const auto take = [&entries](std::string_view line) {
+        if (auto entry = entryOf(line)) {
+            entries.push_back(std::move(*entry));
+        } else if (!entries.empty() && !isStamped(line)) {
+            entries.back().description.append("\n").append(line);
+        }
+    };
+    tavelinUtils::LinePieces pieces(file.get());
+    while (pieces.next()) {
+        tavelinUtils::forEachToken(pieces.lines(), '\n', take);
+    }
     return entries;
 }
 

@@ -1,7 +1,11 @@
 #include "running/folder_watch.h"
 
+#include <algorithm>
 #include <filesystem>
-#include <optional>
+#include <memory>
+#include <utility>
+
+#include <dirent.h>
 
 namespace companion {
 namespace {
@@ -15,20 +19,31 @@ std::string placeOfFolder(const fs::path& folder)
     return failure ? folder.string() : place.string();
 }
 
-// The names in a folder; nothing for one that cannot be read or holds too many.
-std::optional<std::set<std::string>> namesOf(const std::string& folder)
+struct CloseFolder
+{
+    void operator()(DIR* folder) const
+    {
+        closedir(folder);
+    }
+};
+
+// Calls a function with each name in a folder. False for a folder that cannot be read or holds too many.
+template <class Use>
+bool forEachName(const std::string& folder, Use use)
 {
     constexpr std::size_t most = 10'000;
-    std::error_code failure;
-    std::set<std::string> names;
-    for (fs::directory_iterator each(folder, failure), end; !failure && each != end; each.increment(failure))
-    {
-        names.insert(each->path().filename());
-        if (names.size() > most) {
-            return std::nullopt;
+    const std::unique_ptr<DIR, CloseFolder> stream(opendir(folder.c_str()));
+    if (stream == nullptr) {
+        return false;
+    }
+    std::size_t count = 0;
+    for (const dirent* entry = readdir(stream.get()); entry != nullptr; entry = readdir(stream.get())) {
+        use(std::string_view(entry->d_name));
+        if (++count > most) {
+            return false;
         }
     }
-    return failure ? std::nullopt : std::optional(std::move(names));
+    return true;
 }
 
 } // namespace
@@ -42,10 +57,11 @@ std::string placeOfFile(const std::string& path)
 void FolderWatch::watch(const std::string& folder)
 {
     const std::string& place = placeOf(folder);
-    if (seen.find(place) == seen.end()) {
-        if (auto names = namesOf(place)) {
-            seen.emplace(place, std::move(*names));
-        }
+    Names names;
+    if (seen.find(place) == seen.end() &&
+        forEachName(place, [&names](std::string_view name) { names.emplace(name); }))
+    {
+        seen.emplace(place, std::move(names));
     }
 }
 
@@ -63,14 +79,21 @@ std::vector<std::string> FolderWatch::strangers(const std::string& folder)
     if (known == seen.end()) {
         return paths;
     }
-    const auto names = namesOf(place);
-    if (!names) {
+    Names& names = known->second;
+    std::vector<std::string> fresh;
+    const bool isRead = forEachName(place, [&names, &fresh](std::string_view name) {
+        if (names.find(name) == names.end()) {
+            fresh.emplace_back(name);
+        }
+    });
+    if (!isRead) {
         seen.erase(known);
         return paths;
     }
-    for (const std::string& name : *names) {
-        const bool isNew = known->second.insert(name).second;
-        if (isNew && expected.find((fs::path(place) / name).string()) == expected.end()) {
+    std::sort(fresh.begin(), fresh.end());
+    for (const std::string& name : fresh) {
+        names.insert(name);
+        if (expected.find((fs::path(place) / name).string()) == expected.end()) {
             paths.push_back((fs::path(folder) / name).string());
         }
     }

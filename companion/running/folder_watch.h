@@ -2,9 +2,13 @@
 
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace companion {
@@ -25,10 +29,20 @@ public:
     std::vector<std::string> strangers(const std::string& folder);
 
 private:
+    struct Hash
+    {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view name) const
+        {
+            return std::hash<std::string_view>()(name);
+        }
+    };
+    using Names = std::unordered_set<std::string, Hash, std::equal_to<>>;
+
     const std::string& placeOf(const std::string& folder);
 
-    std::map<std::string, std::string> places;         // of folders, by their names
-    std::map<std::string, std::set<std::string>> seen; // names, by the places of their folders
+    std::map<std::string, std::string> places; // of folders, by their names
+    std::map<std::string, Names> seen;         // names, by the places of their folders
     std::set<std::string> expected;
 };
 
