@@ -33,7 +33,10 @@ struct Moment
     int date = 0;
     double time = 0;
 
-    friend auto operator<=>(const Moment& a, const Moment& b) = default;
+    friend bool operator<(const Moment& a, const Moment& b)
+    {
+        return a.date < b.date || (a.date == b.date && a.time < b.time);
+    }
 };
 
 // Milliseconds are rounded, and carried into the next day.
@@ -97,7 +100,7 @@ struct Span
     {
         const TRecLabelPervichka_File* before = nullptr;
         for (const TRecLabelPervichka_File& mark : track.Marks) {
-            isSorted = isSorted && (before == nullptr || momentOf(*before) <= momentOf(mark));
+            isSorted = isSorted && (before == nullptr || !(momentOf(mark) < momentOf(*before)));
             before = &mark;
             if (first == nullptr || momentOf(mark) < momentOf(*first)) {
                 first = &mark;

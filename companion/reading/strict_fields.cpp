@@ -13,6 +13,8 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -391,6 +393,25 @@ private:
     LintOutput& out;
 };
 
+// The forms of the columns of a table, by their names.
+std::map<std::string, FieldForm, std::less<>> formsOfTable()
+{
+    std::map<std::string, FieldForm, std::less<>> forms;
+    for (const StrictField& row : ofTable) {
+        forms.emplace(row.name, row.form);
+    }
+    const std::string header = tavelinUtils::getHeadTrack();
+    tavelinUtils::forEachToken(header, '\t', [&forms](std::string_view description) {
+        const auto [name, type, unit] = tavelinUtils::threeParts(description, ':');
+        for (const TypeForm& row : typeForms) {
+            if (row.type == type) {
+                forms.emplace(name, row.form);
+            }
+        }
+    });
+    return forms;
+}
+
 } // namespace
 
 std::span<const StrictField> meaFields()
@@ -405,22 +426,9 @@ std::span<const StrictField> telegramFields()
 
 FieldForm formOfTableColumn(std::string_view name)
 {
-    for (const StrictField& row : ofTable) {
-        if (row.name == name) {
-            return row.form;
-        }
-    }
-    static const std::string header = tavelinUtils::getHeadTrack();
-    FieldForm form = FieldForm::text;
-    tavelinUtils::forEachToken(header, '\t', [&](std::string_view description) {
-        const auto [known, type, unit] = tavelinUtils::threeParts(description, ':');
-        for (const TypeForm& row : typeForms) {
-            if (known == name && row.type == type) {
-                form = row.form;
-            }
-        }
-    });
-    return form;
+    static const auto forms = formsOfTable();
+    const auto form = forms.find(name);
+    return form == forms.end() ? FieldForm::text : form->second;
 }
 
 bool isPlain(FieldForm form, std::string_view text)

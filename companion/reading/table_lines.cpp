@@ -113,6 +113,9 @@ private:
                   [](const PlacedField& a, const PlacedField& b) { return a.place < b.place; });
         dateField = placeOf("date");
         timeField = placeOf("time");
+        hasTimes = std::max(dateField, timeField) < names.size();
+        parts.resize(std::max(fields.empty() ? 0 : fields.back().place + 1,
+                              hasTimes ? std::max(dateField, timeField) + 1 : 0));
     }
 
     // The place of a column among the names; behind them all where there is none.
@@ -187,11 +190,11 @@ private:
             return;
         }
         for (const PlacedField& field : fields) {
-            if (field.place < parts.size()) {
+            if (field.place < count) {
                 checkField({field.name, field.form}, line.text, parts[field.place], out);
             }
         }
-        if (out.times().areOdd() && dateField < parts.size() && timeField < parts.size()) {
+        if (out.times().areOdd() && hasTimes && std::max(dateField, timeField) < count) {
             checkTimes(line, out);
         }
     }
@@ -203,30 +206,35 @@ private:
                    tavelinUtils::timeToDay(time, ':'), stretchOf(line.text, time, "time"), out);
     }
 
+    // Cuts a line, and keeps the fields that are looked at.
     void cut(std::string_view text)
     {
-        parts.clear();
         std::size_t begin = 0;
-        tavelinUtils::forEachSeparator(text, '\t', [&](std::size_t tab) {
-            parts.push_back(text.substr(begin, tab - begin));
-            begin = tab + 1;
-        });
-        parts.push_back(text.substr(begin));
+        std::size_t place = 0;
+        const auto take = [&](std::size_t end) {
+            if (place < parts.size()) {
+                parts[place] = text.substr(begin, end - begin);
+            }
+            ++place;
+            begin = end + 1;
+        };
+        tavelinUtils::forEachSeparator(text, '\t', take);
+        take(text.size());
+        count = place;
     }
 
     // Tabs at the end of a line, which the reader takes off, separate fields that are empty. Writers put one
     // after the last field.
     void checkCount(const CheckedLine& line, LintOutput& out)
     {
-        if (parts.size() == names.size()) {
+        if (count == names.size()) {
             return;
         }
         const std::string_view end = line.bytes.substr(line.text.size());
         const std::size_t tabs = static_cast<std::size_t>(std::count(end.begin(), end.end(), '\t'));
-        if (parts.size() > names.size() || parts.size() + tabs < names.size()) {
-            out.add(
-                "V204", {1, line.text.size()},
-                {{"fields", counted(parts.size(), "field")}, {"columns", counted(names.size(), "column")}});
+        if (count > names.size() || count + tabs < names.size()) {
+            out.add("V204", {1, line.text.size()},
+                    {{"fields", counted(count, "field")}, {"columns", counted(names.size(), "column")}});
         }
     }
 
@@ -253,7 +261,9 @@ private:
     std::vector<PlacedField> fields{}; // that are looked at, in the order of a line
     std::size_t dateField = 0;
     std::size_t timeField = 0;
-    std::vector<std::string_view> parts{}; // of the line
+    bool hasTimes = false;
+    std::vector<std::string_view> parts{}; // of the line, up to the last that is looked at
+    std::size_t count = 0;                 // of all fields of the line
     std::size_t marks = 0;                 // of the track
     std::size_t track = 0;                 // from 0
     bool toldLost = false;

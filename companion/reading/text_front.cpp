@@ -53,44 +53,67 @@ tavelinUtils::OpenFile opened(const std::string& path)
     return stream;
 }
 
+// Whether a byte is none of ASCII: eight at a time, for files of any size.
+bool hasHighBytes(std::string_view bytes)
+{
+    constexpr std::uint64_t highBits = 0x8080808080808080;
+    std::uint64_t all = 0;
+    std::size_t at = 0;
+    for (; at + sizeof all <= bytes.size(); at += sizeof all) {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, bytes.data() + at, sizeof eight);
+        all |= eight;
+    }
+    for (; at < bytes.size(); ++at) {
+        all |= static_cast<std::uint8_t>(bytes[at]);
+    }
+    return (all & highBits) != 0;
+}
+
 // Looks at all bytes of a file.
 struct FormWalk
 {
-    std::size_t lineFeeds = 0;
-    std::size_t returnsBeforeFeeds = 0;
-    std::size_t returns = 0;
+    bool hasFeeds = false;         // alone
+    bool hasReturnedFeeds = false; // behind a carriage return
+    bool hasReturns = false;       // alone
     bool isAscii = true;
     bool isUtf8 = true;
-
     std::size_t bytes = 0;
 
-    // Whole lines, so that no character is cut. Three quick walks instead of one that looks at everything.
+    // Whole lines, so that no character is cut.
     void take(std::string_view lines)
     {
         bytes += lines.size();
-        lineFeeds += static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\n'));
-        const auto found = static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\r'));
-        returns += found;
-        for (std::size_t at = found > 0 ? lines.find("\r\n") : std::string_view::npos;
-             at != std::string_view::npos; at = lines.find("\r\n", at + 1))
-        {
-            ++returnsBeforeFeeds;
+        if (lines.find('\r') == std::string_view::npos) {
+            hasFeeds = hasFeeds || lines.find('\n') != std::string_view::npos;
+        } else {
+            takeLineEnds(lines);
         }
-        std::uint8_t all = 0;
-        for (const char c : lines) {
-            all |= static_cast<std::uint8_t>(c);
+        if (hasHighBytes(lines)) {
+            isAscii = false;
+            isUtf8 = isUtf8 && companion::isUtf8(lines);
         }
-        const bool high = all >= 0x80;
-        isAscii = isAscii && !high;
-        isUtf8 = isUtf8 && (!high || companion::isUtf8(lines));
     }
 
     std::string lineEnds() const
     {
-        if (lineFeeds == 0) {
-            return returns > 0 ? "CR" : "none";
+        if (hasFeeds && hasReturnedFeeds) {
+            return "mixed";
         }
-        return returnsBeforeFeeds == 0 ? "LF" : returnsBeforeFeeds == lineFeeds ? "CRLF" : "mixed";
+        return hasFeeds ? "LF" : hasReturnedFeeds ? "CRLF" : hasReturns ? "CR" : "none";
+    }
+
+private:
+    void takeLineEnds(std::string_view lines)
+    {
+        for (std::size_t at = 0; at < lines.size(); ++at) {
+            if (lines[at] == '\n') {
+                const bool isReturned = at > 0 && lines[at - 1] == '\r';
+                (isReturned ? hasReturnedFeeds : hasFeeds) = true;
+            } else if (lines[at] == '\r') {
+                hasReturns = true;
+            }
+        }
     }
 };
 

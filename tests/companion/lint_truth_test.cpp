@@ -295,7 +295,7 @@ void expectTruth(const TestedFormat& format)
     const TemporaryFolder folder;
     std::mt19937 random(20230225);
     int told = 0;
-    constexpr int edits = 3000;
+    constexpr int edits = 1000;
     for (int i = 0; i < edits; ++i) {
         Lines lines = format.good(random);
         const std::size_t number = edit(lines, format.firstEdited, random);
