@@ -37,7 +37,8 @@ bool canBeWritten(const std::string& path, bool removes)
         return isNameable(path) && takesNames(path);
     }
     if (status.type() == fs::file_type::directory) {
-        return removes && fs::is_empty(path, failure) && takesNames(path);
+        // Once it is removed, a path with a slash at its end names nothing that could be written.
+        return removes && isNameable(path) && fs::is_empty(path, failure) && takesNames(path);
     }
     return removes ? takesNames(path) : access(path.c_str(), W_OK) == 0;
 }

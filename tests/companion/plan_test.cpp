@@ -1,14 +1,13 @@
 #include "task/plan.h"
 
-#include "support/conversions.h"
 #include "support/report_series.h"
 #include "support/temporary_folder.h"
+#include "task/writable.h"
 
 #include <gmock/gmock.h>
 
 #include <filesystem>
 #include <string>
-#include <tuple>
 #include <vector>
 
 namespace {
@@ -208,6 +207,15 @@ TEST(Plan, FailedWriteOfALightCurveIsIgnored)
     EXPECT_FALSE(plan.dies);
     EXPECT_EQ(plan.account.written, 1U);
     EXPECT_EQ(plan.account.unwritten, 1U);
+}
+
+TEST(Plan, FolderWhosePathEndsInASlashCannotBeReplaced)
+{
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder / "empty");
+    EXPECT_TRUE(companion::canBeWritten(folder / "empty", true));
+    EXPECT_FALSE(companion::canBeWritten(folder / "empty/", true));
+    EXPECT_FALSE(companion::canBeWritten(folder / "empty", false));
 }
 
 TEST(Plan, ObjectsWithoutAnAnswerGetRunningNames)
