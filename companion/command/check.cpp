@@ -54,15 +54,24 @@ struct Outcome
     FindingTotals totals;
 };
 
+// A number at the right of so many columns.
+void appendRight(std::string& text, std::size_t number, std::size_t width)
+{
+    const std::string digits = std::to_string(number);
+    text.append(width - std::min(width, digits.size()), ' ');
+    text += digits;
+}
+
 std::string planTable(const Plan& plan)
 {
     std::string text = "marks  tracks  file\n";
     for (const PlannedFile& file : plan.files) {
-        const std::string marks = std::to_string(file.marks);
-        const std::string tracks = std::to_string(file.tracks);
-        text += std::string(5 - std::min<std::size_t>(5, marks.size()), ' ') + marks + "  " +
-                std::string(6 - std::min<std::size_t>(6, tracks.size()), ' ') + tracks + "  " +
-                printable(file.path) + '\n';
+        appendRight(text, file.marks, 5);
+        text += "  ";
+        appendRight(text, file.tracks, 6);
+        text += "  ";
+        text += printable(file.path);
+        text += '\n';
     }
     return text;
 }

@@ -60,6 +60,7 @@ bool isNegativeNumber(const std::string& word)
 void refuseUnknownOptions(const std::vector<std::string>& left, const std::vector<OptionRow>& rows)
 {
     std::vector<std::string> known;
+    known.reserve(rows.size());
     for (const OptionRow& row : rows) {
         known.push_back(std::string("--") + row.name);
     }

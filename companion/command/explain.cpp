@@ -113,7 +113,7 @@ std::string kindOfFile(const std::string& path)
 
 std::string kindOf(const std::string& word)
 {
-    const std::string kind = kindOfWord(word);
+    std::string kind = kindOfWord(word);
     const bool isFile = std::filesystem::is_regular_file(word);
     if (!kind.empty() && isFile) {
         throw WrongUsage{finding("V302", {{"guess", "a " + kind + " or a file?"}})};

@@ -47,6 +47,7 @@ public:
     /// "V240".
     std::string text() const;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the 0 is the compiler's own
     friend auto operator<=>(const FindingCode& a, const FindingCode& b) = default;
 
 private:
