@@ -327,8 +327,10 @@ private:
         if (exists && folder.ends_with('\\')) {
             add("out_dir", finding("V039"));
         }
-        folderIsTold = std::any_of(all.begin(), all.end(), [](const Finding& each) {
-            return each.code == "V037" || each.code == "V038" || each.code == "V039";
+        // Instead of an out_dir that does not exist there is another folder, which has to be looked at.
+        folderIsTold = std::any_of(all.begin(), all.end(), [this](const Finding& each) {
+            const bool isRoot = each.code == "V037" && task.out_dir == "/";
+            return isRoot || each.code == "V038" || each.code == "V039";
         });
         if (!exists && !task.path_in.empty() && task.path_in.find_first_of(separators) == std::string::npos) {
             add("path_in", finding("V053", {{"path", printable(task.path_in)}}));
@@ -423,7 +425,14 @@ private:
         return state && what.empty() && problem.empty();
     }
 
-    // The names of a report come from marks: what is wrong with them is the plan's matter.
+    // Names that come from marks are the plan's matter: slashes in them, and how long they are.
+    bool isToldByPlan(const Output& output) const
+    {
+        const std::string name = output.path.substr(std::min(task.out_dir.size(), output.path.size()));
+        const bool isOfMarks = isReport(task) || task.autoname;
+        return isOfMarks && (name.find('/') != std::string::npos || name.size() > longestName);
+    }
+
     std::string writingProblem(const Output& output, const std::optional<struct stat>& state) const
     {
         const bool removes = removesFirst(output.format);
@@ -436,8 +445,8 @@ private:
         if (output.path.size() > longestPath || (!isReport(task) && name > longestName)) {
             return "is longer than the system takes";
         }
-        const bool isOfPlan = isReport(task) || task.autoname || folderIsTold;
-        return isOfPlan || canBeWritten(output.path, removes) ? "" : "cannot be written";
+        const bool isTold = folderIsTold || isToldByPlan(output);
+        return isTold || canBeWritten(output.path, removes) ? "" : "cannot be written";
     }
 
     // Spellings.

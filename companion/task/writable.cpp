@@ -14,12 +14,14 @@ bool takesNames(const std::string& path)
     return access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) == 0;
 }
 
+// Whether a file can have the path: one that ends in a slash or a point alone is that of a folder.
 bool isNameable(const std::string& path)
 {
     constexpr std::size_t longestName = 255;
     constexpr std::size_t longestPath = 4095;
     const std::string name = path.substr(path.rfind('/') + 1);
-    return !name.empty() && name.size() <= longestName && path.size() <= longestPath;
+    const bool isOfFolder = name.empty() || name == "." || name == "..";
+    return !isOfFolder && name.size() <= longestName && path.size() <= longestPath;
 }
 
 } // namespace
@@ -31,10 +33,14 @@ bool removesFirst(const std::string& format)
 
 bool canBeWritten(const std::string& path, bool removes)
 {
+    if (!isNameable(path)) {
+        return false;
+    }
     std::error_code failure;
     const fs::file_status status = removes ? fs::symlink_status(path, failure) : fs::status(path, failure);
     if (status.type() == fs::file_type::not_found) {
-        return isNameable(path) && takesNames(path);
+        const fs::path target = removes ? fs::path() : fs::read_symlink(path, failure);
+        return target.empty() ? takesNames(path) : canBeWritten(fs::path(path).parent_path() / target);
     }
     if (status.type() == fs::file_type::directory) {
         // Once it is removed, a path with a slash at its end names nothing that could be written.

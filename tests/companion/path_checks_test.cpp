@@ -7,6 +7,7 @@
 #include "support/socket_file.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
+#include "task/writable.h"
 
 #include <gtest/gtest.h>
 
@@ -115,6 +116,31 @@ TEST_F(PathChecks, EmptyFolderGivesWayToALightCurve)
     EXPECT_EQ(told({{"outputformat", "mag"}, {"outputextension", ".mag"}}), "V048");
     makeFile("out/night.mag/a.txt", "a");
     EXPECT_EQ(told({{"outputformat", "mag"}, {"outputextension", ".mag"}}), "V052");
+}
+
+TEST_F(PathChecks, FolderBesideTheInputIsLookedAtWhereTheOutDirIsMissing)
+{
+    EXPECT_EQ(told({{"out_dir", "missing"}}), "V037");
+    EXPECT_EQ(told({{"out_dir", "missing"}, {"outputextension", "/x.tel"}}), "V037 V052");
+}
+
+TEST_F(PathChecks, PathThatCannotBeAFilesIsNotWritten)
+{
+    const std::string longName(256, 'n');
+    EXPECT_TRUE(canBeWritten("out/a.txt", true));
+    EXPECT_FALSE(canBeWritten("out/" + longName, true));
+    EXPECT_FALSE(canBeWritten("out/.", true));
+    EXPECT_FALSE(canBeWritten("out/", true));
+    EXPECT_FALSE(canBeWritten("out/" + longName));
+}
+
+TEST_F(PathChecks, LinkIsWrittenThroughWhereItsFolderIsThere)
+{
+    fs::create_symlink("../nowhere.txt", "out/here");
+    fs::create_symlink("../missing/nowhere.txt", "out/gone");
+    EXPECT_TRUE(canBeWritten("out/here"));
+    EXPECT_FALSE(canBeWritten("out/gone"));
+    EXPECT_TRUE(canBeWritten("out/gone", true)); // the link itself is replaced
 }
 
 TEST_F(PathChecks, OutputOfAnAutomaticNameIsNotKnownWithoutAPlan)
