@@ -38,8 +38,8 @@ const Codes overwriting = {"V246"};
 const Codes unwriting = {"V038", "V039", "V040", "V042", "V052", "V053",
                          "V062", "V065", "V232", "V247", "V248", "V249"};
 const Codes losingLines = {"V061", "V062", "V101", "V102", "V105", "V150", "V151", "V160",
-                           "V163", "V164", "V165", "V166", "V170", "V171", "V172", "V185",
-                           "V186", "V187", "V188", "V190", "V201", "V207"};
+                           "V163", "V164", "V165", "V166", "V170", "V171", "V172", "V173",
+                           "V185", "V186", "V187", "V188", "V190", "V201", "V207"};
 // Errors that make a plan void: what is read, searched or still to be written is itself written over or
 // removed.
 const Codes voiding = {"V034", "V047", "V051", "V052", "V217"};
@@ -52,14 +52,13 @@ class Trial
 {
 public:
     Trial(std::uint64_t theSeed, const std::string& theFolder, const std::string& theTool)
-        : seed(theSeed), folder(theFolder), tool(theTool)
+        : seed(theSeed), folder(theFolder), place(theFolder + "/work/case"), tool(theTool)
     {
     }
 
     TrialOutcome run()
     {
-        const std::string place = folder + "/case";
-        std::filesystem::create_directory(place);
+        std::filesystem::create_directories(place);
         makeFolder(randomTask(seed, folder + "/scratch"), place);
         std::filesystem::remove(folder + "/scratch");
         std::filesystem::current_path(place);
@@ -113,7 +112,8 @@ private:
     std::set<std::pair<dev_t, ino_t>> expectedFiles() const;
 
     std::uint64_t seed;
-    std::string folder;
+    std::string folder; // whose states are compared: tasks may write some levels above their place
+    std::string place;
     std::string tool;
     CheckedTask checked{};
     InputReading reading{}; // before the run
@@ -205,7 +205,7 @@ void Trial::judgeUnloaded()
         fail("the task was not loaded, and no error says so");
     }
     for (const std::string& path : changedPaths(before, after)) {
-        if (path != folder + "/case/tool.log") {
+        if (path != place + "/tool.log") {
             fail("written by a task that cannot be loaded: " + path);
         }
     }
@@ -317,7 +317,7 @@ void Trial::judgeInputs()
         inputs.insert(seria.path);
     }
     for (const auto& [path, state] : before) {
-        const std::string name = path.size() > folder.size() + 6 ? path.substr(folder.size() + 6) : path;
+        const std::string name = path.size() > place.size() ? path.substr(place.size() + 1) : path;
         const bool isInput = inputs.contains(name) || inputs.contains("./" + name) || name.ends_with(".conf");
         const auto now = after.find(path);
         if (isInput && (now == after.end() || now->second.content != state.content)) {
