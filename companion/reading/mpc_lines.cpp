@@ -27,11 +27,8 @@ constexpr Field dayFraction{26, 7};
 constexpr Field rightAscension{33, 12};
 constexpr Field declination{45, 12};
 constexpr Field magnitude{66, 5};
-constexpr std::size_t lineLength = 80;
 
 constexpr std::string_view stationKeyword = "COD";
-// Header lines of the receiver that the reader does not know.
-constexpr std::string_view otherKeywords[] = {"NUM", "BND"};
 
 std::string_view trimmed(std::string_view text)
 {

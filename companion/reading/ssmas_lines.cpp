@@ -17,9 +17,8 @@ using tavelinUtils::toDouble;
 
 namespace {
 
-// The lines before the first object's, and the words of the lines behind them.
+// The lines before the first object's, and the words of a mark.
 constexpr std::size_t linesInFront = 6;
-constexpr std::size_t wordsOfObject = 2;
 constexpr std::size_t wordsOfMark = 7;
 using Words = std::array<std::string_view, wordsOfMark>;
 

@@ -53,9 +53,9 @@ private:
 
     struct Close
     {
-        void operator()(std::FILE* file) const
+        void operator()(std::FILE* opened) const
         {
-            std::fclose(file);
+            std::fclose(opened);
         }
     };
     std::string path;
