@@ -4,7 +4,7 @@ namespace companion {
 
 std::string givenFormat(const Arguments& arguments)
 {
-    const std::string word = arguments.value("as");
+    std::string word = arguments.value("as");
     if (!word.empty() && !isFormatName(word)) {
         const std::string near = nearestWord(word, formatNames());
         const std::string question = near.empty() ? "" : "; did you mean \"" + near + "\"?";

@@ -175,12 +175,13 @@ std::string momentText(double mjd)
     }
     const double day = std::floor(mjd);
     const std::int64_t all = std::llround((mjd - day) * static_cast<double>(dayLength));
+    const std::int64_t carriedDays = all / dayLength;
     const std::int64_t time = all % dayLength;
     char text[32];
     std::snprintf(text, sizeof text, "T%02d:%02d:%02d.%03d", static_cast<int>(time / 3'600'000),
                   static_cast<int>(time / 60'000 % 60), static_cast<int>(time / 1000 % 60),
                   static_cast<int>(time % 1000));
-    return tavelinUtils::MJDToDate(day + static_cast<double>(all / dayLength), "-") + text;
+    return tavelinUtils::MJDToDate(day + static_cast<double>(carriedDays), "-") + text;
 }
 
 void showFinding(const Console& console, const Finding& found)

@@ -10,7 +10,7 @@
 namespace companion {
 namespace {
 
-constexpr std::size_t largestDocument = 512U * 1024U * 1024U;
+constexpr std::size_t largestDocument = std::size_t{512} * 1024 * 1024;
 
 std::string_view trimmed(std::string_view text)
 {

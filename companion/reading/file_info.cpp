@@ -287,6 +287,7 @@ std::vector<PassedLines> passedLines(const std::string& path, const std::string&
         others->second.firstLine = firstPassed(fates);
     }
     std::vector<PassedLines> all;
+    all.reserve(codes.size());
     for (const auto& [code, lines] : codes) {
         all.push_back(lines);
     }

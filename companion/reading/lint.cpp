@@ -12,7 +12,6 @@
 
 namespace companion {
 
-using tavelinUtils::LineFate;
 using tavelinUtils::LinePieces;
 using tavelinUtils::TrackVtorichka;
 

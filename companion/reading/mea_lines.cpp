@@ -9,7 +9,6 @@
 namespace companion {
 
 using tavelinUtils::LineFate;
-using tavelinUtils::PassedReason;
 
 namespace {
 

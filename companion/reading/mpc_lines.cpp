@@ -15,7 +15,6 @@ namespace companion {
 using tavelinUtils::cut;
 using tavelinUtils::Field;
 using tavelinUtils::LineFate;
-using tavelinUtils::PassedReason;
 using tavelinUtils::toDouble;
 
 namespace {

@@ -13,7 +13,6 @@
 namespace companion {
 
 using tavelinUtils::LineFate;
-using tavelinUtils::toDouble;
 
 namespace {
 

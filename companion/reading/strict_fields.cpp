@@ -14,6 +14,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <functional>
+#include <limits>
 #include <map>
 #include <optional>
 #include <string>
@@ -80,19 +81,54 @@ int pairAt(std::string_view text, std::size_t place)
     return (text[place] - '0') * 10 + (text[place + 1] - '0');
 }
 
-// Digits, with a point among them or not, after a sign or none.
+// A number as people write it, taken apart: digits, with a point among them or not, after a sign or none.
+struct PlainDecimal
+{
+    bool isOne = false;
+    bool isNegative = false;
+    bool hasPoint = false;
+    bool isZero = true;
+    unsigned whole = 0; // what stands before the point; the largest there is where that has many digits
+};
+
+constexpr std::size_t manyDigits = 9;
+// A longer text may be a number beyond all numbers, or so small that it is zero.
+constexpr std::size_t longestPlain = 300;
+
+PlainDecimal plainDecimal(std::string_view text)
+{
+    PlainDecimal number;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    if (at != end && (*at == '-' || *at == '+')) {
+        number.isNegative = *at++ == '-';
+    }
+    const char* const first = at;
+    unsigned digits = 0; // all of them, or-ed: which ones does not matter
+    for (; at != end && isDigit(*at); ++at) {
+        digits |= static_cast<unsigned>(*at - '0');
+        number.whole = number.whole * 10 + static_cast<unsigned>(*at - '0');
+    }
+    std::ptrdiff_t count = at - first;
+    if (count > static_cast<std::ptrdiff_t>(manyDigits)) {
+        number.whole = std::numeric_limits<unsigned>::max();
+    }
+    if (at != end && *at == '.') {
+        number.hasPoint = true;
+        const char* const fraction = ++at;
+        for (; at != end && isDigit(*at); ++at) {
+            digits |= static_cast<unsigned>(*at - '0');
+        }
+        count += at - fraction;
+    }
+    number.isOne = at == end && count > 0;
+    number.isZero = digits == 0;
+    return number;
+}
+
 bool isPlainDecimal(std::string_view text)
 {
-    if (!text.empty() && (text[0] == '-' || text[0] == '+')) {
-        text.remove_prefix(1);
-    }
-    std::size_t digits = 0;
-    std::size_t points = 0;
-    for (const char c : text) {
-        digits += isDigit(c) ? 1U : 0U;
-        points += c == '.' ? 1U : 0U;
-    }
-    return digits > 0 && points <= 1 && digits + points == text.size();
+    return plainDecimal(text).isOne;
 }
 
 // The same, perhaps with an exponent.
@@ -107,19 +143,30 @@ bool isDecimal(std::string_view text)
            isPlainDecimal(power);
 }
 
-bool isWhole(std::string_view text)
+bool isPlainWhole(std::string_view text)
 {
-    constexpr std::size_t alwaysFits = 9;
-    return isPlainDecimal(text) && text.find('.') == std::string_view::npos && text.size() <= alwaysFits;
+    const PlainDecimal number = plainDecimal(text);
+    return number.isOne && !number.hasPoint && text.size() <= manyDigits;
 }
 
+// Whether the number is not zero, and well within the bounds of magnitudes.
 bool isPlainMagnitude(std::string_view text)
 {
-    if (!isDecimal(text)) {
-        return false;
-    }
-    const double magnitude = toDouble(text);
-    return magnitude >= brightest && magnitude <= faintest && magnitude != 0.0;
+    const PlainDecimal number = plainDecimal(text);
+    const double bound = number.isNegative ? -brightest : faintest;
+    return number.isOne && !number.isZero && number.whole < bound && text.size() <= longestPlain;
+}
+
+// Whether the number is below a bound, up or down.
+bool isPlainBelow(std::string_view text, unsigned bound)
+{
+    const PlainDecimal number = plainDecimal(text);
+    return number.isOne && number.whole < bound;
+}
+
+bool isPlainAngle(std::string_view text, unsigned fullCircle)
+{
+    return isPlainBelow(text, fullCircle) && text[0] != '-';
 }
 
 bool isPlainPackedDate(std::string_view text)
@@ -164,15 +211,6 @@ bool isPlainTime(std::string_view text)
     return allDigits(text.substr(0, 2)) && allDigits(text.substr(3, 2)) && allDigits(text.substr(6, 2)) &&
            (fraction.empty() || (fraction[0] == '.' && allDigits(fraction.substr(1)))) &&
            pairAt(text, 0) < 24 && pairAt(text, 3) < 60 && pairAt(text, 6) < 60;
-}
-
-bool isPlainIn(std::string_view text, double least, double most)
-{
-    if (!isDecimal(text)) {
-        return false;
-    }
-    const double value = toDouble(text);
-    return value >= least && value <= most;
 }
 
 // Tells of the fields of one line.
@@ -435,17 +473,17 @@ bool isPlain(FieldForm form, std::string_view text)
 {
     switch (form) {
     case FieldForm::text: break;
-    case FieldForm::number: return isPlainDecimal(text) || (isDecimal(text) && std::isfinite(toDouble(text)));
-    case FieldForm::integer: return isWhole(text);
+    case FieldForm::number: return isPlainDecimal(text) && text.size() <= longestPlain;
+    case FieldForm::integer: return isPlainWhole(text);
     case FieldForm::magnitude: return isPlainMagnitude(text);
     case FieldForm::packedDate: return isPlainPackedDate(text);
-    case FieldForm::packedTime: return isPlainPacked(text, 24);
+    case FieldForm::packedTime:
     case FieldForm::packedRA: return isPlainPacked(text, 24);
     case FieldForm::packedDE: return hasSign(text) && isPlainPacked(text.substr(1), 90);
     case FieldForm::date: return isPlainDate(text);
     case FieldForm::time: return isPlainTime(text);
-    case FieldForm::degreesRA: return isPlainIn(text, 0.0, 360.0);
-    case FieldForm::degreesDE: return isPlainIn(text, -90.0, 90.0);
+    case FieldForm::degreesRA: return isPlainAngle(text, 360);
+    case FieldForm::degreesDE: return isPlainBelow(text, 90);
     }
     return true;
 }

@@ -44,7 +44,8 @@ std::span<const StrictField> telegramFields();
 /// The form of a column of a track table, by its name; text for one that is not known.
 FieldForm formOfTableColumn(std::string_view name);
 
-/// Whether a text is what a person would accept, with nothing more to say about it.
+/// Whether a text is plainly what a person would accept. One that is not may still be: `tellField` looks
+/// closer.
 bool isPlain(FieldForm form, std::string_view text);
 
 /// The finding of a text that is not plain, at its place in the present line; the text is a view into the

@@ -13,8 +13,6 @@
 namespace companion {
 namespace {
 
-using std::string_view_literals::operator""sv;
-
 constexpr std::size_t enoughBytes = std::size_t{1} << 16;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
@@ -26,10 +24,10 @@ struct WideMark
 
 // Those of four bytes first: one of two bytes is their front.
 constexpr WideMark wideMarks[] = {
-    {"\xFF\xFE\0\0"sv, "UTF-32"},
-    {"\0\0\xFE\xFF"sv, "UTF-32"},
-    {"\xFF\xFE"sv, "UTF-16"},
-    {"\xFE\xFF"sv, "UTF-16"},
+    {{"\xFF\xFE\0\0", 4}, "UTF-32"},
+    {{"\0\0\xFE\xFF", 4}, "UTF-32"},
+    {"\xFF\xFE", "UTF-16"},
+    {"\xFE\xFF", "UTF-16"},
 };
 
 std::string markedEncoding(std::string_view front)
@@ -121,7 +119,7 @@ private:
 
 std::string wideEncoding(std::string_view front)
 {
-    const std::string marked = markedEncoding(front);
+    std::string marked = markedEncoding(front);
     if (!marked.empty()) {
         return marked;
     }

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <compare>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -80,7 +79,11 @@ struct TdmMoment
     int day = 0;
     double seconds = 0;
 
-    friend auto operator<=>(const TdmMoment& a, const TdmMoment& b) = default;
+    friend bool operator==(const TdmMoment& a, const TdmMoment& b) = default;
+    friend bool operator<(const TdmMoment& a, const TdmMoment& b)
+    {
+        return a.day < b.day || (a.day == b.day && a.seconds < b.seconds);
+    }
 };
 TdmMoment tdmMomentOf(std::string_view epoch);
 

@@ -115,9 +115,10 @@ void writeSection(XsdText& xsd, const std::string& section)
             writeKey(xsd, key);
         }
     }
+    const std::string path = section.empty() ? "" : section + '/';
     for (const std::string& child : sectionsBelow(section)) {
         xsd.openElement(child, false, repeats);
-        writeSection(xsd, (section.empty() ? "" : section + '/') + child);
+        writeSection(xsd, std::string(path).append(child));
         xsd.close();
     }
     if (section.empty()) {

@@ -77,7 +77,8 @@ TiXmlElement* sectionOf(TiXmlElement* root, const std::string& path)
 // The first list that the reader of configurations would not get past; empty for none.
 std::string emptyListIn(TiXmlElement* root)
 {
-    for (const ConfigurationKey& key : configurationKeys()) {
+    static const std::vector<ConfigurationKey> keys = configurationKeys();
+    for (const ConfigurationKey& key : keys) {
         if (key.value == ConfigurationValue::list &&
             hasEmptyItem(sectionOf(root, key.section), key.key, key.item)) {
             return key.key;

@@ -293,7 +293,7 @@ private:
     std::string otherRoleOf(const std::string& path)
     {
         const auto state = stateOf(path);
-        const std::string source = sources.replacedBy(path, state, false);
+        std::string source = sources.replacedBy(path, state, false);
         const std::string entry = entries.of(path);
         const auto isOutput = [&](const Output& output) {
             const auto other = state ? stateOf(output.path) : std::nullopt;
