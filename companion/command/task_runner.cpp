@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 
 constexpr FindingCode walkWithoutEnd = "V230";
 
-// All that a task is made of: itself, its input, its tables.
+// All that a task is made of: itself, its input, its tables and the configurations of their series.
 std::vector<std::string> inputsOf(const CheckedTask& task)
 {
     std::vector<std::string> paths{task.path};
@@ -25,6 +25,7 @@ std::vector<std::string> inputsOf(const CheckedTask& task)
         for (const tavelinUtils::TSeria2& seria : task.task.paths) {
             paths.push_back(seria.path);
         }
+        paths.insert(paths.end(), task.configurations.begin(), task.configurations.end());
     } else if (!task.task.path_in.empty()) {
         paths.push_back(task.task.path_in);
     }

@@ -205,6 +205,25 @@ TEST(Run, ResumeLeavesOutWhatEndedWellAndStands)
     EXPECT_THAT(tasks.run({"--joblog=log", "--resume"}).out, StartsWith("plain.xml: good: "));
 }
 
+TEST(Run, ResumeLooksAtTheConfigurationsOfSeries)
+{
+    const TemporaryFolder folder;
+    const PresentFolder present(folder.path());
+    fs::copy(fs::path(VOMAR_PROJECT) / "tests/companion/run/configuration_changed/series", "series",
+             fs::copy_options::recursive);
+    fs::create_directory("out");
+    makeFile("report.xml", bytesOf(std::string(VOMAR_PROJECT) +
+                                   "/tests/companion/run/configuration_changed/configures-1.xml"));
+    const auto run = [] {
+        return callCommand({"run", "--vomar", VOMAR_STAND_IN, "--joblog=log", "--resume", "report.xml"}).out;
+    };
+    EXPECT_THAT(run(), StartsWith("report.xml: good: "));
+    EXPECT_THAT(run(), StartsWith("report.xml: left out: "));
+    const auto later = fs::file_time_type::clock::now() + std::chrono::seconds(2);
+    fs::last_write_time("series/night1/night1.conf", later);
+    EXPECT_THAT(run(), StartsWith("report.xml: good: "));
+}
+
 TEST(Run, ResumedTasksAreGood)
 {
     const Tasks tasks({"plain"});

@@ -6,6 +6,7 @@
 #include "multi_report.h"
 #include "results/result_files.h"
 #include "task.h"
+#include "works.h"
 
 #include <csignal>
 #include <cstdio>
@@ -123,6 +124,8 @@ const std::map<std::string, std::function<void(Run&)>> behindWork{
     {"other", [](Run& run) { run.result.Description = "another.txt"; }},
     {"silent", [](Run& run) { run.task.path_res.clear(); }},
     {"touches", [](Run& run) { append(run.task.path_in, "12345   250223 1200000000\n"); }},
+    {"configures",
+     [](Run& run) { append(fs::path(seriesFolder(run.task.paths.at(0).path)) / "night1.conf", "\n"); }},
     {"prints", [](Run&) { std::puts("a word of the runtime"); }},
     {"forks", [](Run&) { leaveGrandchild(); }},
 };
