@@ -57,12 +57,23 @@ std::string placeOfFile(const std::string& path)
 void FolderWatch::watch(const std::string& folder)
 {
     const std::string& place = placeOf(folder);
+    ++watchers[place];
     Names names;
     if (seen.find(place) == seen.end() &&
         forEachName(place, [&names](std::string_view name) { names.emplace(name); }))
     {
         seen.emplace(place, std::move(names));
     }
+}
+
+void FolderWatch::leave(const std::string& folder)
+{
+    --watchers[placeOf(folder)];
+}
+
+bool FolderWatch::isShared(const std::string& folder)
+{
+    return watchers[placeOf(folder)] > 1;
 }
 
 void FolderWatch::expect(const std::string& path)

@@ -18,8 +18,15 @@ namespace companion {
 class FolderWatch
 {
 public:
-    /// Watches a folder from now on; one that is watched already stays as it is.
+    /// Watches a folder from now on, for a task that writes into it; what was seen of one that is watched
+    /// already stays.
     void watch(const std::string& folder);
+
+    /// A task that had the folder watched does not run any more.
+    void leave(const std::string& folder);
+
+    /// Whether more than one task has the folder watched: then nobody knows whose a file is that appears.
+    bool isShared(const std::string& folder);
 
     /// Expects a file, in any folder.
     void expect(const std::string& path);
@@ -41,8 +48,9 @@ private:
 
     const std::string& placeOf(const std::string& folder);
 
-    std::map<std::string, std::string> places; // of folders, by their names
-    std::map<std::string, Names> seen;         // names, by the places of their folders
+    std::map<std::string, std::string> places;   // of folders, by their names
+    std::map<std::string, std::size_t> watchers; // by the places of folders
+    std::map<std::string, Names> seen;           // names, by the places of their folders
     std::set<std::string> expected;
 };
 

@@ -100,8 +100,16 @@ TaskWitness::TaskWitness(WitnessedTask ofTask, FolderWatch& folderWatch)
         }
     }
     folders.expect(task.task.path_res);
-    for (const std::string& folder : outputFolders()) {
+    outputs = outputFolders();
+    for (const std::string& folder : outputs) {
         folders.watch(folder);
+    }
+}
+
+TaskWitness::~TaskWitness()
+{
+    for (const std::string& folder : outputs) {
+        folders.leave(folder);
     }
 }
 
@@ -240,11 +248,14 @@ void TaskWitness::lookForStrangers(TaskEvidence& evidence) const
 {
     std::string paths;
     std::size_t count = 0;
-    for (const std::string& folder : outputFolders()) {
+    bool isDoubtful = false;
+    for (const std::string& folder : outputs) {
         for (const std::string& path : folders.strangers(folder)) {
             paths += (count++ == 0 ? "" : ", ") + path;
+            isDoubtful = isDoubtful || folders.isShared(folder);
         }
     }
+    paths += isDoubtful ? "; another task that is running may have written there" : "";
     if (count > 0) {
         evidence.findings.push_back(finding("V418", {{"files", counted(count, "file")}, {"paths", paths}}));
     }

@@ -61,6 +61,9 @@ public:
     /// Before the run. The folders of the outputs are watched by the folder watch, which must outlive the
     /// witness.
     TaskWitness(WitnessedTask ofTask, FolderWatch& folderWatch);
+    ~TaskWitness();
+    TaskWitness(const TaskWitness&) = delete;
+    TaskWitness& operator=(const TaskWitness&) = delete;
 
     /// After the run of that call.
     TaskEvidence evidence(const ChildCall& call, EndedChild ended, Verification verification);
@@ -89,6 +92,7 @@ private:
     std::vector<Before> inputs;
     std::vector<const PlannedFile*> files; // that stand at the end
     std::vector<FileState> before;         // of these
+    std::vector<std::string> outputs;      // their folders, or that of a task without files
 };
 
 } // namespace companion

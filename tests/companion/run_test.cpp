@@ -246,6 +246,38 @@ TEST(Run, TaskThatReadsWhatAnotherWritesWaitsForIt)
     }
 }
 
+// The quick tasks end while the file of the slow one stands beside theirs, in one folder of three spellings.
+// Only what nobody plans is told, and whose it is stays open where several run at once.
+TEST(Run, FilesOfAnotherRunningTaskAreNoStrangers)
+{
+    const Tasks tasks({"lingers-1", "plain", "leaves-1"});
+    fs::create_directory_symlink("out", "link");
+    makeFile("plain.xml", conversion("plain.mea", "./link"));
+    makeFile("leaves-1.xml", conversion("leaves-1.mea", "link/../out/"));
+    const std::string told = "warning: 1 file appeared that the plan does not know: ";
+    const std::string doubt = "; another task that is running may have written there";
+    const auto run = [&tasks](const char* jobs) {
+        const std::string out = tasks.run({jobs}).out;
+        for (const auto& each : fs::directory_iterator("out")) {
+            fs::remove(each);
+        }
+        return out;
+    };
+    const std::string start = "lingers-1.xml: good: 1 of 1 mark in 1 file\n"
+                              "plain.xml: good: 1 of 1 mark in 1 file\n"
+                              "leaves-1.xml: " +
+                              told + "link/../out/left.txt";
+    const std::string end = " [V418]\n"
+                            "leaves-1.xml: good: 1 of 1 mark in 1 file\n"
+                            "3 tasks: 3 good, 0 failed, 0 refused; 3 of 3 marks written\n";
+    EXPECT_EQ(run("-j1"), start + end);
+    EXPECT_EQ(run("-j2"), start + doubt + end);
+    const std::string all = run("-j3");
+    EXPECT_THAT(all,
+                ContainsRegex("(plain|leaves-1).xml: " + told + "[a-z./]*/left.txt" + doubt + " .V418.\n"));
+    EXPECT_EQ(all.find("V418"), all.rfind("V418"));
+}
+
 TEST(Run, TimesAreShownOnlyWhereTheyAreWanted)
 {
     const Tasks tasks({"plain"});

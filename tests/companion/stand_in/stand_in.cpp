@@ -126,6 +126,8 @@ const std::map<std::string, std::function<void(Run&)>> behindWork{
     {"touches", [](Run& run) { append(run.task.path_in, "12345   250223 1200000000\n"); }},
     {"configures",
      [](Run& run) { append(fs::path(seriesFolder(run.task.paths.at(0).path)) / "night1.conf", "\n"); }},
+    {"lingers", [](Run&) { usleep(1'500'000); }},
+    {"leaves", [](Run& run) { append(run.output().replace_filename("left.txt"), "left\n"); }},
     {"prints", [](Run&) { std::puts("a word of the runtime"); }},
     {"forks", [](Run&) { leaveGrandchild(); }},
 };
