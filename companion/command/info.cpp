@@ -1,6 +1,7 @@
 #include "command/measurement_files.h"
 #include "command/subcommands.h"
 #include "out/json.h"
+#include "out/text.h"
 #include "reading/account_text.h"
 #include "reading/file_info.h"
 #include "reading/signatures.h"
@@ -210,6 +211,16 @@ Json trackJson(const TrackInfo& track)
         .set("motion", track.hasMotion ? Json(track.motion) : Json());
 }
 
+// The path of a file. Its bytes, where it is not UTF-8, stand in an object of their own: "bytes" is the size
+// of the file.
+void setPath(Json& file, const std::string& path)
+{
+    file.set("file", path);
+    if (!isUtf8(path)) {
+        file.set("path", Json::object().set("bytes", hexadecimal(path)));
+    }
+}
+
 // Shows files one after the other.
 class Presentation
 {
@@ -252,7 +263,7 @@ public:
     {
         if (document) {
             Json file = Json::object();
-            setBytes(file, "file", found.file);
+            setPath(file, found.file);
             document->element(file.set("format", Json()).set("problem", found.text));
         } else {
             showFinding(console, found);
@@ -278,7 +289,7 @@ private:
     Json json(const FileInfo& info) const
     {
         Json file = Json::object();
-        setBytes(file, "file", info.path);
+        setPath(file, info.path);
         for (const InfoKey& each : keys) {
             if (key == nullptr || key == &each) {
                 file.set(each.name, each.json(info));
