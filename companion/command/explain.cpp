@@ -1,15 +1,18 @@
 // `tavelin explain`: finds out what is asked about, and explains it.
 
+#include "base/bytes.h"
 #include "base/numbers.h"
 #include "command/explanation.h"
 #include "command/subcommands.h"
 #include "reading/code_meanings.h"
+#include "reading/input_files.h"
 #include "reading/signatures.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <optional>
 #include <ostream>
+#include <utility>
 
 namespace companion {
 namespace {
@@ -66,18 +69,21 @@ std::vector<ResultEntry> resultsOf(const std::string& path)
     return entries.empty() ? resultsOfLog(path) : entries;
 }
 
-Explanation resultIn(const std::string& path)
+Explanation resultIn(const std::string& name, InputFiles& files)
 {
-    const std::vector<ResultEntry> entries = resultsOf(path);
+    const std::vector<ResultEntry> entries = resultsOf(files.pathOf(name));
     if (entries.empty()) {
-        throw WrongUsage{finding("V003", {{"file", path}, {"what", "it holds no result"}})};
+        throw WrongUsage{finding("V003", {{"file", name}, {"what", "it holds no result"}})};
     }
-    return explanationOfResult(path, entries);
+    return explanationOfResult(name, entries);
 }
 
-Explanation taskIn(const std::string& path)
+Explanation taskIn(const std::string& name, InputFiles& files)
 {
-    const CheckedTask checked = TaskChecker({}).check(path);
+    tavelinUtils::FileBytes input;
+    const bool isCopied = name == standardInput && readBytes(files.pathOf(name), input);
+    TaskDocument document = isCopied ? taskDocumentOf(input.view(), name) : readTaskDocument(name);
+    const CheckedTask checked = TaskChecker({}).check(std::move(document));
     if (!checked.isLoaded) {
         throw WrongUsage{
             std::find_if(checked.findings.begin(), checked.findings.end(),
@@ -99,20 +105,23 @@ std::string kindOfWord(const std::string& word)
 }
 
 // A file is a task or a result, by its content.
-std::string kindOfFile(const std::string& path)
+std::string kindOfFile(const std::string& name, InputFiles& files)
 {
-    const Recognition form = recognisedFile(path);
+    const Recognition form = recognisedFile(files.pathOf(name));
     if (form.format == "task" || form.format == "result") {
         return form.format;
     }
     const std::string what = form.isSure()
                                  ? "it is of the form " + formatTitle(form.format) + "; see tavelin info"
                                  : "it is no task and no result file";
-    throw WrongUsage{finding("V003", {{"file", path}, {"what", what}})};
+    throw WrongUsage{finding("V003", {{"file", name}, {"what", what}})};
 }
 
-std::string kindOf(const std::string& word)
+std::string kindOf(const std::string& word, InputFiles& files)
 {
+    if (word == standardInput) {
+        return kindOfFile(word, files);
+    }
     std::string kind = kindOfWord(word);
     const bool isFile = std::filesystem::is_regular_file(word);
     if (!kind.empty() && isFile) {
@@ -124,10 +133,10 @@ std::string kindOf(const std::string& word)
     if (!isFile) {
         throw WrongUsage{finding("V003", {{"file", word}, {"what", "there is no such file"}})};
     }
-    return kindOfFile(word);
+    return kindOfFile(word, files);
 }
 
-Explanation explained(const std::string& word, const std::string& kind)
+Explanation explained(const std::string& word, const std::string& kind, InputFiles& files)
 {
     if (kind == "finding") {
         return findingNamed(word);
@@ -138,7 +147,7 @@ Explanation explained(const std::string& word, const std::string& kind)
     if (kind == "format") {
         return formatNamed(word);
     }
-    return kind == "task" ? taskIn(word) : resultIn(word);
+    return kind == "task" ? taskIn(word, files) : resultIn(word, files);
 }
 
 int list(const Arguments& arguments, const Console& console)
@@ -173,8 +182,9 @@ int explain(const Arguments& arguments, const Console& console)
         throw WrongUsage{finding("V001", {{"option", "explain"}, {"problem", "takes one WHAT"}})};
     }
     const std::string& word = arguments.operands().front();
+    InputFiles files;
     const Explanation explanation =
-        explained(word, arguments.has("as") ? arguments.value("as") : kindOf(word));
+        explained(word, arguments.has("as") ? arguments.value("as") : kindOf(word, files), files);
     const int status = explanation.tellsOfFailure ? 1 : 0;
     if (!console.look.json) {
         console.out << explanation.text;

@@ -4,6 +4,7 @@
 #include "out/text.h"
 #include "reading/account_text.h"
 #include "reading/file_info.h"
+#include "reading/input_files.h"
 #include "reading/signatures.h"
 
 #include <algorithm>
@@ -312,18 +313,19 @@ private:
     std::optional<JsonDocument> document{};
 };
 
-// Shows a file; gives the exit status.
-int showOne(const std::string& path, const Arguments& arguments, Presentation& shown)
+// Shows a file that is read from a path; gives the exit status.
+int showOne(const std::string& name, const std::string& path, const Arguments& arguments, Presentation& shown)
 {
     Recognition recognition{givenFormat(arguments), 100, "", 0};
     if (recognition.format.empty()) {
         recognition = recognisedFile(path);
     }
     if (!recognition.isSure()) {
-        shown.addUncertain(uncertainFormat(path, recognition));
+        shown.addUncertain(uncertainFormat(name, recognition));
         return 1;
     }
-    const FileInfo info = fileInfo(path, recognition.format, recognition.points, shown.wantsTracks());
+    FileInfo info = fileInfo(path, recognition.format, recognition.points, shown.wantsTracks());
+    info.path = name;
     shown.add(info);
     const std::size_t skipped = info.account.passed + info.account.lost + info.account.refused;
     return arguments.has("strict") && skipped > 0 ? 1 : 0;
@@ -333,10 +335,11 @@ int info(const Arguments& arguments, const Console& console)
 {
     givenFormat(arguments); // a wrong word is told before anything else
     Presentation shown(arguments, console);
+    InputFiles files;
     int status = 0;
-    for (const std::string& path : arguments.operands()) {
+    for (const std::string& name : arguments.operands()) {
         try {
-            status = std::max(status, showOne(path, arguments, shown));
+            status = std::max(status, showOne(name, files.pathOf(name), arguments, shown));
         } catch (const WrongUsage& usage) {
             status = 2;
             console.err << "tavelin: " << printable(usage.why.text) << " [" << usage.why.code.text() << "]\n";

@@ -7,6 +7,7 @@
 #include "out/finding_json.h"
 #include "out/json.h"
 #include "reading/account_text.h"
+#include "reading/input_files.h"
 #include "reading/schema_validation.h"
 #include "reading/signatures.h"
 
@@ -14,6 +15,7 @@
 #include <map>
 #include <optional>
 #include <ostream>
+#include <utility>
 
 namespace companion {
 namespace {
@@ -179,24 +181,26 @@ private:
     std::size_t fileCount = 0;
 };
 
-void lintOne(const std::string& path, const Wishes& wishes, const XmlSchema* schema, Presentation& shown)
+// Looks at a file that is read from a path.
+void lintOne(const std::string& name, const std::string& path, const Wishes& wishes, const XmlSchema* schema,
+             Presentation& shown)
 {
     std::string format = wishes.format;
     if (format.empty()) {
         const Recognition recognition = recognisedFile(path);
         if (!recognition.isSure()) {
-            shown.add(uncertainFormat(path, recognition));
-            shown.endFile(path, "", {});
+            shown.add(uncertainFormat(name, recognition));
+            shown.endFile(name, "", {});
             return;
         }
         format = recognition.format;
     }
-    const auto found = [&shown](const Finding& each) { shown.add(each); };
+    const auto found = [&shown, &name](Finding each) { shown.add(std::move(each).in(name)); };
     const FileAccount account = lintFile(path, format, wishes.settingsFor(format), found);
     if (schema != nullptr) {
         schema->validate(path, found);
     }
-    shown.endFile(path, format, account);
+    shown.endFile(name, format, account);
 }
 
 int lint(const Arguments& arguments, const Console& console)
@@ -208,9 +212,10 @@ int lint(const Arguments& arguments, const Console& console)
     }
     Presentation shown(console, wishes.most);
     bool isAllReadable = true;
-    for (const std::string& path : arguments.operands()) {
+    InputFiles files;
+    for (const std::string& name : arguments.operands()) {
         try {
-            lintOne(path, wishes, schema ? &*schema : nullptr, shown);
+            lintOne(name, files.pathOf(name), wishes, schema ? &*schema : nullptr, shown);
         } catch (const WrongUsage& usage) {
             isAllReadable = false;
             console.err << "tavelin: " << printable(usage.why.text) << " [" << usage.why.code.text() << "]\n";

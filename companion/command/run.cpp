@@ -4,6 +4,7 @@
 #include "command/task_runner.h"
 #include "out/progress.h"
 #include "out/units.h"
+#include "reading/input_files.h"
 #include "running/evidence.h"
 #include "running/tool_path.h"
 
@@ -107,7 +108,7 @@ void checkJobLog(const Arguments& arguments, const RunSettings& settings,
     }
     const FileState log = settings.jobLog.empty() ? FileState{} : fileState(settings.jobLog);
     for (const std::string& path : tasks) {
-        const FileState task = fileState(path);
+        const FileState task = path == standardInput ? FileState{} : fileState(path);
         if (log.exists && task.exists && log.device == task.device && log.inode == task.inode) {
             throw WrongUsage{finding("V005", {{"file", settings.jobLog}})};
         }

@@ -1,10 +1,14 @@
 #include "command/task_runner.h"
 
+#include "base/bytes.h"
+#include "reading/input_files.h"
 #include "running/folder_watch.h"
 #include "running/job_log.h"
 #include "running/private_folder.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -20,7 +24,10 @@ constexpr FindingCode walkWithoutEnd = "V230";
 // All that a task is made of: itself, its input, its tables and the configurations of their series.
 std::vector<std::string> inputsOf(const CheckedTask& task)
 {
-    std::vector<std::string> paths{task.path};
+    std::vector<std::string> paths;
+    if (task.path != standardInput) {
+        paths.push_back(task.path);
+    }
     if (task.isReport) {
         for (const tavelinUtils::TSeria2& seria : task.task.paths) {
             paths.push_back(seria.path);
@@ -115,10 +122,10 @@ private:
     // one reads or writes too.
     bool takeOn(std::size_t number, const std::string& path)
     {
-        if (!running.empty() && readsWhatIsWritten(quickChecker.check(path))) {
+        if (!running.empty() && readsWhatIsWritten(quickChecker.check(documentOf(path)))) {
             return false;
         }
-        auto task = std::make_unique<CheckedTask>(checker.check(path));
+        auto task = std::make_unique<CheckedTask>(checker.check(documentOf(path)));
         if (settings.resumes && endedWellBefore(*task)) {
             settle(number, {std::move(task),
                             RunStatus::leftOut,
@@ -130,6 +137,31 @@ private:
             return start(number, std::move(task));
         }
         return true;
+    }
+
+    // The standard input is read once, though a task may be looked at again and again before its turn.
+    TaskDocument documentOf(const std::string& path)
+    {
+        if (path != standardInput) {
+            return readTaskDocument(path);
+        }
+        if (!givenTask) {
+            givenTask = readTaskDocument(path);
+        }
+        return *givenTask;
+    }
+
+    // The path under which the tool finds a task.
+    std::string argumentFor(const CheckedTask& task) const
+    {
+        if (task.path != standardInput) {
+            return task.path;
+        }
+        std::string path = ownFolder->path() + "/task.xml";
+        if (!tavelinUtils::writeBytes(path, "wb", task.document.bytes)) {
+            throw WrongUsage{finding("V003", {{"file", path}, {"what", std::strerror(errno)}})};
+        }
+        return path;
     }
 
     bool readsWhatIsWritten(const CheckedTask& task) const
@@ -161,8 +193,12 @@ private:
         return task.isRefused(allowed);
     }
 
+    // What came from the standard input before may have been another task.
     bool endedWellBefore(const CheckedTask& task) const
     {
+        if (task.path == standardInput) {
+            return false;
+        }
         const auto line = done.find(commandOf(task));
         return line != done.end() && line->second.exitValue == 0 && line->second.signal == 0 &&
                isUpToDate(task);
@@ -186,8 +222,8 @@ private:
         if (!ownFolder) {
             ownFolder.emplace();
         }
-        const ChildCall call{settings.tool, ownFolder->path() + '/' + std::to_string(number), task->path,
-                             settings.timeLimit, settings.memoryLimit};
+        const ChildCall call{settings.tool, ownFolder->path() + '/' + std::to_string(number),
+                             argumentFor(*task), settings.timeLimit, settings.memoryLimit};
         children.start(number, call);
         running.emplace(number, StartedTask{std::move(task), call, std::move(witness), std::move(places)});
         return true;
@@ -255,6 +291,7 @@ private:
     std::map<std::string, JobLine> done{};
     std::optional<JobLog> log{};
     std::optional<PrivateFolder> ownFolder{};
+    std::optional<TaskDocument> givenTask{}; // that of the standard input
     Children children;
     std::map<std::size_t, StartedTask> running{};
     std::map<std::size_t, TaskOutcome> waiting{};

@@ -52,11 +52,17 @@ bool endedWell(const EndedChild& ended)
     return ended.failure.empty() && ended.status == 0 && ended.limit == ChildLimit::none;
 }
 
-// The results of the log that the tool writes beside the name it is told, which is removed.
-std::vector<ResultEntry> takenFallback(const ChildCall& call)
+// The results of the log that the tool writes beside the name it is told, which is removed. What it says of
+// its task, of which it may have been given a copy, is said of the task itself.
+std::vector<ResultEntry> takenFallback(const ChildCall& call, const std::string& task)
 {
     const std::string path = call.name + ".log";
     std::vector<ResultEntry> entries = resultsOfLog(path);
+    for (ResultEntry& entry : entries) {
+        for (std::string* const text : {&entry.comment, &entry.description}) {
+            *text = *text == call.argument ? task : *text;
+        }
+    }
     std::error_code ignored;
     std::filesystem::remove(path, ignored);
     return entries;
@@ -165,7 +171,7 @@ void TaskWitness::lookAtEnd(const ChildCall& call, TaskEvidence& evidence) const
 
 void TaskWitness::lookAtResults(const ChildCall& call, TaskEvidence& evidence) const
 {
-    evidence.results = takenFallback(call);
+    evidence.results = takenFallback(call, task.path);
     const bool hasFallback = !evidence.results.empty();
     for (ResultEntry& entry : results.fresh()) {
         evidence.results.push_back(std::move(entry));

@@ -298,9 +298,14 @@ TaskChecker::~TaskChecker() = default;
 
 CheckedTask TaskChecker::check(const std::string& path)
 {
+    return check(readTaskDocument(path));
+}
+
+CheckedTask TaskChecker::check(TaskDocument document)
+{
     CheckedTask checked;
-    checked.path = path;
-    checked.document = readTaskDocument(path);
+    checked.path = document.path;
+    checked.document = std::move(document);
     const FolderFor folder(settings.folder);
     Check check(settings, *reader, series, checked);
     check.run();

@@ -67,6 +67,9 @@ public:
     /// Checks one task. Nothing is written.
     CheckedTask check(const std::string& path);
 
+    /// The same for a task that was read already.
+    CheckedTask check(TaskDocument document);
+
 private:
     CheckSettings settings;
     std::unique_ptr<InputReader> reader;

@@ -3,6 +3,7 @@
 #include "base/bytes.h"
 #include "config/xml_nesting.h"
 #include "out/text.h"
+#include "reading/input_files.h"
 #include "task/key_table.h"
 
 #include <libxml/parser.h>
@@ -355,10 +356,10 @@ TaskDocument readTaskDocument(const std::string& path)
 {
     FileBytes file;
     errno = 0;
-    if (path == "-" ? readBytes(stdin, file) : readBytes(path, file)) {
+    if (path == standardInput ? readBytes(stdin, file) : readBytes(path, file)) {
         TaskDocument document = taskDocumentOf(file.view(), path);
         std::error_code ignored;
-        document.file = path == "-" ? "" : std::filesystem::absolute(path, ignored).string();
+        document.file = path == standardInput ? "" : std::filesystem::absolute(path, ignored).string();
         return document;
     }
     const int failure = errno;

@@ -8,11 +8,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <sstream>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -33,10 +37,24 @@ fs::path folderOf(const std::string& group)
     return fs::path(VOMAR_PROJECT) / "tests/companion" / group;
 }
 
-std::vector<std::string> argumentsOf(const fs::path& call)
+// The call of a case.
+struct Call
 {
-    std::istringstream line(textOf(call));
-    std::vector<std::string> arguments;
+    std::vector<std::string> arguments{};
+    std::string input = "/dev/null";
+
+    Call with(const std::string& option) const
+    {
+        Call call = *this;
+        call.arguments.push_back(option);
+        return call;
+    }
+};
+
+Call callOf(const fs::path& path)
+{
+    std::istringstream line(textOf(path));
+    Call call;
     for (std::string word; line >> std::ws && !line.eof();) {
         if (line.peek() == '"') {
             line.get();
@@ -44,9 +62,47 @@ std::vector<std::string> argumentsOf(const fs::path& call)
         } else {
             line >> word;
         }
-        arguments.push_back(word);
+        if (word == "<") {
+            line >> call.input;
+        } else {
+            call.arguments.push_back(word);
+        }
     }
-    return arguments;
+    return call;
+}
+
+// The standard input comes from a file.
+class StandardInput
+{
+public:
+    explicit StandardInput(const std::string& path) : before(dup(STDIN_FILENO))
+    {
+        const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+        EXPECT_GE(file, 0) << path;
+        give(file);
+    }
+    ~StandardInput()
+    {
+        give(before);
+    }
+    StandardInput(const StandardInput&) = delete;
+    StandardInput& operator=(const StandardInput&) = delete;
+
+private:
+    static void give(int file)
+    {
+        dup2(file, STDIN_FILENO);
+        close(file);
+        std::rewind(stdin);
+    }
+
+    int before;
+};
+
+CommandEnd ended(const Call& call)
+{
+    const StandardInput input(call.input);
+    return callCommand(call.arguments);
 }
 
 // Names, kinds, sizes and times of all that is in a folder.
@@ -106,12 +162,6 @@ public:
     EntriesOfCase& operator=(const EntriesOfCase&) = delete;
 };
 
-std::vector<std::string> with(std::vector<std::string> arguments, const std::string& option)
-{
-    arguments.push_back(option);
-    return arguments;
-}
-
 // The lines of a text that tell of errors.
 std::vector<std::string> errorLines(const std::string& text)
 {
@@ -151,23 +201,23 @@ void expectGolden(const std::string& group, const std::string& name)
 {
     const fs::path source = folderOf(group) / name;
     const CaseFolder folder(source);
-    const std::vector<std::string> call = argumentsOf(source / "call");
+    const Call call = callOf(source / "call");
     const int status = exists(source / "status") ? std::stoi(textOf(source / "status")) : 0;
     const auto before = stateOf(fs::current_path());
     const EntriesOfCase entries(source);
 
-    const CommandEnd plain = callCommand(call);
+    const CommandEnd plain = ended(call);
     EXPECT_EQ(plain.out, textOf(source / "text"));
     EXPECT_EQ(plain.err, textOf(source / "messages"));
     EXPECT_EQ(plain.status, status);
     if (exists(source / "json")) {
-        const CommandEnd json = callCommand(with(call, "--json"));
+        const CommandEnd json = ended(call.with("--json"));
         EXPECT_EQ(json.out, textOf(source / "json"));
         EXPECT_EQ(json.status, status);
     }
     for (const char* option : {"--quiet", "--verbose"}) {
         SCOPED_TRACE(option);
-        const CommandEnd other = callCommand(with(call, option));
+        const CommandEnd other = ended(call.with(option));
         EXPECT_EQ(other.status, status);
         EXPECT_EQ(errorLines(other.out), errorLines(plain.out));
     }
@@ -178,19 +228,19 @@ void expectGoldenRun(const std::string& name, const std::string& tool)
 {
     const fs::path source = folderOf("run") / name;
     const int status = exists(source / "status") ? std::stoi(textOf(source / "status")) : 0;
-    const std::vector<std::string> call = with(with(argumentsOf(source / "call"), "--vomar"), tool);
-    const auto runWith = [&](const std::vector<std::string>& arguments) {
+    const Call call = callOf(source / "call").with("--vomar").with(tool);
+    const auto runWith = [&](const Call& wanted) {
         const CaseFolder folder(source);
-        return callCommand(arguments);
+        return ended(wanted);
     };
     const CommandEnd plain = runWith(call);
     EXPECT_EQ(plain.out, textOf(source / "text"));
     EXPECT_EQ(plain.err, textOf(source / "messages"));
     EXPECT_EQ(plain.status, status);
-    EXPECT_EQ(runWith(with(call, "-j2")).out, plain.out);
-    EXPECT_EQ(runWith(with(call, "--quiet")).status, status);
-    EXPECT_EQ(runWith(with(call, "--verbose")).status, status);
-    const CommandEnd json = runWith(with(call, "--json"));
+    EXPECT_EQ(runWith(call.with("-j2")).out, plain.out);
+    EXPECT_EQ(runWith(call.with("--quiet")).status, status);
+    EXPECT_EQ(runWith(call.with("--verbose")).status, status);
+    const CommandEnd json = runWith(call.with("--json"));
     EXPECT_EQ(json.status, status);
     if (exists(source / "json")) {
         EXPECT_EQ(json.out, textOf(source / "json"));

@@ -1,6 +1,7 @@
 // Golden cases: a folder with inputs, a call of the command, and what it prints.
 //
-//   call      the arguments, one line; words with blanks in double quotes
+//   call      the arguments, one line; words with blanks in double quotes; "< FILE" at its end gives the
+//             standard input
 //   prepare   shell commands that make what a repository does not keep: links, pipes, folders without rights
 //   entries   how the entries of folders come: "sorted" or "without kinds"
 //   text      what it prints to standard output

@@ -246,6 +246,24 @@ TEST(Run, TaskThatReadsWhatAnotherWritesWaitsForIt)
     }
 }
 
+// It comes from a pipe, and is looked at again once the first task has ended.
+TEST(Run, TaskOfTheStandardInputWaitsToo)
+{
+    const Tasks tasks({"slow-1"});
+    makeFile("second.xml", conversion("out/slow-1.txt", "./"));
+    const std::string command = std::string("cat second.xml | ") + VOMAR_COMMAND + " run -j2 --vomar " +
+                                VOMAR_STAND_IN + " --joblog log slow-1.xml - >printed";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(bytesOf("printed"), "slow-1.xml: good: 1 of 1 mark in 1 file\n"
+                                  "-: good: 1 of 1 mark in 1 file\n"
+                                  "2 tasks: 2 good, 0 failed, 0 refused; 2 of 2 marks written\n");
+    EXPECT_THAT(bytesOf("log"), EndsWith(std::string(VOMAR_STAND_IN) + " -\n"));
+    const std::string again = std::string(VOMAR_COMMAND) + " run --vomar " + VOMAR_STAND_IN +
+                              " --joblog log --resume - <second.xml >printed";
+    EXPECT_EQ(std::system(again.c_str()), 0);
+    EXPECT_EQ(bytesOf("printed"), "-: good: 1 of 1 mark in 1 file\n");
+}
+
 // The quick tasks end while the file of the slow one stands beside theirs, in one folder of three spellings.
 // Only what nobody plans is told, and whose it is stays open where several run at once.
 TEST(Run, FilesOfAnotherRunningTaskAreNoStrangers)
