@@ -214,7 +214,7 @@ constexpr FindingRow rows[] = {
      "The line gets more words or other columns than its reader expects, so the marks of these objects are "
      "skipped or misread.",
      "Rename the objects, or use a format without this limit, such as tdm."},
-    {"V075", Severity::note, false, "c", "{some} of {marks} lose {digits} in this format",
+    {"V075", Severity::note, false, "c", "{some} of {marks} would lose {digits} in this format",
      "The format has fewer digits than the marks, and the rest is cut or rounded away.",
      "See tavelin explain and the name of the format for its digits, and choose one with more where they "
      "matter."},

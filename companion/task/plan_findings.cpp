@@ -2,6 +2,7 @@
 
 #include "out/text.h"
 #include "receivers/tdm_rules.h"
+#include "task/lost_digits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -51,7 +52,12 @@ std::vector<FindingPlace> placesOf(const std::vector<MissingMark>& marks)
 
 struct PlanInspection::State
 {
+    explicit State(const TConvMea& ofTask) : task(ofTask), digits(task.inputformat, task.outputformat)
+    {
+    }
+
     const TConvMea& task;
+    LostDigits digits;
     std::set<std::string> blankNames{};                     // of objects, for forms that are cut at blanks
     std::map<std::string, std::set<std::string>> filters{}; // of each object
     std::vector<std::string> firstFilters{};                // of the marks of the first track of a file
@@ -304,7 +310,7 @@ void findReportTraps(Report& report)
 
 } // namespace
 
-PlanInspection::PlanInspection(const TConvMea& task) : state(new State{task})
+PlanInspection::PlanInspection(const TConvMea& task) : state(new State(task))
 {
 }
 
@@ -316,6 +322,7 @@ void PlanInspection::see(const PlannedFile& file, const TrackVtorichka& track)
     {
         state->blankNames.insert(track.QRVName);
     }
+    state->digits.see(track);
     state->filters[track.QRVName].insert(track.Series);
     if (file.format == "aavso") {
         state->seeFilters(file, track);
@@ -348,6 +355,9 @@ std::vector<Finding> PlanInspection::findings(const Plan& plan, const AtKey& atK
                                     {"problem", "a blank or without a letter"},
                                     {"word", state->task.outputformat}})
                        .times(state->blankNames.size()));
+    }
+    if (std::optional<Finding> lost = state->digits.found()) {
+        report.add(std::move(*lost), "outputformat");
     }
     if (isReport && state->task.toSeparateFile == "eachobject") {
         for (const auto& [name, filters] : state->filters) {

@@ -1,0 +1,164 @@
+#include "task/lost_digits.h"
+
+#include "out/text.h"
+#include "reading/format_facts.h"
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+using namespace tavelinUtils;
+
+namespace companion {
+namespace {
+
+using Mark = TRecLabelPervichka_File;
+
+// A value of marks in the unit of the input, and what the output keeps of it.
+struct Value
+{
+    std::string name;
+    double Mark::*field;
+    double units;       // of the input, in one of the field
+    double inputStep;   // that each value has at least; 0 where values have as many digits as they like
+    double step;        // of the output, in units of the input
+    int mostDecimals;   // that are looked for
+    double noise;       // of calculation, in units of the input
+    bool loses = false; // in some mark
+};
+
+// The place of the last digit of a number other than 0.
+double lastPlace(double number, const Value& value)
+{
+    double scale = 1.0;
+    for (int decimals = 0; decimals < value.mostDecimals; ++decimals) {
+        const double scaled = number * scale;
+        if (std::abs(scaled - std::nearbyint(scaled)) < value.noise * scale) {
+            break;
+        }
+        scale *= 10.0;
+    }
+    return 1.0 / scale;
+}
+
+// Whether the number that the output gives would be another one with the digits of the input.
+bool losesDigits(const Mark& mark, const Value& value)
+{
+    const double number = mark.*value.field * value.units;
+    const double steps = number / value.step;
+    const double error = std::abs(steps - std::nearbyint(steps)) * value.step;
+    const bool isOff = error > value.noise;
+    return isOff &&
+           ((value.inputStep > 0 && error > value.inputStep / 2) || error > lastPlace(number, value) / 2);
+}
+
+// Which magnitudes a format has.
+std::vector<double Mark::*> magnitudesOf(std::string_view word)
+{
+    if (word == "aavso") {
+        return {&Mark::mEnsemble};
+    }
+    if (word == "mag") {
+        return {&Mark::m, &Mark::mEnsemble, &Mark::mInstr, &Mark::mInstr1000, &Mark::mInstrComp};
+    }
+    return {&Mark::m};
+}
+
+// The reader of SSMAS drops what is behind the whole seconds, but a file of it has more.
+double declinationStep(const FormatFacts& facts)
+{
+    constexpr double stepOfSsmas = 0.01;
+    return facts.name == "ssmas" ? stepOfSsmas : facts.declinationStep;
+}
+
+// Angles in degrees may have any number of digits, those in hours and degrees of seconds have that of the
+// format.
+std::vector<Value> valuesOf(const FormatFacts& input, const FormatFacts& output)
+{
+    constexpr double secondsOfDay = 86400;
+    constexpr double arcseconds = 3600; // in a degree
+    constexpr double timeSeconds = 240; // the same
+    const bool inDegrees = input.name == "tdm" || input.name == "table";
+    const int decimals = inDegrees ? 10 : 7;
+    const double noise = inDegrees ? 2e-11 : 2e-8;
+    const auto angle = [&](const char* name, double Mark::*field, double units, double inputStep,
+                           double step) {
+        units = inDegrees ? 1 : units;
+        const double factor = units / arcseconds;
+        return Value{name, field, units, inDegrees ? 0 : inputStep * factor, step * factor, decimals, noise};
+    };
+    std::vector<Value> values{
+        {"time", &Mark::time, secondsOfDay, input.timeStep, output.timeStep, 7, 2e-8},
+        angle("right ascension", &Mark::RA, timeSeconds, input.rightAscensionStep, output.rightAscensionStep),
+        angle("declination", &Mark::DE, arcseconds, input.declinationStep, declinationStep(output)),
+    };
+    for (double Mark::*const field : magnitudesOf(output.name)) {
+        values.push_back({"magnitude", field, 1, input.magnitudeStep, output.magnitudeStep, 8, 1e-9});
+    }
+    std::erase_if(values, [](const Value& each) { return each.step == 0; }); // those that it does not have
+    return values;
+}
+
+// "time, declination and magnitude".
+std::string namesOf(const std::vector<Value>& values)
+{
+    std::vector<std::string> names;
+    for (const Value& each : values) {
+        if (each.loses && (names.empty() || names.back() != each.name)) {
+            names.push_back(each.name);
+        }
+    }
+    std::string text;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        text += (i == 0 ? "" : i + 1 == names.size() ? " and " : ", ") + names[i];
+    }
+    return text;
+}
+
+} // namespace
+
+struct LostDigits::State
+{
+    std::vector<Value> values{};
+    std::size_t marks = 0;
+    std::size_t losing = 0;
+};
+
+LostDigits::LostDigits(std::string_view input, std::string_view output) : state(new State)
+{
+    const FormatFacts* const from = formatFacts(input == "vomar" ? "table" : input);
+    const FormatFacts* const to = formatFacts(output);
+    if (from != nullptr && to != nullptr) {
+        state->values = valuesOf(*from, *to);
+    }
+}
+
+LostDigits::~LostDigits() = default;
+
+void LostDigits::see(const TrackVtorichka& track)
+{
+    state->marks += track.Marks.size();
+    for (const Mark& mark : track.Marks) {
+        bool loses = false;
+        for (Value& value : state->values) {
+            if (losesDigits(mark, value)) {
+                value.loses = true;
+                loses = true;
+            }
+        }
+        state->losing += loses ? 1 : 0;
+    }
+}
+
+std::optional<Finding> LostDigits::found() const
+{
+    if (state->losing == 0) {
+        return std::nullopt;
+    }
+    return finding("V075", {{"some", counted(state->losing)},
+                            {"marks", counted(state->marks, "mark")},
+                            {"digits", "digits of " + namesOf(state->values)}})
+        .times(state->losing);
+}
+
+} // namespace companion
