@@ -2,6 +2,8 @@
 
 #include "out/text.h"
 #include "reading/format_facts.h"
+#include "text/date_text.h"
+#include "text/written_text.h"
 
 #include <cmath>
 #include <string>
@@ -19,12 +21,13 @@ struct Value
 {
     std::string name;
     double Mark::*field;
-    double units;       // of the input, in one of the field
-    double inputStep;   // that each value has at least; 0 where values have as many digits as they like
-    double step;        // of the output, in units of the input
-    int mostDecimals;   // that are looked for
-    double noise;       // of calculation, in units of the input
-    bool loses = false; // in some mark
+    double units;     // of the input, in one of the field
+    double inputStep; // that each value has at least; 0 where values have as many digits as they like
+    double step;      // of the output, in units of the input
+    int mostDecimals; // that are looked for
+    double noise;     // of calculation, in units of the input
+    double (*kept)(double field) = nullptr; // where the output is not the nearest step
+    bool loses = false;                     // in some mark
 };
 
 // The place of the last digit of a number other than 0.
@@ -41,12 +44,33 @@ double lastPlace(double number, const Value& value)
     return 1.0 / scale;
 }
 
+// How far the output is off, in units of the input.
+double errorOf(double field, double number, const Value& value)
+{
+    if (value.kept != nullptr) {
+        return std::abs(value.kept(field) - field) * value.units;
+    }
+    const double steps = number / value.step;
+    return std::abs(steps - std::nearbyint(steps)) * value.step;
+}
+
+// A time as MEA gives it: cut, so that one of a millisecond may come out as the millisecond before it.
+double timeOfMea(double time)
+{
+    if (!std::isfinite(time)) {
+        return time;
+    }
+    char text[sexagesimalRoom];
+    char* end = writeTimeMEA(text, time, 3, false);
+    *end++ = '0';
+    return packedTime({text, static_cast<std::size_t>(end - text)});
+}
+
 // Whether the number that the output gives would be another one with the digits of the input.
 bool losesDigits(const Mark& mark, const Value& value)
 {
     const double number = mark.*value.field * value.units;
-    const double steps = number / value.step;
-    const double error = std::abs(steps - std::nearbyint(steps)) * value.step;
+    const double error = errorOf(mark.*value.field, number, value);
     const bool isOff = error > value.noise;
     return isOff &&
            ((value.inputStep > 0 && error > value.inputStep / 2) || error > lastPlace(number, value) / 2);
@@ -94,6 +118,9 @@ std::vector<Value> valuesOf(const FormatFacts& input, const FormatFacts& output)
     };
     for (double Mark::*const field : magnitudesOf(output.name)) {
         values.push_back({"magnitude", field, 1, input.magnitudeStep, output.magnitudeStep, 8, 1e-9});
+    }
+    if (output.name == "mea") {
+        values.front().kept = timeOfMea;
     }
     std::erase_if(values, [](const Value& each) { return each.step == 0; }); // those that it does not have
     return values;

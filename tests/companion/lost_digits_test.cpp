@@ -1,5 +1,7 @@
 #include "task/lost_digits.h"
 
+#include "text/date_text.h"
+
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -76,6 +78,14 @@ TEST(LostDigits, WhatComesBackRightFromAnotherUnitIsNotLost)
 TEST(LostDigits, WholeArcsecondsAreWhatTheReaderOfSsmasTakesNotWhatAFileHas)
 {
     EXPECT_EQ(lost("mea", "ssmas", {{0, 0, 30 + 0.01 / 3600, 0}}), "");
+}
+
+// The writer cuts what the reader has made of 08:33:18.144 down to .143.
+TEST(LostDigits, TimesOfMeaAreCut)
+{
+    const double read = tavelinUtils::packedTime("0833181440") * day;
+    EXPECT_EQ(lost("mea", "mea", {{read, 0, 0, 0}}), "1 of 1 mark would lose digits of time in this format");
+    EXPECT_EQ(lost("mea", "mea", {{tavelinUtils::packedTime("0849120000") * day, 0, 0, 0}}), "");
 }
 
 TEST(LostDigits, WhatIsNoNumberOrNoFormatLosesNone)
