@@ -30,13 +30,19 @@ struct Value
     bool loses = false;                     // in some mark
 };
 
+// The distance to the nearest whole number; 0 for one that is too large to have a fraction.
+double fractionOf(double number)
+{
+    constexpr double shift = 0x1.8p52; // the sum with it has no fraction
+    return std::abs(number - (number + shift - shift));
+}
+
 // The place of the last digit of a number other than 0.
 double lastPlace(double number, const Value& value)
 {
     double scale = 1.0;
     for (int decimals = 0; decimals < value.mostDecimals; ++decimals) {
-        const double scaled = number * scale;
-        if (std::abs(scaled - std::nearbyint(scaled)) < value.noise * scale) {
+        if (fractionOf(number * scale) < value.noise * scale) {
             break;
         }
         scale *= 10.0;
@@ -50,8 +56,7 @@ double errorOf(double field, double number, const Value& value)
     if (value.kept != nullptr) {
         return std::abs(value.kept(field) - field) * value.units;
     }
-    const double steps = number / value.step;
-    return std::abs(steps - std::nearbyint(steps)) * value.step;
+    return fractionOf(number / value.step) * value.step;
 }
 
 // A time as MEA gives it: cut, so that one of a millisecond may come out as the millisecond before it.
@@ -168,7 +173,8 @@ void LostDigits::see(const TrackVtorichka& track)
     for (const Mark& mark : track.Marks) {
         bool loses = false;
         for (Value& value : state->values) {
-            if (losesDigits(mark, value)) {
+            const bool isKnown = loses && value.loses; // nothing more can come of it
+            if (!isKnown && losesDigits(mark, value)) {
                 value.loses = true;
                 loses = true;
             }
