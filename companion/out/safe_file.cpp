@@ -2,6 +2,8 @@
 
 #include "findings/finding.h"
 
+#include <array>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -42,10 +44,15 @@ bool isThere(const std::string& path)
     return lstat(path.c_str(), &state) == 0;
 }
 
-// A name beside the target that no other file has.
+// A name beside the target that no other file has: one that was killed may have left its own.
 std::string nameBeside(const std::string& path)
 {
-    return path + '.' + std::to_string(getpid()) + ".part";
+    const std::string start = path + '.' + std::to_string(getpid());
+    std::string name = start + ".part";
+    for (int number = 2; isThere(name); ++number) {
+        name = start + '-' + std::to_string(number) + ".part";
+    }
+    return name;
 }
 
 // Holds back signals that would end the program between two steps.
@@ -68,6 +75,46 @@ public:
 private:
     sigset_t before;
 };
+
+// Names of files that are not whole yet. A signal that ends the program takes these files away.
+constexpr int endingSignals[] = {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGTERM, SIGXCPU, SIGXFSZ};
+constexpr std::size_t mostNames = 16; // at once; more are left where the program is ended
+std::array<std::atomic<const char*>, mostNames> unfinished{};
+static_assert(std::atomic<const char*>::is_always_lock_free);
+
+void removeAndEnd(int signal)
+{
+    for (const auto& name : unfinished) {
+        if (const char* const path = name; path != nullptr) {
+            unlink(path);
+        }
+    }
+    std::signal(signal, SIG_DFL);
+    raise(signal); // comes once the handler is left
+}
+
+// Signals that the program or its caller has a use for stay as they are.
+void catchEndingSignals()
+{
+    for (const int signal : endingSignals) {
+        struct sigaction now = {};
+        if (sigaction(signal, nullptr, &now) == 0 && now.sa_handler == SIG_DFL) {
+            now.sa_handler = removeAndEnd;
+            sigfillset(&now.sa_mask);
+            sigaction(signal, &now, nullptr);
+        }
+    }
+}
+
+void exchangeName(const char* from, const char* to)
+{
+    for (auto& name : unfinished) {
+        const char* expected = from;
+        if (name.compare_exchange_strong(expected, to)) {
+            return;
+        }
+    }
+}
 
 // The rights of a new file: those of the file that it replaces.
 void setRights(int descriptor, const std::string& path)
@@ -101,6 +148,7 @@ SafeFile::~SafeFile()
     }
     if (!beside.empty()) {
         unlink(beside.c_str());
+        exchangeName(beside.c_str(), nullptr);
     }
 }
 
@@ -129,11 +177,12 @@ void SafeFile::commit()
     if (beside.empty()) {
         const std::string name = nameBeside(path);
         giveName(name);
-        beside = name;
+        standBeside(name);
     }
     if (rename(beside.c_str(), path.c_str()) != 0) {
         throw failed(path);
     }
+    exchangeName(beside.c_str(), nullptr);
     beside.clear();
 }
 
@@ -142,13 +191,21 @@ void SafeFile::open()
     constexpr mode_t rights = 0666; // less what the umask takes
     descriptor = ::open(folderOf(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, rights);
     if (descriptor < 0) {
+        const WithoutSignals whole;
         const std::string name = nameBeside(path);
         descriptor = ::open(name.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, rights);
         if (descriptor < 0) {
             throw failed(path);
         }
-        beside = name;
+        standBeside(name);
     }
+}
+
+void SafeFile::standBeside(const std::string& name)
+{
+    beside = name;
+    catchEndingSignals();
+    exchangeName(nullptr, beside.c_str());
 }
 
 // A link does not replace: a file that has come in between stays.

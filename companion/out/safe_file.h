@@ -13,7 +13,8 @@
 namespace companion {
 
 /// A new file. Until it is committed its bytes have no name, or where the file system has no such files a
-/// name beside the target that goes with the object.
+/// name beside the target that goes with the object, and with a program that a signal ends. One that is
+/// killed may leave a file of that name: the target's, the number of the process, and ".part".
 class SafeFile
 {
 public:
@@ -33,6 +34,7 @@ public:
 
 private:
     void open();
+    void standBeside(const std::string& name);
     void giveName(const std::string& name) const;
 
     std::string path;
