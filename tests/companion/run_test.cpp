@@ -77,17 +77,35 @@ public:
     PresentFolder present;
 };
 
-// Folders of runs that are left in the folder for temporary files.
-Names leftFolders()
+// The folder for temporary files is one of its own, so that what runs leave there can be told.
+class OwnTemporaryFiles
 {
-    Names left;
-    for (const std::string& name : namesIn("/tmp")) {
-        if (name.starts_with("tavelin-")) {
-            left.insert(name);
-        }
+public:
+    OwnTemporaryFiles()
+    {
+        const char* const set = std::getenv("TMPDIR");
+        before = set == nullptr ? "" : set;
+        setenv("TMPDIR", folder.path().c_str(), 1);
     }
-    return left;
-}
+    ~OwnTemporaryFiles()
+    {
+        before.empty() ? unsetenv("TMPDIR") : setenv("TMPDIR", before.c_str(), 1);
+    }
+    OwnTemporaryFiles(const OwnTemporaryFiles&) = delete;
+    OwnTemporaryFiles& operator=(const OwnTemporaryFiles&) = delete;
+
+    // Folders of runs that are left.
+    Names left() const
+    {
+        Names names = namesIn(folder.path());
+        std::erase_if(names, [](const std::string& name) { return !name.starts_with("tavelin-"); });
+        return names;
+    }
+
+private:
+    TemporaryFolder folder;
+    std::string before;
+};
 
 TEST(Run, RunsTheToolItself)
 {
@@ -157,11 +175,11 @@ TEST(Run, StopsAfterSoManyFailures)
 
 TEST(Run, FallbackLogIsReadAndRemoved)
 {
-    const Names before = leftFolders();
+    const OwnTemporaryFiles temporary;
     const Tasks tasks({"unloaded-1"});
     EXPECT_THAT(tasks.run().out,
                 HasSubstr("failed: the result reports code 7 where the plan expects code 0 [V400]"));
-    EXPECT_EQ(leftFolders(), before);
+    EXPECT_THAT(temporary.left(), IsEmpty());
     EXPECT_FALSE(exists(std::string(VOMAR_STAND_IN) + ".log"));
 }
 
@@ -307,7 +325,7 @@ TEST(Run, TimesAreShownOnlyWhereTheyAreWanted)
 
 TEST(Run, AThousandTasksPrintTheSameTwoAtOnce)
 {
-    const Names before = leftFolders();
+    const OwnTemporaryFiles temporary;
     std::vector<std::string> names;
     for (int i = 0; i < 1000; ++i) {
         names.push_back((i % 100 == 50 ? "dies-" : "plain-") + std::to_string(i));
@@ -321,7 +339,7 @@ TEST(Run, AThousandTasksPrintTheSameTwoAtOnce)
         fs::remove(each);
     }
     EXPECT_EQ(tasks.run({"-j2"}).out, one.out);
-    EXPECT_EQ(leftFolders(), before);
+    EXPECT_THAT(temporary.left(), IsEmpty());
     EXPECT_EQ(namesIn("out").size(), 2u * 990);
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a zombie is left";
 }
@@ -431,7 +449,7 @@ TEST(RunOnATerminal, LongWorkShowsItsProgressAndWipesIt)
 
 TEST(RunOnATerminal, ControlCEndsTheChildrenAndTheCommand)
 {
-    const Names before = leftFolders();
+    const OwnTemporaryFiles temporary;
     const Tasks tasks({"plain", "hangs-1", "other"});
     Terminal terminal(
         {"run", "--joblog=log", "--vomar", VOMAR_STAND_IN, "plain.xml", "hangs-1.xml", "other.xml"});
@@ -444,18 +462,18 @@ TEST(RunOnATerminal, ControlCEndsTheChildrenAndTheCommand)
     EXPECT_THAT(terminal.shown, HasSubstr("other.xml: left out: ended by SIGINT before its turn\r\n"));
     EXPECT_THAT(bytesOf("log"), EndsWith(" hangs-1.xml\n"));
     EXPECT_FALSE(exists("out/other.txt"));
-    EXPECT_EQ(leftFolders(), before);
+    EXPECT_THAT(temporary.left(), IsEmpty());
 }
 
 TEST(Run, BrokenPipeEndsItByItsSignal)
 {
-    const Names before = leftFolders();
+    const OwnTemporaryFiles temporary;
     const Tasks tasks({"plain", "slow-1", "other"});
     const std::string command = std::string("bash -c '") + VOMAR_COMMAND + " run --vomar " + VOMAR_STAND_IN +
                                 " plain.xml slow-1.xml other.xml | head -0; exit ${PIPESTATUS[0]}'";
     const int status = std::system(command.c_str());
     EXPECT_EQ(WEXITSTATUS(status), 128 + SIGPIPE);
-    EXPECT_EQ(leftFolders(), before);
+    EXPECT_THAT(temporary.left(), IsEmpty());
 }
 
 } // namespace
