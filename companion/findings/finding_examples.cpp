@@ -127,8 +127,8 @@ constexpr FindingExample rows[] = {
      "task.xml:6:5: note: a light curve of a conversion has its magnitudes in the first of five columns [V073]"},
     {"V074", "check/names_with_blanks", "check task.xml",
      "task.xml: warning: 1 name with a blank or without a letter cannot be read back from mea files [V074]"},
-    {"V075", "check/lost_digits", "check task.xml",
-     "task.xml:7:5: note: 2 of 3 marks would lose digits of time, right ascension and magnitude in this format [V075]"},
+    {"V075", "check/conversion_to_aavso", "check task.xml",
+     "task.xml:6:5: note: 1 of 2 marks would lose digits of time in this format [V075]"},
     {"V100", "lint/byte_order_mark_mea", "lint night.mea",
      "night.mea:1:1: error: byte order mark at the start of the file [V100]"
      "\n" "    \\xEF\\xBB\\xBFK88 2000.0 UTC"

@@ -227,11 +227,11 @@ TEST(Run, ResumeLooksAtTheConfigurationsOfSeries)
 {
     const TemporaryFolder folder;
     const PresentFolder present(folder.path());
-    fs::copy(fs::path(VOMAR_PROJECT) / "tests/companion/run/configuration_changed/series", "series",
+    fs::copy(fs::path(VOMAR_PROJECT) / "tests/companion/run/settings_changed/series", "series",
              fs::copy_options::recursive);
     fs::create_directory("out");
-    makeFile("report.xml", bytesOf(std::string(VOMAR_PROJECT) +
-                                   "/tests/companion/run/configuration_changed/configures-1.xml"));
+    makeFile("report.xml",
+             bytesOf(std::string(VOMAR_PROJECT) + "/tests/companion/run/settings_changed/configures-1.xml"));
     const auto run = [] {
         return callCommand({"run", "--vomar", VOMAR_STAND_IN, "--joblog=log", "--resume", "report.xml"}).out;
     };
