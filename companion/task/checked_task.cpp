@@ -4,6 +4,7 @@
 #include "findings/finding_table.h"
 #include "format_words.h"
 #include "out/text.h"
+#include "reading/signatures.h"
 #include "receivers/track_rules.h"
 #include "task/plan_findings.h"
 #include "task/read_inputs.h"
@@ -150,7 +151,22 @@ private:
             }
             const ReadInput& read = reader.read(input.path, input.format, columns);
             checked.inputs.push_back({input.path, input.format, read.account});
+            lookAtFormat(input);
             add(read.findings);
+        }
+    }
+
+    // The input of a conversion may be another format than its word says. The word of a report is not looked
+    // at.
+    void lookAtFormat(const InputToRead& input)
+    {
+        if (checked.isReport) {
+            return;
+        }
+        const Recognition found = recognisedFile(input.path);
+        if (found.isSure() && found.format != input.format) {
+            add({atKey(finding("V063", {{"format", formatTitle(found.format)}, {"word", input.format}}),
+                       "inputformat")});
         }
     }
 

@@ -3,6 +3,7 @@
 #include "command/subcommand.h"
 #include "companion/folder_entries.h"
 #include "support/folders.h"
+#include "support/socket_file.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +23,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::vector<std::string> ownFiles{"call", "prepare", "entries", "text", "json", "messages", "status"};
+const std::vector<std::string> ownFiles{"call", "prepare", "sockets",  "entries",
+                                        "text", "json",    "messages", "status"};
 
 std::string textOf(const fs::path& path)
 {
@@ -135,6 +137,10 @@ public:
         if (fs::exists(source / "prepare")) {
             const std::string command = "sh -eu '" + (source / "prepare").string() + "'";
             EXPECT_EQ(std::system(command.c_str()), 0) << command;
+        }
+        std::istringstream sockets(textOf(source / "sockets"));
+        for (std::string name; sockets >> name;) {
+            makeSocket(name);
         }
     }
 

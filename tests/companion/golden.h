@@ -3,6 +3,7 @@
 //   call      the arguments, one line; words with blanks in double quotes; "< FILE" at its end gives the
 //             standard input
 //   prepare   shell commands that make what a repository does not keep: links, pipes, folders without rights
+//   sockets   names of sockets to make; no file where there are none
 //   entries   how the entries of folders come: "sorted" or "without kinds"
 //   text      what it prints to standard output
 //   json      what it prints with --json; left out where the subcommand is not asked for it
