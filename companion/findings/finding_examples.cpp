@@ -15,6 +15,10 @@ constexpr FindingExample rows[] = {
      "tavelin: no format \"maa\"; did you mean \"mea\"? [V002]"},
     {"V003", "lint/missing_file", "lint missing.mea night.mea",
      "tavelin: missing.mea: No such file or directory [V003]"},
+    {"V004", "run/job_log_exists", "run plain.xml --joblog log",
+     "tavelin: log exists; --force would replace it [V004]"},
+    {"V005", "run/job_log_is_the_task", "run plain.xml --joblog ./plain.xml",
+     "tavelin: ./plain.xml is the input itself [V005]"},
     {"V010", "check/missing_task", "check missing.xml",
      "missing.xml: error: the task cannot be opened: No such file or directory [V010]"},
     {"V011", "check/less_than_in_value", "check task.xml",
@@ -65,6 +69,8 @@ constexpr FindingExample rows[] = {
      "other.xml:12:5: warning: the result document out/result.xml is that of 2 tasks, also of task.xml [V036]"},
     {"V037", "check/out_dir_is_a_file", "check task.xml",
      "task.xml:4:5: error: out_dir \"night.mea\" is not a folder but a file [V037]"},
+    {"V038", "check/out_dir_is_a_socket", "check task.xml",
+     "task.xml:4:5: error: out_dir \"socket\" is not a folder but a socket [V038]"},
     {"V039", "check/out_dir_ends_in_backslash", "check task.xml",
      "task.xml:4:5: error: out_dir ends in a backslash [V039]"},
     {"V040", "check/unknown_input_word", "check task.xml",
@@ -105,6 +111,8 @@ constexpr FindingExample rows[] = {
      "\n" "            ^~~"},
     {"V062", "check/backslashes", "check task.xml",
      "task.xml:3:5: error: no tracks can be read from data\\night.mea [V062]"},
+    {"V063", "check/input_of_another_format", "check task.xml",
+     "task.xml:6:5: warning: the input looks like TDM, but inputformat is \"mea\" [V063]"},
     {"V064", "check/autoname_without_marks", "check task.xml",
      "task.xml:10:5: error: autoname, but there is no first mark to name the file by [V064]"},
     {"V065", "check/autoname_with_slash", "check task.xml",
@@ -211,10 +219,8 @@ constexpr FindingExample rows[] = {
      "year_99.mea:2:9: warning: year 2099 lies ahead [V133]"
      "\n" "    12345   250299 1200000000 0100000000 +205301234 001 09.50"
      "\n" "            ^~~~~~"},
-    {"V150", "lint/example", "lint night.mea",
-     "night.mea:5:1: error: line of 2 words: skipped [V150]"
-     "\n" "    a b"
-     "\n" "    ^~~"},
+    {"V150", "check/input_of_another_format", "check task.xml",
+     "./night.mea:2:1: error: line of 3 words: skipped [V150]"},
     {"V151", "lint/mea_lines", "lint --as mea blanks_at_front_and_end.mea date_too_short.mea day_0.mea day_31_of_february.mea declination_beyond_the_pole.mea declination_too_short.mea declination_without_sign.mea digits_and_letters.mea empty.mea hour_24_and_second_60.mea letters_for_numbers.mea magnitudes_out_of_range.mea marks_out_of_order.mea mixed_ends_of_lines.mea month_0.mea month_13.mea name_in_latin_1.mea name_in_utf_8.mea name_with_a_blank.mea no_line_feed_at_the_end.mea no_site_line.mea not_a_number.mea right_ascension_of_hour_25.mea right_ascension_too_short.mea site_line_alone.mea six_words.mea tabs_at_the_end_of_a_line.mea tabs_between_fields.mea time_too_short.mea two_bytes_at_the_ends_of_lines.mea two_marks_at_one_time.mea year_99.mea zero_bytes.mea",
      "no_site_line.mea:1:1: error: the first line looks like a mark [V151]"
      "\n" "    12345   250223 1200000000 0100000000 +205301234 001 09.50"
@@ -253,6 +259,10 @@ constexpr FindingExample rows[] = {
      "\n" "                                       ^~~~~~"},
     {"V168", "check/autoname_without_marks", "check task.xml",
      "./night.tel:2:1: warning: a block without marks [V168]"},
+    {"V170", "lint/tdm_without_meta_start", "lint --layer reader --layer person night.tdm",
+     "night.tdm:13:1: error: no META_START before this line [V170]"
+     "\n" "    ANGLE_1 = 2025-02-23T12:00:00 120.5"
+     "\n" "    ^~~~~~~"},
     {"V171", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
      "night.tdm:27:3: error: the key ANGLE_1 is not recognised for the blanks about it [V171]"
      "\n" "      ANGLE_1 = 2025-02-23T12:09:00 121.7"
@@ -269,6 +279,10 @@ constexpr FindingExample rows[] = {
      "night.tdm:21:33: error: the time is not found: several blanks before the value [V174]"
      "\n" "    ANGLE_1 = 2025-02-23T12:06:00   121.5"
      "\n" "                                    ^~~~~"},
+    {"V175", "lint/tdm_day_of_year", "lint night.tdm",
+     "night.tdm:14:11: error: \"2025-054\" is a date by the day of the year [V175]"
+     "\n" "    ANGLE_1 = 2025-054T12:00:00 120.5"
+     "\n" "              ^~~~~~~~"},
     {"V176", "lint/tdm_lines", "lint --layer reader --layer person night.tdm",
      "night.tdm:12:11: error: times of TAI are taken for UTC [V176]"
      "\n" "    ANGLE_1 = 2025-02-23T12:00:00 120.5"
@@ -295,6 +309,10 @@ constexpr FindingExample rows[] = {
      "night.tdm:22:11: warning: the time is not that of ANGLE_1, 2025-02-23T12:06:00 [V182]"
      "\n" "    ANGLE_2 = 2025-02-23T12:07:00 31.3"
      "\n" "              ^~~~~~~~~~~~~~~~~~~"},
+    {"V185", "lint/ssmas_object_too_early", "lint night.ssm",
+     "night.ssm:5:1: error: the line of the first object stands too early: 2 marks lost [V185]"
+     "\n" "    A A"
+     "\n" "    ^~~"},
     {"V186", "lint/ssmas_lines", "lint night.ssm",
      "night.ssm:26:1: error: object without the number of its block before it: it and 1 mark are lost [V186]"
      "\n" "    E E"
@@ -311,6 +329,8 @@ constexpr FindingExample rows[] = {
      "night.ssm:24:1: warning: this line makes the next track repeat 1 mark [V189]"
      "\n" "     D"
      "\n" "    ^~"},
+    {"V190", "lint/ssmas_too_many_repeats", "lint --max 1 night.ssm",
+     "night.ssm: error: more than 1,000,000 marks come again [V190]"},
     {"V191", "lint/ssmas_lines", "lint night.ssm",
      "night.ssm:9:37: note: the fraction of the arcsecond is dropped: \"-16.15.50.70\" [V191]"
      "\n" "    09.06.2016 05:56:24.00  16:47:17.48 -16.15.50.70 001 22.1"
@@ -492,6 +512,10 @@ constexpr FindingExample rows[] = {
      "report.txt:2:5: error: the head of the report: the name \"John Tolkien\" is not written as \"J. R. Tolkien\" [V320]"
      "\n" "    OBS John Tolkien"
      "\n" "        ^~~~~~~~~~~~"},
+    {"V321", "lint/for_mpc_characters", "lint --for mpc --layer receiver report.txt",
+     "report.txt:3:13: warning: a character that is not ASCII [V321]"
+     "\n" "    MEA A. B. Sm\\xC3\\xA5land"
+     "\n" "                ^~~~"},
     {"V340", "lint/for_ccsds", "lint --for ccsds --layer receiver night.tdm",
      "night.tdm:2:17: error: the creation date 0-00-00T00:00:00 is no date [V340]"
      "\n" "    CREATION_DATE = 0-00-00T00:00:00"
