@@ -9,11 +9,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <locale>
 #include <map>
+#include <optional>
 #include <sstream>
 
 #include <fcntl.h>
@@ -168,6 +172,71 @@ public:
     EntriesOfCase& operator=(const EntriesOfCase&) = delete;
 };
 
+// Numbers as some people write them: 1.234,5.
+class NumbersWithCommas : public std::numpunct<char>
+{
+protected:
+    char do_decimal_point() const override
+    {
+        return ',';
+    }
+    char do_thousands_sep() const override
+    {
+        return '.';
+    }
+    std::string do_grouping() const override
+    {
+        return "\3";
+    }
+};
+
+// A variable of the environment until the end of the block.
+class Variable
+{
+public:
+    Variable(const char* ofName, const char* value) : name(ofName)
+    {
+        if (const char* const present = std::getenv(name)) {
+            before = present;
+        }
+        setenv(name, value, 1);
+        tzset(); // it may be the zone
+    }
+    ~Variable()
+    {
+        before ? setenv(name, before->c_str(), 1) : unsetenv(name);
+        tzset();
+    }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+private:
+    const char* name;
+    std::optional<std::string> before{};
+};
+
+// Another locale and another zone until the end of the block, for this process and its children.
+class Abroad
+{
+public:
+    Abroad() : streams(std::locale::global(std::locale(std::locale::classic(), new NumbersWithCommas)))
+    {
+        std::setlocale(LC_ALL, "C.UTF-8");
+    }
+    ~Abroad()
+    {
+        std::setlocale(LC_ALL, "C");
+        std::locale::global(streams);
+    }
+    Abroad(const Abroad&) = delete;
+    Abroad& operator=(const Abroad&) = delete;
+
+private:
+    Variable words{"LC_ALL", "C.UTF-8"};
+    Variable zone{"TZ", "ABROAD-5:45"};
+    std::locale streams;
+};
+
 // The lines of a text that tell of errors.
 std::vector<std::string> errorLines(const std::string& text)
 {
@@ -216,6 +285,8 @@ void expectGolden(const std::string& group, const std::string& name)
     EXPECT_EQ(plain.out, textOf(source / "text"));
     EXPECT_EQ(plain.err, textOf(source / "messages"));
     EXPECT_EQ(plain.status, status);
+    const Abroad abroad;
+    EXPECT_EQ(ended(call).out, plain.out);
     if (exists(source / "json")) {
         const CommandEnd json = ended(call.with("--json"));
         EXPECT_EQ(json.out, textOf(source / "json"));
@@ -243,10 +314,11 @@ void expectGoldenRun(const std::string& name, const std::string& tool)
     EXPECT_EQ(plain.out, textOf(source / "text"));
     EXPECT_EQ(plain.err, textOf(source / "messages"));
     EXPECT_EQ(plain.status, status);
-    EXPECT_EQ(runWith(call.with("-j2")).out, plain.out);
     EXPECT_EQ(runWith(call.with("--quiet")).status, status);
     EXPECT_EQ(runWith(call.with("--verbose")).status, status);
-    const CommandEnd json = runWith(call.with("--json"));
+    const Abroad abroad;
+    EXPECT_EQ(runWith(call.with("-j2")).out, plain.out);
+    const CommandEnd json = runWith(call.with("-j2").with("--json"));
     EXPECT_EQ(json.status, status);
     if (exists(source / "json")) {
         EXPECT_EQ(json.out, textOf(source / "json"));

@@ -29,10 +29,12 @@ CommandEnd callCommand(const std::vector<std::string>& arguments);
 /// The names of the cases below tests/companion/GROUP, in the order of bytes.
 std::vector<std::string> goldenCases(const std::string& group);
 
-/// Runs a case in a copy of its folder: text, JSON, messages and status are as they stand; the options -q and
-/// -v change neither the status nor the errors; nothing in the folder changes.
+/// Runs a case in a copy of its folder: text, JSON, messages and status are as they stand, also in another
+/// locale and zone; the options -q and -v change neither the status nor the errors; nothing in the folder
+/// changes.
 void expectGolden(const std::string& group, const std::string& name);
 
 /// Runs a case of the group "run" with a tool, each time in a new copy of its folder, which the tool changes.
-/// Text, JSON, messages and status are as they stand, and two at once print the same as one after the other.
+/// Text, JSON, messages and status are as they stand, and two at once, in another locale and zone, print the
+/// same as one after the other.
 void expectGoldenRun(const std::string& name, const std::string& tool);
