@@ -20,8 +20,18 @@ constexpr std::string_view timeSystems[] = {"UTC", "TAI",    "GPS",     "SCLK", 
                                             "TCB", "TCG",    "UT1",     "GMST",    "TOD",   "MET",
                                             "MRT", "BEIDOU", "GALILEO", "GLONASS", "NAVIC", "ET"};
 constexpr std::size_t mostParticipants = 5;
+constexpr double largestInteger = 2147483647.0;
 constexpr double halfCircle = 180.0;
 constexpr double fullCircle = 360.0;
+
+// Words of the standard are all in capital letters or all in small ones.
+bool isInOneCase(std::string_view text)
+{
+    const auto has = [text](int (*is)(int)) {
+        return std::any_of(text.begin(), text.end(), [is](unsigned char c) { return is(c) != 0; });
+    };
+    return !has(std::islower) || !has(std::isupper);
+}
 
 std::string upper(std::string_view text)
 {
@@ -101,6 +111,8 @@ void TdmMessage::version(std::string_view text, const TdmPlace& place)
     isOld = toDouble(text) < 2.0;
     if (text != "1.0" && text != "2.0") {
         tell("CCSDS_TDM_VERS", "has the value " + quoted(text) + ", which is no version", place);
+    } else if (isDocument && isOld) {
+        tell("CCSDS_TDM_VERS", "has the value " + quoted(text) + ", and documents are of version 2.0", place);
     }
 }
 
@@ -150,14 +162,18 @@ void TdmMessage::checkDemands(const TdmPlace& place)
             tell(key, why, place);
         }
     };
-    const bool hasParticipant = std::any_of(
-        said.begin(), said.end(), [](const auto& each) { return each.first.starts_with("PARTICIPANT_"); });
+    const bool hasParticipant = std::any_of(said.begin(), said.end(), [this](const auto& each) {
+        return isDocument ? each.first == "PARTICIPANT_1" : each.first.starts_with("PARTICIPANT_");
+    });
     if (!hasParticipant) {
         tell("PARTICIPANT_1", "is missing in the metadata", place);
     }
     const std::string mode = upper(valueOf("MODE"));
     const bool isCorrected = std::any_of(
         said.begin(), said.end(), [](const auto& each) { return each.first.starts_with("CORRECTION_"); });
+    if (hasKey("PATH") && (hasKey("PATH_1") || hasKey("PATH_2"))) {
+        tell("PATH", "stands beside PATH_1 or PATH_2", place);
+    }
     demand(true, "TIME_SYSTEM", "is missing in the metadata");
     demand(mode == "SEQUENTIAL", "PATH", "is missing beside the mode SEQUENTIAL");
     demand(mode == "SINGLE_DIFF", "PATH_1", "is missing beside the mode SINGLE_DIFF");
@@ -257,7 +273,9 @@ void TdmMessage::checkOrder(const TdmKey& row, std::string_view key, const TdmPl
     }
     for (const auto& [other, value] : said) {
         const TdmKey* const before = tdmKey(other);
-        if (before != nullptr && placeOf(*before) > placeOf(row)) {
+        const bool isLater =
+            before == &row ? other > key : before != nullptr && placeOf(*before) > placeOf(row);
+        if (isLater) {
             tell(key, "stands out of order, behind " + other, place);
             return;
         }
@@ -276,16 +294,17 @@ void TdmMessage::checkValue(const TdmKey& row, std::string_view key, std::string
     case TdmValue::epoch: checkTime(key, text, place); break;
     case TdmValue::path: checkPath(key, text, place); break;
     case TdmValue::number:
-    case TdmValue::positive:
         if (!isNumber(text)) {
             misses("no number");
-        } else if (row.value == TdmValue::positive && toDouble(text) <= 0.0) {
-            misses("not above 0");
+        } else {
+            checkRange(row, key, text, place);
         }
         break;
     case TdmValue::integer:
-        if (!areDigits(withoutSign(text))) {
+        if (!areDigits(withoutSign(text)) || std::abs(toDouble(text)) > largestInteger) {
             misses("no integer");
+        } else {
+            checkRange(row, key, text, place);
         }
         break;
     case TdmValue::record:
@@ -295,11 +314,11 @@ void TdmMessage::checkValue(const TdmKey& row, std::string_view key, std::string
 
 void TdmMessage::checkNames(std::string_view key, std::string_view text, const TdmPlace& place)
 {
-    if (key == "REFERENCE_FRAME" && !isTdmFrame(text)) {
+    if (key == "REFERENCE_FRAME" && !(isDocument ? isTdmSchemaFrame(text) : isTdmFrame(text))) {
         tell(key, "has the value " + quoted(text) + ", which is no frame of the standard", place);
     }
-    const bool isKnown =
-        std::find(std::begin(timeSystems), std::end(timeSystems), upper(text)) != std::end(timeSystems);
+    const bool isKnown = isInOneCase(text) && std::find(std::begin(timeSystems), std::end(timeSystems),
+                                                        upper(text)) != std::end(timeSystems);
     if (key == "TIME_SYSTEM" && !isKnown) {
         tell(key, "has the value " + quoted(text) + ", which is no time system of the standard", place);
     }
@@ -311,7 +330,7 @@ void TdmMessage::checkWord(const TdmKey& row, std::string_view key, std::string_
     bool isKnown = false;
     tavelinUtils::forEachToken(row.words, ' ',
                                [&](std::string_view word) { isKnown = isKnown || word == upper(text); });
-    if (!isKnown) {
+    if (!isKnown || !isInOneCase(text)) {
         tell(key, "has the value " + quoted(text) + "; it takes " + row.words, place);
     }
 }
@@ -329,7 +348,7 @@ void TdmMessage::checkPath(std::string_view key, std::string_view text, const Td
             tell(key, "names participant " + std::string(word) + ", which the metadata do not have", place);
         }
     });
-    if (!isPath || participants < 2) {
+    if (!isPath || participants < 2 || text.ends_with(',')) {
         tell(key, "has the value " + quoted(text) + "; it takes numbers of participants with commas between",
              place);
     }
@@ -384,7 +403,7 @@ void TdmMessage::record(std::string_view key, std::string_view epoch, std::strin
     } else {
         checkMoment(key, epoch, place);
     }
-    checkNumber(key, number, place);
+    checkNumber(*row, key, number, place);
 }
 
 // What angles and magnitudes want in the metadata.
@@ -430,7 +449,26 @@ void TdmMessage::checkMoment(std::string_view key, std::string_view epoch, const
     before = {true, std::max(before.isKnown ? before.moment : moment, moment)};
 }
 
-void TdmMessage::checkNumber(std::string_view key, std::string_view number, const TdmPlace& place)
+// Of a text that is a number.
+void TdmMessage::checkRange(const TdmKey& row, std::string_view key, std::string_view number,
+                            const TdmPlace& place)
+{
+    const double value = toDouble(number);
+    const auto misses = [&](bool isOutside, const char* what) {
+        if (isOutside) {
+            tell(key, "has the value " + quoted(number) + ", which is " + what, place);
+        }
+    };
+    switch (row.range) {
+    case TdmRange::any: break;
+    case TdmRange::notNegative: misses(value < 0.0, "below 0"); break;
+    case TdmRange::positive: misses(value <= 0.0, "not above 0"); break;
+    case TdmRange::percentage: misses(value < 0.0 || value > 100.0, "not from 0 to 100"); break;
+    }
+}
+
+void TdmMessage::checkNumber(const TdmKey& row, std::string_view key, std::string_view number,
+                             const TdmPlace& place)
 {
     const double value = toDouble(number);
     const bool isMinusZero = number.starts_with('-') && value == 0.0 && isNumber(number);
@@ -444,6 +482,8 @@ void TdmMessage::checkNumber(std::string_view key, std::string_view number, cons
                   {{"value", std::string(number)}});
     } else if (isMinusZero) {
         tell(key, "has the value " + quoted(number) + ", and zero has no sign", place);
+    } else {
+        checkRange(row, key, number, place);
     }
 }
 

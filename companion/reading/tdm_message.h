@@ -31,7 +31,8 @@ struct TdmPlace
 class TdmMessage
 {
 public:
-    explicit TdmMessage(LintOutput& output) : out(output)
+    /// Of the text form, or of a document, of which its schemas speak too.
+    TdmMessage(LintOutput& output, bool ofDocument) : out(output), isDocument(ofDocument)
     {
     }
 
@@ -100,11 +101,13 @@ private:
     void checkNeeds(std::string_view key, const TdmPlace& place);
     void checkTime(std::string_view key, std::string_view epoch, const TdmPlace& place);
     void checkMoment(std::string_view key, std::string_view epoch, const TdmPlace& place);
-    void checkNumber(std::string_view key, std::string_view number, const TdmPlace& place);
+    void checkNumber(const TdmKey& row, std::string_view key, std::string_view number, const TdmPlace& place);
+    void checkRange(const TdmKey& row, std::string_view key, std::string_view number, const TdmPlace& place);
     void checkVersion(const TdmKey& row, const TdmPlace& place);
     void checkBound(const Bound& bound, const char* key, const TdmMoment& wanted, const char* is);
 
     LintOutput& out;
+    bool isDocument;
     Part part = Part::front;
     bool isOld = false; // of a version before 2.0
     bool isToldOfVersion = false;

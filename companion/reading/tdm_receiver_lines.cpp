@@ -2,6 +2,7 @@
 #include "reading/xml_lines.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,7 +19,7 @@ public:
     void line(const CheckedLine& line, LintOutput& out) override
     {
         if (!message) {
-            message = std::make_unique<TdmMessage>(out);
+            message = std::make_unique<TdmMessage>(out, false);
         }
         const TdmLine read = tdmLineOf(line.text);
         if (read.key.empty()) {
@@ -39,7 +40,7 @@ public:
     void end(LintOutput& out) override
     {
         if (!message) {
-            message = std::make_unique<TdmMessage>(out);
+            message = std::make_unique<TdmMessage>(out, false);
         }
         message->close({lastLine, {}, {}});
     }
@@ -105,7 +106,7 @@ public:
             out.addOfFile("V342", {{"key", "tdm"}, {"why", "is missing: the document is not well-formed"}});
             return;
         }
-        TdmMessage message(out);
+        TdmMessage message(out, true);
         takeRoot(*root, message);
     }
 
@@ -128,6 +129,48 @@ private:
         return name.substr(name.find(':') + 1); // without its prefix
     }
 
+    // An element of keys or of other elements has no text of its own.
+    void lookAtContainer(const TiXmlElement& element, TdmMessage& message) const
+    {
+        lookAtAttributes(element, message);
+        for (const TiXmlNode* node = element.FirstChild(); node != nullptr; node = node->NextSibling()) {
+            const TiXmlText* const text = node->ToText();
+            if (text != nullptr && text->ValueStr().find_first_not_of(" \t\r\n") != std::string::npos) {
+                message.tell(nameOf(element), "has a text beside its elements", placeOf(element));
+                return;
+            }
+        }
+    }
+
+    void lookAtKey(const TiXmlElement& element, TdmMessage& message) const
+    {
+        lookAtAttributes(element, message);
+        if (element.FirstChildElement() != nullptr) {
+            message.tell(nameOf(element), "has an element inside", placeOf(element));
+        }
+    }
+
+    // Beside those of the root, and those that XML itself has, there are units alone.
+    void lookAtAttributes(const TiXmlElement& element, TdmMessage& message) const
+    {
+        const bool isRoot = element.Parent()->ToElement() == nullptr;
+        for (const TiXmlAttribute* each = element.FirstAttribute(); each != nullptr; each = each->Next()) {
+            const std::string_view name = each->Name();
+            const std::string_view value = each->Value();
+            const bool isOfXml = name.starts_with("xmlns") || name.starts_with("xsi:");
+            const bool isOfRoot = isRoot && (name == "id" || name == "version");
+            const bool isUnit = name == "units" && value == unitsOf(nameOf(element));
+            if (!isOfXml && !isOfRoot && !isUnit) {
+                message.tell(nameOf(element), "has the attribute " + std::string(name), placeOf(element));
+            }
+        }
+    }
+
+    static std::string_view unitsOf(std::string_view key)
+    {
+        return key == "ANGLE_1" || key == "ANGLE_2" ? "deg" : key == "RHUMIDITY" ? "%" : "-";
+    }
+
     void takeRoot(const TiXmlElement& root, TdmMessage& message) const
     {
         const char* const id = root.Attribute("id");
@@ -137,23 +180,46 @@ private:
         }
         message.version(version == nullptr ? "" : version, placeOf(root));
         message.openHeader();
-        for (const TiXmlElement* part = root.FirstChildElement(); part != nullptr;
-             part = part->NextSiblingElement()) {
-            if (nameOf(*part) == "header") {
-                takeValues(*part, message);
-            } else if (nameOf(*part) == "body") {
-                takeBody(*part, message);
+        takeParts(root, {"header", "body"}, message, [&](const TiXmlElement& part) {
+            if (nameOf(part) == "header") {
+                takeValues(part, message);
             } else {
-                message.otherKey(nameOf(*part), placeOf(*part));
+                takeBody(part, message);
             }
-        }
+        });
         message.close(placeOf(root));
+    }
+
+    // The two parts of an element, each of them once and in this order.
+    template <class Take>
+    void takeParts(const TiXmlElement& element, const std::array<std::string_view, 2>& names,
+                   TdmMessage& message, const Take& take) const
+    {
+        lookAtContainer(element, message);
+        std::size_t next = 0;
+        for (const TiXmlElement* part = element.FirstChildElement(); part != nullptr;
+             part = part->NextSiblingElement())
+        {
+            const auto* const found = std::find(names.begin(), names.end(), nameOf(*part));
+            if (found == names.end()) {
+                message.otherKey(nameOf(*part), placeOf(*part));
+                continue;
+            }
+            const auto place = static_cast<std::size_t>(found - names.begin());
+            if (place != next) {
+                message.tell(*found, "stands twice, or out of order", placeOf(*part));
+            }
+            next = place + 1;
+            take(*part);
+        }
     }
 
     void takeValues(const TiXmlElement& part, TdmMessage& message) const
     {
+        lookAtContainer(part, message);
         for (const TiXmlElement* key = part.FirstChildElement(); key != nullptr;
              key = key->NextSiblingElement()) {
+            lookAtKey(*key, message);
             if (nameOf(*key) == "COMMENT") {
                 message.comment(placeOf(*key));
             } else {
@@ -164,14 +230,16 @@ private:
 
     void takeBody(const TiXmlElement& body, TdmMessage& message) const
     {
+        lookAtContainer(body, message);
         for (const TiXmlElement* segment = body.FirstChildElement(); segment != nullptr;
              segment = segment->NextSiblingElement())
         {
-            for (const TiXmlElement* part = segment->FirstChildElement(); part != nullptr;
-                 part = part->NextSiblingElement())
-            {
-                takePart(*part, message);
+            if (nameOf(*segment) != "segment") {
+                message.otherKey(nameOf(*segment), placeOf(*segment));
+                continue;
             }
+            takeParts(*segment, {"metadata", "data"}, message,
+                      [&](const TiXmlElement& part) { takePart(part, message); });
         }
     }
 
@@ -182,31 +250,41 @@ private:
             message.openMetadata(place);
             takeValues(part, message);
             message.closeMetadata(place);
-        } else if (nameOf(part) == "data") {
+        } else {
             message.openData(place);
             takeData(part, message);
             message.closeData(place);
-        } else {
-            message.otherKey(nameOf(part), place);
         }
     }
 
     void takeData(const TiXmlElement& data, TdmMessage& message) const
     {
+        lookAtContainer(data, message);
         for (const TiXmlElement* each = data.FirstChildElement(); each != nullptr;
              each = each->NextSiblingElement()) {
             if (nameOf(*each) == "COMMENT") {
+                lookAtKey(*each, message);
                 message.comment(placeOf(*each));
-                continue;
-            }
-            const TiXmlElement* const epoch = each->FirstChildElement();
-            const TiXmlElement* const value = epoch == nullptr ? nullptr : epoch->NextSiblingElement();
-            if (value == nullptr || nameOf(*epoch) != "EPOCH" || value->NextSiblingElement() != nullptr) {
-                message.tell("observation", "has other elements than EPOCH and one value", placeOf(*each));
+            } else if (nameOf(*each) == "observation") {
+                takeObservation(*each, message);
             } else {
-                message.record(nameOf(*value), valueOf(*epoch), valueOf(*value), placeOf(*value));
+                message.otherKey(nameOf(*each), placeOf(*each));
             }
         }
+    }
+
+    void takeObservation(const TiXmlElement& observation, TdmMessage& message) const
+    {
+        lookAtContainer(observation, message);
+        const TiXmlElement* const epoch = observation.FirstChildElement();
+        const TiXmlElement* const value = epoch == nullptr ? nullptr : epoch->NextSiblingElement();
+        if (value == nullptr || nameOf(*epoch) != "EPOCH" || value->NextSiblingElement() != nullptr) {
+            message.tell("observation", "has other elements than EPOCH and one value", placeOf(observation));
+            return;
+        }
+        lookAtKey(*epoch, message);
+        lookAtKey(*value, message);
+        message.record(nameOf(*value), valueOf(*epoch), valueOf(*value), placeOf(*value));
     }
 
     XmlLines lines{};

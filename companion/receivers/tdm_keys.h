@@ -23,14 +23,22 @@ enum class TdmPart
 enum class TdmValue
 {
     text,
-    word,     ///< one of a closed list
-    epoch,    ///< a moment in UTC
-    number,   ///< with or without a point
-    positive, ///< a number above 0
-    integer,
-    path,   ///< participants' numbers with commas
-    record, ///< a time and a number
+    word,    ///< one of a closed list
+    epoch,   ///< a moment in UTC
+    number,  ///< with or without a point
+    integer, ///< of 32 bits
+    path,    ///< participants' numbers with commas
+    record,  ///< a time and a number
     none
+};
+
+/// Which numbers a key takes, beside those of an angle.
+enum class TdmRange
+{
+    any,
+    notNegative,
+    positive,
+    percentage ///< 0 to 100
 };
 
 /// A key. In each part they are in the order of the standard; those of data have none.
@@ -43,6 +51,7 @@ struct TdmKey
     const char* words; ///< of a closed list, with blanks between
     bool isDemanded;   ///< in its part
     bool isOfVersion2; ///< not in messages of version 1.0
+    TdmRange range = TdmRange::any;
 };
 
 /// All keys.

@@ -224,6 +224,13 @@ bool isTdmFrame(std::string_view word)
     return std::find(std::begin(frames), std::end(frames), word) != std::end(frames);
 }
 
+bool isTdmSchemaFrame(std::string_view word)
+{
+    constexpr std::string_view words[] = {"EME2000", "ICRF", "ITRF2000", "ITRF-93", "ITRF-97", "TOD",
+                                          "eme2000", "icrf", "itrf2000", "itrf-93", "itrf-97", "tod"};
+    return std::find(std::begin(words), std::end(words), word) != std::end(words);
+}
+
 std::unique_ptr<TrackRules> tdmTrackRules(bool xml)
 {
     return std::make_unique<TdmTrackRules>(xml);

@@ -130,7 +130,7 @@ void findOddFrame(Report& report)
     }
     if (frame.empty()) {
         report.add(finding("V067"), "REFERENCE_FRAME");
-    } else if (!isTdmFrame(frame)) {
+    } else if (!(report.task.outputformat == "tdm" ? isTdmFrame(frame) : isTdmSchemaFrame(frame))) {
         report.add(finding("V068", {{"word", frame}}), "REFERENCE_FRAME");
     }
 }

@@ -214,6 +214,9 @@ TEST(LintForCcsds, KeysOfTheMetadata)
                 ElementsAre("11:8 V342"));
     EXPECT_THAT(ofMessage("SEQUENTIAL", "PARALLEL"), ElementsAre("10:8 V342"));
     EXPECT_THAT(ofMessage("SEQUENTIAL", "sequential"), IsEmpty());
+    EXPECT_THAT(ofMessage("SEQUENTIAL", "Sequential"), ElementsAre("10:8 V342"));
+    EXPECT_THAT(ofMessage("PATH = 2,1", "PATH = 2,1,"), ElementsAre("11:8 V342"));
+    EXPECT_THAT(ofMessage("ANGLE_TYPE", "RANGE_MODULUS = -1\nANGLE_TYPE"), ElementsAre("12:17 V342"));
     EXPECT_THAT(ofMessage("PATH = 2,1", "PATH = 2,3"), ElementsAre("11:8 V342"));
     EXPECT_THAT(ofMessage("PATH = 2,1", "PATH = 2, 1"), ElementsAre("11:8 V342"));
     EXPECT_THAT(ofMessage("= ICRF", "= J2000"), ElementsAre("13:19 V342"));
@@ -292,6 +295,20 @@ TEST(LintForCcsds, DocumentsAreLookedAtAsMessagesAre)
     EXPECT_THAT(ofDocument("<EPOCH>2025-02-23T12:00:00</EPOCH>", ""), ElementsAre("17:1 V342", "18:1 V342"));
     EXPECT_THAT(ofDocument("id=\"CCSDS_TDM_VERS\" ", ""), ElementsAre("2:1 V342"));
     EXPECT_THAT(ofDocument("</segment>", ""), ElementsAre("0:0 V342"));
+}
+
+TEST(LintForCcsds, WhatTheSchemasOfDocumentsRefuse)
+{
+    EXPECT_THAT(ofDocument("version=\"2.0\"", "version=\"1.0\""), ElementsAre("2:1 V342"));
+    EXPECT_THAT(ofDocument("<PARTICIPANT_1>H21</PARTICIPANT_1>", "<PARTICIPANT_2>H21</PARTICIPANT_2>"),
+                Contains("9:1 V342"));
+    EXPECT_THAT(ofDocument(">ICRF<", ">ITRF1993<"), ElementsAre("15:1 V342"));
+    EXPECT_THAT(ofDocument(">ICRF<", ">icrf<"), IsEmpty());
+    EXPECT_THAT(ofDocument("<ANGLE_1>", "<ANGLE_1 units=\"rad\">"), ElementsAre("18:48 V342"));
+    EXPECT_THAT(ofDocument("<ANGLE_1>", "<ANGLE_1 units=\"deg\">"), IsEmpty());
+    EXPECT_THAT(ofDocument("<data>", "<data>text"), ElementsAre("17:1 V342"));
+    EXPECT_THAT(ofDocument("UTC<", "UTC<COMMENT/><"), ElementsAre("10:1 V342"));
+    EXPECT_THAT(ofDocument("<segment>", "<piece/><segment>"), ElementsAre("8:1 V342"));
 }
 
 // Brightness
