@@ -123,9 +123,16 @@ TEST(Counting, HeadsOfSeveralLinesAreHeads)
 // Marks of the lines that a writer makes of the values of broken inputs.
 double oddNumber(Random& random)
 {
-    constexpr double numbers[] = {
-        0.0,         -0.0, 0.5, 360.0, -90.0, 99.99, 1e9, -1e300, std::numeric_limits<double>::infinity(),
-        std::nan("")};
+    constexpr double numbers[] = {0.0,
+                                  -0.0,
+                                  0.5,
+                                  360.0,
+                                  -90.0,
+                                  99.99,
+                                  1e9,
+                                  -1e300,
+                                  std::numeric_limits<double>::infinity(),
+                                  std::numeric_limits<double>::quiet_NaN()};
     return numbers[random.below(std::size(numbers))];
 }
 
