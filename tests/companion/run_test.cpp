@@ -323,24 +323,31 @@ TEST(Run, TimesAreShownOnlyWhereTheyAreWanted)
                 ContainsRegex("\"began\":[0-9.]+,\"seconds\":[0-9.]+,"));
 }
 
+#ifdef VOMAR_SANITIZED
+constexpr int manyTasks = 100; // processes with a sanitizer start slowly
+constexpr const char* manyTold = "100 tasks: 99 good, 1 failed, 0 refused; 99 of 100 marks written\n";
+#else
+constexpr int manyTasks = 1000;
+constexpr const char* manyTold = "1,000 tasks: 990 good, 10 failed, 0 refused; 990 of 1,000 marks written\n";
+#endif
+
 TEST(Run, AThousandTasksPrintTheSameTwoAtOnce)
 {
     const OwnTemporaryFiles temporary;
     std::vector<std::string> names;
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < manyTasks; ++i) {
         names.push_back((i % 100 == 50 ? "dies-" : "plain-") + std::to_string(i));
     }
     const Tasks tasks(names);
     const CommandEnd one = tasks.run({}, VOMAR_STAND_IN);
     EXPECT_EQ(one.status, 1);
-    EXPECT_THAT(one.out,
-                EndsWith("1,000 tasks: 990 good, 10 failed, 0 refused; 990 of 1,000 marks written\n"));
+    EXPECT_THAT(one.out, EndsWith(manyTold));
     for (const auto& each : fs::directory_iterator("out")) {
         fs::remove(each);
     }
     EXPECT_EQ(tasks.run({"-j2"}).out, one.out);
     EXPECT_THAT(temporary.left(), IsEmpty());
-    EXPECT_EQ(namesIn("out").size(), 2u * 990);
+    EXPECT_EQ(namesIn("out").size(), 2u * (manyTasks - manyTasks / 100));
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a zombie is left";
 }
 

@@ -99,7 +99,11 @@ const std::map<std::string, std::function<void()>> insteadOfWork{
          std::_Exit(3);
      }},
     {"dies", [] { throw std::runtime_error("broken"); }},
-    {"crashes", [] { std::raise(SIGSEGV); }},
+    {"crashes",
+     [] {
+         std::signal(SIGSEGV, SIG_DFL); // sanitizers would make an exit status of it
+         std::raise(SIGSEGV);
+     }},
     {"hangs", waitForEver},
     {"stubborn",
      [] {
