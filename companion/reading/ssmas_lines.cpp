@@ -74,6 +74,8 @@ public:
         if (line.number <= linesInFront) {
             if (isAfterTitle) {
                 lose(line, "V185", out);
+            } else if (looksLikeMark(line.text)) {
+                out.add("V164", {1, line.text.size()});
             }
             return;
         }

@@ -223,6 +223,11 @@ TEST(LintSsmas, TheFirstObjectIsInTheSeventhLine)
                 ElementsAre("6:1 V185"));
 }
 
+TEST(LintSsmas, MarkAmongTheLinesInFrontIsSkipped)
+{
+    EXPECT_THAT(linted("ssmas", "Measurements\n807\n" + first + objectA + second), ElementsAre("3:1 V164"));
+}
+
 TEST(LintSsmas, ObjectsThatAreLost)
 {
     EXPECT_THAT(linted("ssmas", report(objectA + first + "B B\n" + columns + first + second + "3" + title +
