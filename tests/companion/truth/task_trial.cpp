@@ -321,7 +321,8 @@ void Trial::judgeInputs()
     }
     for (const auto& [path, state] : before) {
         const std::string name = path.size() > place.size() ? path.substr(place.size() + 1) : path;
-        const bool isInput = inputs.contains(name) || inputs.contains("./" + name) || name.ends_with(".conf");
+        const bool isConfiguration = checked.isReport && name.ends_with(".conf");
+        const bool isInput = inputs.contains(name) || inputs.contains("./" + name) || isConfiguration;
         const auto now = after.find(path);
         if (isInput && (now == after.end() || now->second.content != state.content)) {
             fail("an input was changed: " + path);
