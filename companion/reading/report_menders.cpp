@@ -81,6 +81,7 @@ private:
 constexpr std::size_t lineLength = 80;
 constexpr Field frontField{1, 14};
 constexpr Field note2{15, 1};
+constexpr std::size_t dateColumn = 16;
 constexpr Field declinationSign{45, 1};
 
 // The widths of what is behind the declination of an observation.
@@ -151,11 +152,18 @@ std::string inColumns(const OwnObservation& own)
     return line.append(magnitude).append(own.band).append(own.code);
 }
 
-// Whether a line is meant for an observation, whatever its columns.
-bool looksLikeObservation(std::string_view line)
+// The column of an observation's date, which a wide name moves; 0 where there is none.
+std::size_t dateColumnOf(std::string_view line)
 {
     constexpr std::size_t shortest = 70;
-    return line.size() >= shortest && hasForm(line.substr(15, 11), "0000 00 00.");
+    constexpr std::size_t farthest = 32;
+    constexpr std::string_view form = "0000 00 00.";
+    for (std::size_t column = 1; line.size() >= shortest && column <= farthest; ++column) {
+        if (hasForm(line.substr(column - 1, form.size()), form)) {
+            return column;
+        }
+    }
+    return 0;
 }
 
 class MpcMender final : public LineMender
@@ -167,15 +175,16 @@ public:
 
     bool mend(std::string_view line, std::string& out, MendNotes& notes) override
     {
-        const std::string_view sign = cutIfThere(line, declinationSign);
-        const bool isInColumns = line.size() == lineLength && !areDigits(sign);
+        const std::size_t date = dateColumnOf(line);
+        const bool isInColumns = line.size() == lineLength && (date == dateColumn || date == 0) &&
+                                 !areDigits(cutIfThere(line, declinationSign));
         OwnObservation own;
         if (!isInColumns && readOwn(line, own)) {
             out += inColumns(own);
             notes.mended(columnsPut, line);
             return true;
         }
-        if (use == MendUse::reading && !isKept(line, notes)) {
+        if (use == MendUse::reading && !isKept(line, isInColumns, notes)) {
             return false;
         }
         out += line;
@@ -185,17 +194,17 @@ public:
 private:
     // A second line of an observation, a radar echo and an observation that another one replaces are no
     // marks.
-    static bool isKept(std::string_view line, MendNotes& notes)
+    static bool isKept(std::string_view line, bool isInColumns, MendNotes& notes)
     {
         constexpr std::string_view otherNotes = "svrRXx";
-        if (line.size() == lineLength) {
+        if (isInColumns) {
             const bool isOther = otherNotes.find(tavelinUtils::cut(line, note2)) != std::string_view::npos;
             if (isOther) {
                 notes.skipped("places of observers, radar echoes and replaced observations");
             }
             return !isOther;
         }
-        if (looksLikeObservation(line)) {
+        if (dateColumnOf(line) != 0) {
             notes.refused(finding("V195", {{"n", std::to_string(line.size())}}), line);
             return false;
         }
