@@ -1,5 +1,6 @@
 #include "reading/normal_form.h"
 
+#include "formats/mea.h"
 #include "formats/telegram.h"
 #include "support/temporary_folder.h"
 
@@ -14,6 +15,7 @@ namespace {
 
 using companion::NormalForm;
 using companion::TrueSettings;
+using tavelinUtils::TrackVtorichka;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -274,6 +276,30 @@ TEST(NormalForm, WellFormedFilesOfTheToolStayAsTheyAre)
         }
     }
     EXPECT_GT(files, 6U);
+}
+
+TEST(NormalForm, TheReaderTakesTheToolsOwnDeclinationsRightAfterwards)
+{
+    TrackVtorichka track;
+    track.QRVName = "A";
+    for (int degrees = -89; degrees < 90; degrees += 2) {
+        track.Marks.push_back({.date = 60000, .RA = 4.0 * (degrees + 90), .DE = degrees - 0.0625, .m = 9.5});
+    }
+    const auto expectRight = [&track](const std::vector<TrackVtorichka>& back) {
+        ASSERT_EQ(back.size(), 1U);
+        ASSERT_EQ(back[0].Marks.size(), track.Marks.size());
+        for (std::size_t i = 0; i < track.Marks.size(); ++i) {
+            EXPECT_NEAR(double{back[0].Marks[i].DE}, double{track.Marks[i].DE}, 2e-6);
+        }
+    };
+    const std::string mea =
+        normal("mea", writtenBy([&](const std::string& path) { tavelinUtils::sMEA(path, {track}); })).text;
+    expectRight(readBy([](const std::string& path) { return tavelinUtils::plMEATrack(path, ""); }, mea));
+    const std::string telegram =
+        normal("telegram",
+               writtenBy([&](const std::string& path) { tavelinUtils::sTelegramma(path, {track}); }))
+            .text;
+    expectRight(readBy([](const std::string& path) { return tavelinUtils::lTelegramma(path); }, telegram));
 }
 
 TEST(NormalForm, LineEndsOfAFileStay)
