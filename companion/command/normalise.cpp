@@ -118,15 +118,19 @@ private:
                      << briefTotals(totals) << end << '\n';
     }
 
+    static Json pathJson(const std::string& path)
+    {
+        Json json = Json::object();
+        setBytes(json, "file", path);
+        return json;
+    }
+
     void asJson(const std::string& format, const NormalForm& form, bool isWritten, int status) const
     {
         JsonDocument document(console.out, "tavelin.normalise/1");
-        Json paths = Json::object();
-        setBytes(paths, "file", call.input);
-        document.set("input", paths);
-        Json copy = Json::object();
-        setBytes(copy, "file", call.output);
-        document.set("output", copy.set("written", isWritten).set("changed", form.isChanged));
+        document.set("input", pathJson(call.input));
+        document.set("output",
+                     pathJson(call.output).set("written", isWritten).set("changed", form.isChanged));
         document.set("format", format.empty() ? Json() : Json(format));
         document.set("marks", Json::object()
                                   .set("in", form.marks + form.leftOut)

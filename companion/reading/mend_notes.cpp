@@ -47,16 +47,22 @@ void MendNotes::refused(Finding why, std::string_view part)
     refusalFindings.back().places.push_back(place);
 }
 
+Finding MendNotes::findingOf(Kind kind)
+{
+    const FindingPlace& first = kind.places.front();
+    Finding found =
+        finding("V423", {{"what", std::string(kind.what)}, {"marks", counted(kind.count, "line")}})
+            .at(first.line, first.column)
+            .times(kind.count);
+    found.places = std::move(kind.places);
+    return found;
+}
+
 std::vector<Finding> MendNotes::findings() &&
 {
     std::vector<Finding> all = std::move(refusalFindings);
     for (Kind& kind : kinds) {
-        const FindingPlace& first = kind.places.front();
-        all.push_back(
-            finding("V423", {{"what", std::string(kind.what)}, {"marks", counted(kind.count, "line")}})
-                .at(first.line, first.column)
-                .times(kind.count));
-        all.back().places = std::move(kind.places);
+        all.push_back(findingOf(std::move(kind)));
     }
     for (const Kind& kind : skips) {
         all.push_back(

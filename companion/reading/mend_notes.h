@@ -58,6 +58,7 @@ private:
     };
 
     static Kind& kindOf(std::vector<Kind>& list, std::string_view what);
+    static Finding findingOf(Kind kind);
     FindingPlace placeOf(std::string_view part) const;
 
     std::size_t line = 0;

@@ -65,6 +65,14 @@ void takeLines(const PlainText& plain, const std::string& format, NormalForm& fo
     form.marks = marksIn(form.text, format);
 }
 
+NormalForm refused(Finding why)
+{
+    NormalForm form;
+    form.findings.push_back(std::move(why));
+    form.isRefused = true;
+    return form;
+}
+
 } // namespace
 
 bool hasNormalForm(std::string_view format)
@@ -78,9 +86,7 @@ NormalForm normalFormOf(const std::string& path, const std::string& format, cons
     NormalForm form;
     const PlainText plain = plainText(path);
     if (!plain.broken.empty()) {
-        form.findings.push_back(finding("V101", {{"encoding", plain.broken}}));
-        form.isRefused = true;
-        return form;
+        return refused(finding("V101", {{"encoding", plain.broken}}));
     }
     for (const std::string& what : plain.mended) {
         form.findings.push_back(finding("V423", {{"what", what}, {"marks", "all lines"}}));

@@ -17,22 +17,12 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 void appendUtf8(std::string& text, char32_t character)
 {
+    constexpr char32_t fronts[] = {0, 0xC0, 0xE0, 0xF0}; // by the number of bytes that follow
     const auto add = [&text](char32_t bits) { text += static_cast<char>(static_cast<std::uint8_t>(bits)); };
-    const auto addRest = [&add, character](int shift) { add(0x80U | (character >> shift & 0x3FU)); };
-    if (character < 0x80) {
-        add(character);
-    } else if (character < 0x800) {
-        add(0xC0U | character >> 6);
-        addRest(0);
-    } else if (character < 0x10000) {
-        add(0xE0U | character >> 12);
-        addRest(6);
-        addRest(0);
-    } else {
-        add(0xF0U | character >> 18);
-        addRest(12);
-        addRest(6);
-        addRest(0);
+    const unsigned rest = character < 0x80 ? 0 : character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
+    add(fronts[rest] | character >> 6 * rest);
+    for (unsigned i = rest; i-- > 0;) {
+        add(0x80U | (character >> 6 * i & 0x3FU));
     }
 }
 

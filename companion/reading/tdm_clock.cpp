@@ -92,14 +92,12 @@ void appendTwo(std::string& text, int number)
     text += {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
 }
 
-// Seconds of a day from 86400 on are those of its last minute.
-std::string epochText(int day, int second, std::string_view fraction)
+std::string dateText(int day)
 {
     int year = 0;
     int month = 0;
     int dayOfMonth = 0;
     tavelinUtils::MJDToYMD(day, year, month, dayOfMonth);
-    const int minutes = std::min(second, secondsOfDay - 1) / 60;
     std::string text;
     appendTwo(text, year / 100);
     appendTwo(text, year % 100);
@@ -107,7 +105,14 @@ std::string epochText(int day, int second, std::string_view fraction)
     appendTwo(text, month);
     text += '-';
     appendTwo(text, dayOfMonth);
-    text += 'T';
+    return text;
+}
+
+// Seconds of a day from 86400 on are those of its last minute.
+std::string epochText(int day, int second, std::string_view fraction)
+{
+    const int minutes = std::min(second, secondsOfDay - 1) / 60;
+    std::string text = dateText(day) + 'T';
     appendTwo(text, minutes / 60);
     text += ':';
     appendTwo(text, minutes % 60);

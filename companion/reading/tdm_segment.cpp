@@ -166,10 +166,16 @@ private:
             made.metadata.push_back({"CORRECTIONS_APPLIED", "YES", segment.line});
         }
         if (!segment.valueOf("TIME_SYSTEM")) {
-            const auto isComment = [](const TdmEntry& each) { return each.key == "COMMENT"; };
-            made.metadata.insert(std::find_if_not(made.metadata.begin(), made.metadata.end(), isComment),
-                                 {"TIME_SYSTEM", "UTC", segment.line});
+            putClock();
         }
+    }
+
+    // Behind the comments.
+    void putClock()
+    {
+        const auto isComment = [](const TdmEntry& each) { return each.key == "COMMENT"; };
+        made.metadata.insert(std::find_if_not(made.metadata.begin(), made.metadata.end(), isComment),
+                             {"TIME_SYSTEM", "UTC", segment.line});
     }
 
     void putEntry(TdmEntry& each) const
