@@ -2,12 +2,12 @@
 
 #include "base/lines.h"
 #include "findings/finding.h"
+#include "out/text.h"
 #include "reading/line_fates.h"
 #include "reading/lint.h"
 #include "reading/sky_angle.h"
 #include "reading/track_times.h"
 #include "records/track.h"
-#include "text/date_text.h"
 #include "text/number_text.h"
 
 #include <algorithm>
@@ -39,34 +39,10 @@ struct Moment
     }
 };
 
-// Milliseconds are rounded, and carried into the next day.
 std::string textOf(const Moment& moment)
 {
-    constexpr double millisecondsOfDay = 86400000.0;
-    if (!std::isfinite(moment.time) || std::abs(moment.time) > 1e6) {
-        return "?";
-    }
-    const auto all = static_cast<long long>(std::llround(moment.time * millisecondsOfDay));
-    const long long ofDay = 86400000;
-    const long long days = all >= 0 ? all / ofDay : -((-all + ofDay - 1) / ofDay);
-    const long long rest = all - days * ofDay;
-    const auto part = [rest](long long unit, long long count) {
-        return static_cast<int>(rest / unit % count);
-    };
-    std::string text = tavelinUtils::MJDToDate(static_cast<double>(moment.date + days), "-") + 'T';
-    const auto addTwo = [&text](int number) {
-        text += {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
-    };
-    addTwo(part(3600000, 24));
-    text += ':';
-    addTwo(part(60000, 60));
-    text += ':';
-    addTwo(part(1000, 60));
-    const int milliseconds = part(1, 1000);
-    text += '.';
-    text += static_cast<char>('0' + milliseconds / 100);
-    addTwo(milliseconds % 100);
-    return text;
+    const std::string text = momentText(moment.date + moment.time);
+    return text.empty() ? "?" : text;
 }
 
 Moment momentOf(const TRecLabelPervichka_File& mark)

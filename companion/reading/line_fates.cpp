@@ -93,19 +93,6 @@ LineFate fateInTdmXml(std::string_view line, bool& isBehind)
     return line.find("<ANGLE_") != std::string_view::npos ? LineFate::part : LineFate::head;
 }
 
-LineFate fateInHorizons(std::string_view line, bool& inData)
-{
-    if (line.find("$$SOE") != std::string_view::npos) {
-        inData = true;
-        return LineFate::head;
-    }
-    if (line.find("$$EOE") != std::string_view::npos) {
-        inData = false;
-        return LineFate::end;
-    }
-    return inData ? LineFate::mark : LineFate::head;
-}
-
 LineFate fateInElements(std::string_view line, bool& /*inData*/)
 {
     switch (line.front()) {
@@ -142,6 +129,50 @@ void countLines(const FileReading& reading, LineFates& fates)
     CountedLines lines(fateByForm, fates);
     tavelinUtils::readLines(reading.path, lines);
 }
+
+// The lines of an ephemeris, of which the reader makes marks from the first on, or none where the columns are
+// those of another table.
+class HorizonsLines
+{
+public:
+    HorizonsLines(LineFates& lineFates, std::size_t readMarks) : fates(lineFates), marksLeft(readMarks)
+    {
+    }
+
+    void add(std::string_view line)
+    {
+        fates.settled({++number, fateOf(line), PassedReason::none});
+    }
+
+private:
+    LineFate fateOf(std::string_view line)
+    {
+        if (line.find_first_not_of(' ') == std::string_view::npos) {
+            return LineFate::blank;
+        }
+        if (line.find("$$SOE") != std::string_view::npos) {
+            inData = true;
+            return LineFate::head;
+        }
+        if (line.find("$$EOE") != std::string_view::npos) {
+            inData = false;
+            return LineFate::end;
+        }
+        if (!inData) {
+            return LineFate::head;
+        }
+        if (marksLeft == 0) {
+            return LineFate::passed;
+        }
+        --marksLeft;
+        return LineFate::mark;
+    }
+
+    LineFates& fates;
+    std::size_t marksLeft;
+    std::size_t number = 0;
+    bool inData = false;
+};
 
 std::size_t readMea(const FileReading& reading, LineFates& fates)
 {
@@ -189,13 +220,14 @@ std::size_t readTdmXml(const FileReading& reading, LineFates& fates)
 
 std::size_t readHorizons(const FileReading& reading, LineFates& fates)
 {
-    countLines<fateInHorizons>(reading, fates);
     TrackVtorichka track;
     try {
         tavelinUtils::lHorizons(reading.path, track);
     } catch (const std::out_of_range&) {
         // The marks of the lines before the one that is too short are there.
     }
+    HorizonsLines lines(fates, track.Marks.size());
+    tavelinUtils::readLines(reading.path, lines);
     if (reading.use) {
         reading.use(track);
     }
