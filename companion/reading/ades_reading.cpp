@@ -3,6 +3,7 @@
 #include "base/lines.h"
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "reading/plain_text.h"
 #include "reading/text_front.h"
 #include "text/calendar.h"
 
@@ -285,8 +286,12 @@ TrueOutcome readAdes(const std::string& path, std::string_view format,
         elements.read();
         return elements.tracks.give(use);
     }
+    const PlainText plain = plainText(path);
+    if (!plain.broken.empty()) {
+        return {{finding("V101", {{"encoding", plain.broken}})}, 0};
+    }
     AdesRows rows;
-    tavelinUtils::readLines(path, rows);
+    tavelinUtils::takeLines(plain.text, rows);
     return rows.tracks.give(use);
 }
 

@@ -3,7 +3,7 @@
 #include "base/lines.h"
 #include "base/numbers.h"
 #include "base/tokens.h"
-#include "reading/text_front.h"
+#include "reading/plain_text.h"
 
 #include <algorithm>
 #include <array>
@@ -165,10 +165,10 @@ private:
 };
 
 template <class Lines>
-TrueOutcome readBy(const std::string& path, const std::function<void(TrueTrack&)>& use)
+TrueOutcome readBy(std::string_view text, const std::function<void(TrueTrack&)>& use)
 {
     Lines lines;
-    tavelinUtils::readLines(path, lines);
+    tavelinUtils::takeLines(text, lines);
     return lines.tracks.give(use);
 }
 
@@ -182,8 +182,11 @@ bool isOfBrightness(std::string_view format)
 TrueOutcome readBrightness(const std::string& path, std::string_view format,
                            const std::function<void(TrueTrack&)>& use)
 {
-    frontOfFile(path); // throws for one that cannot be read
-    return format == "mag" ? readBy<LightCurveLines>(path, use) : readBy<AavsoLines>(path, use);
+    const PlainText plain = plainText(path);
+    if (!plain.broken.empty()) {
+        return {{finding("V101", {{"encoding", plain.broken}})}, 0};
+    }
+    return format == "mag" ? readBy<LightCurveLines>(plain.text, use) : readBy<AavsoLines>(plain.text, use);
 }
 
 } // namespace companion
