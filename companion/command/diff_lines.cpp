@@ -160,7 +160,7 @@ Json DiffLines::json(const ComparedPair& pair) const
 {
     constexpr int finerDecimals = 3;
     const auto rounded = [](double value, int decimals) {
-        return Json(tavelinUtils::roundedTo(value, decimals + finerDecimals));
+        return Json(tavelinUtils::roundedTo(value, decimals + finerDecimals) + 0.0); // no -0
     };
     const ComparedMark& mark = pair.mark();
     const MarkDifference& found = pair.difference;

@@ -178,22 +178,22 @@ converts real nights with the tool, reads each output as it is meant, and holds 
 as [`tavelin diff`](companion/diff.md) does. `scripts/make_companion_texts` makes it anew and the tests fail where
 it has become another.
 
-*all* says that every digit of the input comes back. Otherwise the cell says which digits the output has, and by
-how much the worst mark is off; *cut* where that is more than half of the last digit. *no* says that the output
-has no such field, or not the one of the input: the tool writes the station 500 into a report in 80 columns, and
-into an AAVSO report an ensemble magnitude, which none of these inputs has. Marks count as kept where they are found
-under the name of their object.
+*all* says that every digit which the nights have comes back. Otherwise the cell says which digits the output has,
+and by how much the worst mark is off; *cut* where that is more than half of the last digit: a time in MEA is cut and
+not rounded, and of an SSMAS file the tool reads whole arcseconds. *no* says that the output has no such field, or not
+the one of the input: the tool writes the station 500 into a report in 80 columns, and into an AAVSO report an
+ensemble magnitude, which none of these inputs has. Marks count as kept where they are found under the name of their
+object.
 
 Bands are not in the tables, since no input has them; `mpc` and `aavso` say R of every mark. The frame of `tdm` and
 `tdm.xml` is that of the task, whatever the input says.
 
 )";
 
-// "The input is MEA: 102 files, 3,241 marks."
+// With "102 nights, 3,241 marks."
 std::string titleOf(const std::string& from, std::size_t files, std::size_t marks)
 {
-    return "## From `" + from + "`\n\n" + formatTitle(from) + ": " + counted(files, "night") + ", " +
-           counted(marks, "mark") +
+    return "## From `" + from + "`\n\n" + counted(files, "night") + ", " + counted(marks, "mark") +
            ".\n\n"
            "| To | Marks | Time | Right ascension | Declination | Magnitude | Station |\n"
            "|---|---|---|---|---|---|---|\n";
