@@ -23,7 +23,7 @@ constexpr OptionRow options[] = {
      "how far marks may differ: auto, half of the last digit of the coarser format; exact; or a file"},
     {"time", 0, "T", "two marks belong together up to this time apart: 0.5, 500ms, 1m"},
     {"angle", 0, "A", "they are the same up to this angle: 0.5, 500mas, 1arcmin"},
-    {"magnitude", 0, "M", "they are the same up to this difference of magnitudes"},
+    {"magnitude", 0, "VALUE", "they are the same up to this difference of magnitudes"},
     {"by", 0, "object|position",
      "marks of equal objects belong together, or those that are nearest on the sky"},
     {"changes", 'c', nullptr, "leave out the marks that are the same"},

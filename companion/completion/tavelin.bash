@@ -2,7 +2,7 @@
 
 _tavelin_names()
 {
-    echo 'check run explain info lint schema help'
+    echo 'check run explain info lint schema normalise diff help'
 }
 
 _tavelin_options()
@@ -14,6 +14,8 @@ _tavelin_options()
     info) echo '--as --tracks --table --get --strict --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     lint) echo '--as --for --layer --schema --max --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     schema) echo '--list --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    normalise) echo '-o --output --from --time-system --accept-frame --apply-corrections --magnitude -f --force --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    diff) echo '--tolerance --time --angle --magnitude --by -c --changes -s --sums --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     *) echo '--json -q --quiet -v --verbose --color --progress --times -h --help --version' ;;
     esac
 }
@@ -53,6 +55,19 @@ _tavelin_values()
     "lint --progress") echo 'auto plain none' ;;
     "schema --color") echo 'auto always never' ;;
     "schema --progress") echo 'auto plain none' ;;
+    "normalise --output" | "normalise -o") echo '/' ;;
+    "normalise --from") echo '' ;;
+    "normalise --time-system") echo 'UTC TAI GPS TT' ;;
+    "normalise --magnitude") echo '' ;;
+    "normalise --color") echo 'auto always never' ;;
+    "normalise --progress") echo 'auto plain none' ;;
+    "diff --tolerance") echo '' ;;
+    "diff --time") echo '' ;;
+    "diff --angle") echo '' ;;
+    "diff --magnitude") echo '' ;;
+    "diff --by") echo 'object position' ;;
+    "diff --color") echo 'auto always never' ;;
+    "diff --progress") echo 'auto plain none' ;;
     " --color") echo 'auto always never' ;;
     " --progress") echo 'auto plain none' ;;
     *) return 1 ;;
@@ -62,8 +77,8 @@ _tavelin_values()
 _tavelin_operands()
 {
     case $1 in
-    help) echo 'check run explain info lint schema' ;;
-    schema) echo 'task config result ades json check explain info lint run schema' ;;
+    help) echo 'check run explain info lint schema normalise diff' ;;
+    schema) echo 'task config result ades json check diff explain info lint normalise run schema' ;;
     *) return 1 ;;
     esac
 }
