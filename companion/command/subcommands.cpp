@@ -5,7 +5,7 @@ namespace {
 
 constexpr const Subcommand* rows[] = {
     &checkCommand, &runTasksCommand, &explainCommand,   &infoCommand,
-    &lintCommand,  &schemaCommand,   &normaliseCommand,
+    &lintCommand,  &schemaCommand,   &normaliseCommand, &diffCommand,
 };
 
 } // namespace

@@ -303,7 +303,8 @@ constexpr FindingRow rows[] = {
      "The reader makes a mark of a magnitude line only, so these marks are left out of the copy.",
      "Give --magnitude with a value that all of them get."},
     {"V150", Severity::error, false, "cl", "line of {words}: skipped",
-     "The line of a mark has exactly seven words with blanks between.",
+     "The line of a mark has exactly seven words with blanks between in MEA, seven cells with tabs between in "
+     "a light curve, and fifteen fields in an AAVSO report.",
      "Mend the line; a name must not hold blanks."},
     {"V151", Severity::error, false, "cl", "the first line looks like a mark",
      "It is taken for the line of the site, so the mark is lost.",

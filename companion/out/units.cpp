@@ -15,6 +15,7 @@ struct Unit
 };
 
 constexpr Unit durations[] = {{"d", 86'400'000}, {"h", 3'600'000}, {"m", 60'000}, {"s", 1000}, {"ms", 1}};
+constexpr Unit angles[] = {{"mas", 0.001}, {"arcsec", 1}, {"arcmin", 60}, {"deg", 3600}};
 constexpr Unit amounts[] = {{"T", 0x1p40}, {"G", 0x1p30}, {"M", 0x1p20}, {"K", 0x1p10}};
 
 // A number with a unit at its end, times the size of that unit.
@@ -57,6 +58,18 @@ std::optional<std::chrono::milliseconds> durationOf(std::string_view text)
     const auto value = valueOf(text, durations, 1000);
     const bool fits = value && *value >= 1 && *value <= longest;
     return fits ? std::optional(std::chrono::milliseconds(std::llround(*value))) : std::nullopt;
+}
+
+std::optional<double> secondsOf(std::string_view text)
+{
+    constexpr double milliseconds = 1000;
+    const auto value = valueOf(text, durations, milliseconds);
+    return value ? std::optional(*value / milliseconds) : std::nullopt;
+}
+
+std::optional<double> arcsecondsOf(std::string_view text)
+{
+    return valueOf(text, angles, 1);
 }
 
 std::string durationText(std::chrono::milliseconds duration)

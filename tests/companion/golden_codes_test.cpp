@@ -46,7 +46,7 @@ bool isTold(const FindingRow& row)
 TEST(GoldenCodes, EachFindingOccursInACase)
 {
     std::set<std::string> printed;
-    for (const std::string group : {"check", "lint", "run", "info", "explain", "normalise"}) {
+    for (const std::string group : {"check", "lint", "run", "info", "explain", "normalise", "diff"}) {
         for (const std::string& name : goldenCases(group)) {
             printed.merge(codesOf(group + '/' + name));
         }

@@ -1,0 +1,298 @@
+#include "reading/ades_reading.h"
+
+#include "base/lines.h"
+#include "base/numbers.h"
+#include "base/tokens.h"
+#include "reading/plain_text.h"
+#include "reading/text_front.h"
+#include "text/calendar.h"
+
+#include <libxml/xmlreader.h>
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace companion {
+namespace {
+
+using tavelinUtils::toDouble;
+using tavelinUtils::toInt;
+using tavelinUtils::TRecLabelPervichka_File;
+
+std::string_view trimmed(std::string_view text)
+{
+    constexpr std::string_view blanks = " \t\r\n";
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    return text.substr(0, text.find_last_not_of(blanks) + 1);
+}
+
+// The time of "2024-01-20T21:48:27.36Z"; false for any other text.
+bool setTime(std::string_view text, TRecLabelPervichka_File& mark)
+{
+    constexpr std::string_view shape = "dddd-dd-ddTdd:dd:dd";
+    if (text.size() <= shape.size() || text.back() != 'Z') {
+        return false;
+    }
+    for (std::size_t i = 0; i < shape.size(); ++i) {
+        const bool isDigit = text[i] >= '0' && text[i] <= '9';
+        if (shape[i] == 'd' ? !isDigit : text[i] != shape[i]) {
+            return false;
+        }
+    }
+    const auto part = [text](std::size_t at, std::size_t size) { return toInt(text.substr(at, size)); };
+    mark.date = static_cast<int>(tavelinUtils::YMDToMJD(part(0, 4), part(5, 2), part(8, 2)));
+    mark.time = tavelinUtils::TimeToDay(part(11, 2), part(14, 2), toDouble(text.substr(17)));
+    return true;
+}
+
+// Makes tracks of the values of observations.
+class AdesTracks
+{
+public:
+    // Of the blocks' context.
+    void setObservatory(std::string_view code)
+    {
+        observatory = code;
+    }
+
+    // A value of the present observation.
+    void set(std::string_view name, std::string_view text)
+    {
+        if (!text.empty()) {
+            values.insert_or_assign(std::string(name), std::string(text));
+        }
+    }
+
+    // The observation is complete.
+    void finish(std::size_t line)
+    {
+        TRecLabelPervichka_File mark;
+        const std::string& time = value("obsTime");
+        if (!setTime(time, mark)) {
+            leaveOut(finding("V126", {{"text", time}}), line);
+        } else if (value("ra").empty() || value("dec").empty()) {
+            leaveOut(finding("V140"), line);
+        } else {
+            addMark(std::move(mark), line);
+        }
+        values.clear();
+    }
+
+    void leaveOut(Finding why, std::size_t line)
+    {
+        outcome.findings.push_back(std::move(why).at(line, 1));
+        ++outcome.leftOut;
+    }
+
+    TrueOutcome give(const std::function<void(TrueTrack&)>& use)
+    {
+        std::for_each(tracks.begin(), tracks.end(), use);
+        return std::move(outcome);
+    }
+
+private:
+    const std::string& value(const char* name) const
+    {
+        static const std::string none;
+        const auto place = values.find(name);
+        return place == values.end() ? none : place->second;
+    }
+
+    const std::string& name() const
+    {
+        for (const char* each : {"permID", "provID", "artSat"}) {
+            if (!value(each).empty()) {
+                return value(each);
+            }
+        }
+        return value("trkSub");
+    }
+
+    void addMark(TRecLabelPervichka_File mark, std::size_t line)
+    {
+        mark.RA = toDouble(value("ra"));
+        mark.DE = toDouble(value("dec"));
+        mark.m = toDouble(value("mag"));
+        mark.filtr = value("band");
+        const TrueMark info{line, true, !value("mag").empty(), !value("band").empty()};
+        TrueTrack& track = trackOf(name(), value("stn").empty() ? observatory : value("stn"));
+        track.track.Marks.push_back(std::move(mark));
+        track.marks.push_back(info);
+    }
+
+    TrueTrack& trackOf(const std::string& object, const std::string& station)
+    {
+        const auto [place, isNew] = places.try_emplace({object, station}, tracks.size());
+        if (isNew) {
+            tracks.emplace_back();
+            tracks.back().track.QRVName = object;
+            tracks.back().station = station;
+        }
+        return tracks[place->second];
+    }
+
+    std::string observatory{};
+    std::map<std::string, std::string, std::less<>> values{};
+    std::map<std::pair<std::string, std::string>, std::size_t> places{};
+    std::vector<TrueTrack> tracks{};
+    TrueOutcome outcome{};
+};
+
+// The text form: context lines with # and !, a row of names, a row for each observation.
+class AdesRows
+{
+public:
+    void add(std::string_view line)
+    {
+        ++number;
+        line = trimmed(line);
+        if (line.empty()) {
+            return;
+        }
+        if (line[0] == '#' || line[0] == '!') {
+            takeContext(trimmed(line.substr(1)));
+        } else if (names.empty()) {
+            tavelinUtils::forEachToken(line, '|',
+                                       [this](std::string_view cell) { names.emplace_back(trimmed(cell)); });
+        } else {
+            takeRow(line);
+        }
+    }
+
+    AdesTracks tracks{};
+
+private:
+    void takeContext(std::string_view text)
+    {
+        constexpr std::string_view key = "mpcCode";
+        names.clear(); // a context ends the rows before it
+        if (text.starts_with(key)) {
+            tracks.setObservatory(trimmed(text.substr(key.size())));
+        }
+    }
+
+    void takeRow(std::string_view line)
+    {
+        std::size_t column = 0;
+        tavelinUtils::forEachToken(line, '|', [this, &column](std::string_view cell) {
+            if (column < names.size()) {
+                tracks.set(names[column], trimmed(cell));
+            }
+            ++column;
+        });
+        tracks.finish(number);
+    }
+
+    std::size_t number = 0;
+    std::vector<std::string> names{};
+};
+
+// The reader of a document, element by element.
+class AdesElements
+{
+public:
+    explicit AdesElements(const std::string& path)
+        : reader(xmlReaderForFile(path.c_str(), nullptr, options), xmlFreeTextReader)
+    {
+    }
+
+    void read()
+    {
+        int state = reader == nullptr ? -1 : xmlTextReaderRead(reader.get());
+        for (; state == 1; state = xmlTextReaderRead(reader.get())) {
+            take();
+        }
+        if (state != 0) {
+            tracks.leaveOut(finding("V380", {{"element", "the document"}, {"rule", "is not well-formed"}}),
+                            line());
+        }
+    }
+
+    AdesTracks tracks{};
+
+private:
+    static constexpr int options =
+        XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_BIG_LINES;
+
+    static std::string text(const xmlChar* characters)
+    {
+        return characters == nullptr ? "" : reinterpret_cast<const char*>(characters);
+    }
+
+    std::size_t line() const
+    {
+        const xmlNode* const node = reader == nullptr ? nullptr : xmlTextReaderCurrentNode(reader.get());
+        return static_cast<std::size_t>(node == nullptr ? 1 : std::max(xmlGetLineNo(node), 1L));
+    }
+
+    void take()
+    {
+        const int type = xmlTextReaderNodeType(reader.get());
+        if (type == XML_READER_TYPE_ELEMENT) {
+            open(text(xmlTextReaderConstLocalName(reader.get())));
+        } else if (type == XML_READER_TYPE_TEXT || type == XML_READER_TYPE_CDATA) {
+            said += text(xmlTextReaderConstValue(reader.get()));
+        } else if (type == XML_READER_TYPE_END_ELEMENT) {
+            close(text(xmlTextReaderConstLocalName(reader.get())));
+        }
+    }
+
+    void open(const std::string& name)
+    {
+        if (name == "optical" || name == "radar" || name == "offset" || name == "occultation") {
+            observation = name;
+            began = line();
+        }
+        said.clear();
+    }
+
+    void close(const std::string& name)
+    {
+        if (name == "mpcCode") {
+            tracks.setObservatory(trimmed(said));
+        } else if (name == observation) {
+            tracks.finish(began);
+            observation.clear();
+        } else if (!observation.empty()) {
+            tracks.set(name, trimmed(said));
+        }
+        said.clear();
+    }
+
+    std::unique_ptr<xmlTextReader, void (*)(xmlTextReader*)> reader;
+    std::string observation{}; // the element that is open
+    std::size_t began = 0;
+    std::string said{};
+};
+
+} // namespace
+
+bool isAdes(std::string_view format)
+{
+    return format == "ades.xml" || format == "ades.psv";
+}
+
+TrueOutcome readAdes(const std::string& path, std::string_view format,
+                     const std::function<void(TrueTrack&)>& use)
+{
+    frontOfFile(path); // throws for one that cannot be read
+    if (format == "ades.xml") {
+        AdesElements elements(path);
+        elements.read();
+        return elements.tracks.give(use);
+    }
+    const PlainText plain = plainText(path);
+    if (!plain.broken.empty()) {
+        return {{finding("V101", {{"encoding", plain.broken}})}, 0};
+    }
+    AdesRows rows;
+    tavelinUtils::takeLines(plain.text, rows);
+    return rows.tracks.give(use);
+}
+
+} // namespace companion
