@@ -12,5 +12,7 @@ extern const Subcommand explainCommand;
 extern const Subcommand infoCommand;
 extern const Subcommand lintCommand;
 extern const Subcommand schemaCommand;
+extern const Subcommand convertCommand;
+extern const Subcommand reportCommand;
 
 } // namespace companion

@@ -2,7 +2,7 @@
 
 _tavelin_names()
 {
-    echo 'check run explain info lint schema help'
+    echo 'check run explain info lint schema convert report help'
 }
 
 _tavelin_options()
@@ -14,6 +14,8 @@ _tavelin_options()
     info) echo '--as --tracks --table --get --strict --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     lint) echo '--as --for --layer --schema --max --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     schema) echo '--list --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    convert) echo '--from --to --telescope --originator --frame --autoname --keep-task -f --force --allow --time-limit --memory-limit --verify --vomar --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    report) echo '--to --by --short-names --filter --telescope --originator --gap --exclude --only-track --make --keep-task -f --force --allow --time-limit --memory-limit --verify --vomar --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     *) echo '--json -q --quiet -v --verbose --color --progress --times -h --help --version' ;;
     esac
 }
@@ -53,6 +55,35 @@ _tavelin_values()
     "lint --progress") echo 'auto plain none' ;;
     "schema --color") echo 'auto always never' ;;
     "schema --progress") echo 'auto plain none' ;;
+    "convert --from") echo '' ;;
+    "convert --to") echo 'mea telegram tdm ssmas mpc tdm.xml mag aavso' ;;
+    "convert --telescope") echo '' ;;
+    "convert --originator") echo '' ;;
+    "convert --frame") echo '' ;;
+    "convert --keep-task") echo '/' ;;
+    "convert --allow") echo '' ;;
+    "convert --time-limit") echo '' ;;
+    "convert --memory-limit") echo '' ;;
+    "convert --verify") echo 'count full none' ;;
+    "convert --vomar") echo '/' ;;
+    "convert --color") echo 'auto always never' ;;
+    "convert --progress") echo 'auto plain none' ;;
+    "report --to") echo 'mea telegram tdm ssmas mpc tdm.xml mag aavso' ;;
+    "report --by") echo 'group object series all' ;;
+    "report --filter") echo '' ;;
+    "report --telescope") echo '' ;;
+    "report --originator") echo '' ;;
+    "report --gap") echo '' ;;
+    "report --exclude") echo '' ;;
+    "report --only-track") echo '' ;;
+    "report --keep-task") echo '/' ;;
+    "report --allow") echo '' ;;
+    "report --time-limit") echo '' ;;
+    "report --memory-limit") echo '' ;;
+    "report --verify") echo 'count full none' ;;
+    "report --vomar") echo '/' ;;
+    "report --color") echo 'auto always never' ;;
+    "report --progress") echo 'auto plain none' ;;
     " --color") echo 'auto always never' ;;
     " --progress") echo 'auto plain none' ;;
     *) return 1 ;;
@@ -62,7 +93,7 @@ _tavelin_values()
 _tavelin_operands()
 {
     case $1 in
-    help) echo 'check run explain info lint schema' ;;
+    help) echo 'check run explain info lint schema convert report' ;;
     schema) echo 'task config result ades json check explain info lint run schema' ;;
     *) return 1 ;;
     esac

@@ -598,6 +598,8 @@ constexpr FindingExample rows[] = {
      "elsewhere-1.xml: warning: 1 file appeared that the plan does not know: out/elsewhere.txt [V418]"},
     {"V419", "run/input_changed", "run touches-1.xml",
      "touches-1.xml: failed: an input changed during the run: ./in.mea [V419]"},
+    {"V421", "convert/two_originators", "convert night.tel night.tdm",
+     "tavelin: originator is given twice: \"MPC\" by track 1, \"ESA\" by track 2 [V421]"},
     {"V440", "lint/schema", "lint --as result --schema note.xsd bad.xml broken.xml good.xml",
      "bad.xml:2: error: Element 'code': 'five' is not a valid value of the atomic type 'xs:int'. [V440]"},
 };
