@@ -94,7 +94,7 @@ _tavelin_operands()
 {
     case $1 in
     help) echo 'check run explain info lint schema convert report' ;;
-    schema) echo 'task config result ades json check explain info lint run schema' ;;
+    schema) echo 'task config result ades json check convert explain info lint report run schema' ;;
     *) return 1 ;;
     esac
 }

@@ -54,7 +54,7 @@ complete -c tavelin -n '__fish_seen_subcommand_from lint' -l max -x -d 'show at 
 
 complete -c tavelin -n 'not __fish_seen_subcommand_from check run explain info lint schema convert report help' -f -a schema -d 'schemas of the files of the tool, and of the JSON of this command'
 complete -c tavelin -n '__fish_seen_subcommand_from schema' -l list -d 'all schemas, a line each'
-complete -c tavelin -n '__fish_seen_subcommand_from schema' -f -a 'task config result ades json check explain info lint run schema'
+complete -c tavelin -n '__fish_seen_subcommand_from schema' -f -a 'task config result ades json check convert explain info lint report run schema'
 
 complete -c tavelin -n 'not __fish_seen_subcommand_from check run explain info lint schema convert report help' -f -a convert -d 'a measurement file in another format, without a task file'
 complete -c tavelin -n '__fish_seen_subcommand_from convert' -l from -x -d 'the format of IN: mea, telegram, tdm or ssmas; default: by its content'
