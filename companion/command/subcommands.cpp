@@ -4,8 +4,8 @@ namespace companion {
 namespace {
 
 constexpr const Subcommand* rows[] = {
-    &checkCommand, &runTasksCommand, &explainCommand,   &infoCommand,
-    &lintCommand,  &schemaCommand,   &normaliseCommand, &diffCommand,
+    &checkCommand,  &runTasksCommand,  &explainCommand, &infoCommand,    &lintCommand,
+    &schemaCommand, &normaliseCommand, &diffCommand,    &convertCommand, &reportCommand,
 };
 
 } // namespace

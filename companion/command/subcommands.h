@@ -14,5 +14,7 @@ extern const Subcommand lintCommand;
 extern const Subcommand schemaCommand;
 extern const Subcommand normaliseCommand;
 extern const Subcommand diffCommand;
+extern const Subcommand convertCommand;
+extern const Subcommand reportCommand;
 
 } // namespace companion

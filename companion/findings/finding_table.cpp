@@ -118,7 +118,8 @@ constexpr FindingRow rows[] = {
      "Take one of the format words exactly as docs/task_file.md gives them, in small letters."},
     {"V041", Severity::error, true, "c", "the format \"{word}\" can be written but not read",
      "The input is not opened, so there are no tracks: code 0 and no file, or code -1 with autoname.",
-     "Convert from the file that this one was made from."},
+     "Convert from the file that this one was made from; tavelin ready reads such files too, and makes "
+     "copies that receivers take."},
     {"V042", Severity::error, true, "c", "\"vomar\" is a word for inputformat, not for outputformat",
      "The run says code 0 and writes no file.", "Give outputformat the format that is wanted, such as tdm."},
     {"V043", Severity::warning, false, "c", "outputextension \"{extension}\" does not begin with a point",
@@ -578,7 +579,7 @@ constexpr FindingRow rows[] = {
      "Use tavelin ready to make a copy for the receiver; tavelin check --for lists each place."},
     {"V302", Severity::error, false, "cl", "the format is not certain: {guess}",
      "No format is recognised with certainty, and the file is not read further.",
-     "Say which it is with --as."},
+     "Say which it is with --as, or in tavelin convert with --from."},
     {"V310", Severity::error, false, "cly", "a line of {n} columns, where 80 are wanted",
      "The receiver refuses the line, or reads its columns in the wrong places.",
      "Use tavelin ready --for mpc: it makes lines of 80 columns."},

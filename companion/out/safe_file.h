@@ -43,4 +43,12 @@ private:
     int descriptor = -1;
 };
 
+/// Throws WrongUsage where a target must not be written: it is one of the inputs by device and inode (V005),
+/// or it exists and is not to be replaced (V004).
+void mustBeFree(const std::string& target, bool force, const std::vector<std::string>& inputs);
+
+/// Gives a whole file of the same file system its place, once its bytes are on the disk; a file that it
+/// replaces is there until then. Throws WrongUsage (V003, or V004 for a file that has come in between).
+void moveInto(const std::string& file, const std::string& target, bool force);
+
 } // namespace companion

@@ -12,8 +12,17 @@ namespace companion {
 PrivateFolder::PrivateFolder()
 {
     const char* const wanted = std::getenv("TMPDIR");
-    const std::string parent = wanted == nullptr || *wanted == 0 ? "/tmp" : wanted;
-    folder = parent + "/tavelin-XXXXXX";
+    make(wanted == nullptr || *wanted == 0 ? "/tmp" : wanted, "/tavelin-XXXXXX");
+}
+
+PrivateFolder::PrivateFolder(const std::string& parent)
+{
+    make(parent, "/.tavelin-XXXXXX");
+}
+
+void PrivateFolder::make(const std::string& parent, const char* name)
+{
+    folder = parent + name;
     if (mkdtemp(folder.data()) == nullptr) {
         throw WrongUsage{finding("V003", {{"file", parent}, {"what", std::strerror(errno)}})};
     }

@@ -152,6 +152,9 @@ TEST(OptionTable, AnOptionOfSeveralSubcommandsTakesTheSameInAll)
             if (each->name == std::string("explain") && row.name == std::string("as")) {
                 continue; // a kind of thing, where the others take a format
             }
+            if (each->name == std::string("report") && row.name == std::string("by")) {
+                continue; // what a file holds, and not what marks are matched by
+            }
             const std::string value = row.value == nullptr ? "" : row.value;
             EXPECT_EQ(values.emplace(row.name, value).first->second, value) << each->name << ' ' << row.name;
         }
