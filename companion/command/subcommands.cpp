@@ -5,6 +5,7 @@ namespace {
 
 constexpr const Subcommand* rows[] = {
     &checkCommand, &runTasksCommand, &explainCommand, &infoCommand, &lintCommand, &schemaCommand,
+    &readyCommand,
 };
 
 } // namespace
