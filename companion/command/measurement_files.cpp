@@ -2,9 +2,9 @@
 
 namespace companion {
 
-std::string givenFormat(const Arguments& arguments)
+std::string givenFormat(const Arguments& arguments, std::string_view option)
 {
-    std::string word = arguments.value("as");
+    std::string word = arguments.value(option);
     if (!word.empty() && !isFormatName(word)) {
         const std::string near = nearestWord(word, formatNames());
         const std::string question = near.empty() ? "" : "; did you mean \"" + near + "\"?";

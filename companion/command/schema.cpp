@@ -32,7 +32,7 @@ void listAsText(std::ostream& out)
 {
     for (const Schema& each : allSchemas()) {
         std::string name = each.name;
-        name.resize(14, ' ');
+        name.resize(16, ' ');
         out << name << each.language << ", " << each.of << '\n';
     }
 }

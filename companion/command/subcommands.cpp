@@ -4,8 +4,8 @@ namespace companion {
 namespace {
 
 constexpr const Subcommand* rows[] = {
-    &checkCommand, &runTasksCommand, &explainCommand, &infoCommand, &lintCommand, &schemaCommand,
-    &readyCommand,
+    &checkCommand, &runTasksCommand, &explainCommand, &infoCommand,
+    &lintCommand,  &schemaCommand,   &readyCommand,   &normaliseCommand,
 };
 
 } // namespace

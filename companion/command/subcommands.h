@@ -13,5 +13,6 @@ extern const Subcommand infoCommand;
 extern const Subcommand lintCommand;
 extern const Subcommand schemaCommand;
 extern const Subcommand readyCommand;
+extern const Subcommand normaliseCommand;
 
 } // namespace companion

@@ -74,7 +74,7 @@ double degreesOf(AngleKind kind, const Sexagesimal& parts)
 void checkRange(AngleKind kind, const Stretch& stretch, double degrees, LintOutput& out)
 {
     if (kind == AngleKind::declination && std::abs(degrees) > 90.0) {
-        out.add("V121", stretch, {{"value", shortest(degrees)}});
+        out.add("V121", stretch, {{"value", shortest(degrees)}, {"problem", "is outside -90 to 90"}});
     } else if (kind == AngleKind::rightAscension && !(degrees >= 0.0 && degrees <= 360.0)) {
         out.add("V129", stretch, {{"value", shortest(degrees)}});
     }

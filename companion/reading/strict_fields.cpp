@@ -285,7 +285,7 @@ private:
         if (isMisread || !std::isfinite(value)) {
             tellMisread(value, shortest(value));
         } else if (field.form == FieldForm::degreesDE && !(value >= -90.0 && value <= 90.0)) {
-            add("V121", {{"value", shown()}});
+            add("V121", {{"value", shown()}, {"problem", "is outside -90 to 90"}});
         } else if (field.form == FieldForm::degreesRA && !(value >= 0.0 && value <= 360.0)) {
             add("V129", {{"value", shown()}});
         } else if (field.form == FieldForm::magnitude) {
@@ -369,7 +369,7 @@ private:
             add("V128", {{"text", shown()}});
         }
         if (std::abs(de) > 90.0) {
-            add("V121", {{"value", shortest(de)}});
+            add("V121", {{"value", shortest(de)}, {"problem", "is outside -90 to 90"}});
         }
     }
 
