@@ -1,3 +1,4 @@
+#include "base/tokens.h"
 #include "command/measurement_files.h"
 #include "command/ready_names.h"
 #include "command/ready_settings.h"
@@ -291,6 +292,25 @@ std::size_t marksOf(const CopyInput& input)
     return marks;
 }
 
+// Observations in 80 columns: the date is in columns 16 to 25, and a point follows it.
+std::size_t observationsIn(const std::string& text)
+{
+    constexpr std::size_t length = 80;
+    constexpr std::size_t date = 15;
+    constexpr std::string_view form = "dddd dd dd.";
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    std::size_t count = 0;
+    tavelinUtils::forEachToken(text, '\n', [&](std::string_view line) {
+        bool isObservation = line.size() == length;
+        for (std::size_t i = 0; isObservation && i < form.size(); ++i) {
+            const char c = line[date + i];
+            isObservation = form[i] == 'd' ? isDigit(c) : c == form[i];
+        }
+        count += isObservation ? 1U : 0U;
+    });
+    return count;
+}
+
 // How many marks a copy holds, by its text.
 std::size_t marksIn(const std::string& text, const std::string& format)
 {
@@ -310,7 +330,7 @@ std::size_t marksIn(const std::string& text, const std::string& format)
     if (format == "ades.psv") {
         return times("Z|");
     }
-    return heldMarksOf(text, format)->marks;
+    return format == "mpc" ? observationsIn(text) : heldMarksOf(text, format)->marks;
 }
 
 std::string linesOf(const NewNames& names)

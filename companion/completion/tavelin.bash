@@ -2,7 +2,7 @@
 
 _tavelin_names()
 {
-    echo 'check run explain info lint schema help'
+    echo 'check run explain info lint schema ready normalise help'
 }
 
 _tavelin_options()
@@ -14,6 +14,8 @@ _tavelin_options()
     info) echo '--as --tracks --table --get --strict --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     lint) echo '--as --for --layer --schema --max --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     schema) echo '--list --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    ready) echo '--for -o --output -f --force --as --profile --station --observer --band --magnitude --no-magnitudes --zero-is-a-magnitude --numbers --allow-artificial --rename --new-names --time-decimals --ra-decimals --dec-decimals --creation-date --leave-out --dry-run --how-to-send --max --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    normalise) echo '-o --output --from --time-system --accept-frame --apply-corrections --magnitude -f --force --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     *) echo '--json -q --quiet -v --verbose --color --progress --times -h --help --version' ;;
     esac
 }
@@ -53,6 +55,29 @@ _tavelin_values()
     "lint --progress") echo 'auto plain none' ;;
     "schema --color") echo 'auto always never' ;;
     "schema --progress") echo 'auto plain none' ;;
+    "ready --for") echo 'mpc ccsds ccsds.xml aavso ades ades.psv' ;;
+    "ready --output" | "ready -o") echo '/' ;;
+    "ready --as") echo '' ;;
+    "ready --profile") echo '/' ;;
+    "ready --station") echo '' ;;
+    "ready --observer") echo '' ;;
+    "ready --band") echo '' ;;
+    "ready --magnitude") echo 'ensemble apparent instrumental' ;;
+    "ready --rename") echo '/' ;;
+    "ready --new-names") echo '' ;;
+    "ready --time-decimals") echo '5 6' ;;
+    "ready --ra-decimals") echo '2 3' ;;
+    "ready --dec-decimals") echo '1 2' ;;
+    "ready --creation-date") echo '' ;;
+    "ready --max") echo '' ;;
+    "ready --color") echo 'auto always never' ;;
+    "ready --progress") echo 'auto plain none' ;;
+    "normalise --output" | "normalise -o") echo '/' ;;
+    "normalise --from") echo '' ;;
+    "normalise --time-system") echo 'UTC TAI GPS TT' ;;
+    "normalise --magnitude") echo '' ;;
+    "normalise --color") echo 'auto always never' ;;
+    "normalise --progress") echo 'auto plain none' ;;
     " --color") echo 'auto always never' ;;
     " --progress") echo 'auto plain none' ;;
     *) return 1 ;;
@@ -62,8 +87,8 @@ _tavelin_values()
 _tavelin_operands()
 {
     case $1 in
-    help) echo 'check run explain info lint schema' ;;
-    schema) echo 'task config result ades json check explain info lint run schema' ;;
+    help) echo 'check run explain info lint schema ready normalise' ;;
+    schema) echo 'task config result ades json check explain info lint normalise ready run schema' ;;
     *) return 1 ;;
     esac
 }

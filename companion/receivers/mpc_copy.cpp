@@ -249,14 +249,16 @@ private:
         return true;
     }
 
-    // What the line has other than the tool would write it.
+    // What the line has other than the tool would write it. A line that was in 80 columns before has it
+    // already.
     void tellMended(const CopyPlace& place, const TRecLabelPervichka_File& mark, const std::string& line,
                     const RoundedMoment& moment)
     {
         const CopyTrack& track = tracks[place.track];
-        if (!track.isOf80Columns) {
-            tellForm(track, line);
+        if (track.isOf80Columns) {
+            return;
         }
+        tellForm(track, line);
         if (moment.day != mark.date) {
             tally.mend("the time is carried into the next day");
         }
