@@ -4,8 +4,8 @@ namespace companion {
 namespace {
 
 constexpr const Subcommand* rows[] = {
-    &checkCommand,  &runTasksCommand,  &explainCommand, &infoCommand,    &lintCommand,
-    &schemaCommand, &normaliseCommand, &diffCommand,    &convertCommand, &reportCommand,
+    &checkCommand, &runTasksCommand,  &explainCommand, &infoCommand,    &lintCommand,   &schemaCommand,
+    &readyCommand, &normaliseCommand, &diffCommand,    &convertCommand, &reportCommand,
 };
 
 } // namespace

@@ -12,6 +12,7 @@ extern const Subcommand explainCommand;
 extern const Subcommand infoCommand;
 extern const Subcommand lintCommand;
 extern const Subcommand schemaCommand;
+extern const Subcommand readyCommand;
 extern const Subcommand normaliseCommand;
 extern const Subcommand diffCommand;
 extern const Subcommand convertCommand;

@@ -4,10 +4,41 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <ostream>
 
 namespace companion {
+namespace {
+
+// NOLINTNEXTLINE(misc-no-recursion): as deep as the text, which the parser has been through
+void addLeaves(const nlohmann::ordered_json& json, const std::string& path, std::vector<JsonLeaf>& leaves)
+{
+    if (json.is_object()) {
+        for (const auto& [key, member] : json.items()) {
+            addLeaves(member, path.empty() ? key : path + '/' + key, leaves);
+        }
+    } else if (json.is_array()) {
+        for (const auto& element : json) {
+            addLeaves(element, path, leaves);
+        }
+    } else {
+        leaves.push_back({path, json.is_string() ? json.get<std::string>() : json.dump()});
+    }
+}
+
+// The place of a byte, counted from 1.
+std::string placeInText(std::string_view text, std::size_t byte)
+{
+    const std::string_view before = text.substr(0, byte == 0 ? 0 : byte - 1);
+    const auto lines = std::count(before.begin(), before.end(), '\n');
+    const std::size_t lineStart = before.rfind('\n') + 1; // 0 where there is none
+    return "in line " + std::to_string(lines + 1) + ", column " +
+           std::to_string(before.size() - lineStart + 1);
+}
+
+} // namespace
 
 struct Json::Value
 {
@@ -143,6 +174,22 @@ void JsonDocument::separate()
         out << ',';
     }
     first = false;
+}
+
+JsonLeaves jsonLeaves(std::string_view text)
+{
+    JsonLeaves read;
+    try {
+        const auto json = nlohmann::ordered_json::parse(text);
+        if (json.is_object()) {
+            addLeaves(json, "", read.leaves);
+        } else {
+            read.fault = "is no JSON object";
+        }
+    } catch (const nlohmann::ordered_json::parse_error& error) {
+        read.fault = "is not well-formed JSON " + placeInText(text, error.byte);
+    }
+    return read;
 }
 
 void setBytes(Json& object, std::string_view key, std::string_view bytes)

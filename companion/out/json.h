@@ -16,6 +16,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace companion {
 
@@ -89,6 +90,23 @@ private:
     std::ostream& out;
     bool first = true;
 };
+
+/// A value of a JSON text that is neither an object nor a list.
+struct JsonLeaf
+{
+    std::string path; ///< the keys to it, with / between; those of a list's elements are equal
+    std::string text; ///< a text without its quotes, a number as it is written in the fewest digits
+};
+
+/// What was read of a JSON text.
+struct JsonLeaves
+{
+    std::vector<JsonLeaf> leaves{}; ///< in their order; none of a text that is not well-formed
+    std::string fault{};            ///< "is not well-formed JSON in line 3, column 5"; empty where it is
+};
+
+/// All values of a JSON text whose outermost value is an object.
+JsonLeaves jsonLeaves(std::string_view text);
 
 /// Gives an object a text member and, where the text is not UTF-8, a member "bytes" with its bytes in
 /// base 16.

@@ -17,7 +17,6 @@ namespace {
 
 constexpr std::size_t fieldCount = 15;
 constexpr const char* parameters[] = {"TYPE", "OBSCODE", "SOFTWARE", "DELIM", "DATE", "OBSTYPE"};
-constexpr std::string_view placeholders[] = {"AAVSO", "CODEAAVSO", "N/A", "NA", "NONE"};
 
 // The fields of a record in their order.
 struct FieldRow
@@ -184,9 +183,7 @@ private:
             return word == "EXTENDED" ? nullptr : "Extended is wanted";
         }
         if (key == "OBSCODE") {
-            const bool isPlaceholder =
-                std::find(std::begin(placeholders), std::end(placeholders), word) != std::end(placeholders);
-            return value.empty() || isPlaceholder ? "the code of an observer is wanted" : nullptr;
+            return isObserverCode(value) ? nullptr : "the code of an observer is wanted";
         }
         if (key == "SOFTWARE") {
             return value.empty() || value.size() > 255 ? "a name of up to 255 characters is wanted" : nullptr;

@@ -23,6 +23,8 @@ constexpr std::string_view filters[] = {"U",   "B",     "V",     "RJ", "IJ",  "R
                                         "STY", "STHBW", "STHBN", "MA", "MB",  "MI", "ZS",  "Y",   "TB",
                                         "TG",  "TR",    "CV",    "CR", "CBB", "HA", "HAC"};
 
+constexpr std::string_view placeholders[] = {"AAVSO", "CODEAAVSO", "N/A", "NA", "NONE"};
+
 constexpr std::size_t nameLength = 30;
 constexpr std::size_t magnitudeLength = 8;
 constexpr std::size_t errorLength = 6;
@@ -326,6 +328,13 @@ private:
 bool isAavsoFilter(std::string_view word)
 {
     return std::find(std::begin(filters), std::end(filters), upper(word)) != std::end(filters);
+}
+
+bool isObserverCode(std::string_view code)
+{
+    const std::string word = upper(code);
+    return !code.empty() &&
+           std::find(std::begin(placeholders), std::end(placeholders), word) == std::end(placeholders);
 }
 
 bool isAavsoFileName(const std::string& path)

@@ -13,6 +13,9 @@ namespace companion {
 /// Whether a word is a filter for new work; case means nothing.
 bool isAavsoFilter(std::string_view word);
 
+/// Whether a text is the code of an observer, and none of the words that stand for one.
+bool isObserverCode(std::string_view code);
+
 /// Whether a file name has one of the extensions that the upload takes.
 bool isAavsoFileName(const std::string& path);
 
