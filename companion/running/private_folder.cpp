@@ -1,6 +1,7 @@
 #include "running/private_folder.h"
 
 #include "findings/finding.h"
+#include "out/system_files.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -11,8 +12,7 @@ namespace companion {
 
 PrivateFolder::PrivateFolder()
 {
-    const char* const wanted = std::getenv("TMPDIR");
-    const std::string parent = wanted == nullptr || *wanted == 0 ? "/tmp" : wanted;
+    const std::string parent = temporaryFolder();
     folder = parent + "/tavelin-XXXXXX";
     if (mkdtemp(folder.data()) == nullptr) {
         throw WrongUsage{finding("V003", {{"file", parent}, {"what", std::strerror(errno)}})};
