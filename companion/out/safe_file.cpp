@@ -1,6 +1,7 @@
 #include "out/safe_file.h"
 
 #include "findings/finding.h"
+#include "out/system_files.h"
 
 #include <array>
 #include <atomic>
@@ -152,12 +153,8 @@ SafeFile::~SafeFile()
 
 void SafeFile::write(std::string_view bytes)
 {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) {
-            throw failed(path);
-        }
-        bytes.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
+    if (!writeAll(descriptor, bytes)) {
+        throw failed(path);
     }
 }
 

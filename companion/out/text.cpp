@@ -165,6 +165,14 @@ std::string markPlaceText(const MarkPlace& place)
     return text;
 }
 
+std::string upper(std::string_view text)
+{
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(),
+                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    return result;
+}
+
 std::string momentText(double mjd)
 {
     constexpr double firstDay = -678575.0;

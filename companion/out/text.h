@@ -18,6 +18,9 @@ bool isUtf8(std::string_view bytes);
 /// The bytes in base 16, two small letters or digits each.
 std::string hexadecimal(std::string_view bytes);
 
+/// A text with the small letters of ASCII as capital ones.
+std::string upper(std::string_view text);
+
 /// A text as it can be shown on a line: control characters, and bytes that are not UTF-8, as "\xE9".
 std::string printable(std::string_view bytes);
 

@@ -1,10 +1,10 @@
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "out/text.h"
 #include "reading/line_checker.h"
 #include "receivers/aavso_rules.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -26,14 +26,6 @@ struct FieldRow
     bool (*isTaken)(std::string_view text);
     const char* wanted;
 };
-
-std::string upper(std::string_view text)
-{
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return result;
-}
 
 bool areDigits(std::string_view text)
 {

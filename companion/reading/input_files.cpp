@@ -1,11 +1,11 @@
 #include "reading/input_files.h"
 
 #include "findings/finding.h"
+#include "out/system_files.h"
 
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
-#include <string_view>
 #include <vector>
 
 #include <fcntl.h>
@@ -22,26 +22,13 @@ namespace {
 // A file without a name.
 int newFile()
 {
-    const char* const wanted = std::getenv("TMPDIR");
-    std::string path = wanted == nullptr || *wanted == 0 ? "/tmp" : wanted;
-    path += "/tavelin-XXXXXX";
+    std::string path = temporaryFolder() + "/tavelin-XXXXXX";
     const int file = mkostemp(path.data(), O_CLOEXEC);
     if (file < 0) {
         fail();
     }
     unlink(path.c_str());
     return file;
-}
-
-void writeAll(int file, std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t written = write(file, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) {
-            fail();
-        }
-        bytes.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
-    }
 }
 
 void copyStandardInput(int file)
@@ -52,10 +39,10 @@ void copyStandardInput(int file)
         if (count == 0) {
             return;
         }
-        if (count < 0 && errno != EINTR) {
+        const std::size_t length = count < 0 ? 0 : static_cast<std::size_t>(count);
+        if ((count < 0 && errno != EINTR) || !writeAll(file, {piece.data(), length})) {
             fail();
         }
-        writeAll(file, {piece.data(), count < 0 ? 0 : static_cast<std::size_t>(count)});
     }
 }
 

@@ -35,20 +35,6 @@ std::size_t countWords(std::string_view line)
     return words;
 }
 
-bool looksLikeMark(std::string_view line)
-{
-    Tokens tokens;
-    if (!tavelinUtils::cutRuns(line, ' ', tokens)) {
-        return false;
-    }
-    std::size_t fitting = 0;
-    for (std::size_t i = date; i < fieldCount; ++i) {
-        fitting += isPlain(meaFields()[i].form, tokens[i]) ? 1U : 0U;
-    }
-    constexpr std::size_t most = 5; // of six: any one may be spoilt
-    return fitting >= most;
-}
-
 class MeaChecker final : public LineChecker
 {
 public:
@@ -61,7 +47,7 @@ public:
             break;
         case LineFate::refused: tellShortField(line, out); break;
         case LineFate::head:
-            if (looksLikeMark(line.text)) {
+            if (hasManyNumbers(line.text)) {
                 out.add("V151", {1, line.text.size()});
             }
             break;

@@ -48,20 +48,10 @@ std::string_view firstWord(std::string_view line)
     return line.substr(0, line.find(' '));
 }
 
-bool beginsLikeNumber(std::string_view word)
-{
-    word.remove_prefix(word.starts_with('+') || word.starts_with('-') ? 1 : 0);
-    return !word.empty() && word.front() >= '0' && word.front() <= '9';
-}
-
 // Whether a person takes a line for a mark: for its date, or for all the numbers behind a date that is none.
 bool looksLikeMark(std::string_view line)
 {
-    constexpr int manyNumbers = 4;
-    int numbers = 0;
-    tavelinUtils::forEachToken(
-        line, ' ', [&numbers](std::string_view word) { numbers += beginsLikeNumber(word) ? 1 : 0; });
-    return numbers >= manyNumbers || isDateLike(firstWord(line));
+    return hasManyNumbers(line) || isDateLike(firstWord(line));
 }
 
 class SsmasChecker final : public LineChecker

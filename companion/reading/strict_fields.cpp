@@ -493,6 +493,17 @@ void tellField(const StrictField& field, std::string_view line, std::string_view
     Teller(field, line, text, out).tell();
 }
 
+bool hasManyNumbers(std::string_view line)
+{
+    constexpr int many = 4;
+    int numbers = 0;
+    tavelinUtils::forEachToken(line, ' ', [&numbers](std::string_view word) {
+        word.remove_prefix(hasSign(word) ? 1 : 0);
+        numbers += !word.empty() && isDigit(word.front()) ? 1 : 0;
+    });
+    return numbers >= many;
+}
+
 void checkMagnitude(double magnitude, const Stretch& stretch, LintOutput& out)
 {
     if (magnitude == 0.0) {

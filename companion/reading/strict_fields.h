@@ -61,6 +61,10 @@ inline void checkField(const StrictField& field, std::string_view line, std::str
     }
 }
 
+/// Whether a line has as many words that begin like numbers as the line of a mark, whatever they go on with:
+/// four at least.
+bool hasManyNumbers(std::string_view line);
+
 /// The findings of a magnitude that was read: one that stands for none, or that no object has.
 void checkMagnitude(double magnitude, const Stretch& stretch, LintOutput& out);
 

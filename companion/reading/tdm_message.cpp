@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "out/text.h"
 #include "receivers/tdm_rules.h"
 
 #include <algorithm>
@@ -31,14 +32,6 @@ bool isInOneCase(std::string_view text)
         return std::any_of(text.begin(), text.end(), [is](unsigned char c) { return is(c) != 0; });
     };
     return !has(std::islower) || !has(std::isupper);
-}
-
-std::string upper(std::string_view text)
-{
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return result;
 }
 
 bool isDigit(char c)

@@ -1,6 +1,7 @@
 #include "receivers/aavso_rules.h"
 
 #include "base/numbers.h"
+#include "out/text.h"
 #include "receivers/rule_tally.h"
 #include "text/number_text.h"
 
@@ -43,14 +44,6 @@ enum Rule : std::size_t
     badFilter,
     badFileName
 };
-
-std::string upper(std::string_view text)
-{
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return result;
-}
 
 bool isKind(std::string_view word)
 {

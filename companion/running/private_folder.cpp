@@ -1,6 +1,7 @@
 #include "running/private_folder.h"
 
 #include "findings/finding.h"
+#include "out/system_files.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -11,8 +12,7 @@ namespace companion {
 
 PrivateFolder::PrivateFolder()
 {
-    const char* const wanted = std::getenv("TMPDIR");
-    make(wanted == nullptr || *wanted == 0 ? "/tmp" : wanted, "/tavelin-XXXXXX");
+    make(temporaryFolder(), "/tavelin-XXXXXX");
 }
 
 PrivateFolder::PrivateFolder(const std::string& parent)

@@ -221,7 +221,7 @@ int tryOne(std::uint64_t seed)
         print("  " + line);
     }
     tell(seed, outcome);
-    print("kept: " + root + "/work/case");
+    print("kept: " + root + "/trial/case");
     return outcome.failures.empty() ? 0 : 1;
 }
 

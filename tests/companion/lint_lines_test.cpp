@@ -71,6 +71,8 @@ TEST(LintLines, LinesThatTheMeaReaderSkipsOrRefuses)
 {
     EXPECT_THAT(linted("mea", site + "a b c\n" + mark).findings, ElementsAre("2:1 V150"));
     EXPECT_THAT(linted("mea", mark + mark).findings, ElementsAre("1:1 V151"));
+    const std::string spoilt = "A  081121 0506103970 1825397714 6952124248 001 13,50\n"; // no sign, a comma
+    EXPECT_THAT(linted("mea", spoilt + mark).findings, ElementsAre("1:1 V151"));
     EXPECT_THAT(linted("mea", site + "12345 250 1200000000 0100000000 +205301234 001 09.50\n").findings,
                 ElementsAre("2:7 V061"));
 }

@@ -52,7 +52,7 @@ class Trial
 {
 public:
     Trial(std::uint64_t theSeed, const std::string& theFolder, const std::string& theTool)
-        : seed(theSeed), folder(theFolder), place(theFolder + "/work/case"), tool(theTool)
+        : seed(theSeed), folder(theFolder), place(theFolder + "/trial/case"), tool(theTool)
     {
     }
 

@@ -20,6 +20,6 @@ struct TrialOutcome
     std::size_t marksWritten = 0;
 };
 
-/// Makes the task of a seed in the folder "work/case" of a folder that is empty, checks it, runs the tool on
+/// Makes the task of a seed in the folder "trial/case" of a folder that is empty, checks it, runs the tool on
 /// it and compares. Changes the present folder to that of the case.
 TrialOutcome tryTask(std::uint64_t seed, const std::string& folder, const std::string& tool);
