@@ -2,7 +2,7 @@
 
 _tavelin_names()
 {
-    echo 'check run explain info lint schema help'
+    echo 'check run explain info lint schema batch help'
 }
 
 _tavelin_options()
@@ -14,6 +14,7 @@ _tavelin_options()
     info) echo '--as --tracks --table --get --strict --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     lint) echo '--as --for --layer --schema --max --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     schema) echo '--list --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    batch) echo '--over --into --group --set --only-make -j --jobs --part --again --by-content --summary --failed --forget --time-limit --memory-limit --allow --anyway --verify --vomar --stop-after --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     *) echo '--json -q --quiet -v --verbose --color --progress --times -h --help --version' ;;
     esac
 }
@@ -53,6 +54,21 @@ _tavelin_values()
     "lint --progress") echo 'auto plain none' ;;
     "schema --color") echo 'auto always never' ;;
     "schema --progress") echo 'auto plain none' ;;
+    "batch --over") echo '' ;;
+    "batch --into") echo '' ;;
+    "batch --group") echo '' ;;
+    "batch --set") echo '' ;;
+    "batch --jobs" | "batch -j") echo '' ;;
+    "batch --part") echo '' ;;
+    "batch --forget") echo '' ;;
+    "batch --time-limit") echo '' ;;
+    "batch --memory-limit") echo '' ;;
+    "batch --allow") echo '' ;;
+    "batch --verify") echo 'count full none' ;;
+    "batch --vomar") echo '/' ;;
+    "batch --stop-after") echo '' ;;
+    "batch --color") echo 'auto always never' ;;
+    "batch --progress") echo 'auto plain none' ;;
     " --color") echo 'auto always never' ;;
     " --progress") echo 'auto plain none' ;;
     *) return 1 ;;
@@ -62,8 +78,8 @@ _tavelin_values()
 _tavelin_operands()
 {
     case $1 in
-    help) echo 'check run explain info lint schema' ;;
-    schema) echo 'task config result ades json check explain info lint run schema' ;;
+    help) echo 'check run explain info lint schema batch' ;;
+    schema) echo 'task config result ades json batch check explain info lint plan receipt run schema' ;;
     *) return 1 ;;
     esac
 }

@@ -301,9 +301,9 @@ void expectGolden(const std::string& group, const std::string& name)
     EXPECT_EQ(stateOf(fs::current_path()), before);
 }
 
-void expectGoldenRun(const std::string& name, const std::string& tool)
+void expectGoldenRun(const std::string& name, const std::string& tool, const std::string& group)
 {
-    const fs::path source = folderOf("run") / name;
+    const fs::path source = folderOf(group) / name;
     const int status = exists(source / "status") ? std::stoi(textOf(source / "status")) : 0;
     const Call call = callOf(source / "call").with("--vomar").with(tool);
     const auto runWith = [&](const Call& wanted) {
