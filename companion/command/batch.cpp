@@ -74,7 +74,19 @@ std::map<std::string, std::string> settingsIn(const Arguments& arguments)
     return settings;
 }
 
-// Options that count only where a plan is made, or only where it is there.
+// What a call does is one thing.
+void refuseSeveralWorks(const Arguments& arguments)
+{
+    std::string first;
+    for (const char* const option : {"over", "summary", "failed", "forget"}) {
+        if (arguments.has(option) && !first.empty()) {
+            throw wrongValue(option, "it cannot stand with " + first);
+        }
+        first = arguments.has(option) ? std::string("--") + option : first;
+    }
+}
+
+// Options that count only where a plan is made.
 void checkOptions(const Arguments& arguments)
 {
     const bool makes = arguments.has("over");
@@ -86,13 +98,7 @@ void checkOptions(const Arguments& arguments)
     if (makes && !arguments.has("into")) {
         throw wrongValue("over", "it needs --into");
     }
-    std::string shown;
-    for (const char* const option : {"over", "summary", "failed", "forget"}) {
-        if (arguments.has(option) && !shown.empty()) {
-            throw wrongValue(option, "it cannot stand with " + shown);
-        }
-        shown = arguments.has(option) ? std::string("--") + option : shown;
-    }
+    refuseSeveralWorks(arguments);
 }
 
 // What follows the template are more patterns: a shell may have made them of one.
@@ -180,6 +186,13 @@ Json findingsJson(const std::vector<Finding>& findings)
     return list;
 }
 
+void showFindings(const std::vector<Finding>& findings, const Console& console)
+{
+    for (const Finding& each : findings) {
+        showFinding(console, each);
+    }
+}
+
 // What was made, where nothing is run then.
 int showMade(const BatchFolder& folder, const MadeBatch& made, const Console& console)
 {
@@ -218,13 +231,26 @@ int makeAndRun(const Arguments& arguments, const Console& console)
     const ByteLocks locks(folder.lock());
     const MadeBatch made = makeBatch(folder, order, locks);
     if (!console.look.json) {
-        for (const Finding& each : made.findings) {
-            showFinding(console, each);
-        }
+        showFindings(made.findings, console);
     }
     return made.isRefused || arguments.has("only-make")
                ? showMade(folder, made, console)
                : runAll(folder, made.plan, locks, arguments, console);
+}
+
+void showForgotten(const BatchFolder& folder, std::size_t count, const Console& console)
+{
+    const std::size_t left = readPlan(folder).tasks.size();
+    if (console.look.json) {
+        JsonDocument document(console.out, "tavelin.batch/1");
+        document.set("work", folder.path());
+        document.set("forgotten", count);
+        document.set("left", left);
+        document.set("exit", 0);
+        document.finish();
+    } else {
+        console.out << "batch: " << counted(count, "task") << " forgotten, " << counted(left) << " left\n";
+    }
 }
 
 int forget(const BatchFolder& folder, const Arguments& arguments, const Console& console)
@@ -232,19 +258,16 @@ int forget(const BatchFolder& folder, const Arguments& arguments, const Console&
     const ByteLocks locks(folder.lock());
     const std::vector<std::string> words = arguments.values("forget");
     forgetTasks(folder, words, locks);
-    const BatchPlan plan = readPlan(folder);
-    if (console.look.json) {
-        JsonDocument document(console.out, "tavelin.batch/1");
-        document.set("work", folder.path());
-        document.set("forgotten", words.size());
-        document.set("left", plan.tasks.size());
-        document.set("exit", 0);
-        document.finish();
-    } else {
-        console.out << "batch: " << counted(words.size(), "task") << " forgotten, "
-                    << counted(plan.tasks.size()) << " left\n";
-    }
+    showForgotten(folder, words.size(), console);
     return 0;
+}
+
+BatchFolder givenFolder(const Arguments& arguments)
+{
+    if (arguments.operands().size() > 1) {
+        throw WrongUsage{finding("V001", {{"option", "batch"}, {"problem", "takes one WORK"}})};
+    }
+    return BatchFolder(withoutSlash(arguments.operands().front()));
 }
 
 int batch(const Arguments& arguments, const Console& console)
@@ -253,10 +276,7 @@ int batch(const Arguments& arguments, const Console& console)
     if (arguments.has("over")) {
         return makeAndRun(arguments, console);
     }
-    if (arguments.operands().size() > 1) {
-        throw WrongUsage{finding("V001", {{"option", "batch"}, {"problem", "takes one WORK"}})};
-    }
-    const BatchFolder folder(withoutSlash(arguments.operands().front()));
+    const BatchFolder folder = givenFolder(arguments);
     const BatchPlan plan = readPlan(folder);
     if (arguments.has("forget")) {
         return forget(folder, arguments, console);
