@@ -1,4 +1,4 @@
-#include "command/run_options.h"
+#include "command/several_runs.h"
 #include "command/subcommands.h"
 #include "command/task_operands.h"
 #include "command/task_runner.h"
@@ -6,34 +6,26 @@
 #include "reading/input_files.h"
 #include "running/evidence.h"
 
-#include <algorithm>
 #include <csignal>
 #include <optional>
 #include <ostream>
-#include <thread>
 
 namespace companion {
 namespace {
 
 constexpr OptionRow options[] = {
-    {"jobs", 'j', "N", "so many tasks at once, 0 for as many as there are processors; default 1"},
+    jobsRow,
     timeLimitRow,
     memoryLimitRow,
-    {"allow", 0, "CODES", "run a task in spite of findings of these codes, with commas between"},
-    {"anyway", 0, nullptr, "run a task whatever the check finds; one that never ends needs --time-limit too"},
+    allowRow,
+    anywayRow,
     verifyRow,
     {"joblog", 0, "FILE", "a line per task in the columns of GNU parallel"},
     {"resume", 0, nullptr, "leave out tasks that ended well by the job log and whose files are still newer"},
     {"force", 'f', nullptr, "replace a job log that exists"},
     toolRow,
-    {"stop-after", 0, "N", "start no more tasks after N that failed; default never"},
+    stopAfterRow,
 };
-
-std::size_t jobsOf(const Arguments& arguments)
-{
-    const std::size_t jobs = numberOf(arguments, "jobs", 1);
-    return jobs != 0 ? jobs : std::max(1U, std::thread::hardware_concurrency());
-}
 
 // A job log is not to replace a file, least of all a task.
 void checkJobLog(const Arguments& arguments, const RunSettings& settings,
@@ -56,12 +48,9 @@ void checkJobLog(const Arguments& arguments, const RunSettings& settings,
 
 RunSettings settingsOf(const Arguments& arguments)
 {
-    RunSettings settings = runSettings(arguments);
-    settings.jobs = jobsOf(arguments);
-    settings.anyway = arguments.has("anyway");
+    RunSettings settings = settingsOfSeveral(arguments);
     settings.jobLog = arguments.value("joblog");
     settings.resumes = arguments.has("resume");
-    settings.stopAfter = numberOf(arguments, "stop-after", 0);
     return settings;
 }
 

@@ -4,8 +4,7 @@ namespace companion {
 namespace {
 
 constexpr const Subcommand* rows[] = {
-    &checkCommand, &runTasksCommand,  &explainCommand, &infoCommand,    &lintCommand,   &schemaCommand,
-    &readyCommand, &normaliseCommand, &diffCommand,    &convertCommand, &reportCommand,
+    &checkCommand, &runTasksCommand, &explainCommand, &infoCommand, &lintCommand, &schemaCommand, &readyCommand, &normaliseCommand, &batchCommand, &diffCommand, &convertCommand, &reportCommand,
 };
 
 } // namespace

@@ -14,6 +14,7 @@ extern const Subcommand lintCommand;
 extern const Subcommand schemaCommand;
 extern const Subcommand readyCommand;
 extern const Subcommand normaliseCommand;
+extern const Subcommand batchCommand;
 extern const Subcommand diffCommand;
 extern const Subcommand convertCommand;
 extern const Subcommand reportCommand;

@@ -618,6 +618,14 @@ constexpr FindingExample rows[] = {
      "message.kvn:4: note: mended: times of the clock of --time-system are UTC now, by the leap seconds of ERFA 2.0.0, 1 mark [V423]"},
     {"V440", "lint/schema", "lint --as result --schema note.xsd bad.xml broken.xml good.xml",
      "bad.xml:2: error: Element 'code': 'five' is not a valid value of the atomic type 'xs:int'. [V440]"},
+    {"V450", "batch/nothing_matches", "batch t.xml --over \"archive/{night}/{scope}_*.tel\" --into work",
+     "tavelin: the pattern \"archive/{night}/{scope}_*.tel\" matches nothing [V450]"},
+    {"V451", "batch/field_differs_in_a_group", "batch report.xml --over \"{night}/{series}/tavelin/dataVO/table.txt\" --into work --group night",
+     "report.xml: error: field {series} has 2 values in group 2025-02-23 [V451]"},
+    {"V452", "batch/input_gone", "batch work",
+     "work/tasks/000002_T9_2025-02-24.xml: warning: the input of task 2 is gone [V452]"},
+    {"V454", "batch/damaged_plan", "batch work",
+     "tavelin: the plan work/plan.json is damaged [V454]"},
 };
 // clang-format on
 

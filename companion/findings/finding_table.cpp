@@ -727,7 +727,7 @@ constexpr FindingRow rows[] = {
      "A task of a group has one value for each field outside its series, and none of them is chosen.",
      "Move the field into seria, or group by it."},
     {"V452", Severity::warning, false, "r", "the input of task {task} is gone",
-     "The task is kept in the plan, but it is not run.",
+     "The task is kept in the plan with its receipt, but it is not run, and the exit status is 1.",
      "Put the input back, or take the task out with --forget."},
     {"V453", Severity::warning, false, "r", "task {task} is being run elsewhere",
      "It is left out here, and the exit status is 1.", "Start again when the other run is done."},
@@ -765,7 +765,7 @@ constexpr FindingPage pages[] = {
     {"V340", "docs/formats/tdm.md"},         {"V360", "docs/formats/aavso.md"},
     {"V380", "docs/companion/lint.md"},      {"V400", "docs/companion/run.md"},
     {"V420", "docs/companion/ready.md"},    {"V440", "docs/companion/lint.md"},
-    {"V450", "docs/companion/README.md"},
+    {"V450", "docs/companion/batch.md"},
 };
 
 } // namespace

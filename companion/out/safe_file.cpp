@@ -164,6 +164,17 @@ void SafeFile::commit()
     if (fsync(descriptor) != 0) {
         throw failed(path);
     }
+    takeName();
+}
+
+void SafeFile::commitUnwaited()
+{
+    setRights(descriptor, path);
+    takeName();
+}
+
+void SafeFile::takeName()
+{
     const WithoutSignals whole;
     if (!replaces) {
         giveName(path);

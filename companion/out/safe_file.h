@@ -32,7 +32,12 @@ public:
     /// Throws WrongUsage (V003, or V004 for a file that has come in between).
     void commit();
 
+    /// The same without waiting for the disk, for a file that can be made again: a failure of the power may
+    /// leave it empty.
+    void commitUnwaited();
+
 private:
+    void takeName();
     void open();
     void standBeside(const std::string& name);
     void giveName(const std::string& name) const;

@@ -347,9 +347,9 @@ void expectGoldenMade(const std::string& group, const std::string& name, const s
     }
 }
 
-void expectGoldenRun(const std::string& name, const std::string& tool)
+void expectGoldenRun(const std::string& name, const std::string& tool, const std::string& group)
 {
-    const fs::path source = folderOf("run") / name;
+    const fs::path source = folderOf(group) / name;
     const int status = exists(source / "status") ? std::stoi(textOf(source / "status")) : 0;
     const Call call = callOf(source / "call").with("--vomar").with(tool);
     const auto runWith = [&](const Call& wanted) {

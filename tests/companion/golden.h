@@ -40,7 +40,7 @@ void expectGolden(const std::string& group, const std::string& name);
 /// each call what is new, changed or gone in the folder is what the file "left" lists, a path each line.
 void expectGoldenMade(const std::string& group, const std::string& name, const std::string& tool = "");
 
-/// Runs a case of the group "run" with a tool, each time in a new copy of its folder, which the tool changes.
+/// Runs a case of a group of runs with a tool, each time in a new copy of its folder, which the tool changes.
 /// Text, JSON, messages and status are as they stand, and two at once, in another locale and zone, print the
 /// same as one after the other.
-void expectGoldenRun(const std::string& name, const std::string& tool);
+void expectGoldenRun(const std::string& name, const std::string& tool, const std::string& group = "run");

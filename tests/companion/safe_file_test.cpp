@@ -39,6 +39,18 @@ TEST(SafeFile, IsThereOnceItIsCommitted)
     EXPECT_EQ(namesIn(folder.path()), (Names{"a.txt"}));
 }
 
+TEST(SafeFile, IsThereAlsoWhereNobodyWaitsForTheDisk)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.txt", "old\n");
+    SafeFile file(folder / "a.txt", true, {});
+    file.write("whole\n");
+    EXPECT_EQ(bytesOf(folder / "a.txt"), "old\n");
+    file.commitUnwaited();
+    EXPECT_EQ(bytesOf(folder / "a.txt"), "whole\n");
+    EXPECT_EQ(namesIn(folder.path()), (Names{"a.txt"}));
+}
+
 TEST(SafeFile, NothingIsLeftOfOneThatIsNotCommitted)
 {
     const TemporaryFolder folder;
