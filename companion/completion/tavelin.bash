@@ -2,7 +2,7 @@
 
 _tavelin_names()
 {
-    echo 'check run explain info lint schema help'
+    echo 'check run explain info lint schema page help'
 }
 
 _tavelin_options()
@@ -14,6 +14,7 @@ _tavelin_options()
     info) echo '--as --tracks --table --get --strict --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     lint) echo '--as --for --layer --schema --max --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     schema) echo '--list --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    page) echo '-o --output --as --object -f --force --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     *) echo '--json -q --quiet -v --verbose --color --progress --times -h --help --version' ;;
     esac
 }
@@ -53,6 +54,11 @@ _tavelin_values()
     "lint --progress") echo 'auto plain none' ;;
     "schema --color") echo 'auto always never' ;;
     "schema --progress") echo 'auto plain none' ;;
+    "page --output" | "page -o") echo '/' ;;
+    "page --as") echo '' ;;
+    "page --object") echo '' ;;
+    "page --color") echo 'auto always never' ;;
+    "page --progress") echo 'auto plain none' ;;
     " --color") echo 'auto always never' ;;
     " --progress") echo 'auto plain none' ;;
     *) return 1 ;;
@@ -62,8 +68,8 @@ _tavelin_values()
 _tavelin_operands()
 {
     case $1 in
-    help) echo 'check run explain info lint schema' ;;
-    schema) echo 'task config result ades json check explain info lint run schema' ;;
+    help) echo 'check run explain info lint schema page' ;;
+    schema) echo 'task config result ades json check explain info lint page run schema' ;;
     *) return 1 ;;
     esac
 }

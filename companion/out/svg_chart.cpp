@@ -312,17 +312,30 @@ std::string angleText(double degrees)
     return {};
 }
 
-// A length that is about an eighth of the picture, in round numbers of its unit.
-void addScaleBar(Html& page, const SkyPlane& plane)
+// Whether a mark is near the bottom of the picture, and at its left.
+bool isAtLowerLeft(const std::vector<SkyTrack>& tracks, const SkyPlane& plane)
+{
+    const double right = plane.area.left + plane.area.width() / 2.0;
+    const double top = plane.area.bottom - 35;
+    return std::any_of(tracks.begin(), tracks.end(), [&](const SkyTrack& track) {
+        return std::any_of(track.begin(), track.end(), [&](const SkyMark& mark) {
+            const PicturePoint point = plane.at(mark);
+            return point.x < right && point.y > top;
+        });
+    });
+}
+
+// A bar of about an eighth of the picture, in round numbers of its unit, in a lower corner.
+void addScaleBar(Html& page, const std::vector<SkyTrack>& tracks, const SkyPlane& plane)
 {
     const double wanted = plane.area.width() / plane.scale / 8.0;
     const double unit = wanted >= 0.5 ? 1.0 : wanted * 60.0 >= 0.5 ? 60.0 : secondsOfDegree;
     const double length = roundAbove(wanted * unit) / unit;
-    const double x = plane.area.left + 10;
+    const double width = length * plane.scale;
+    const double x = isAtLowerLeft(tracks, plane) ? plane.area.right - 10 - width : plane.area.left + 10;
     const double y = plane.area.bottom - 10;
-    const double end = x + length * plane.scale;
-    addPath(page, "scale", 'M' + pointText({x, y - 4}) + "v4H" + coordinate(end) + "v-4");
-    page.add("text", {{"x", coordinate((x + end) / 2.0)}, {"y", coordinate(y - 6)}, {"class", "middle"}},
+    addPath(page, "scale", 'M' + pointText({x, y - 4}) + "v4H" + coordinate(x + width) + "v-4");
+    page.add("text", {{"x", coordinate(x + width / 2.0)}, {"y", coordinate(y - 6)}, {"class", "middle"}},
              angleText(length));
     page.markup("\n");
 }
@@ -336,22 +349,24 @@ std::string linePath(const std::vector<PicturePoint>& points)
     return path;
 }
 
-// The head of an arrow at the last point, in the direction in which the track comes there.
+// The head of an arrow ahead of the last point, in the direction in which the track comes there.
 std::string arrowPath(const std::vector<PicturePoint>& points)
 {
-    constexpr double length = 9;
+    constexpr double ahead = 4;
+    constexpr double length = 10;
     constexpr double half = 4;
-    const PicturePoint tip = points.back();
-    const auto before = std::find_if(points.rbegin(), points.rend(), [&tip](const PicturePoint& each) {
-        return std::hypot(tip.x - each.x, tip.y - each.y) > length;
+    const PicturePoint last = points.back();
+    const auto before = std::find_if(points.rbegin(), points.rend(), [&last](const PicturePoint& each) {
+        return std::hypot(last.x - each.x, last.y - each.y) > length;
     });
     if (before == points.rend()) {
         return {};
     }
-    const double distance = std::hypot(tip.x - before->x, tip.y - before->y);
-    const double x = (tip.x - before->x) / distance;
-    const double y = (tip.y - before->y) / distance;
-    const PicturePoint base{tip.x - x * length, tip.y - y * length};
+    const double distance = std::hypot(last.x - before->x, last.y - before->y);
+    const double x = (last.x - before->x) / distance;
+    const double y = (last.y - before->y) / distance;
+    const PicturePoint base{last.x + x * ahead, last.y + y * ahead};
+    const PicturePoint tip{base.x + x * length, base.y + y * length};
     return 'M' + pointText(tip) + 'L' + pointText({base.x - y * half, base.y + x * half}) + 'L' +
            pointText({base.x + y * half, base.y - x * half}) + 'Z';
 }
@@ -444,7 +459,7 @@ void addSkyTracks(Html& page, const PictureName& name, const std::vector<SkyTrac
         const AxisScale across = plane.acrossScale();
         const AxisScale upwards = plane.upwardsScale();
         addAxes(page, area, acrossAxis(plane, across), across, upwardsAxis(upwards), upwards);
-        addScaleBar(page, plane);
+        addScaleBar(page, tracks, plane);
         addTracks(page, tracks, plane);
     }
     page.add("figcaption", {}, "Sky track: " + text);
