@@ -129,11 +129,19 @@ TEST(SvgChart, ATrackThatCrossesZeroIsNotTorn)
     EXPECT_THAT(page, HasSubstr("1.2\u2032 to the east"));
 }
 
-TEST(SvgChart, TheArrowIsAtTheLastMark)
+TEST(SvgChart, TheArrowIsAheadOfTheLastMark)
 {
     const std::string page = skyPage({{{1, 10.0, 0.0}, {2, 11.0, 0.0}}});
-    const auto points = dotsOf(page, "dot s1");
-    EXPECT_EQ(pathOf(page, "arrow").substr(0, pathOf(page, "arrow").find('L')), 'M' + pointText(points[1]));
+    const PicturePoint last = dotsOf(page, "dot s1").back();
+    const std::string arrow = pathOf(page, "arrow");
+    EXPECT_EQ(arrow.substr(0, arrow.find('L')), 'M' + pointText({last.x - 14.0, last.y}));
+}
+
+TEST(SvgChart, TheScaleIsWhereNoMarkIs)
+{
+    const auto left = [](const std::string& page) { return std::stod(pathOf(page, "scale").substr(1)); };
+    EXPECT_LT(left(skyPage({{{1, 10.0, 0.0}, {2, 11.0, 1.0}}})), 220.0);
+    EXPECT_GT(left(skyPage({{{1, 11.0, 0.0}, {2, 10.0, 1.0}}})), 220.0);
 }
 
 TEST(SvgChart, EachTrackIsALineOfItsOwn)
