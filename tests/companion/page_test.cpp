@@ -144,9 +144,9 @@ TEST(Page, ObjectsThatAreNamedHavePictures)
     const std::string page = pageOf({night, "--object", "Z4218", "--object=K11V22U"});
     EXPECT_EQ(countOf(page, "<article class=\"card\""), 2U);
     EXPECT_THAT(page, Not(HasSubstr("Light curve of K11Ue6X")));
-    const CommandEnd end = callCommand({"page", night, "--object", "Z4128", "-o", "-"});
+    const CommandEnd end = callCommand({"page", night, "--object", "Z4219", "-o", "-"});
     EXPECT_EQ(end.status, 2);
-    EXPECT_THAT(end.err, HasSubstr("no object \"Z4128\"; did you mean \"Z4218\"? [V002]"));
+    EXPECT_THAT(end.err, HasSubstr("no object \"Z4219\"; did you mean \"Z4218\"? [V002]"));
 }
 
 TEST(Page, NothingIsLoadedFromAnywhere)
