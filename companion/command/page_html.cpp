@@ -135,6 +135,12 @@ void addHead(Html& page, std::initializer_list<Column> columns)
     }
 }
 
+// A name that can be seen: some formats have tracks without one.
+std::string shownName(const std::string& name)
+{
+    return name.find_first_not_of(' ') == std::string::npos ? "(no name)" : name;
+}
+
 // The heading of a row: a name, which leads to a place of the page where there is one.
 void addRowName(Html& page, const std::string& name, const std::string& target = "")
 {
@@ -319,7 +325,7 @@ void addObjectTable(Html& page, const PageContents& contents)
     for (const auto& [name, object] : contents.objects) {
         ++number;
         const Html::Element row = page.in("tr");
-        addRowName(page, name, object.isPictured ? objectId(number) : "");
+        addRowName(page, shownName(name), object.isPictured ? objectId(number) : "");
         addNumber(page, counted(object.marks));
         addNumber(page, object.tracks == 0 ? "" : counted(object.tracks));
         addCell(page, shortTime(object.first));
@@ -357,14 +363,14 @@ void addPictures(Html& page, const PageContents& contents)
         const Html::Element card = page.in("article", {{"class", "card"}, {"id", objectId(number)}});
         {
             const Html::Element title = page.in("h3");
-            page.name(name);
+            page.name(shownName(name));
         }
         const Html::Element pictures = page.in("div", {{"class", "pictures"}});
         if (!object.curves.empty()) {
-            addLightCurve(page, {objectId(number) + "l", name}, object.curves);
+            addLightCurve(page, {objectId(number) + "l", shownName(name)}, object.curves);
         }
         if (!object.paths.empty()) {
-            addSkyTracks(page, {objectId(number) + "s", name}, object.paths);
+            addSkyTracks(page, {objectId(number) + "s", shownName(name)}, object.paths);
         }
     }
 }

@@ -55,7 +55,7 @@ nav a { display: inline-block; padding: .25rem 0; }
 .findings { margin: 0; padding: 0; list-style: none; }
 .findings ul { margin: .25rem 0 0; padding-left: 1.1rem; }
 .findings li li { overflow-wrap: anywhere; }
-.findings pre { margin: .1rem 0 .4rem; padding: .35rem .5rem; overflow-x: auto; background: var(--ground);
+.findings pre { margin: .1rem 0 .4rem; padding: .35rem .5rem; white-space: pre-wrap; overflow-wrap: anywhere; background: var(--ground);
     border-radius: .25rem; font: .8125rem/1.4 ui-monospace, monospace; }
 mark { background: none; color: inherit; text-decoration: underline wavy var(--error); text-underline-offset: .2em; }
 summary { cursor: pointer; color: var(--link); }

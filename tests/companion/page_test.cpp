@@ -149,6 +149,17 @@ TEST(Page, ObjectsThatAreNamedHavePictures)
     EXPECT_THAT(end.err, HasSubstr("no object \"Z4219\"; did you mean \"Z4218\"? [V002]"));
 }
 
+TEST(Page, AnObjectWithoutANameCanBeSeen)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "night.txt",
+             "v2\nQRVName:Text\tdate:Date\ttime:Time\tRA:Float:deg\tDE:Float:deg\tm:Float:mag\n"
+             "\t2023-02-25\t12:00:00.0\t15.0\t-0.5\t9.5\n---\n");
+    const std::string page = pageOf({folder / "night.txt", "--as", "table"});
+    EXPECT_THAT(page, HasSubstr("<a href=\"#o1\"><bdi>(no name)</bdi></a>"));
+    EXPECT_THAT(page, HasSubstr("Light curve of (no name)"));
+}
+
 TEST(Page, NothingIsLoadedFromAnywhere)
 {
     const std::string page = pageOf({night});
