@@ -124,8 +124,8 @@ TEST(SvgChart, ATrackThatCrossesZeroIsNotTorn)
     const auto points = dotsOf(page, "dot s1");
     ASSERT_THAT(points, SizeIs(2));
     EXPECT_GT(points[0].x, points[1].x);
-    EXPECT_THAT(page, HasSubstr(">359.99</text>"));
-    EXPECT_THAT(page, HasSubstr(">0.00</text>"));
+    EXPECT_THAT(page, HasSubstr(">359.995</text>"));
+    EXPECT_THAT(page, HasSubstr(">0.000</text>"));
     EXPECT_THAT(page, HasSubstr("1.2\u2032 to the east"));
 }
 
