@@ -26,7 +26,7 @@ std::string nightOf(int objects)
     std::string text = "T1 2000.0 UTC\n";
     for (int i = 0; i < objects; ++i) {
         for (int mark = 0; mark < (i + 1 == objects ? 3 : 2); ++mark) {
-            char line[80];
+            char line[512];
             std::snprintf(line, sizeof line,
                           "A%05d  250223 12%02d000000 0100%02d0000 -0030000000 001 09.50\n", i, mark, mark);
             text += line;
@@ -196,7 +196,7 @@ TEST(Page, OneObjectOfManyMarksIsASmallPage)
     const TemporaryFolder folder;
     std::string text = "T1 2000.0 UTC\n";
     for (int i = 0; i < 50'000; ++i) {
-        char line[80];
+        char line[512];
         std::snprintf(line, sizeof line, "A000001 250223 %02d%02d%02d%04d 0100%06d -0030%06d 001 %05.2f\n",
                       i / 3600, i / 60 % 60, i % 60, 0, i, i, 9.0 + i % 100 / 50.0);
         text += line;
