@@ -30,28 +30,6 @@ constexpr OptionRow options[] = {
 
 constexpr std::size_t usualMost = 100;
 
-struct OwnReceiver
-{
-    std::string_view format;
-    std::string_view receiver;
-};
-
-// Formats that one receiver alone takes.
-constexpr OwnReceiver ownReceivers[] = {
-    {"mpc", "mpc"},     {"tdm", "ccsds"},     {"tdm.xml", "ccsds"},
-    {"aavso", "aavso"}, {"ades.xml", "ades"}, {"ades.psv", "ades"},
-};
-
-std::string receiverOf(std::string_view format)
-{
-    for (const OwnReceiver& row : ownReceivers) {
-        if (row.format == format) {
-            return std::string(row.receiver);
-        }
-    }
-    return {};
-}
-
 // What the options say.
 struct Wishes
 {
@@ -67,7 +45,7 @@ struct Wishes
         settings.reader = looksAt("reader");
         settings.person = looksAt("person");
         if (looksAt("receiver")) {
-            settings.receiver = receiver.empty() ? receiverOf(fileFormat) : receiver;
+            settings.receiver = receiver.empty() ? ownReceiver(fileFormat) : receiver;
         }
         return settings;
     }

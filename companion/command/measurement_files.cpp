@@ -1,6 +1,21 @@
 #include "command/measurement_files.h"
 
 namespace companion {
+namespace {
+
+struct OwnReceiver
+{
+    std::string_view format;
+    std::string_view receiver;
+};
+
+// Formats that one receiver alone takes.
+constexpr OwnReceiver ownReceivers[] = {
+    {"mpc", "mpc"},     {"tdm", "ccsds"},     {"tdm.xml", "ccsds"},
+    {"aavso", "aavso"}, {"ades.xml", "ades"}, {"ades.psv", "ades"},
+};
+
+} // namespace
 
 std::string givenFormat(const Arguments& arguments, std::string_view option)
 {
@@ -11,6 +26,16 @@ std::string givenFormat(const Arguments& arguments, std::string_view option)
         throw WrongUsage{finding("V002", {{"kind", "format"}, {"word", word}, {"question", question}})};
     }
     return word;
+}
+
+std::string ownReceiver(std::string_view format)
+{
+    for (const OwnReceiver& row : ownReceivers) {
+        if (row.format == format) {
+            return std::string(row.receiver);
+        }
+    }
+    return {};
 }
 
 Finding uncertainFormat(const std::string& path, const Recognition& recognition)

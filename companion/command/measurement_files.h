@@ -15,6 +15,10 @@ namespace companion {
 /// no format.
 std::string givenFormat(const Arguments& arguments, std::string_view option = "as");
 
+/// The receiver that alone takes files of a format: "mpc", "ccsds", "aavso" or "ades"; empty where there is
+/// none.
+std::string ownReceiver(std::string_view format);
+
 /// The finding (V302) of a file whose format is not certain.
 Finding uncertainFormat(const std::string& path, const Recognition& recognition);
 

@@ -18,5 +18,6 @@ extern const Subcommand batchCommand;
 extern const Subcommand diffCommand;
 extern const Subcommand convertCommand;
 extern const Subcommand reportCommand;
+extern const Subcommand pageCommand;
 
 } // namespace companion

@@ -1,6 +1,7 @@
 #include "running/counting.h"
 
 #include "base/bytes.h"
+#include "findings/finding.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -394,6 +395,11 @@ std::optional<HeldMarks> heldMarks(const std::string& path, std::string_view wor
     const CountedForm* const form = formOf(word);
     const tavelinUtils::OpenFile file = tavelinUtils::openForReading(path);
     return form == nullptr || file == nullptr ? std::nullopt : form->ofFile(file.get());
+}
+
+std::string heldText(const HeldMarks& held)
+{
+    return counted(held.marks, "mark") + (held.isWhole ? "" : " and breaks off");
 }
 
 std::optional<HeldMarks> heldMarksOf(std::string_view bytes, std::string_view word)

@@ -73,11 +73,6 @@ bool isLastOfItsPath(const PlannedFile& file)
     return file.isWritten && file.replacedBy == 0;
 }
 
-std::string heldText(const HeldMarks& held)
-{
-    return counted(held.marks, "mark") + (held.isWhole ? "" : " and breaks off");
-}
-
 } // namespace
 
 std::size_t TaskEvidence::foundMarks() const

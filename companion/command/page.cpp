@@ -1,0 +1,125 @@
+#include "command/measurement_files.h"
+#include "command/page_contents.h"
+#include "command/page_html.h"
+#include "command/subcommands.h"
+#include "out/finding_json.h"
+#include "out/json.h"
+#include "out/progress.h"
+#include "out/safe_file.h"
+#include "reading/account_text.h"
+#include "reading/input_files.h"
+
+#include <ostream>
+
+namespace companion {
+namespace {
+
+constexpr OptionRow options[] = {
+    {"output", 'o', "FILE", "the page; - for the standard output"},
+    {"as", 0, "FORMAT", "the format of the files, instead of the one that their content shows"},
+    {"object", 0, "NAME",
+     "pictures of this object; may be given again. Default: of the 200 with the most marks"},
+    {"force", 'f', nullptr, "replace a page that exists"},
+};
+
+WrongUsage wrong(const std::string& problem)
+{
+    return {finding("V001", {{"option", "--output"}, {"problem", problem}})};
+}
+
+std::string outputOf(const Arguments& arguments, const Console& console)
+{
+    const std::string path = arguments.value("output");
+    if (path.empty()) {
+        throw wrong("it is missing: the file that becomes the page");
+    }
+    if (path == standardInput && console.look.json) {
+        throw wrong("with --json the page needs a file of its own");
+    }
+    return path;
+}
+
+void gather(const Arguments& arguments, const Console& console, PageGatherer& gatherer)
+{
+    const std::string format = givenFormat(arguments);
+    InputFiles files;
+    Progress progress(console, "file", arguments.operands().size());
+    std::size_t done = 0;
+    for (const std::string& name : arguments.operands()) {
+        gatherer.add(name, files.pathOf(name), format);
+        progress.at(++done);
+    }
+}
+
+void write(const std::string& path, const std::string& document, bool force,
+           const std::vector<std::string>& inputs)
+{
+    SafeFile file(path, force, inputs);
+    file.write(document);
+    file.commit();
+}
+
+std::string summary(const PageContents& contents)
+{
+    std::string text = counted(contents.files.size(), "file");
+    if (!contents.tasks.empty()) {
+        text += ", " + counted(contents.tasks.size(), "task");
+    }
+    return text + ", " + counted(contents.objects.size(), "object") + ", " +
+           counted(contents.lines.marksRead, "mark") + "; pictures of " +
+           counted(contents.pictured(), "object") + "; " + briefTotals(contents.totals);
+}
+
+void showJson(std::ostream& out, const std::string& path, const std::string& document,
+              const PageContents& contents, int status)
+{
+    JsonDocument json(out, "tavelin.page/1");
+    json.set("page", path);
+    if (!isUtf8(path)) {
+        json.set("path", Json::object().set("bytes", hexadecimal(path)));
+    }
+    json.set("size", document.size());
+    json.set("files", contents.files.size());
+    json.set("tasks", contents.tasks.size());
+    json.set("objects", contents.objects.size());
+    json.set("pictured", contents.pictured());
+    json.set("tracks", contents.lines.tracks);
+    json.set("marks", contents.lines.marksRead);
+    json.set("totals", totalsJson(contents.totals));
+    json.set("exit", status);
+    json.finish();
+}
+
+int page(const Arguments& arguments, const Console& console)
+{
+    const std::string path = outputOf(arguments, console);
+    PageGatherer gatherer;
+    gather(arguments, console, gatherer);
+    const std::vector<std::string> inputs = gatherer.inputs();
+    const PageContents contents = gatherer.finish(arguments.values("object"));
+    const std::string document = pageDocument(contents);
+    const int status = exitStatus(contents.totals);
+    if (path == standardInput) {
+        console.out << document;
+        return status;
+    }
+    write(path, document, arguments.has("force"), inputs);
+    if (console.look.json) {
+        showJson(console.out, path, document, contents, status);
+    } else {
+        console.out << printable(path) << ": " << summary(contents) << '\n';
+    }
+    return status;
+}
+
+} // namespace
+
+const Subcommand pageCommand{
+    "page",
+    "INPUT...",
+    "files and tasks as one page for a browser",
+    {"tavelin page night.mea -o night.html", "tavelin page --object Z4218 nights/*.mea -o survey.html"},
+    options,
+    page};
+
+} // namespace companion

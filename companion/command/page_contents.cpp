@@ -1,0 +1,359 @@
+#include "command/page_contents.h"
+
+#include "command/measurement_files.h"
+#include "command/subcommand.h"
+#include "out/text.h"
+#include "reading/file_info.h"
+#include "reading/input_files.h"
+#include "reading/lint.h"
+#include "reading/measured_points.h"
+#include "reading/signatures.h"
+#include "running/counting.h"
+#include "running/verifying.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <cstring>
+#include <filesystem>
+
+namespace companion {
+namespace {
+
+constexpr std::size_t shownOfCode = 10;
+
+bool isKnownTime(const std::string& moment)
+{
+    return !moment.empty() && moment != "?";
+}
+
+// Takes a span of times into another.
+void widen(std::string& first, std::string& last, const std::string& from, const std::string& to)
+{
+    if (isKnownTime(from)) {
+        first = first.empty() ? from : std::min(first, from);
+    }
+    if (isKnownTime(to)) {
+        last = std::max(last, to);
+    }
+}
+
+// Whether the time of a mark is one that a calendar has. What could not be read as a date is day 0.
+bool hasTime(const MeasuredPoint& point)
+{
+    constexpr double year10000 = 2973484;
+    return point.mjd >= 1.0 && point.mjd < year10000;
+}
+
+// Whether a magnitude is one that anything in the sky may have.
+bool hasMagnitude(const MeasuredPoint& point)
+{
+    return std::abs(point.magnitude) <= 100.0;
+}
+
+void addTrack(PageObject& object, const TrackInfo& track)
+{
+    ++object.tracks;
+    object.marks += track.marks;
+    widen(object.first, object.last, track.first, track.last);
+    if (track.hasMotion) {
+        object.slowest = object.hasMotion ? std::min(object.slowest, track.motion) : track.motion;
+        object.fastest = object.hasMotion ? std::max(object.fastest, track.motion) : track.motion;
+        object.hasMotion = true;
+    }
+}
+
+LightCurve& curveOf(PageObject& object, const std::string& filter)
+{
+    const auto place = std::find_if(object.curves.begin(), object.curves.end(),
+                                    [&filter](const LightCurve& each) { return each.filter == filter; });
+    return place != object.curves.end() ? *place : object.curves.emplace_back(LightCurve{filter, {}});
+}
+
+void addMarkAccount(MarkAccount& sum, const MarkAccount& account)
+{
+    sum.read += account.read;
+    sum.excluded += account.excluded;
+    sum.narrowed += account.narrowed;
+    sum.cut += account.cut;
+    sum.unnamed += account.unnamed;
+    sum.planned += account.planned;
+    sum.overwritten += account.overwritten;
+    sum.unwritten += account.unwritten;
+    sum.written += account.written;
+}
+
+std::vector<ResultEntry> resultsIn(const std::string& path)
+{
+    if (path.empty()) {
+        return {};
+    }
+    return isResultDocument(path) ? resultsOfDocument(path) : resultsOfLog(path);
+}
+
+} // namespace
+
+bool PageTask::wasRun() const
+{
+    return std::any_of(outputs.begin(), outputs.end(), [](const PageOutput& each) { return each.isThere; });
+}
+
+std::size_t PageTask::found() const
+{
+    std::size_t sum = 0;
+    for (const PageOutput& each : outputs) {
+        sum += each.found;
+    }
+    return sum;
+}
+
+std::size_t PageContents::pictured() const
+{
+    return static_cast<std::size_t>(std::count_if(objects.begin(), objects.end(),
+                                                  [](const auto& each) { return each.second.isPictured; }));
+}
+
+struct PageGatherer::State
+{
+    void addFinding(Finding found)
+    {
+        contents.totals.add(found);
+        FindingGroup& group = contents.findings[{found.severity, found.code}];
+        ++group.count;
+        if (group.first.size() < shownOfCode) {
+            group.first.push_back(std::move(found));
+        }
+    }
+
+    // Reads a file for its marks; a file that several tasks read counts once.
+    void addMarks(const std::string& name, const std::string& path, const std::string& format)
+    {
+        if (!read.emplace(name, format).second) {
+            return;
+        }
+        const FileInfo info = fileInfo(path, format, 0, true);
+        contents.files.push_back({name, format, info.site, info.account, info.first, info.last});
+        contents.lines += info.account;
+        widen(contents.first, contents.last, info.first, info.last);
+        for (const std::string& station : info.stations) {
+            contents.sites.insert(station);
+        }
+        for (const TrackInfo& track : info.tracks) {
+            addTrack(contents.objects[track.object], track);
+        }
+        addCurves(path, format);
+        for (const MeasuredSeries& series : pathsIn(path, format)) {
+            addPath(contents.objects[series.object], series);
+        }
+        if (!info.account.agrees()) {
+            addFinding(finding("V490", {{"sum", "lines and marks of the file"}}).in(name));
+        }
+    }
+
+    void addCurves(const std::string& path, const std::string& format)
+    {
+        for (const MeasuredSeries& series : lightCurvesIn(path, format)) {
+            PageObject& object = contents.objects[series.object];
+            if (!hasTracks(format)) {
+                addPointsAlone(object, series);
+            }
+            if (!series.filter.empty()) {
+                object.filters.insert(series.filter);
+            }
+            for (const MeasuredPoint& point : series.points) {
+                addPoint(object, series.filter, point);
+            }
+        }
+    }
+
+    // Of a format without tracks the points of its light curves are all that is known.
+    void addPointsAlone(PageObject& object, const MeasuredSeries& series)
+    {
+        object.marks += series.points.size();
+        if (!series.points.empty()) {
+            const std::string first = momentText(series.points.front().mjd);
+            const std::string last = momentText(series.points.back().mjd);
+            widen(object.first, object.last, first, last);
+            widen(contents.first, contents.last, first, last);
+            widen(contents.files.back().first, contents.files.back().last, first, last);
+        }
+    }
+
+    void addPoint(PageObject& object, const std::string& filter, const MeasuredPoint& point)
+    {
+        if (!hasTime(point) || !hasMagnitude(point)) {
+            ++contents.undrawn;
+            return;
+        }
+        object.sumOfMagnitudes += point.magnitude;
+        ++object.magnitudes;
+        curveOf(object, filter).marks.push_back({point.mjd, point.magnitude, point.error});
+    }
+
+    static void addPath(PageObject& object, const MeasuredSeries& series)
+    {
+        SkyTrack track;
+        for (const MeasuredPoint& point : series.points) {
+            if (hasTime(point)) {
+                track.push_back({point.mjd, point.ra, point.de});
+            }
+        }
+        if (!track.empty()) {
+            object.paths.push_back(std::move(track));
+        }
+    }
+
+    void lint(const std::string& name, const std::string& path, const std::string& format)
+    {
+        LintSettings settings;
+        settings.receiver = ownReceiver(format);
+        lintFile(path, format, settings,
+                 [this, &name](Finding each) { addFinding(std::move(each).in(name)); });
+    }
+
+    void addTask(const std::string& name, const std::string& path)
+    {
+        TaskDocument document = readTaskDocument(path);
+        document.path = name;
+        for (Finding& each : document.findings) {
+            each.file = name;
+        }
+        const CheckedTask checked = checker.check(std::move(document));
+        for (const Finding& each : checked.findings) {
+            addFinding(each);
+        }
+        for (const CheckedInput& input : checked.inputs) {
+            addMarks(input.path, input.path, input.format);
+        }
+        PageTask task{name, checked.isReport, checked.hasPlan};
+        if (checked.hasPlan) {
+            task.marks = checked.plan.account;
+            addMarkAccount(contents.marks, task.marks);
+            task.results = resultsIn(checked.task.path_res);
+            lookAtOutputs(checked, task);
+        }
+        contents.tasks.push_back(std::move(task));
+    }
+
+    // What is there of the files of a task, and whether it is what the task makes.
+    void lookAtOutputs(const CheckedTask& checked, PageTask& task)
+    {
+        std::vector<const PlannedFile*> whole;
+        for (const PlannedFile& planned : checked.plan.files) {
+            if (!planned.isWritten || planned.replacedBy != 0) {
+                continue;
+            }
+            PageOutput output{planned.path, planned.format, planned.marks};
+            std::error_code ignored;
+            output.isThere = std::filesystem::exists(planned.path, ignored);
+            if (output.isThere && isAsPlanned(checked.path, planned, output)) {
+                whole.push_back(&planned);
+            }
+            task.outputs.push_back(std::move(output));
+        }
+        if (!whole.empty()) {
+            for (Finding& each : differences(checked.task, checked.plan, whole)) {
+                addFinding(std::move(each).in(checked.path));
+            }
+        }
+        for (const PageOutput& output : task.outputs) {
+            if (task.wasRun() && !output.isThere) {
+                addFinding(finding("V415", {{"path", output.path}}).in(checked.path));
+            }
+        }
+    }
+
+    bool isAsPlanned(const std::string& task, const PlannedFile& planned, PageOutput& output)
+    {
+        const auto held = heldMarks(planned.path, planned.format);
+        if (!held) {
+            addFinding(finding("V003", {{"file", planned.path}, {"what", std::strerror(errno)}}).in(task));
+            return false;
+        }
+        output.found = held->marks;
+        const bool isGood = held->marks == planned.marks && held->isWhole;
+        if (!isGood) {
+            addFinding(finding("V416", {{"path", planned.path},
+                                        {"found", heldText(*held)},
+                                        {"planned", counted(planned.marks)}})
+                           .in(task));
+        }
+        return isGood;
+    }
+
+    PageContents contents{};
+    TaskChecker checker{CheckSettings{}};
+    std::set<std::pair<std::string, std::string>> read{}; // names and formats
+};
+
+PageGatherer::PageGatherer() : state(std::make_unique<State>())
+{
+}
+
+PageGatherer::~PageGatherer() = default;
+
+void PageGatherer::add(const std::string& name, const std::string& path, std::string format)
+{
+    if (format.empty()) {
+        const Recognition recognition = recognisedFile(path);
+        if (!recognition.isSure()) {
+            state->addFinding(uncertainFormat(name, recognition));
+            state->contents.files.push_back({name, ""});
+            return;
+        }
+        format = recognition.format;
+    }
+    if (format == "task") {
+        state->addTask(name, path);
+    } else if (format == "result" || format == "configuration") {
+        throw WrongUsage{finding(
+            "V001", {{"option", name}, {"problem", "is a " + format + ", and no measurement file or task"}})};
+    } else {
+        state->addMarks(name, path, format);
+        state->lint(name, path, format);
+    }
+}
+
+PageContents PageGatherer::finish(const std::vector<std::string>& pictured)
+{
+    std::map<std::string, PageObject>& objects = state->contents.objects;
+    std::vector<std::string> names;
+    for (const auto& [name, object] : objects) {
+        names.push_back(name);
+    }
+    for (const std::string& name : pictured) {
+        if (!objects.contains(name)) {
+            throw unknownWord("object", name, names);
+        }
+    }
+    if (pictured.empty()) {
+        std::stable_sort(names.begin(), names.end(), [&objects](const std::string& a, const std::string& b) {
+            return objects.at(a).marks > objects.at(b).marks;
+        });
+    } else {
+        names = pictured;
+    }
+    std::size_t count = 0;
+    for (const std::string& name : names) {
+        PageObject& object = objects.at(name);
+        if (count < mostPictured && object.canBePictured() && !object.isPictured) {
+            object.isPictured = true;
+            ++count;
+        }
+    }
+    return std::move(state->contents);
+}
+
+std::vector<std::string> PageGatherer::inputs() const
+{
+    std::vector<std::string> paths;
+    for (const PageFile& file : state->contents.files) {
+        paths.push_back(file.path);
+    }
+    for (const PageTask& task : state->contents.tasks) {
+        paths.push_back(task.path);
+    }
+    return paths;
+}
+
+} // namespace companion
