@@ -4,7 +4,8 @@ namespace companion {
 namespace {
 
 constexpr const Subcommand* rows[] = {
-    &checkCommand, &runTasksCommand, &explainCommand, &infoCommand, &lintCommand, &schemaCommand,
+    &checkCommand, &runTasksCommand, &explainCommand, &infoCommand,
+    &lintCommand,  &schemaCommand,   &plotCommand,
 };
 
 } // namespace

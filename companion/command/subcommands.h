@@ -12,5 +12,6 @@ extern const Subcommand explainCommand;
 extern const Subcommand infoCommand;
 extern const Subcommand lintCommand;
 extern const Subcommand schemaCommand;
+extern const Subcommand plotCommand;
 
 } // namespace companion

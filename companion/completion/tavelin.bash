@@ -2,7 +2,7 @@
 
 _tavelin_names()
 {
-    echo 'check run explain info lint schema help'
+    echo 'check run explain info lint schema plot help'
 }
 
 _tavelin_options()
@@ -14,6 +14,7 @@ _tavelin_options()
     info) echo '--as --tracks --table --get --strict --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     lint) echo '--as --for --layer --schema --max --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     schema) echo '--list --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    plot) echo '-o --output --kind --object --degree --against --script --as -f --force --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     *) echo '--json -q --quiet -v --verbose --color --progress --times -h --help --version' ;;
     esac
 }
@@ -53,6 +54,14 @@ _tavelin_values()
     "lint --progress") echo 'auto plain none' ;;
     "schema --color") echo 'auto always never' ;;
     "schema --progress") echo 'auto plain none' ;;
+    "plot --output" | "plot -o") echo '' ;;
+    "plot --kind") echo 'light sky residuals' ;;
+    "plot --object") echo '' ;;
+    "plot --degree") echo '' ;;
+    "plot --against") echo '/' ;;
+    "plot --as") echo '' ;;
+    "plot --color") echo 'auto always never' ;;
+    "plot --progress") echo 'auto plain none' ;;
     " --color") echo 'auto always never' ;;
     " --progress") echo 'auto plain none' ;;
     *) return 1 ;;
@@ -62,8 +71,8 @@ _tavelin_values()
 _tavelin_operands()
 {
     case $1 in
-    help) echo 'check run explain info lint schema' ;;
-    schema) echo 'task config result ades json check explain info lint run schema' ;;
+    help) echo 'check run explain info lint schema plot' ;;
+    schema) echo 'task config result ades json check explain info lint plot run schema' ;;
     *) return 1 ;;
     esac
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -198,23 +199,9 @@ private:
         if (key == "OBSTYPE") {
             return word == "CCD" || word == "DSLR" || word == "PEP" ? nullptr : "CCD, DSLR or PEP is wanted";
         }
-        return takeDelimiter(value, word) ? nullptr
-                                          : "a character other than # and blank is wanted, or tab or comma";
-    }
-
-    bool takeDelimiter(std::string_view value, const std::string& word)
-    {
-        const double number = toDouble(value);
-        if (word == "COMMA" || word == "TAB") {
-            delimiter = word == "TAB" ? '\t' : ',';
-        } else if (value.size() == 1) {
-            delimiter = value[0];
-        } else if (areDigits(value) && number > 32.0 && number <= 126.0) {
-            delimiter = static_cast<char>(number);
-        } else {
-            return false;
-        }
-        return delimiter != '#' && delimiter != ' ';
+        const std::optional<char> told = aavsoDelimiter(value);
+        delimiter = told.value_or(delimiter);
+        return told ? nullptr : "a character other than # and blank is wanted, or tab or comma";
     }
 
     void tellMissing(LintOutput& out)

@@ -328,6 +328,22 @@ bool isAavsoFilter(std::string_view word)
     return std::find(std::begin(filters), std::end(filters), upper(word)) != std::end(filters);
 }
 
+std::optional<char> aavsoDelimiter(std::string_view value)
+{
+    const std::string word = upper(value);
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    char delimiter = ' ';
+    if (word == "COMMA" || word == "TAB") {
+        delimiter = word == "TAB" ? '\t' : ',';
+    } else if (value.size() == 1) {
+        delimiter = value[0];
+    } else if (std::all_of(value.begin(), value.end(), isDigit)) {
+        const double code = toDouble(value);
+        delimiter = code > 32.0 && code <= 126.0 ? static_cast<char>(code) : ' ';
+    }
+    return delimiter == '#' || delimiter == ' ' ? std::nullopt : std::optional(delimiter);
+}
+
 bool isAavsoFileName(const std::string& path)
 {
     const std::string name = upper(path.substr(path.rfind('/') + 1));
