@@ -4,7 +4,7 @@ namespace companion {
 namespace {
 
 constexpr const Subcommand* rows[] = {
-    &checkCommand, &runTasksCommand, &explainCommand, &infoCommand, &lintCommand, &schemaCommand, &readyCommand, &normaliseCommand, &batchCommand, &diffCommand, &convertCommand, &reportCommand, &pageCommand,
+    &checkCommand, &runTasksCommand, &explainCommand, &infoCommand, &lintCommand, &schemaCommand, &readyCommand, &normaliseCommand, &batchCommand, &diffCommand, &convertCommand, &reportCommand, &plotCommand, &pageCommand,
 };
 
 } // namespace

@@ -18,6 +18,7 @@ extern const Subcommand batchCommand;
 extern const Subcommand diffCommand;
 extern const Subcommand convertCommand;
 extern const Subcommand reportCommand;
+extern const Subcommand plotCommand;
 extern const Subcommand pageCommand;
 
 } // namespace companion

@@ -101,10 +101,12 @@ class NewProcess
 public:
     NewProcess(const ChildCall& call, int outputEnd, int failureEnd)
         : program(call.program.c_str()), memoryLimit(call.memoryLimit), output(outputEnd),
-          failure(failureEnd), arguments{const_cast<char*>(call.name.c_str()),
-                                         const_cast<char*>(call.argument.c_str()), nullptr},
+          failure(failureEnd), arguments{const_cast<char*>(call.name.c_str()), nullptr, nullptr, nullptr},
           parent(getpid())
     {
+        const bool hasOption = !call.option.empty();
+        arguments[1] = const_cast<char*>(hasOption ? call.option.c_str() : call.argument.c_str());
+        arguments[2] = hasOption ? const_cast<char*>(call.argument.c_str()) : nullptr;
         sigemptyset(&noSignals);
     }
 
@@ -148,7 +150,7 @@ private:
     std::uint64_t memoryLimit;
     int output;
     int failure;
-    char* arguments[3];
+    char* arguments[4];
     pid_t parent;
     sigset_t noSignals;
 };
