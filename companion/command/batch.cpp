@@ -265,7 +265,7 @@ int forget(const BatchFolder& folder, const Arguments& arguments, const Console&
 BatchFolder givenFolder(const Arguments& arguments)
 {
     if (arguments.operands().size() > 1) {
-        throw WrongUsage{finding("V001", {{"option", "batch"}, {"problem", "takes one WORK"}})};
+        throw wrongCall("batch", "takes one WORK");
     }
     return BatchFolder(withoutSlash(arguments.operands().front()));
 }

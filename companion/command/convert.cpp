@@ -36,11 +36,6 @@ constexpr OptionRow options[] = {
     toolRow,
 };
 
-WrongUsage wrongCall(const std::string& problem)
-{
-    return {finding("V001", {{"option", "convert"}, {"problem", problem}})};
-}
-
 WrongUsage unknownFormat(const std::string& direction, const std::string& word, const std::string& question)
 {
     return {finding("V040", {{"direction", direction}, {"word", word}, {"question", question}})};
@@ -133,7 +128,7 @@ Conversion conversionOf(const Arguments& arguments, InputFiles& files)
 {
     const std::vector<std::string>& operands = arguments.operands();
     if (operands.size() != 2) {
-        throw wrongCall("takes two operands, IN and OUT");
+        throw wrongCall("convert", "takes two operands, IN and OUT");
     }
     Conversion conversion{operands[0], files.pathOf(operands[0]), {}, operands[1], {}};
     conversion.namesItself = arguments.has("autoname");
@@ -147,7 +142,7 @@ Conversion conversionOf(const Arguments& arguments, InputFiles& files)
                                          : "needed where OUT is a folder, as " + conversion.output + " is");
     }
     if (conversion.isPrinted() && arguments.has("json")) {
-        throw wrongCall("the output and --json cannot both go to the standard output");
+        throw wrongCall("convert", "the output and --json cannot both go to the standard output");
     }
     conversion.to = outputFormat(arguments, conversion.output);
     conversion.from = inputFormat(arguments, conversion.readable, conversion.input);

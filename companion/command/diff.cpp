@@ -233,7 +233,7 @@ std::pair<std::string, std::string> twoFiles(const Arguments& arguments)
 {
     const std::vector<std::string>& operands = arguments.operands();
     if (operands.size() != 2) {
-        throw WrongUsage{finding("V001", {{"option", "diff"}, {"problem", "takes two files"}})};
+        throw wrongCall("diff", "takes two files");
     }
     return {operands[0], operands[1]};
 }

@@ -49,8 +49,7 @@ void setValue(const ToleranceValue& value, const std::string& text, const std::s
 {
     const std::optional<double> number = value.read(text);
     if (!number) {
-        throw WrongUsage{
-            finding("V001", {{"option", where}, {"problem", '"' + text + "\" " + value.problem}})};
+        throw wrongCall(where, '"' + text + "\" " + value.problem);
     }
     value.set(tolerance, *number);
 }
@@ -72,8 +71,7 @@ public:
         }
         const std::string where = path + ':' + std::to_string(number);
         if (words.size() != 2) {
-            throw WrongUsage{
-                finding("V001", {{"option", where}, {"problem", "a name and a value are wanted"}})};
+            throw wrongCall(where, "a name and a value are wanted");
         }
         setValue(named(words[0]), words[1], where, tolerance);
     }

@@ -29,11 +29,6 @@ constexpr OptionRow options[] = {
     {"force", 'f', nullptr, "replace a copy that exists"},
 };
 
-WrongUsage wrong(const std::string& what, const std::string& problem)
-{
-    return {finding("V001", {{"option", what}, {"problem", problem}})};
-}
-
 TrueSettings settingsOf(const Arguments& arguments)
 {
     TrueSettings settings;
@@ -45,7 +40,7 @@ TrueSettings settingsOf(const Arguments& arguments)
         double value = 0;
         const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
         if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value)) {
-            throw wrong("--magnitude", '"' + text + "\" is no number");
+            throw wrongCall("--magnitude", '"' + text + "\" is no number");
         }
         settings.magnitude = value;
     }
@@ -60,10 +55,10 @@ struct Call
           force(arguments.has("force"))
     {
         if (arguments.operands().size() > 1) {
-            throw wrong("FILE", "only one is taken");
+            throw wrongCall("FILE", "only one is taken");
         }
         if (output.empty()) {
-            throw wrong("--output", "it is needed");
+            throw wrongCall("--output", "is missing: the name of the copy");
         }
     }
 
@@ -161,7 +156,8 @@ std::string formatOf(const Arguments& arguments, const std::string& name, const 
         format = recognition.format;
     }
     if (!hasNormalForm(format)) {
-        throw wrong("FILE", name + " is no file of measurements, but of the format " + formatTitle(format));
+        throw wrongCall("FILE",
+                        name + " is no file of measurements, but of the format " + formatTitle(format));
     }
     return format;
 }
@@ -171,7 +167,7 @@ int normalise(const Arguments& arguments, const Console& console)
     const Call call(arguments);
     const TrueSettings settings = settingsOf(arguments);
     if (call.toStandardOutput() && console.look.json) {
-        throw wrong("--json", "the copy has the standard output");
+        throw wrongCall("--json", "the copy has the standard output");
     }
     InputFiles files;
     const std::string path = files.pathOf(call.input);

@@ -22,19 +22,14 @@ constexpr OptionRow options[] = {
     {"force", 'f', nullptr, "replace a page that exists"},
 };
 
-WrongUsage wrong(const std::string& problem)
-{
-    return {finding("V001", {{"option", "--output"}, {"problem", problem}})};
-}
-
 std::string outputOf(const Arguments& arguments, const Console& console)
 {
     const std::string path = arguments.value("output");
     if (path.empty()) {
-        throw wrong("it is missing: the file that becomes the page");
+        throw wrongCall("--output", "is missing: the file that becomes the page");
     }
     if (path == standardInput && console.look.json) {
-        throw wrong("with --json the page needs a file of its own");
+        throw wrongCall("--output", "with --json the page needs a file of its own");
     }
     return path;
 }

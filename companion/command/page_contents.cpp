@@ -306,8 +306,7 @@ void PageGatherer::add(const std::string& name, const std::string& path, std::st
     if (format == "task") {
         state->addTask(name, path);
     } else if (format == "result" || format == "configuration") {
-        throw WrongUsage{finding(
-            "V001", {{"option", name}, {"problem", "is a " + format + ", and no measurement file or task"}})};
+        throw wrongCall(name, "is a " + format + ", and no measurement file or task");
     } else {
         state->addMarks(name, path, format);
         state->lint(name, path, format);

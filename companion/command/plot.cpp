@@ -34,11 +34,6 @@ constexpr OptionRow options[] = {
 
 constexpr std::size_t mostObjects = 12;
 
-WrongUsage wrong(const std::string& option, const std::string& problem)
-{
-    return {finding("V001", {{"option", option}, {"problem", problem}})};
-}
-
 // What is drawn of a file.
 struct Drawing
 {
@@ -53,7 +48,7 @@ int degreeOf(const Arguments& arguments)
     const std::string text = arguments.value("degree", "2");
     const bool isDigit = text.size() == 1 && text[0] >= '0' && text[0] <= '9';
     if (!isDigit) {
-        throw wrong("--degree", '"' + text + "\" is not 0 to " + std::to_string(highestDegree));
+        throw wrongCall("--degree", '"' + text + "\" is not 0 to " + std::to_string(highestDegree));
     }
     return text[0] - '0';
 }
@@ -196,7 +191,7 @@ MeasuredSeries ephemerisOf(const std::string& path)
 {
     std::vector<MeasuredSeries> paths = pathsIn(path, "horizons");
     if (paths.empty()) {
-        throw wrong("--against", path + " has no position");
+        throw wrongCall("--against", path + " has no position");
     }
     return std::move(paths.front());
 }
@@ -224,7 +219,7 @@ Drawing drawingOf(const std::string& path, const std::string& format, const std:
                                         : residualChart(all, arguments);
     }
     if (drawing.chart.series.empty()) {
-        throw wrong("--kind", std::string("there is nothing to draw for \"") + kind + '"');
+        throw wrongCall("--kind", std::string("there is nothing to draw for \"") + kind + '"');
     }
     for (const ChartSeries& series : drawing.chart.series) {
         drawing.points += series.points.size();
@@ -243,10 +238,10 @@ std::string pictureOf(const Arguments& arguments)
     const bool isScript = arguments.has("script");
     std::string picture = arguments.value("output", isScript ? "picture.svg" : "");
     if (picture.empty()) {
-        throw wrong("--output", "is missing: where shall the picture be?");
+        throw wrongCall("--output", "is missing: the file that becomes the picture");
     }
     if (!isPictureName(picture)) {
-        throw wrong("--output", '"' + picture + "\" ends neither in .png nor in .svg");
+        throw wrongCall("--output", '"' + picture + "\" ends neither in .png nor in .svg");
     }
     return picture;
 }
@@ -287,7 +282,7 @@ int plot(const Arguments& arguments, const Console& console)
 {
     const std::vector<std::string>& operands = arguments.operands();
     if (operands.size() != 1) {
-        throw wrong("FILE", "one file is wanted");
+        throw wrongCall("FILE", "one file is wanted");
     }
     const std::string picture = pictureOf(arguments);
     degreeOf(arguments); // a wrong number is told before anything else

@@ -59,7 +59,7 @@ std::string bytesOf(const std::string& path)
 
 WrongUsage noProfile(const std::string& path, const std::string& why)
 {
-    return {finding("V001", {{"option", "--profile"}, {"problem", path + ' ' + why}})};
+    return wrongCall("--profile", path + ' ' + why);
 }
 
 void take(Observatory& observatory, const JsonLeaf& leaf)

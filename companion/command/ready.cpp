@@ -1,4 +1,5 @@
 #include "base/tokens.h"
+#include "command/finding_codes.h"
 #include "command/measurement_files.h"
 #include "command/ready_names.h"
 #include "command/ready_settings.h"
@@ -42,15 +43,8 @@ constexpr OptionRow options[] = {
     {"leave-out", 0, nullptr, "write the copy without the marks that are refused"},
     {"dry-run", 0, nullptr, "write nothing"},
     {"how-to-send", 0, nullptr, "also show how the receiver takes files; nothing is sent"},
-    {"max", 0, "N", "show at most so many places of each code; the others are counted. Default 100"},
+    mostPlacesRow,
 };
-
-constexpr std::size_t usualMost = 100;
-
-WrongUsage wrong(const std::string& option, const std::string& problem)
-{
-    return {finding("V001", {{"option", option}, {"problem", problem}})};
-}
 
 // What the options say about input and output.
 struct ReadyCall
@@ -61,26 +55,21 @@ struct ReadyCall
           showsAddresses(arguments.has("how-to-send"))
     {
         if (arguments.operands().size() > 1) {
-            throw wrong("ready", "takes one input, not \"" + arguments.operands()[1] + "\" too");
+            throw wrongCall("ready", "takes one input, not \"" + arguments.operands()[1] + "\" too");
         }
         if (!arguments.operands().empty()) {
             input = arguments.operands().front();
         } else if (!showsAddresses) {
-            throw wrong("ready", "INPUT is missing");
+            throw wrongCall("ready", "INPUT is missing");
         }
         if (output.empty() && !isDry && !input.empty()) {
-            throw wrong("-o", "is missing: the name of the copy");
+            throw wrongCall("--output", "is missing: the name of the copy");
         }
-        const std::string number = arguments.value("max", std::to_string(usualMost));
-        if (number.empty() || number.size() > 9 ||
-            number.find_first_not_of("0123456789") != std::string::npos) {
-            throw wrong("--max", '"' + number + "\" is no number");
-        }
-        most = static_cast<std::size_t>(std::stoul(number));
+        most = mostPlaces(arguments);
         const bool isNamedForUpload = output.empty() || output == standardInput || isAavsoFileName(output);
         if (receiver.format == std::string("aavso") && !isNamedForUpload) {
-            throw wrong("-o",
-                        "\"" + output + "\" ends in none of .txt, .csv and .tsv, which the upload takes");
+            throw wrongCall("--output",
+                            "\"" + output + "\" ends in none of .txt, .csv and .tsv, which the upload takes");
         }
     }
 
@@ -90,7 +79,7 @@ struct ReadyCall
     bool isDry;
     bool leavesOut;
     bool showsAddresses;
-    std::size_t most = usualMost;
+    std::size_t most = 0; // places of each code
 };
 
 // How it ended.
@@ -112,7 +101,7 @@ public:
           out(theCall.output == standardInput && !theCall.isDry ? theConsole.err : theConsole.out)
     {
         if (console.look.json && &out == &console.err) {
-            throw wrong("--json", "the copy itself goes to standard output");
+            throw wrongCall("--json", "the copy itself goes to standard output");
         }
     }
 

@@ -15,11 +15,6 @@ namespace {
 
 constexpr std::size_t longestName = 7;
 
-WrongUsage wrong(const char* option, const std::string& problem)
-{
-    return {finding("V001", {{"option", option}, {"problem", problem}})};
-}
-
 std::string_view trimmed(std::string_view text)
 {
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
@@ -47,9 +42,9 @@ public:
         const bool isTwice =
             std::any_of(names.begin(), names.end(), [&old](const auto& each) { return each.first == old; });
         if (now.empty() || isTwice) {
-            throw wrong("--rename",
-                        path + " line " + std::to_string(number) +
-                            (isTwice ? " has a name for \"" + old + "\" again" : " has no old and new name"));
+            throw wrongCall("--rename", path + " line " + std::to_string(number) +
+                                            (isTwice ? " has a name for \"" + old + "\" again"
+                                                     : " has no old and new name"));
         }
         names.emplace_back(old, now);
     }
@@ -91,7 +86,7 @@ NewNames namesOfFile(const std::string& path)
 NewNames newNames(const CopyInput& input, const std::string& base)
 {
     if (!isTemporaryName(base) || base.size() >= longestName) {
-        throw wrong("--new-names", '"' + base + "\" is not 1 to 6 letters and digits, a letter first");
+        throw wrongCall("--new-names", '"' + base + "\" is not 1 to 6 letters and digits, a letter first");
     }
     std::set<std::string> taken;
     for (const CopyTrack& track : input.tracks) {
@@ -109,8 +104,8 @@ NewNames newNames(const CopyInput& input, const std::string& base)
             now = base + inBase36(++number);
         } while (taken.contains(now) || designationOf(now));
         if (now.size() > longestName) {
-            throw wrong("--new-names",
-                        '"' + base + "\" leaves no room for the numbers of " + counted(number, "object"));
+            throw wrongCall("--new-names",
+                            '"' + base + "\" leaves no room for the numbers of " + counted(number, "object"));
         }
         names.emplace_back(track.track.QRVName, now);
     }

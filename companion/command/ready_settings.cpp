@@ -66,11 +66,6 @@ constexpr Receiver receivers[] = {
      toAdesPsv},
 };
 
-WrongUsage wrong(const std::string& option, const std::string& problem)
-{
-    return {finding("V001", {{"option", option}, {"problem", problem}})};
-}
-
 std::string utcText(std::time_t time)
 {
     std::tm parts = {};
@@ -87,8 +82,8 @@ std::string creationDate(const Arguments& arguments)
         std::string date = arguments.value("creation-date");
         const std::string fault = faultOfEpoch(date);
         if (!fault.empty()) {
-            throw wrong("--creation-date",
-                        '"' + date + "\" is no time such as 2025-02-23T12:00:00: " + fault);
+            throw wrongCall("--creation-date",
+                            '"' + date + "\" is no time such as 2025-02-23T12:00:00: " + fault);
         }
         return date;
     }
@@ -132,7 +127,7 @@ const Receiver& receiverNamed(const std::string& word)
             return each;
         }
     }
-    throw wrong("--for", "is missing: mpc, ccsds, ccsds.xml, aavso, ades or ades.psv");
+    throw wrongCall("--for", "is missing: mpc, ccsds, ccsds.xml, aavso, ades or ades.psv");
 }
 
 CopySettings copySettings(const Arguments& arguments, const std::string& input)

@@ -39,11 +39,6 @@ constexpr OptionRow options[] = {
     toolRow,
 };
 
-WrongUsage wrongCall(const std::string& problem)
-{
-    return {finding("V001", {{"option", "report"}, {"problem", problem}})};
-}
-
 // Folders that are made for a report, and taken away where nothing came to stand in them.
 class MadeFolders
 {
@@ -89,7 +84,8 @@ std::string outputFolder(const Arguments& arguments, MadeFolders& folders)
     }
     std::error_code failure;
     if (!fs::is_directory(folder, failure)) {
-        throw wrongCall(folder + (fs::exists(folder, failure) ? " is no folder"
+        throw wrongCall("report",
+                        folder + (fs::exists(folder, failure) ? " is no folder"
                                                               : " does not exist; --make would make it"));
     }
     const std::string name = fs::path(folder).filename();
@@ -192,7 +188,7 @@ NewTask taskOf(const Arguments& arguments, const Tables& tables)
 void mustBeComplete(const Arguments& arguments)
 {
     if (arguments.operands().size() < 2) {
-        throw wrongCall("takes DIR and at least one TABLE");
+        throw wrongCall("report", "takes DIR and at least one TABLE");
     }
     for (const char* option : {"to", "by"}) {
         if (!arguments.has(option)) {

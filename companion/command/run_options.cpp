@@ -83,7 +83,7 @@ std::size_t numberOf(const Arguments& arguments, const std::string& option, std:
 
 WrongUsage wrongValue(const std::string& option, const std::string& problem)
 {
-    return {finding("V001", {{"option", "--" + option}, {"problem", problem}})};
+    return wrongCall("--" + option, problem);
 }
 
 } // namespace companion

@@ -93,6 +93,11 @@ Finding finding(FindingCode code, FindingValues values)
     return {code, row->severity, filled(row->text, values), {}};
 }
 
+WrongUsage wrongCall(std::string_view name, std::string_view problem)
+{
+    return {finding("V001", {{"option", std::string(name)}, {"problem", std::string(problem)}})};
+}
+
 void sortFindings(std::vector<Finding>& findings, const std::string& firstFile)
 {
     std::map<std::string, std::size_t> files{{firstFile, 0}};

@@ -274,7 +274,8 @@ constexpr FindingRow rows[] = {
     {"V133", Severity::warning, false, "l", "year {year} lies ahead",
      "Years of two digits belong to 2000 to 2099.", "Mend the field; the formats have no other century."},
     {"V140", Severity::error, false, "n", "no angles in this message",
-     "The message holds other measurements, such as ranges or frequencies, of which no format of the tool has "
+     "The message holds other measurements, such as ranges or frequencies, of which no format of the tool "
+     "has "
      "a place.",
      "Nothing can be done: there is nothing to convert."},
     {"V141", Severity::error, false, "n", "{type} angles",
@@ -286,7 +287,8 @@ constexpr FindingRow rows[] = {
      "segment is left out.",
      "Split the message, so that each segment has one observer and one object."},
     {"V143", Severity::error, false, "n", "the frame is {word}",
-     "The reader does not look at frames, so the places would be taken for those of ICRF. The segment is left "
+     "The reader does not look at frames, so the places would be taken for those of ICRF. The segment is "
+     "left "
      "out.",
      "Rotate the places first, or give --accept-frame if the difference does not matter."},
     {"V144", Severity::error, false, "n", "the time system is {word}",
@@ -304,7 +306,8 @@ constexpr FindingRow rows[] = {
      "The reader makes a mark of a magnitude line only, so these marks are left out of the copy.",
      "Give --magnitude with a value that all of them get."},
     {"V150", Severity::error, false, "cl", "line of {words}: skipped",
-     "The line of a mark has exactly seven words with blanks between in MEA, seven cells with tabs between in "
+     "The line of a mark has exactly seven words with blanks between in MEA, seven cells with tabs between "
+     "in "
      "a light curve, and fifteen fields in an AAVSO report.",
      "Mend the line; a name must not hold blanks."},
     {"V151", Severity::error, false, "cl", "the first line looks like a mark",
@@ -764,7 +767,7 @@ constexpr FindingPage pages[] = {
     {"V302", "docs/companion/info.md"},      {"V310", "docs/formats/mpc_report.md"},
     {"V340", "docs/formats/tdm.md"},         {"V360", "docs/formats/aavso.md"},
     {"V380", "docs/companion/lint.md"},      {"V400", "docs/companion/run.md"},
-    {"V420", "docs/companion/ready.md"},    {"V440", "docs/companion/lint.md"},
+    {"V420", "docs/companion/ready.md"},     {"V440", "docs/companion/lint.md"},
     {"V450", "docs/companion/batch.md"},
 };
 

@@ -33,8 +33,8 @@ std::string numberText(double number)
     return text == "-0" ? "0" : text;
 }
 
-// Between single quotes nothing but the quote itself means anything. One comes in between double quotes: where
-// two stand for one, gnuplot misreads them at the front of a text.
+// Between single quotes nothing but the quote itself means anything. One comes in between double quotes:
+// where two stand for one, gnuplot misreads them at the front of a text.
 std::string quoted(std::string_view text)
 {
     std::string result = "'";

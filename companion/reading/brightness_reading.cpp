@@ -4,9 +4,11 @@
 #include "base/numbers.h"
 #include "base/tokens.h"
 #include "reading/plain_text.h"
+#include "receivers/aavso_rules.h"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -31,6 +33,13 @@ void setJulianDate(std::string_view text, TRecLabelPervichka_File& mark)
 bool isNumber(std::string_view text)
 {
     return !text.empty() && text.find_first_not_of("+-.0123456789") == text.npos;
+}
+
+// The ratio of signal to noise that the tool makes an error of; 0 for none.
+double signalOf(std::string_view error)
+{
+    const double number = toDouble(error);
+    return std::isfinite(number) && number > 0.0 ? 1.0 / number : 0.0;
 }
 
 // Gathers the marks of objects.
@@ -142,8 +151,8 @@ private:
         const std::string_view value = equals == text.npos ? std::string_view() : text.substr(equals + 1);
         if (key == "DATE") {
             system = value;
-        } else if (key == "DELIM" && !value.empty()) {
-            delimiter = value == "tab" ? '\t' : value == "comma" ? ',' : value[0];
+        } else if (key == "DELIM") {
+            delimiter = aavsoDelimiter(value).value_or(delimiter);
         }
     }
 
@@ -154,6 +163,7 @@ private:
         setJulianDate(date, mark);
         mark.m = isNumber(magnitude) ? toDouble(magnitude) : 0.0; // a limit, "<13.7", is none
         mark.mEnsemble = mark.m;
+        mark.SNRpeak = signalOf(error);
         mark.filtr = band;
         const TrueMark info{number, false, isNumber(magnitude), !band.empty()};
         tracks.add(object, std::move(mark), info);

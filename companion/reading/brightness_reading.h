@@ -15,8 +15,8 @@ bool isOfBrightness(std::string_view format);
 
 /// Reads such a file and gives each track to a user: all marks of one object, in the order in which objects
 /// first occur. There are no places. Of a light curve `m` is the apparent magnitude, and the others are where
-/// they belong; an AAVSO report has one, which is `m` and `mEnsemble`. Lines that are no marks are in the
-/// findings. Throws WrongUsage (V003) for a file that cannot be read.
+/// they belong; an AAVSO report has one, which is `m` and `mEnsemble`, with its error as `SNRpeak`. Lines
+/// that are no marks are in the findings. Throws WrongUsage (V003) for a file that cannot be read.
 TrueOutcome readBrightness(const std::string& path, std::string_view format,
                            const std::function<void(TrueTrack&)>& use);
 

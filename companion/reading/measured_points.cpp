@@ -1,14 +1,9 @@
 #include "reading/measured_points.h"
 
-#include "base/lines.h"
-#include "base/numbers.h"
-#include "base/tokens.h"
+#include "reading/brightness_reading.h"
 #include "reading/line_fates.h"
-#include "receivers/aavso_rules.h"
-#include "text/calendar.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <exception>
 #include <functional>
@@ -18,8 +13,6 @@
 
 namespace companion {
 
-using tavelinUtils::JDtoMJD;
-using tavelinUtils::toDouble;
 using tavelinUtils::TrackVtorichka;
 using tavelinUtils::TRecLabelPervichka_File;
 
@@ -69,77 +62,6 @@ MeasuredPoint pointOf(const TRecLabelPervichka_File& mark)
     return {mark.date + mark.time, mark.RA, mark.DE, mark.m, error};
 }
 
-// An error that can be drawn; 0 for none.
-double errorIn(std::string_view text)
-{
-    const double error = toDouble(text);
-    return std::isfinite(error) && error > 0.0 ? error : 0.0;
-}
-
-// The lines of the tool's light curve table.
-class LightCurveLines
-{
-public:
-    void add(std::string_view line)
-    {
-        constexpr std::size_t columns = 7;
-        std::array<std::string_view, columns> parts{};
-        const bool isHead = std::exchange(isFirst, false);
-        if (isHead || tavelinUtils::cutParts(line, '\t', parts) < columns) {
-            return;
-        }
-        const double apparent = toDouble(parts[1]);
-        const double magnitude = apparent != 0.0 ? apparent : toDouble(parts[2]);
-        curves.add(parts[6], "", {JDtoMJD(toDouble(parts[0])), 0, 0, magnitude, 0});
-    }
-
-    Curves curves{};
-
-private:
-    bool isFirst = true;
-};
-
-// The lines of an AAVSO report.
-class AavsoLines
-{
-public:
-    void add(std::string_view line)
-    {
-        constexpr std::string_view key = "#DELIM=";
-        if (line.starts_with(key)) {
-            delimiter = aavsoDelimiter(line.substr(key.size())).value_or(delimiter);
-        } else if (!line.starts_with('#')) {
-            addRecord(line);
-        }
-    }
-
-    Curves curves{};
-
-private:
-    // A date that is no Julian one, and a limit such as "<13.7", are no points.
-    void addRecord(std::string_view line)
-    {
-        std::array<std::string_view, 5> parts{};
-        if (tavelinUtils::cutParts(line, delimiter, parts) < parts.size()) {
-            return;
-        }
-        const double date = toDouble(parts[1]);
-        if (date > 0.0 && !parts[2].starts_with('<')) {
-            curves.add(parts[0], parts[4], {JDtoMJD(date), 0, 0, toDouble(parts[2]), errorIn(parts[3])});
-        }
-    }
-
-    char delimiter = ',';
-};
-
-template <class Lines>
-std::vector<MeasuredSeries> curvesOfLines(const std::string& path)
-{
-    Lines lines;
-    tavelinUtils::readLines(path, lines);
-    return std::move(lines.curves.all);
-}
-
 // Formats whose marks have a filter.
 bool hasFilters(std::string_view format)
 {
@@ -156,6 +78,20 @@ void readTracks(const std::string& path, const std::string& format,
     } catch (const std::exception&) {
         return;
     }
+}
+
+// Of a light curve table the ensemble magnitudes count where the apparent ones are 0.
+std::vector<MeasuredSeries> curvesOfBrightness(const std::string& path, const std::string& format)
+{
+    Curves curves;
+    readBrightness(path, format, [&](const TrueTrack& series) {
+        for (const TRecLabelPervichka_File& mark : series.track.Marks) {
+            MeasuredPoint point = pointOf(mark);
+            point.magnitude = mark.m != 0.0 ? mark.m : mark.mEnsemble;
+            curves.add(series.track.QRVName, format == "aavso" ? mark.filtr : "", point);
+        }
+    });
+    return std::move(curves.all);
 }
 
 std::vector<MeasuredSeries> curvesOfTracks(const std::string& path, const std::string& format)
@@ -193,9 +129,8 @@ std::vector<MeasuredSeries> pathsIn(const std::string& path, const std::string& 
 
 std::vector<MeasuredSeries> lightCurvesIn(const std::string& path, const std::string& format)
 {
-    std::vector<MeasuredSeries> curves = format == "mag"     ? curvesOfLines<LightCurveLines>(path)
-                                         : format == "aavso" ? curvesOfLines<AavsoLines>(path)
-                                                             : curvesOfTracks(path, format);
+    std::vector<MeasuredSeries> curves =
+        isOfBrightness(format) ? curvesOfBrightness(path, format) : curvesOfTracks(path, format);
     sortByTime(curves);
     return curves;
 }

@@ -30,8 +30,9 @@ struct MeasuredSeries
 std::vector<MeasuredSeries> pathsIn(const std::string& path, const std::string& format);
 
 /// The light curve of each object in each filter, in the order of the file. Points without a finite time or a
-/// magnitude are left out, and limits. Of a light curve table the apparent magnitudes are taken, and the
-/// ensemble ones where those are 0. Throws WrongUsage (V003) for a file that cannot be read.
+/// magnitude are left out, limits, and dates that are not Julian ones. Of a light curve table the apparent
+/// magnitudes are taken, and the ensemble ones where those are 0. Throws WrongUsage (V003) for a file that
+/// cannot be read.
 std::vector<MeasuredSeries> lightCurvesIn(const std::string& path, const std::string& format);
 
 } // namespace companion

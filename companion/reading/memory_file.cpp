@@ -1,6 +1,7 @@
 #include "reading/memory_file.h"
 
 #include "findings/finding.h"
+#include "out/system_files.h"
 
 #include <cerrno>
 #include <cstddef>
@@ -24,14 +25,10 @@ MemoryFile::MemoryFile(std::string_view text) : descriptor(memfd_create("tavelin
     if (descriptor < 0) {
         fail(errno);
     }
-    while (!text.empty()) {
-        const ssize_t written = write(descriptor, text.data(), text.size());
-        if (written < 0 && errno != EINTR) {
-            const int error = errno;
-            close(descriptor);
-            fail(error);
-        }
-        text.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
+    if (!writeAll(descriptor, text)) {
+        const int error = errno;
+        close(descriptor);
+        fail(error);
     }
 }
 

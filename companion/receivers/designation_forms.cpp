@@ -1,6 +1,7 @@
 #include "receivers/designation_forms.h"
 
 #include "base/numbers.h"
+#include "out/text.h"
 #include "receivers/designations.h"
 
 #include <algorithm>
@@ -178,13 +179,6 @@ std::string unpackedNumber(std::string_view five)
     return std::to_string(numberOf(std::string(five.substr(0, 4)))) + five[4];
 }
 
-std::string upper(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return text;
-}
-
 std::string lower(std::string text)
 {
     std::transform(text.begin(), text.end(), text.begin(),
@@ -201,7 +195,7 @@ std::optional<Designation> ofPackedName(const std::string& name)
         return Designation{unpackedNumber(name), ""};
     }
     if (std::regex_match(name, parts, numbered)) {
-        const std::string fragment = upper(parts[2]);
+        const std::string fragment = upper(parts[2].str());
         return Designation{unpackedNumber(parts[1].str()) + (fragment.empty() ? "" : '-' + fragment), ""};
     }
     if (isPackedProvisional(name)) {

@@ -22,7 +22,7 @@ constexpr std::size_t mostSteps = 1'000'000; // of a pattern whose fields come a
 
 WrongUsage wrongPattern(const std::string& pattern, const std::string& problem)
 {
-    return {finding("V001", {{"option", "--over"}, {"problem", '"' + pattern + "\" " + problem}})};
+    return wrongCall("--over", '"' + pattern + "\" " + problem);
 }
 
 bool isLetter(char c)

@@ -17,7 +17,7 @@ namespace {
 
 WrongUsage wrongTemplate(const std::string& path, const std::string& problem)
 {
-    return {finding("V001", {{"option", printable(path)}, {"problem", problem}})};
+    return wrongCall(printable(path), problem);
 }
 
 std::string noField(const std::string& path, std::size_t line)

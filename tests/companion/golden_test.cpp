@@ -13,7 +13,8 @@ struct GoldenCase
 std::vector<GoldenCase> allCases()
 {
     std::vector<GoldenCase> cases;
-    for (const char* group : {"check", "explain", "info", "lint", "schema", "diff", "ready", "page", "plot"}) {
+    for (const char* group : {"check", "explain", "info", "lint", "schema", "diff", "ready", "page", "plot"})
+    {
         for (const std::string& name : goldenCases(group)) {
             cases.push_back({group, name});
         }

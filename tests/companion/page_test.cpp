@@ -99,7 +99,7 @@ TEST(Page, WithoutAnOutputNothingIsRead)
 {
     const CommandEnd end = callCommand({"page", "missing.mea"});
     EXPECT_EQ(end.status, 2);
-    EXPECT_THAT(end.err, HasSubstr("--output: it is missing"));
+    EXPECT_THAT(end.err, HasSubstr("--output: is missing"));
 }
 
 TEST(Page, JsonAndThePageDoNotShareAStream)

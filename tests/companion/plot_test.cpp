@@ -179,7 +179,7 @@ TEST_F(Plot, SilentGnuplotThatDrawsNothingIsTold)
 TEST_F(Plot, WrongUsageIsToldBeforeAnythingIsRead)
 {
     EXPECT_EQ(plot({"missing.mea"}).err,
-              "tavelin: --output: is missing: where shall the picture be? [V001]\n");
+              "tavelin: --output: is missing: the file that becomes the picture [V001]\n");
     EXPECT_EQ(plot({"missing.mea", "-o", "a.png", "--degree", "10"}).err,
               "tavelin: --degree: \"10\" is not 0 to 9 [V001]\n");
     EXPECT_EQ(plot({"night.mea", "other.mea", "-o", "a.png"}).status, 2);
