@@ -208,7 +208,8 @@ private:
                                               {"first", said.first},
                                               {"source", "track 1"},
                                               {"second", said.other},
-                                              {"other", "track " + counted(said.otherTrack)}})};
+                                              {"other", "track " + counted(said.otherTrack)},
+                                              {"option", "--" + std::string(option)}})};
         }
         return said.first;
     }

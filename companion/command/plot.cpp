@@ -19,7 +19,7 @@ namespace companion {
 namespace {
 
 constexpr OptionRow options[] = {
-    {"output", 'o', "PICTURE", "the picture that is made, a .png or .svg"},
+    {"output", 'o', "FILE", "the picture that is made, a .png or .svg"},
     {"kind", 0, "light|sky|residuals",
      "brightness over time, paths on the sky, or how far paths are from smooth ones; light for light curves "
      "and "

@@ -135,7 +135,7 @@ _tavelin_values()
     "report --vomar") echo '/' ;;
     "report --color") echo 'auto always never' ;;
     "report --progress") echo 'auto plain none' ;;
-    "plot --output" | "plot -o") echo '' ;;
+    "plot --output" | "plot -o") echo '/' ;;
     "plot --kind") echo 'light sky residuals' ;;
     "plot --object") echo '' ;;
     "plot --degree") echo '' ;;

@@ -155,7 +155,7 @@ complete -c tavelin -n '__fish_seen_subcommand_from report' -l verify -x -a 'cou
 complete -c tavelin -n '__fish_seen_subcommand_from report' -l vomar -r -F -d 'the tool; default: beside this program, then in the search path'
 
 complete -c tavelin -n 'not __fish_seen_subcommand_from check run explain info lint schema ready normalise batch diff convert report plot page help' -f -a plot -d 'pictures: light curves, paths on the sky, residuals'
-complete -c tavelin -n '__fish_seen_subcommand_from plot' -s o -l output -x -d 'the picture that is made, a .png or .svg'
+complete -c tavelin -n '__fish_seen_subcommand_from plot' -s o -l output -r -F -d 'the picture that is made, a .png or .svg'
 complete -c tavelin -n '__fish_seen_subcommand_from plot' -l kind -x -a 'light sky residuals' -d 'brightness over time, paths on the sky, or how far paths are from smooth ones; light for light curves and AAVSO reports, else sky'
 complete -c tavelin -n '__fish_seen_subcommand_from plot' -l object -x -d 'draw this object alone; may be given again for another'
 complete -c tavelin -n '__fish_seen_subcommand_from plot' -l degree -x -d 'of the polynomials that residuals are taken against, 0 to 9. Default 2'

@@ -217,7 +217,8 @@ std::optional<Designation> ofPackedName(const std::string& name)
 std::optional<Designation> ofNumber(const std::string& name)
 {
     static const std::regex minorPlanet(R"(\(0*([1-9]\d*)\)(?: [^\d].*)?|0*([1-9]\d*)(?: [A-Z][a-z].*)?)");
-    static const std::regex comet(R"(0*([1-9]\d{0,3}[PDI])(-[A-Z]{1,2})?(?:/[A-Z].*)?)");
+    static const std::regex comet( // "2040P-L" is of the Palomar-Leiden survey
+        R"((?!\d{4}P-L$)0*([1-9]\d{0,3}[PDI])(-[A-Z]{1,2})?(?:/[A-Z].*)?)");
     static const std::regex satellite(R"((Jupiter|Saturn|Uranus|Neptune) ?0*([1-9]\d{0,2}))");
     std::smatch parts;
     if (std::regex_match(name, parts, minorPlanet)) {

@@ -155,6 +155,12 @@ TEST(OptionTable, AnOptionOfSeveralSubcommandsTakesTheSameInAll)
             if (each->name == std::string("report") && row.name == std::string("by")) {
                 continue; // what a file holds, and not what marks are matched by
             }
+            if (each->name == std::string("ready") && row.name == std::string("for")) {
+                continue; // the form too, where a receiver takes two
+            }
+            if (each->name == std::string("ready") && row.name == std::string("magnitude")) {
+                continue; // which of those that a file has, and not a value
+            }
             const std::string value = row.value == nullptr ? "" : row.value;
             EXPECT_EQ(values.emplace(row.name, value).first->second, value) << each->name << ' ' << row.name;
         }

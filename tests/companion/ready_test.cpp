@@ -71,10 +71,10 @@ TEST_F(Ready, WritesTheCopyAndTellsTheTotalsLast)
               "COD K88\n"
               "OBS A. B. Sender\n"
               "MEA A. B. Sender\n"
-              "ACK Observations of K88, 2025-02-23\n"
+              "ACK Observations of K88, 2023-02-25\n"
               "AC2 a@example.org\n"
-              "     AST1000  C2025 02 23.50000 01 00 00.000+00 30 00.00          9.50V      K88\n"
-              "     AST1000  C2025 02 23.54167 01 00 00.000-00 30 00.00                     K88\n");
+              "     AST1000  C2023 02 25.50000 01 00 00.000+00 30 00.00          9.50V      K88\n"
+              "     AST1000  C2023 02 25.54167 01 00 00.000-00 30 00.00                     K88\n");
 }
 
 TEST_F(Ready, TheCopyMayGoToStandardOutput)
@@ -147,7 +147,7 @@ TEST_F(Ready, NamesAreReplacedByAFile)
     makeFile(folder / "names", "# old and new\nAST1000\t2024 YR4\n");
     const CommandEnd end = copy({"--rename", folder / "names"});
     EXPECT_THAT(end.out, HasSubstr("note: AST1000 is now 2024 YR4 [V424]"));
-    EXPECT_THAT(written(), HasSubstr("\n     K24Y04R  C2025"));
+    EXPECT_THAT(written(), HasSubstr("\n     K24Y04R  C2023"));
 }
 
 TEST_F(Ready, AFileOfNamesOfAnotherFormIsRefused)
@@ -209,9 +209,9 @@ TEST_F(Ready, AReportInSeveralHeadersKeepsThem)
 {
     const std::string report =
         "COD A77\nOBS A. First\nMEA A. First\nTEL 0.5-m reflector\nNET Gaia-DR3\nACK one\n"
-        "     AST1000  C2025 02 23.50000 01 00 00.00 +00 30 00.0           9.5 V      A77\n"
+        "     AST1000  C2023 02 25.50000 01 00 00.00 +00 30 00.0           9.5 V      A77\n"
         "COD K88\nOBS B. Second\nMEA B. Second\nTEL 0.6-m reflector\nNET Gaia-DR3\nACK two\n"
-        "     AST1000  C2025 02 23.60000 01 00 00.000-00 00 00.05          -1.0V      K88\n"
+        "     AST1000  C2023 02 25.60000 01 00 00.000-00 00 00.05          -1.0V      K88\n"
         "     AST1001  B2025 02 23.60000 01 00 00.00 -00 00 00.0                      K88\n";
     makeFile(folder / "in.txt", report);
     const CommandEnd end = call({"-o", folder / "out.txt"}, "in.txt");
@@ -278,7 +278,7 @@ TEST_F(Profile, HoldsWhatAnObservatorySays)
 TEST_F(Profile, OneThatIsNoneIsRefused)
 {
     EXPECT_THAT(fault("{\"schema\": \"tavelin.profile/1\",\n \"station\" \"K88\"}"),
-                HasSubstr("is not well-formed JSON in line 2, column 12"));
+                HasSubstr("is not well-formed JSON in line 2, column 16"));
     EXPECT_THAT(fault("[]"), HasSubstr("is no JSON object"));
     EXPECT_THAT(fault("{}"), HasSubstr("has no \"schema\": \"tavelin.profile/1\""));
     EXPECT_THAT(fault(R"({"schema": "tavelin.profile/2"})"), HasSubstr("has no \"schema\""));
