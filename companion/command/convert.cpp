@@ -333,19 +333,14 @@ int convert(const Arguments& arguments, const Console& console)
         keep(arguments, conversion, made);
     }
     const MadeOutcome result = runMade(made, settings, console);
-    const int status = statusOf(result);
     if (console.look.json) {
-        showDocument(console, arguments, conversion, result.outcome, status);
+        showDocument(console, arguments, conversion, result.outcome, statusOf(result));
     } else {
         console.out << result.bytes;
         const Console messages{console.err, console.err, console.look};
         showMade(conversion.isPrinted() ? messages : console, result.outcome);
     }
-    console.out.flush();
-    if (result.signal != 0) {
-        endBySignal(result.signal);
-    }
-    return status;
+    return endMade(result, console);
 }
 
 } // namespace

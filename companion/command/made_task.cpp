@@ -3,6 +3,7 @@
 #include "base/bytes.h"
 #include "out/progress.h"
 #include "out/safe_file.h"
+#include "running/interrupts.h"
 #include "running/private_folder.h"
 
 #include <algorithm>
@@ -299,6 +300,15 @@ std::string folderWithoutSlash(std::string folder)
 int statusOf(const MadeOutcome& result)
 {
     return result.signal != 0 ? 128 + result.signal : result.outcome.status == RunStatus::good ? 0 : 1;
+}
+
+int endMade(const MadeOutcome& result, const Console& console)
+{
+    console.out.flush();
+    if (result.signal != 0) {
+        endBySignal(result.signal);
+    }
+    return statusOf(result);
 }
 
 void showMadeMembers(JsonDocument& document, const std::string& keptTask, const TaskOutcome& outcome,

@@ -51,6 +51,10 @@ std::string folderWithoutSlash(std::string folder);
 /// The exit status: 0 for a task that is good, 1 for any other, 128 and its number for a signal.
 int statusOf(const MadeOutcome& result);
 
+/// Ends the call when all is shown: by the signal that has come meanwhile, else with the exit status, which
+/// is returned.
+int endMade(const MadeOutcome& result, const Console& console);
+
 /// Writes what came of a made task as members of a document: "outcome", and "kept" where the task was saved.
 void showMadeMembers(JsonDocument& document, const std::string& keptTask, const TaskOutcome& outcome,
                      bool times);

@@ -278,15 +278,6 @@ void addTasks(Html& page, const PageContents& contents)
     }
 }
 
-std::string joined(const std::set<std::string>& texts)
-{
-    std::string text;
-    for (const std::string& each : texts) {
-        text += (text.empty() ? "" : ", ") + each;
-    }
-    return text;
-}
-
 std::string meanMagnitude(const PageObject& object)
 {
     return object.magnitudes == 0
@@ -332,7 +323,7 @@ void addObjectTable(Html& page, const PageContents& contents)
         addCell(page, shortTime(object.last));
         addNumber(page, meanMagnitude(object));
         addNumber(page, motion(object));
-        addSaid(page, joined(object.filters));
+        addSaid(page, joined(object.filters, ", "));
     }
 }
 

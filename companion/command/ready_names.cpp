@@ -1,6 +1,7 @@
 #include "command/ready_names.h"
 
 #include "base/lines.h"
+#include "out/characters.h"
 #include "reading/text_front.h"
 #include "receivers/designation_forms.h"
 #include "receivers/designations.h"
@@ -13,13 +14,9 @@
 namespace companion {
 namespace {
 
-constexpr std::size_t longestName = 7;
+constexpr std::string_view blanks = " \t";
 
-std::string_view trimmed(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
-    return text.substr(0, text.find_last_not_of(" \t") + 1);
-}
+constexpr std::size_t longestName = 7;
 
 class NameLines
 {
@@ -31,14 +28,14 @@ public:
     void add(std::string_view line)
     {
         ++number;
-        line = trimmed(tavelinUtils::withoutLineEnd(line));
+        line = trimmed(tavelinUtils::withoutLineEnd(line), blanks);
         if (line.empty() || line[0] == '#') {
             return;
         }
         const std::size_t tab = line.find('\t');
         const std::size_t gap = tab == std::string_view::npos ? line.find(' ') : tab;
-        const std::string old(trimmed(line.substr(0, gap)));
-        const std::string now(gap == std::string_view::npos ? "" : trimmed(line.substr(gap)));
+        const std::string old(trimmed(line.substr(0, gap), blanks));
+        const std::string now(gap == std::string_view::npos ? "" : trimmed(line.substr(gap), blanks));
         const bool isTwice =
             std::any_of(names.begin(), names.end(), [&old](const auto& each) { return each.first == old; });
         if (now.empty() || isTwice) {

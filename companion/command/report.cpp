@@ -246,17 +246,12 @@ int report(const Arguments& arguments, const Console& console)
         }
         result = runMade(made, settings, console);
     }
-    const int status = statusOf(result);
     if (console.look.json) {
-        showDocument(console, arguments, tables, result.outcome, status);
+        showDocument(console, arguments, tables, result.outcome, statusOf(result));
     } else {
         showMade(console, result.outcome);
     }
-    console.out.flush();
-    if (result.signal != 0) {
-        endBySignal(result.signal);
-    }
-    return status;
+    return endMade(result, console);
 }
 
 } // namespace

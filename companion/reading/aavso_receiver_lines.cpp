@@ -1,5 +1,6 @@
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "out/characters.h"
 #include "out/text.h"
 #include "reading/line_checker.h"
 #include "receivers/aavso_rules.h"
@@ -27,12 +28,6 @@ struct FieldRow
     bool (*isTaken)(std::string_view text);
     const char* wanted;
 };
-
-bool areDigits(std::string_view text)
-{
-    return !text.empty() &&
-           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
 
 bool isNa(std::string_view text)
 {
@@ -116,12 +111,6 @@ constexpr std::size_t filter = 4;
 constexpr std::size_t kind = 6;
 constexpr std::size_t comparison = 7;
 constexpr std::size_t checkStar = 9;
-
-std::string_view trimmed(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    return text.substr(0, text.find_last_not_of(' ') + 1);
-}
 
 class AavsoReceiver final : public LineChecker
 {

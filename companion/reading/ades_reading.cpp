@@ -3,6 +3,8 @@
 #include "base/lines.h"
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "out/characters.h"
+#include "reading/gathered_tracks.h"
 #include "reading/plain_text.h"
 #include "reading/text_front.h"
 #include "text/calendar.h"
@@ -20,16 +22,11 @@
 namespace companion {
 namespace {
 
+constexpr std::string_view blanks = " \t\r\n";
+
 using tavelinUtils::toDouble;
 using tavelinUtils::toInt;
 using tavelinUtils::TRecLabelPervichka_File;
-
-std::string_view trimmed(std::string_view text)
-{
-    constexpr std::string_view blanks = " \t\r\n";
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
 
 // The time of "2024-01-20T21:48:27.36Z"; false for any other text.
 bool setTime(std::string_view text, TRecLabelPervichka_File& mark)
@@ -50,10 +47,12 @@ bool setTime(std::string_view text, TRecLabelPervichka_File& mark)
     return true;
 }
 
-// Makes tracks of the values of observations.
-class AdesTracks
+// Makes marks of the values of observations.
+class AdesObservations
 {
 public:
+    GatheredTracks tracks{};
+
     // Of the blocks' context.
     void setObservatory(std::string_view code)
     {
@@ -74,25 +73,13 @@ public:
         TRecLabelPervichka_File mark;
         const std::string& time = value("obsTime");
         if (!setTime(time, mark)) {
-            leaveOut(finding("V126", {{"text", time}}), line);
+            tracks.leaveOut(finding("V126", {{"text", time}}), line);
         } else if (value("ra").empty() || value("dec").empty()) {
-            leaveOut(finding("V140"), line);
+            tracks.leaveOut(finding("V140"), line);
         } else {
             addMark(std::move(mark), line);
         }
         values.clear();
-    }
-
-    void leaveOut(Finding why, std::size_t line)
-    {
-        outcome.findings.push_back(std::move(why).at(line, 1));
-        ++outcome.leftOut;
-    }
-
-    TrueOutcome give(const std::function<void(TrueTrack&)>& use)
-    {
-        std::for_each(tracks.begin(), tracks.end(), use);
-        return std::move(outcome);
     }
 
 private:
@@ -120,27 +107,11 @@ private:
         mark.m = toDouble(value("mag"));
         mark.filtr = value("band");
         const TrueMark info{line, true, !value("mag").empty(), !value("band").empty()};
-        TrueTrack& track = trackOf(name(), value("stn").empty() ? observatory : value("stn"));
-        track.track.Marks.push_back(std::move(mark));
-        track.marks.push_back(info);
-    }
-
-    TrueTrack& trackOf(const std::string& object, const std::string& station)
-    {
-        const auto [place, isNew] = places.try_emplace({object, station}, tracks.size());
-        if (isNew) {
-            tracks.emplace_back();
-            tracks.back().track.QRVName = object;
-            tracks.back().station = station;
-        }
-        return tracks[place->second];
+        tracks.add(name(), value("stn").empty() ? observatory : value("stn"), std::move(mark), info);
     }
 
     std::string observatory{};
     std::map<std::string, std::string, std::less<>> values{};
-    std::map<std::pair<std::string, std::string>, std::size_t> places{};
-    std::vector<TrueTrack> tracks{};
-    TrueOutcome outcome{};
 };
 
 // The text form: context lines with # and !, a row of names, a row for each observation.
@@ -150,21 +121,21 @@ public:
     void add(std::string_view line)
     {
         ++number;
-        line = trimmed(line);
+        line = trimmed(line, blanks);
         if (line.empty()) {
             return;
         }
         if (line[0] == '#' || line[0] == '!') {
-            takeContext(trimmed(line.substr(1)));
+            takeContext(trimmed(line.substr(1), blanks));
         } else if (names.empty()) {
-            tavelinUtils::forEachToken(line, '|',
-                                       [this](std::string_view cell) { names.emplace_back(trimmed(cell)); });
+            tavelinUtils::forEachToken(
+                line, '|', [this](std::string_view cell) { names.emplace_back(trimmed(cell, blanks)); });
         } else {
             takeRow(line);
         }
     }
 
-    AdesTracks tracks{};
+    AdesObservations observations{};
 
 private:
     void takeContext(std::string_view text)
@@ -172,7 +143,7 @@ private:
         constexpr std::string_view key = "mpcCode";
         names.clear(); // a context ends the rows before it
         if (text.starts_with(key)) {
-            tracks.setObservatory(trimmed(text.substr(key.size())));
+            observations.setObservatory(trimmed(text.substr(key.size()), blanks));
         }
     }
 
@@ -181,11 +152,11 @@ private:
         std::size_t column = 0;
         tavelinUtils::forEachToken(line, '|', [this, &column](std::string_view cell) {
             if (column < names.size()) {
-                tracks.set(names[column], trimmed(cell));
+                observations.set(names[column], trimmed(cell, blanks));
             }
             ++column;
         });
-        tracks.finish(number);
+        observations.finish(number);
     }
 
     std::size_t number = 0;
@@ -208,12 +179,12 @@ public:
             take();
         }
         if (state != 0) {
-            tracks.leaveOut(finding("V380", {{"element", "the document"}, {"rule", "is not well-formed"}}),
-                            line());
+            observations.tracks.leaveOut(
+                finding("V380", {{"element", "the document"}, {"rule", "is not well-formed"}}), line());
         }
     }
 
-    AdesTracks tracks{};
+    AdesObservations observations{};
 
 private:
     static constexpr int options =
@@ -254,12 +225,12 @@ private:
     void close(const std::string& name)
     {
         if (name == "mpcCode") {
-            tracks.setObservatory(trimmed(said));
+            observations.setObservatory(trimmed(said, blanks));
         } else if (name == observation) {
-            tracks.finish(began);
+            observations.finish(began);
             observation.clear();
         } else if (!observation.empty()) {
-            tracks.set(name, trimmed(said));
+            observations.set(name, trimmed(said, blanks));
         }
         said.clear();
     }
@@ -284,7 +255,7 @@ TrueOutcome readAdes(const std::string& path, std::string_view format,
     if (format == "ades.xml") {
         AdesElements elements(path);
         elements.read();
-        return elements.tracks.give(use);
+        return elements.observations.tracks.give(use);
     }
     const PlainText plain = plainText(path);
     if (!plain.broken.empty()) {
@@ -292,7 +263,7 @@ TrueOutcome readAdes(const std::string& path, std::string_view format,
     }
     AdesRows rows;
     tavelinUtils::takeLines(plain.text, rows);
-    return rows.tracks.give(use);
+    return rows.observations.tracks.give(use);
 }
 
 } // namespace companion

@@ -3,15 +3,14 @@
 #include "base/lines.h"
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "reading/gathered_tracks.h"
 #include "reading/plain_text.h"
 #include "receivers/aavso_rules.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <unordered_map>
 #include <utility>
-#include <vector>
 
 namespace companion {
 namespace {
@@ -42,39 +41,6 @@ double signalOf(std::string_view error)
     return std::isfinite(number) && number > 0.0 ? 1.0 / number : 0.0;
 }
 
-// Gathers the marks of objects.
-class TracksOfObjects
-{
-public:
-    void add(std::string_view object, TRecLabelPervichka_File mark, const TrueMark& info)
-    {
-        const auto [place, isNew] = places.try_emplace(std::string(object), tracks.size());
-        if (isNew) {
-            tracks.emplace_back().track.QRVName = place->first;
-        }
-        TrueTrack& track = tracks[place->second];
-        track.track.Marks.push_back(std::move(mark));
-        track.marks.push_back(info);
-    }
-
-    void leaveOut(Finding why, std::size_t line)
-    {
-        outcome.findings.push_back(std::move(why).at(line, 1));
-        ++outcome.leftOut;
-    }
-
-    TrueOutcome give(const std::function<void(TrueTrack&)>& use)
-    {
-        std::for_each(tracks.begin(), tracks.end(), use);
-        return std::move(outcome);
-    }
-
-private:
-    std::vector<TrueTrack> tracks{};
-    TrueOutcome outcome{};
-    std::unordered_map<std::string, std::size_t> places{};
-};
-
 // The lines of a light curve: seven cells each, after a line with their titles.
 class LightCurveLines
 {
@@ -95,7 +61,7 @@ public:
         }
     }
 
-    TracksOfObjects tracks{};
+    GatheredTracks tracks{};
 
 private:
     void addMark(const std::array<std::string_view, 7>& cells)
@@ -108,7 +74,7 @@ private:
         mark.mInstr1000 = toDouble(cells[4]);
         mark.mInstrComp = toDouble(cells[5]);
         const TrueMark info{number, false, isNumber(cells[1]), false};
-        tracks.add(cells[6], std::move(mark), info);
+        tracks.add(std::string(cells[6]), "", std::move(mark), info);
     }
 
     std::size_t number = 0;
@@ -141,7 +107,7 @@ public:
         }
     }
 
-    TracksOfObjects tracks{};
+    GatheredTracks tracks{};
 
 private:
     void takeHeader(std::string_view text)
@@ -166,7 +132,7 @@ private:
         mark.SNRpeak = signalOf(error);
         mark.filtr = band;
         const TrueMark info{number, false, isNumber(magnitude), !band.empty()};
-        tracks.add(object, std::move(mark), info);
+        tracks.add(std::string(object), "", std::move(mark), info);
     }
 
     std::size_t number = 0;

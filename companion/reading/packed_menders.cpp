@@ -1,6 +1,8 @@
 #include "base/lines.h"
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "out/characters.h"
+#include "out/text.h"
 #include "reading/line_menders.h"
 
 #include <algorithm>
@@ -22,20 +24,9 @@ constexpr std::string_view tenPut = "seconds rounded up to 10";
 constexpr std::string_view blanksPut = "one blank between words";
 constexpr std::string_view magnitudePut = "tenths of magnitudes";
 
-bool areDigits(std::string_view text)
-{
-    return !text.empty() &&
-           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
 bool isSigned(std::string_view text)
 {
     return text.starts_with('+') || text.starts_with('-');
-}
-
-std::string_view withoutSign(std::string_view text)
-{
-    return text.substr(isSigned(text) ? 1 : 0);
 }
 
 std::vector<std::string_view> wordsOf(std::string_view line)
@@ -288,7 +279,7 @@ public:
     bool mend(std::string_view line, std::string& out, MendNotes& notes) override
     {
         std::vector<std::string_view> words = wordsOf(line);
-        const std::string spaced = joined(words);
+        const std::string spaced = joined(words, " ");
         const bool isHeadOrMark = words.size() == 3 || words.size() == telegramForm.words;
         const bool isEnd = words.size() == 1 && words.front() == "END";
         if ((isHeadOrMark || isEnd) && spaced != line) {
@@ -306,15 +297,6 @@ public:
     }
 
 private:
-    static std::string joined(const std::vector<std::string_view>& words)
-    {
-        std::string text;
-        for (const std::string_view word : words) {
-            text.append(text.empty() ? "" : " ").append(word);
-        }
-        return text;
-    }
-
     bool mendMark(std::span<const std::string_view> words, std::vector<Edit>& edits, MendNotes& notes) const
     {
         const std::string_view magnitude = words.back();

@@ -1,6 +1,7 @@
 #include "reading/report_details.h"
 
 #include "base/lines.h"
+#include "out/characters.h"
 #include "reading/text_front.h"
 
 #include <algorithm>
@@ -9,6 +10,8 @@
 
 namespace companion {
 namespace {
+
+constexpr std::string_view blanks = " \t\r";
 
 using tavelinUtils::cut;
 using tavelinUtils::Field;
@@ -36,16 +39,10 @@ constexpr HeaderText headerTexts[] = {
     {"AC2", &Observatory::email},
 };
 
-std::string_view trimmed(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(" \t\r"), text.size()));
-    return text.substr(0, text.find_last_not_of(" \t\r") + 1);
-}
-
 // The value of the last decimal of a field.
 double stepOf(std::string_view field)
 {
-    const std::string_view text = trimmed(field);
+    const std::string_view text = trimmed(field, blanks);
     const std::size_t point = std::min(text.find('.'), text.size());
     const std::size_t decimals = text.size() - std::min(point + 1, text.size());
     return std::pow(10.0, -static_cast<double>(decimals));
@@ -71,7 +68,7 @@ private:
         for (const HeaderText& row : headerTexts) {
             if (line.starts_with(row.word) &&
                 (line.size() == row.word.size() || line[row.word.size()] == ' ')) {
-                takeText(row, std::string(trimmed(line.substr(row.word.size()))));
+                takeText(row, std::string(trimmed(line.substr(row.word.size()), blanks)));
                 return true;
             }
         }
@@ -109,7 +106,7 @@ private:
         details.hasSigns = details.hasSigns || line[sign] == '+';
         const double day = stepOf(cut(line, dayFraction));
         const double seconds = stepOf(cut(line, rightAscension));
-        details.lines[number] = {std::string(trimmed(cut(line, station))),
+        details.lines[number] = {std::string(trimmed(cut(line, station), blanks)),
                                  cut(line, note2)[0],
                                  header,
                                  {day * secondsOfADay, seconds * arcsecondsOfTimeSecond,

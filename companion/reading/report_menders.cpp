@@ -2,6 +2,7 @@
 #include "base/numbers.h"
 #include "base/tokens.h"
 #include "formats/mpc_report.h"
+#include "out/characters.h"
 #include "reading/line_menders.h"
 
 #include <algorithm>
@@ -19,12 +20,6 @@ namespace {
 
 constexpr std::string_view magnitudePut = "magnitudes below 0";
 constexpr std::string_view columnsPut = "fields in their columns, with the sign of a declination";
-
-bool areDigits(std::string_view text)
-{
-    return !text.empty() &&
-           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
 
 // A magnitude below 0 as the tool writes it, 0-1.2.
 bool isBelowZero(std::string_view magnitude)

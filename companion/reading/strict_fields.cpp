@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/tokens.h"
 #include "formats/track_table.h"
+#include "out/characters.h"
 #include "reading/present_year.h"
 #include "text/angle_text.h"
 #include "text/calendar.h"
@@ -60,11 +61,6 @@ constexpr StrictField ofTable[] = {
     {"mjd", FieldForm::text},     {"mEnsemble", FieldForm::number}, {"mInstrComp", FieldForm::number},
     {"mRA", FieldForm::number},   {"mDE", FieldForm::number},
 };
-
-bool isDigit(char c)
-{
-    return static_cast<unsigned char>(c - '0') < 10;
-}
 
 bool allDigits(std::string_view text)
 {

@@ -2,6 +2,7 @@
 
 #include "base/last_answer.h"
 #include "base/numbers.h"
+#include "reading/file_info.h"
 #include "reading/line_fates.h"
 #include "reading/mark_lines.h"
 #include "reading/meant_text.h"
@@ -24,14 +25,9 @@ using tavelinUtils::TRecLabelPervichka_File;
 
 namespace {
 
-constexpr std::string_view trackFormats[] = {"mea", "telegram", "tdm",     "ssmas",
-                                             "mpc", "table",    "tdm.xml", "horizons"};
-constexpr std::string_view formatsOfTelescopes[] = {"mea", "telegram", "ssmas"};
-
-template <class List>
-bool contains(const List& list, std::string_view word)
+bool isOfTelescopes(std::string_view format)
 {
-    return std::find(std::begin(list), std::end(list), word) != std::end(list);
+    return format == "mea" || format == "telegram" || format == "ssmas";
 }
 
 using Use = std::function<void(TrueTrack&)>;
@@ -116,7 +112,7 @@ public:
         const std::string& name = isReport ? track.MPCChecker : track.QRVName;
         meant.track = track;
         meant.track.QRVName = name.empty() ? track.NORAD : name;
-        meant.station = contains(formatsOfTelescopes, format) ? track.telescope : "";
+        meant.station = isOfTelescopes(format) ? track.telescope : "";
         meant.marks.clear();
         stations.clear();
         for (std::size_t mark = 0; mark < track.Marks.size(); ++mark) {
@@ -208,7 +204,7 @@ TrueOutcome readAsMeant(const std::string& path, const std::string& format, cons
     if (!plain.broken.empty()) {
         return {{finding("V101", {{"encoding", plain.broken}})}, 0};
     }
-    if (!contains(trackFormats, format)) {
+    if (!hasTracks(format)) {
         return {};
     }
     if (format == "tdm" || format == "tdm.xml") {

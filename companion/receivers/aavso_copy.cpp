@@ -1,5 +1,6 @@
 #include "receivers/aavso_copy.h"
 
+#include "out/characters.h"
 #include "receivers/aavso_rules.h"
 
 #include <algorithm>
@@ -23,20 +24,6 @@ constexpr std::size_t longestMagnitude = 8;
 constexpr std::size_t longestWord = 20; // of comparison and check stars, and of charts
 constexpr std::string_view delimiters = ",;!|:^~";
 constexpr std::string_view notThere = "na";
-
-std::string upper(std::string_view text)
-{
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return result;
-}
-
-std::string trimmed(const std::string& text)
-{
-    const std::size_t begin = std::min(text.find_first_not_of(' '), text.size());
-    return text.substr(begin, text.find_last_not_of(' ') + 1 - begin);
-}
 
 Finding fieldFault(const std::string& field, const std::string& text, const std::string& why)
 {
@@ -63,7 +50,7 @@ double magnitudeOf(const TRecLabelPervichka_File& mark, MagnitudeKind kind)
 
 std::string orNotThere(const std::string& text)
 {
-    const std::string word = trimmed(text);
+    const std::string word(trimmed(text));
     return word.empty() ? std::string(notThere) : word;
 }
 
@@ -93,8 +80,8 @@ private:
     void addTrack(std::size_t number)
     {
         const CopyTrack& track = tracks[number];
-        const std::string name = trimmed(track.track.QRVName);
-        const std::string code = trimmed(track.observatory->aavsoCode);
+        const std::string name(trimmed(track.track.QRVName));
+        const std::string code(trimmed(track.observatory->aavsoCode));
         if (!isObserverCode(code)) {
             tally.refuseTrack(number, notKnown("the observer's code", "--observer"));
         } else if (const auto fault = faultOfName(name)) {

@@ -1,7 +1,7 @@
 #include "receivers/aavso_rules.h"
 
 #include "base/numbers.h"
-#include "out/text.h"
+#include "out/characters.h"
 #include "receivers/rule_tally.h"
 #include "text/number_text.h"
 

@@ -1,5 +1,6 @@
 #include "receivers/ades_text.h"
 
+#include "out/xml_text.h"
 #include "receivers/ades_fields.h"
 
 #include <algorithm>
@@ -9,24 +10,10 @@
 namespace companion {
 namespace {
 
-std::string escaped(std::string_view text)
-{
-    std::string out;
-    for (const char c : text) {
-        switch (c) {
-        case '&': out += "&amp;"; break;
-        case '<': out += "&lt;"; break;
-        case '>': out += "&gt;"; break;
-        default: out += c; break;
-        }
-    }
-    return out;
-}
-
 void appendElements(std::string& out, const std::vector<AdesValue>& values, const std::string& indent)
 {
     for (const auto& [name, text] : values) {
-        out += indent + '<' + name + '>' + escaped(text) + "</" + name + ">\n";
+        out += indent + '<' + name + '>' + xmlText(text) + "</" + name + ">\n";
     }
 }
 

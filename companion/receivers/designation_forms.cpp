@@ -1,7 +1,7 @@
 #include "receivers/designation_forms.h"
 
 #include "base/numbers.h"
-#include "out/text.h"
+#include "out/characters.h"
 #include "receivers/designations.h"
 
 #include <algorithm>
@@ -179,13 +179,6 @@ std::string unpackedNumber(std::string_view five)
     return std::to_string(numberOf(std::string(five.substr(0, 4)))) + five[4];
 }
 
-std::string lower(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return text;
-}
-
 // The packed forms. Blanks of a record's columns may be gone.
 std::optional<Designation> ofPackedName(const std::string& name)
 {
@@ -267,7 +260,7 @@ std::optional<std::string> columnsOfNumber(const std::string& number)
     std::smatch parts;
     if (std::regex_match(number, parts, comet)) {
         const std::string five = padded(numberOf(parts[1]), 4) + parts[2].str();
-        const std::string fragment = lower(parts[3]);
+        const std::string fragment = lower(parts[3].str());
         return fragment.empty() ? five : five + std::string(nameWidth - fragment.size(), ' ') + fragment;
     }
     for (const Planet& planet : planets) {

@@ -1,6 +1,7 @@
 #include "receivers/mpc_header.h"
 
 #include "base/tokens.h"
+#include "out/characters.h"
 #include "receivers/catalogue_names.h"
 #include "receivers/copy_tally.h"
 #include "receivers/mpc_rules.h"
@@ -13,12 +14,6 @@ namespace companion {
 namespace {
 
 constexpr std::size_t longestLine = 80;
-
-std::string_view trimmed(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    return text.substr(0, text.find_last_not_of(' ') + 1);
-}
 
 std::vector<std::string> namesOf(std::string_view list)
 {

@@ -1,5 +1,6 @@
 #include "receivers/tdm_copy.h"
 
+#include "out/xml_text.h"
 #include "receivers/tdm_rules.h"
 
 #include <algorithm>
@@ -71,24 +72,10 @@ std::string textOf(const Message& message)
     return out;
 }
 
-std::string escaped(std::string_view text)
-{
-    std::string out;
-    for (const char c : text) {
-        switch (c) {
-        case '&': out += "&amp;"; break;
-        case '<': out += "&lt;"; break;
-        case '>': out += "&gt;"; break;
-        default: out += c; break;
-        }
-    }
-    return out;
-}
-
 void appendElement(std::string& out, int depth, std::string_view key, const std::string& value)
 {
     out.append(static_cast<std::size_t>(depth) * 2, ' ').append("<").append(key).append(">");
-    out.append(escaped(value)).append("</").append(key).append(">\n");
+    out.append(xmlText(value)).append("</").append(key).append(">\n");
 }
 
 std::string xmlOf(const Message& message)

@@ -2,6 +2,7 @@
 
 #include "base/bytes.h"
 #include "findings/finding.h"
+#include "out/characters.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -9,11 +10,6 @@
 
 namespace companion {
 namespace {
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 // Whether the last but one of the items between a line's blanks is "001".
 bool hasNumberBeforeLast(std::string_view line)
