@@ -110,7 +110,8 @@ public:
 
     TrackSink sink(const std::string& path, const std::string& word)
     {
-        plan.files.push_back({path, word});
+        // A file is opened by its name up to a zero byte, which names of objects in UTF-16 have.
+        plan.files.push_back({path.c_str(), word});
         open = &plan.files.back();
         if (watch.openFile) {
             watch.openFile(*open);

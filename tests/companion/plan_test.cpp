@@ -273,6 +273,18 @@ TEST(Plan, ConversionHasOneFile)
     EXPECT_FALSE(exists(bench.folder / "night.tdm"));
 }
 
+TEST(Plan, NameOfAFileEndsAtAZeroByteAsInTheSystem)
+{
+    using std::string_literals::operator""s;
+    ConversionBench bench("T1 2000.0 UTC\n\0A 250223 1200000000 0100000000 -003000000 001 09.50\n"s);
+    bench.task.autoname = true;
+    bench.task.outputextension = "/x.tdm";
+    const Plan plan = companion::planOf(bench.task, ownWorks());
+    EXPECT_THAT(filesOf(plan, bench.task), ElementsAre(FileCounts{"telescope-", 1, 1}));
+    EXPECT_TRUE(plan.files.at(0).isWritten);
+    EXPECT_FALSE(plan.dies);
+}
+
 TEST(Plan, MarksOfAConversionWithoutAnOutputAreCountedNevertheless)
 {
     ConversionBench bench;

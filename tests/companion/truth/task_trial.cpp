@@ -186,9 +186,12 @@ void Trial::judgeEnd()
     outcome.hung = end.timedOut;
     outcome.died = end.isDead();
     const bool saysEndless = hasAny(endless, Severity::error);
-    if (end.timedOut != saysEndless) {
-        fail(end.timedOut ? "the run does not end, and no error says so"
-                          : "the run ends, and an error says it would not");
+    const bool diesBefore = end.isDead() && hasAny(deadly, Severity::error);
+    if (end.timedOut && !saysEndless) {
+        fail("the run does not end, and no error says so");
+    }
+    if (!end.timedOut && saysEndless && !diesBefore) {
+        fail("the run ends, and an error says it would not");
     }
     if (!end.timedOut && end.seconds > limit) {
         fail("the run takes " + std::to_string(end.seconds) + " seconds");
