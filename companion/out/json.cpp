@@ -211,9 +211,9 @@ struct ReadJson::Value
     nlohmann::ordered_json json;
 };
 
-ReadJson::ReadJson(std::string_view text)
-    : value(std::make_unique<Value>(nlohmann::ordered_json::parse(text, nullptr, false)))
+ReadJson::ReadJson(std::string_view text) : value(std::make_unique<Value>())
 {
+    value->json = nlohmann::ordered_json::parse(text, nullptr, false);
 }
 
 ReadJson::~ReadJson() = default;

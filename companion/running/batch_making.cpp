@@ -207,7 +207,7 @@ private:
         }
         task.bytes = taskTemplate.task(task.task.number, key, files, made.findings);
         task.isChanged = hasChanged(task);
-        made.changed += task.isChanged && !known.empty() ? 1 : 0;
+        made.changed += task.isChanged && !known.empty() ? 1U : 0U;
         std::vector<FileStamp> stamps;
         stamps.reserve(files.size());
         for (const ArchiveFile& file : files) {
