@@ -232,6 +232,10 @@ TEST_F(Ready, ATelescopeLineTellsItsParts)
     other.telescope = "600mm f/4";
     companion::readTelescopeLine(other);
     EXPECT_EQ(other.aperture, "");
+    other.telescope =
+        "0.41-m " + std::string(1'000'000, 'x') + " + CCD"; // no room for what a pattern recalls
+    companion::readTelescopeLine(other);
+    EXPECT_EQ(other.aperture, "");
 }
 
 class Profile : public testing::Test
