@@ -98,15 +98,20 @@ constexpr TdmKey keys[] = {
     {"DATA_STOP", false, bracket, TdmValue::none, "", true, false},
 };
 
-constexpr std::string_view blanks = " \t";
+constexpr bool isBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
 
 std::string_view trimmed(std::string_view text)
 {
-    const std::size_t begin = text.find_first_not_of(blanks);
-    if (begin == std::string_view::npos) {
-        return text.substr(text.size());
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
     }
-    return text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
 }
 
 bool areDigits(std::string_view text)
@@ -119,7 +124,8 @@ bool areDigits(std::string_view text)
 std::string_view takeWord(std::string_view& text)
 {
     text = trimmed(text);
-    const std::string_view word = text.substr(0, text.find_first_of(blanks));
+    const auto length = std::find_if(text.begin(), text.end(), isBlank) - text.begin();
+    const std::string_view word = text.substr(0, static_cast<std::size_t>(length));
     text.remove_prefix(word.size());
     return word;
 }
@@ -202,7 +208,7 @@ TdmLine tdmLineOf(std::string_view line)
 {
     constexpr std::string_view comment = "COMMENT";
     const std::string_view text = trimmed(line);
-    if (text.starts_with(comment) && (text.size() == comment.size() || blanks.find(text[7]) != blanks.npos)) {
+    if (text.starts_with(comment) && (text.size() == comment.size() || isBlank(text[7]))) {
         return {text.substr(0, comment.size()), trimmed(text.substr(comment.size())), false};
     }
     const std::size_t sign = text.find('=');
