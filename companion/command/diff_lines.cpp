@@ -89,7 +89,7 @@ std::string timeOf(const ComparedMark& mark)
     return text.empty() ? "?" : text;
 }
 
-std::size_t widthOf(const SharedTexts& objects)
+std::size_t widthOf(const ObjectNames& objects)
 {
     std::size_t width = 0;
     for (std::uint32_t number = 0; number < objects.size(); ++number) {

@@ -81,8 +81,9 @@ public:
     {
     }
 
-    void add(Finding found)
+    void add(Finding each)
     {
+        const Finding found = std::move(each).in(call.input);
         totals.add(found);
         if (console.look.json) {
             list.push(findingJson(found));
@@ -162,6 +163,47 @@ std::string formatOf(const Arguments& arguments, const std::string& name, const 
     return format;
 }
 
+// Where the copy goes.
+class CopyOutput
+{
+public:
+    CopyOutput(const Call& call, const Console& theConsole) : console(theConsole)
+    {
+        if (!call.toStandardOutput()) {
+            file.emplace(call.output, call.force, std::vector<std::string>{call.input});
+        }
+    }
+
+    void write(const std::string& text)
+    {
+        if (!file) {
+            console.out << text;
+            return;
+        }
+        file->write(text);
+        file->commit();
+    }
+
+private:
+    const Console& console;
+    std::optional<SafeFile> file{};
+};
+
+// Reads and writes a file of a known format.
+int makeCopy(const std::string& path, const std::string& format, const TrueSettings& settings,
+             CopyOutput& output, Report& report)
+{
+    NormalForm form = normalFormOf(path, format, settings);
+    for (Finding& each : form.findings) {
+        report.add(std::move(each));
+    }
+    const bool isWritten = !form.isRefused && (form.marks > 0 || form.leftOut == 0);
+    if (isWritten) {
+        output.write(form.text);
+    }
+    return report.finish(format, form, isWritten);
+}
+
 int normalise(const Arguments& arguments, const Console& console)
 {
     const Call call(arguments);
@@ -176,22 +218,8 @@ int normalise(const Arguments& arguments, const Console& console)
     if (format.empty()) {
         return report.finish(format, {}, false);
     }
-    std::optional<SafeFile> copy; // before the reading, so that one that cannot be made is told at once
-    if (!call.toStandardOutput()) {
-        copy.emplace(call.output, call.force, std::vector<std::string>{call.input});
-    }
-    NormalForm form = normalFormOf(path, format, settings);
-    for (Finding& each : form.findings) {
-        report.add(std::move(each).in(call.input));
-    }
-    const bool isWritten = !form.isRefused && (form.marks > 0 || form.leftOut == 0);
-    if (isWritten && copy) {
-        copy->write(form.text);
-        copy->commit();
-    } else if (isWritten) {
-        console.out << form.text;
-    }
-    return report.finish(format, form, isWritten);
+    CopyOutput output(call, console); // before the reading: one that cannot be made is told at once
+    return makeCopy(path, format, settings, output, report);
 }
 
 } // namespace

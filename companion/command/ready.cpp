@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <ostream>
 #include <utility>
 
@@ -300,24 +301,23 @@ std::size_t observationsIn(const std::string& text)
     return count;
 }
 
+std::size_t timesIn(const std::string& text, std::string_view word)
+{
+    std::size_t count = 0;
+    for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
 // How many marks a copy holds, by its text.
 std::size_t marksIn(const std::string& text, const std::string& format)
 {
-    const auto times = [&text](std::string_view word) {
-        std::size_t count = 0;
-        for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1)) {
-            ++count;
-        }
-        return count;
-    };
     if (format == "tdm" || format == "tdm.xml") {
-        return times(format == "tdm" ? "\nANGLE_1 = " : "<ANGLE_1>");
+        return timesIn(text, format == "tdm" ? "\nANGLE_1 = " : "<ANGLE_1>");
     }
-    if (format == "ades.xml") {
-        return times("<optical>");
-    }
-    if (format == "ades.psv") {
-        return times("Z|");
+    if (format == "ades.xml" || format == "ades.psv") {
+        return timesIn(text, format == "ades.xml" ? "<optical>" : "Z|");
     }
     return format == "mpc" ? observationsIn(text) : heldMarksOf(text, format)->marks;
 }
@@ -346,19 +346,44 @@ NewNames renamed(const Arguments& arguments, CopyInput& input, Presentation& sho
     return names;
 }
 
-// Both files, or none.
-void writeFiles(const Arguments& arguments, const ReadyCall& call, const CopyInput& input, const Copy& copy,
-                const NewNames& names)
+// What is written: the copy of an input, and the list of made names.
+struct MadeCopy
 {
+    const CopyInput& input;
+    const Copy& copy;
+    const NewNames& names;
+};
+
+// Both files, or none.
+void write(const Arguments& arguments, const Console& console, const ReadyCall& call, const MadeCopy& made)
+{
+    if (call.output == standardInput) {
+        console.out << made.copy.text;
+        return;
+    }
     const bool isForced = arguments.has("force");
-    SafeFile file(call.output, isForced, input.files);
-    file.write(copy.text);
-    if (!names.empty()) {
-        SafeFile list(call.output + ".names", isForced, input.files);
-        list.write(linesOf(names));
+    SafeFile file(call.output, isForced, made.input.files);
+    file.write(made.copy.text);
+    if (!made.names.empty()) {
+        SafeFile list(call.output + ".names", isForced, made.input.files);
+        list.write(linesOf(made.names));
         list.commit();
     }
     file.commit();
+}
+
+// What is against writing a copy; nothing where it may be written.
+std::optional<Finding> obstacle(const ReadyCall& call, const Copy& copy, ReadyEnd& end)
+{
+    if (end.refused > 0 && !call.leavesOut) {
+        const std::string marks = counted(end.refused, "mark");
+        return finding("V422", {{"marks", marks}}).in(call.input).times(end.refused);
+    }
+    if (marksIn(copy.text, call.receiver.format) != end.marks - end.refused) {
+        end.refused = end.marks;
+        return finding("V490", {{"sum", "the marks of the input and of the copy"}}).in(call.input);
+    }
+    return std::nullopt;
 }
 
 // Makes the copy of what was read, and writes it where nothing is against it.
@@ -371,29 +396,23 @@ ReadyEnd makeCopy(const Arguments& arguments, const Console& console, const Read
     const std::vector<Finding> contradictions = settleObservatories(arguments, input, call.input);
     shown.add(contradictions);
     const std::size_t marks = marksOf(input);
-    const ReadyEnd nothing{read.format, marks, marks, false, true};
+    ReadyEnd end{read.format, marks, marks, false, true};
     if (!contradictions.empty()) {
-        return nothing;
+        return end;
     }
     const Copy copy = call.receiver.copy(input.tracks, copySettings(arguments, call.input));
-    const std::size_t refused = copy.refused + input.leftOut;
+    end.refused = copy.refused + input.leftOut;
     shown.add(copy.reasons);
     shown.add(copy.mended);
-    if (refused > 0 && !call.leavesOut) {
-        shown.add({finding("V422", {{"marks", counted(refused, "mark")}}).in(call.input).times(refused)});
-        return {read.format, marks, refused, false, true};
+    if (const auto found = obstacle(call, copy, end)) {
+        shown.add({*found});
+        return end;
     }
-    if (marksIn(copy.text, call.receiver.format) != marks - refused) {
-        shown.add({finding("V490", {{"sum", "the marks of the input and of the copy"}}).in(call.input)});
-        return nothing;
+    end.isWritten = !call.isDry && !copy.text.empty();
+    if (end.isWritten) {
+        write(arguments, console, call, {input, copy, names});
     }
-    const bool isWritten = !call.isDry && !copy.text.empty();
-    if (isWritten && call.output == standardInput) {
-        console.out << copy.text;
-    } else if (isWritten) {
-        writeFiles(arguments, call, input, copy, names);
-    }
-    return {read.format, marks, refused, isWritten, true};
+    return end;
 }
 
 int ready(const Arguments& arguments, const Console& console)

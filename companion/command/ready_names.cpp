@@ -63,6 +63,36 @@ std::string inBase36(std::size_t number)
     return text;
 }
 
+// Names of a base and a number, without those that an object has or that are designations.
+class RunningNames
+{
+public:
+    RunningNames(const CopyInput& input, const std::string& theBase) : base(theBase)
+    {
+        for (const CopyTrack& track : input.tracks) {
+            taken.insert(track.track.QRVName);
+        }
+    }
+
+    std::string next()
+    {
+        std::string name;
+        do {
+            name = base + inBase36(++number);
+        } while (taken.contains(name) || designationOf(name));
+        if (name.size() > longestName) {
+            throw wrongCall("--new-names",
+                            '"' + base + "\" leaves no room for the numbers of " + counted(number, "object"));
+        }
+        return name;
+    }
+
+private:
+    std::string base;
+    std::set<std::string> taken{};
+    std::size_t number = 0;
+};
+
 bool needsName(const CopyInput& input, const CopyTrack& track)
 {
     const std::string& name = track.track.QRVName;
@@ -85,26 +115,13 @@ NewNames newNames(const CopyInput& input, const std::string& base)
     if (!isTemporaryName(base) || base.size() >= longestName) {
         throw wrongCall("--new-names", '"' + base + "\" is not 1 to 6 letters and digits, a letter first");
     }
-    std::set<std::string> taken;
-    for (const CopyTrack& track : input.tracks) {
-        taken.insert(track.track.QRVName);
-    }
+    RunningNames running(input, base);
     NewNames names;
     std::set<std::string> named;
-    std::size_t number = 0;
     for (const CopyTrack& track : input.tracks) {
-        if (!needsName(input, track) || !named.insert(track.track.QRVName).second) {
-            continue;
+        if (needsName(input, track) && named.insert(track.track.QRVName).second) {
+            names.emplace_back(track.track.QRVName, running.next());
         }
-        std::string now;
-        do {
-            now = base + inBase36(++number);
-        } while (taken.contains(now) || designationOf(now));
-        if (now.size() > longestName) {
-            throw wrongCall("--new-names",
-                            '"' + base + "\" leaves no room for the numbers of " + counted(number, "object"));
-        }
-        names.emplace_back(track.track.QRVName, now);
     }
     return names;
 }

@@ -118,6 +118,28 @@ Observatory optionsSay(const Arguments& arguments)
     return observatory;
 }
 
+Finding stationTwice(const std::string& ofInput, const std::string& ofProfile)
+{
+    return finding("V421", {{"field", "the station"},
+                            {"first", ofInput},
+                            {"source", "the input"},
+                            {"second", ofProfile},
+                            {"other", "the profile"},
+                            {"option", "--station"}});
+}
+
+void settle(CopyTrack& track, const Observatory& profile, const Observatory& options)
+{
+    auto settled = std::make_shared<Observatory>(*track.observatory);
+    putBefore(*settled, profile);
+    putBefore(*settled, options);
+    readTelescopeLine(*settled);
+    if (!options.station.empty()) {
+        track.track.telescope = options.station;
+    }
+    track.observatory = std::move(settled);
+}
+
 } // namespace
 
 const Receiver& receiverNamed(const std::string& word)
@@ -159,22 +181,9 @@ std::vector<Finding> settleObservatories(const Arguments& arguments, CopyInput& 
         const std::string own = track.observatory->station;
         const bool isTwice = !own.empty() && !profile.station.empty() && own != profile.station;
         if (isTwice && options.station.empty() && told.insert(own).second) {
-            contradictions.push_back(finding("V421", {{"field", "the station"},
-                                                      {"first", own},
-                                                      {"source", "the input"},
-                                                      {"second", profile.station},
-                                                      {"other", "the profile"},
-                                                      {"option", "--station"}})
-                                         .in(file));
+            contradictions.push_back(stationTwice(own, profile.station).in(file));
         }
-        auto settled = std::make_shared<Observatory>(*track.observatory);
-        putBefore(*settled, profile);
-        putBefore(*settled, options);
-        readTelescopeLine(*settled);
-        if (!options.station.empty()) {
-            track.track.telescope = options.station;
-        }
-        track.observatory = std::move(settled);
+        settle(track, profile, options);
     }
     return contradictions;
 }

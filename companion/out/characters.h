@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <concepts>
 #include <string>
 #include <string_view>
 
@@ -20,11 +21,23 @@ inline bool areDigits(std::string_view text)
     return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
 }
 
-/// A text without the blanks at its ends; an empty one stands where the text ends.
+/// A text without the characters at its ends that count as blanks; an empty one stands where the text ends.
+template <std::predicate<char> IsBlank>
+std::string_view trimmed(std::string_view text, IsBlank isBlank)
+{
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
+/// A text without the blanks at its ends.
 inline std::string_view trimmed(std::string_view text, std::string_view blanks = " ")
 {
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
+    return trimmed(text, [blanks](char c) { return blanks.find(c) != blanks.npos; });
 }
 
 /// A number's text without the sign in front of it.

@@ -2,6 +2,7 @@
 
 #include "reading/ades_reading.h"
 #include "reading/brightness_reading.h"
+#include "receivers/designation_forms.h"
 
 #include <algorithm>
 #include <cmath>
@@ -65,13 +66,35 @@ std::uint32_t SharedTexts::numberOf(const std::string& text)
     return place->second;
 }
 
-std::vector<std::uint32_t> SharedTexts::order() const
+ObjectNames::ObjectNames()
 {
-    std::vector<std::uint32_t> sorted(texts.size());
+    numberOf("");
+}
+
+std::uint32_t ObjectNames::numberOf(const std::string& name)
+{
+    const auto [place, isNew] = numbers.try_emplace(name, static_cast<std::uint32_t>(names.size()));
+    if (!isNew) {
+        return place->second;
+    }
+    if (const auto designation = designationOf(name)) {
+        const std::string& usual =
+            designation->number.empty() ? designation->provisional : designation->number;
+        place->second = designations.try_emplace(usual, place->second).first->second;
+    }
+    if (place->second == names.size()) {
+        names.push_back(&place->first);
+    }
+    return place->second;
+}
+
+std::vector<std::uint32_t> ObjectNames::order() const
+{
+    std::vector<std::uint32_t> sorted(names.size());
     std::iota(sorted.begin(), sorted.end(), 0U);
     std::sort(sorted.begin(), sorted.end(),
-              [this](std::uint32_t a, std::uint32_t b) { return *texts[a] < *texts[b]; });
-    std::vector<std::uint32_t> places(texts.size());
+              [this](std::uint32_t a, std::uint32_t b) { return *names[a] < *names[b]; });
+    std::vector<std::uint32_t> places(names.size());
     for (std::size_t place = 0; place < sorted.size(); ++place) {
         places[sorted[place]] = static_cast<std::uint32_t>(place);
     }

@@ -32,18 +32,44 @@ public:
     {
         return texts.size();
     }
-    /// The place of each number's text in the order of bytes.
-    std::vector<std::uint32_t> order() const;
 
 private:
     std::unordered_map<std::string, std::uint32_t> numbers{};
     std::vector<const std::string*> texts{};
 };
 
+/// The names of objects. A designation is one object in all its forms: "K24Y04R" is "2024 YR4". The number 0
+/// is the empty name.
+class ObjectNames
+{
+public:
+    ObjectNames();
+
+    /// The number of the object that has a name.
+    std::uint32_t numberOf(const std::string& name);
+    /// The name that an object had first.
+    const std::string& text(std::uint32_t number) const
+    {
+        return *names[number];
+    }
+    /// How many objects there are.
+    std::size_t size() const
+    {
+        return names.size();
+    }
+    /// The place of each number's name in the order of bytes.
+    std::vector<std::uint32_t> order() const;
+
+private:
+    std::unordered_map<std::string, std::uint32_t> numbers{};      // by names
+    std::unordered_map<std::string, std::uint32_t> designations{}; // by their usual form
+    std::vector<const std::string*> names{};
+};
+
 /// What marks of both files refer to.
 struct ComparedTexts
 {
-    SharedTexts objects{};
+    ObjectNames objects{};
     SharedTexts others{}; ///< stations, frames, bands
 };
 

@@ -58,9 +58,13 @@ bool isEarlier(const ComparedMark& a, const ComparedMark& b)
     return a.day < b.day || (a.day == b.day && a.fraction < b.fraction);
 }
 
-void sortByTime(std::vector<ComparedMark>& marks)
+// Marks of a file are in their order as a rule, and to see that costs less than to move them.
+template <class Before>
+void sortMarks(std::vector<ComparedMark>& marks, Before before)
 {
-    std::stable_sort(marks.begin(), marks.end(), isEarlier);
+    if (!std::is_sorted(marks.begin(), marks.end(), before)) {
+        std::stable_sort(marks.begin(), marks.end(), before);
+    }
 }
 
 void sortPairs(std::vector<ComparedPair>& pairs)
@@ -289,7 +293,7 @@ private:
 // Sorts marks by the places of their objects, then by time.
 void sortByObject(std::vector<ComparedMark>& marks, const std::vector<std::uint32_t>& order)
 {
-    std::stable_sort(marks.begin(), marks.end(), [&order](const ComparedMark& a, const ComparedMark& b) {
+    sortMarks(marks, [&order](const ComparedMark& a, const ComparedMark& b) {
         return a.object != b.object ? order[a.object] < order[b.object] : isEarlier(a, b);
     });
 }
@@ -381,8 +385,8 @@ void MarkComparison::byObject(std::vector<ComparedMark>& ofA, std::vector<Compar
 void MarkComparison::byPosition(std::vector<ComparedMark>& ofA, std::vector<ComparedMark>& ofB,
                                 const Use& use) const
 {
-    sortByTime(ofA);
-    sortByTime(ofB);
+    sortMarks(ofA, isEarlier);
+    sortMarks(ofB, isEarlier);
     NearPlaces places(ofB);
     std::vector<ComparedPair> pairs;
     std::vector<bool> isTaken(ofB.size());

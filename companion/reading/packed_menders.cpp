@@ -16,8 +16,8 @@
 namespace companion {
 namespace {
 
-constexpr std::string_view blanks = " \t";
 constexpr std::size_t withoutDecimals = 6; // HHMMSS
+constexpr std::size_t wordsOfLongestMark = 7;
 
 constexpr std::string_view signPut = "a plus sign in front of declinations";
 constexpr std::string_view tenPut = "seconds rounded up to 10";
@@ -31,13 +31,14 @@ bool isSigned(std::string_view text)
 
 std::vector<std::string_view> wordsOf(std::string_view line)
 {
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
     std::vector<std::string_view> words;
-    for (std::size_t at = line.find_first_not_of(blanks); at != line.npos;
-         at = line.find_first_not_of(blanks, at))
-    {
-        const std::size_t end = std::min(line.find_first_of(blanks, at), line.size());
-        words.push_back(line.substr(at, end - at));
-        at = end;
+    words.reserve(wordsOfLongestMark);
+    const char* at = std::find_if_not(line.begin(), line.end(), isBlank);
+    while (at != line.end()) {
+        const char* const end = std::find_if(at, line.end(), isBlank);
+        words.emplace_back(at, static_cast<std::size_t>(end - at));
+        at = std::find_if_not(end, line.end(), isBlank);
     }
     return words;
 }

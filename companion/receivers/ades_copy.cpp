@@ -187,34 +187,32 @@ private:
     {
         const std::string& name = track.track.QRVName;
         const bool isLaunch = isLaunchDesignation(name);
-        if (isLaunch || track.isSatellite) {
-            if (!settings.allowsSatellites) {
-                return finding("V318", {{"name", name}});
-            }
+        const bool isSatellite = isLaunch || track.isSatellite;
+        if (isSatellite && !settings.allowsSatellites) {
+            return finding("V318", {{"name", name}});
+        }
+        if (isSatellite) {
             values = {{isLaunch && name[4] == '-' ? "artSat" : "trkSub", name}};
             return faultOf(values);
         }
         if (const auto number = packedNumber(name); number && !track.isIdentified && !settings.areNumbers) {
             return finding("V311", {{"name", name}, {"number", std::to_string(*number)}});
         }
-        if (const auto designation = designationOf(name)) {
-            if (!designation->number.empty()) {
-                values.emplace_back("permID", designation->number);
-            } else {
-                values.emplace_back("provID", designation->provisional);
-            }
-            tellUnpacked(track, values.front().second);
-        } else {
-            values = {{"trkSub", name}};
+        values = {nameElement(name)};
+        if (values[0].second != name) {
+            tally.mend("the designation is unpacked", track.marks.size());
         }
         return faultOf(values);
     }
 
-    void tellUnpacked(const CopyTrack& track, const std::string& text)
+    static AdesValue nameElement(const std::string& name)
     {
-        if (text != track.track.QRVName) {
-            tally.mend("the designation is unpacked", track.marks.size());
+        const auto designation = designationOf(name);
+        if (!designation) {
+            return {"trkSub", name};
         }
+        return designation->number.empty() ? AdesValue("provID", designation->provisional)
+                                           : AdesValue("permID", designation->number);
     }
 
     // The first of the elements that the table does not take.

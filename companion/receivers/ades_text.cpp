@@ -69,6 +69,33 @@ void appendRow(std::string& out, const std::vector<Column>& columns, const TextO
     out += '\n';
 }
 
+void appendBlock(std::string& out, const AdesBlock& block)
+{
+    out += "  <obsBlock>\n    <obsContext>\n";
+    for (const AdesPart& part : block.context) {
+        out += "      <" + part.name + ">\n";
+        appendElements(out, part.values, "        ");
+        out += "      </" + part.name + ">\n";
+    }
+    out += "    </obsContext>\n    <obsData>\n";
+    for (const auto& observation : block.observations) {
+        out += "      <optical>\n";
+        appendElements(out, observation, "        ");
+        out += "      </optical>\n";
+    }
+    out += "    </obsData>\n  </obsBlock>\n";
+}
+
+void appendContext(std::string& out, const std::vector<AdesPart>& context)
+{
+    for (const AdesPart& part : context) {
+        out += "# " + part.name + '\n';
+        for (const auto& [name, text] : part.values) {
+            out.append("! ").append(name).append(" ").append(text) += '\n';
+        }
+    }
+}
+
 } // namespace
 
 std::string adesXml(const std::vector<AdesBlock>& blocks)
@@ -76,19 +103,7 @@ std::string adesXml(const std::vector<AdesBlock>& blocks)
     std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ades version=\"";
     out += std::string(adesVersion) + "\">\n";
     for (const AdesBlock& block : blocks) {
-        out += "  <obsBlock>\n    <obsContext>\n";
-        for (const AdesPart& part : block.context) {
-            out += "      <" + part.name + ">\n";
-            appendElements(out, part.values, "        ");
-            out += "      </" + part.name + ">\n";
-        }
-        out += "    </obsContext>\n    <obsData>\n";
-        for (const auto& observation : block.observations) {
-            out += "      <optical>\n";
-            appendElements(out, observation, "        ");
-            out += "      </optical>\n";
-        }
-        out += "    </obsData>\n  </obsBlock>\n";
+        appendBlock(out, block);
     }
     return out + "</ades>\n";
 }
@@ -97,12 +112,7 @@ std::string adesPsv(const std::vector<AdesBlock>& blocks)
 {
     std::string out = "# version=" + std::string(adesVersion) + '\n';
     for (const AdesBlock& block : blocks) {
-        for (const AdesPart& part : block.context) {
-            out += "# " + part.name + '\n';
-            for (const auto& [name, text] : part.values) {
-                out.append("! ").append(name).append(" ").append(text) += '\n';
-            }
-        }
+        appendContext(out, block.context);
         const std::vector<Column> columns = columnsOf(block);
         appendRow(out, columns, [](const std::string& name) { return name; });
         for (const auto& observation : block.observations) {

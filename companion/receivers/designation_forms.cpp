@@ -320,6 +320,10 @@ std::optional<std::string> columnsOfProvisional(const std::string& text)
 
 std::optional<Designation> designationOf(std::string_view name)
 {
+    constexpr std::size_t longest = 100; // with the name of a discoverer
+    if (name.size() > longest) {
+        return std::nullopt;
+    }
     const std::string text(name);
     if (const auto packed = ofPackedName(text)) {
         return packed;

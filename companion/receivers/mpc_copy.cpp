@@ -229,24 +229,32 @@ private:
         const double magnitude = track.track.Marks[place.mark].m;
         const int decimals = decimalsOf(track.marks[place.mark].steps.magnitude, 1, 2);
         const auto columns = magnitudeColumns(magnitude, decimals);
-        if (!columns) {
-            tally.refuse(place, columnsFault("columns 66 to 70", std::to_string(magnitude),
-                                             "a number with its point in column 68 is wanted"));
-            return false;
-        }
         const std::string band = bandOf(track, place.mark);
-        const std::string_view fault = faultOfBand(band);
-        if (band.empty() || band[0] == ' ') {
-            tally.refuse(place, notKnown("the band of the magnitude", "--band or --no-magnitudes"));
-            return false;
-        }
-        if (!fault.empty() || band.size() > 1) {
-            tally.refuse(place, columnsFault("column 71", band, std::string(fault)));
+        if (const auto fault = columns ? bandFault(band) : magnitudeFault(magnitude)) {
+            tally.refuse(place, *fault);
             return false;
         }
         put(line, magnitudePlace, *columns);
         put(line, bandPlace, band);
         return true;
+    }
+
+    static std::optional<Finding> magnitudeFault(double magnitude)
+    {
+        return columnsFault("columns 66 to 70", std::to_string(magnitude),
+                            "a number with its point in column 68 is wanted");
+    }
+
+    static std::optional<Finding> bandFault(const std::string& band)
+    {
+        if (band.empty() || band[0] == ' ') {
+            return notKnown("the band of the magnitude", "--band or --no-magnitudes");
+        }
+        const std::string_view fault = faultOfBand(band);
+        if (!fault.empty() || band.size() > 1) {
+            return columnsFault("column 71", band, std::string(fault));
+        }
+        return std::nullopt;
     }
 
     // What the line has other than the tool would write it. A line that was in 80 columns before has it
@@ -300,27 +308,37 @@ private:
         }
         const std::vector<Finding> faults = mpcHeaderFaults(*block.observatory, isFirst);
         if (!faults.empty()) {
-            std::vector<CopyPlace> places;
-            for (const Row& row : block.rows) {
-                places.push_back(row.place);
-            }
-            for (const Finding& fault : faults) {
-                tally.refuseAll(places, fault);
-            }
+            refuseBlock(block, faults);
             return {};
         }
-        const auto before = [](const Row& a, const Row& b) {
-            return std::tie(a.name, a.moment) < std::tie(b.name, b.moment);
-        };
-        if (!std::is_sorted(block.rows.begin(), block.rows.end(), before)) {
-            std::stable_sort(block.rows.begin(), block.rows.end(), before);
-            tally.mend("the lines are in the order of object and time", block.rows.size());
-        }
+        sortRows(block.rows);
         std::string text = mpcHeader(*block.observatory, acknowledgementOf(block));
         for (const Row& row : block.rows) {
             text += row.line + '\n';
         }
         return text;
+    }
+
+    void refuseBlock(const Block& block, const std::vector<Finding>& faults)
+    {
+        std::vector<CopyPlace> places;
+        for (const Row& row : block.rows) {
+            places.push_back(row.place);
+        }
+        for (const Finding& fault : faults) {
+            tally.refuseAll(places, fault);
+        }
+    }
+
+    void sortRows(std::vector<Row>& rows)
+    {
+        const auto before = [](const Row& a, const Row& b) {
+            return std::tie(a.name, a.moment) < std::tie(b.name, b.moment);
+        };
+        if (!std::is_sorted(rows.begin(), rows.end(), before)) {
+            std::stable_sort(rows.begin(), rows.end(), before);
+            tally.mend("the lines are in the order of object and time", rows.size());
+        }
     }
 
     static std::string acknowledgementOf(const Block& block)

@@ -109,7 +109,8 @@ void readTelescopeLine(Observatory& observatory)
     static const std::regex form(R"((\d+(?:\.\d+)?)-m(?:/[\d.]+-m)? (?:f/(\d+(?:\.\d+)?) )?([A-Za-z][^+,]*?))"
                                  R"((?: \+ .*?(CCD))?(?: \+ .*)?(?:, .*)?)");
     std::smatch parts;
-    if (!std::regex_match(observatory.telescope, parts, form)) {
+    constexpr std::size_t longest = 200; // more than any line that the receiver takes
+    if (observatory.telescope.size() > longest || !std::regex_match(observatory.telescope, parts, form)) {
         return;
     }
     std::string* const texts[] = {&observatory.aperture, &observatory.fRatio, &observatory.design,

@@ -50,6 +50,21 @@ void appendKey(std::string& out, std::string_view key, const std::string& value)
     out.append(key).append(" = ").append(value) += '\n';
 }
 
+void appendSegment(std::string& out, const Segment& segment)
+{
+    out += "META_START\n";
+    for (const auto& [key, value] : segment.metadata) {
+        appendKey(out, key, value);
+    }
+    out += "META_STOP\nDATA_START\n";
+    for (const Record& record : segment.records) {
+        for (const auto& [key, value] : record.values) {
+            appendKey(out, key, record.epoch + ' ' + value);
+        }
+    }
+    out += "DATA_STOP\n";
+}
+
 std::string textOf(const Message& message)
 {
     std::string out;
@@ -57,17 +72,7 @@ std::string textOf(const Message& message)
     appendKey(out, "CREATION_DATE", message.creationDate);
     appendKey(out, "ORIGINATOR", message.originator);
     for (const Segment& segment : message.segments) {
-        out += "META_START\n";
-        for (const auto& [key, value] : segment.metadata) {
-            appendKey(out, key, value);
-        }
-        out += "META_STOP\nDATA_START\n";
-        for (const Record& record : segment.records) {
-            for (const auto& [key, value] : record.values) {
-                appendKey(out, key, record.epoch + ' ' + value);
-            }
-        }
-        out += "DATA_STOP\n";
+        appendSegment(out, segment);
     }
     return out;
 }
@@ -76,6 +81,24 @@ void appendElement(std::string& out, int depth, std::string_view key, const std:
 {
     out.append(static_cast<std::size_t>(depth) * 2, ' ').append("<").append(key).append(">");
     out.append(xmlText(value)).append("</").append(key).append(">\n");
+}
+
+void appendXmlSegment(std::string& out, const Segment& segment)
+{
+    out += "    <segment>\n      <metadata>\n";
+    for (const auto& [key, value] : segment.metadata) {
+        appendElement(out, 4, key, value);
+    }
+    out += "      </metadata>\n      <data>\n";
+    for (const Record& record : segment.records) {
+        for (const auto& [key, value] : record.values) {
+            out += "        <observation>\n";
+            appendElement(out, 5, "EPOCH", record.epoch);
+            appendElement(out, 5, key, value);
+            out += "        </observation>\n";
+        }
+    }
+    out += "      </data>\n    </segment>\n";
 }
 
 std::string xmlOf(const Message& message)
@@ -89,20 +112,7 @@ std::string xmlOf(const Message& message)
     appendElement(out, 2, "ORIGINATOR", message.originator);
     out += "  </header>\n  <body>\n";
     for (const Segment& segment : message.segments) {
-        out += "    <segment>\n      <metadata>\n";
-        for (const auto& [key, value] : segment.metadata) {
-            appendElement(out, 4, key, value);
-        }
-        out += "      </metadata>\n      <data>\n";
-        for (const Record& record : segment.records) {
-            for (const auto& [key, value] : record.values) {
-                out += "        <observation>\n";
-                appendElement(out, 5, "EPOCH", record.epoch);
-                appendElement(out, 5, key, value);
-                out += "        </observation>\n";
-            }
-        }
-        out += "      </data>\n    </segment>\n";
+        appendXmlSegment(out, segment);
     }
     return out + "  </body>\n</tdm>\n";
 }

@@ -98,13 +98,17 @@ constexpr TdmKey keys[] = {
     {"DATA_STOP", false, bracket, TdmValue::none, "", true, false},
 };
 
-constexpr std::string_view blanks = " \t";
+constexpr bool isBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
 
 // Takes the text up to a blank from the front of another one.
 std::string_view takeWord(std::string_view& text)
 {
-    text = trimmed(text, blanks);
-    const std::string_view word = text.substr(0, text.find_first_of(blanks));
+    text = trimmed(text, isBlank);
+    const auto length = std::find_if(text.begin(), text.end(), isBlank) - text.begin();
+    const std::string_view word = text.substr(0, static_cast<std::size_t>(length));
     text.remove_prefix(word.size());
     return word;
 }
@@ -186,15 +190,15 @@ const TdmKey* tdmKey(std::string_view key)
 TdmLine tdmLineOf(std::string_view line)
 {
     constexpr std::string_view comment = "COMMENT";
-    const std::string_view text = trimmed(line, blanks);
-    if (text.starts_with(comment) && (text.size() == comment.size() || blanks.find(text[7]) != blanks.npos)) {
-        return {text.substr(0, comment.size()), trimmed(text.substr(comment.size()), blanks), false};
+    const std::string_view text = trimmed(line, isBlank);
+    if (text.starts_with(comment) && (text.size() == comment.size() || isBlank(text[7]))) {
+        return {text.substr(0, comment.size()), trimmed(text.substr(comment.size()), isBlank), false};
     }
     const std::size_t sign = text.find('=');
     if (sign == std::string_view::npos) {
         return {text, text.substr(text.size()), false};
     }
-    return {trimmed(text.substr(0, sign), blanks), trimmed(text.substr(sign + 1), blanks), true};
+    return {trimmed(text.substr(0, sign), isBlank), trimmed(text.substr(sign + 1), isBlank), true};
 }
 
 TdmRecord tdmRecordOf(std::string_view value)
@@ -202,7 +206,7 @@ TdmRecord tdmRecordOf(std::string_view value)
     TdmRecord record;
     record.epoch = takeWord(value);
     record.value = takeWord(value);
-    record.rest = trimmed(value, blanks);
+    record.rest = trimmed(value, isBlank);
     return record;
 }
 

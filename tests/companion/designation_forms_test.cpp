@@ -129,6 +129,12 @@ TEST(DesignationForms, OtherNamesAreNoDesignations)
     }
 }
 
+TEST(DesignationForms, ANameOfAnyLengthIsLookedAt)
+{
+    EXPECT_FALSE(designationOf("433 Er" + std::string(1'000'000, 'o') + "s"));
+    EXPECT_FALSE(designationOf(std::string(1'000'000, '1')));
+}
+
 TEST(DesignationForms, TemporaryNamesAreUpTo7LettersAndDigitsALetterFirst)
 {
     for (const char* name : {"A", "AST1000", "x1", "P10vtDN"}) {

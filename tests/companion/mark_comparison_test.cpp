@@ -163,6 +163,18 @@ TEST(MarkComparison, ObjectsComeInTheOrderOfTheirBytes)
     EXPECT_THAT(files.byObject(), ElementsAre("!2-", "!-3", "=1-1"));
 }
 
+TEST(MarkComparison, ADesignationIsOneObjectInAllItsForms)
+{
+    Comparison files;
+    files.a = {files.mark(10, 100, 20, 18, "K24Y04R"), files.mark(20, 100, 20, 18, "00433"),
+               files.mark(30, 100, 20, 18, "AST1000")};
+    files.b = {files.mark(10, 100, 20, 18, "2024 YR4"), files.mark(20, 100, 20, 18, "433"),
+               files.mark(30, 100, 20, 18, "AST10000")};
+    EXPECT_THAT(files.byObject(), ElementsAre("=20-20", "!30-", "!-30", "=10-10"));
+    EXPECT_EQ(files.texts.objects.text(files.a[0].object), "00433");
+    EXPECT_EQ(files.texts.objects.text(files.b[0].object), "00433"); // as in the first file
+}
+
 TEST(MarkComparison, EachFieldThatDiffersIsTold)
 {
     Comparison files;

@@ -219,6 +219,19 @@ TEST_F(Ready, AReportInSeveralHeadersKeepsThem)
     EXPECT_EQ(written(), report);
 }
 
+TEST_F(Ready, LinesOfACopyEndInALineFeedAlone)
+{
+    makeFile(folder / "in.txt",
+             "COD K88\r\nOBS A. B. Sender\r\nMEA C. Reader\r\nTEL 0.6-m f/4 reflector + CCD\r\n"
+             "NET Gaia-DR3\r\nAC2 report@example.org\r\n"
+             "     AST1000  C2025 02 23.50000 01 00 00.00 +00 30 00.0          "
+             " 9.5 V      K88\r\n");
+    const CommandEnd end = call({"-o", folder / "out.txt"}, "in.txt");
+    EXPECT_EQ(end.status, 0) << end.out;
+    EXPECT_EQ(written().find('\r'), std::string::npos) << written();
+    EXPECT_THAT(written(), HasSubstr("\nOBS A. B. Sender\nMEA C. Reader\nTEL 0.6-m f/4 reflector + CCD\n"));
+}
+
 TEST_F(Ready, ATelescopeLineTellsItsParts)
 {
     Observatory observatory;
@@ -230,6 +243,10 @@ TEST_F(Ready, ATelescopeLineTellsItsParts)
     EXPECT_EQ(observatory.detector, "CCD");
     Observatory other;
     other.telescope = "600mm f/4";
+    companion::readTelescopeLine(other);
+    EXPECT_EQ(other.aperture, "");
+    other.telescope =
+        "0.41-m " + std::string(1'000'000, 'x') + " + CCD"; // no room for what a pattern recalls
     companion::readTelescopeLine(other);
     EXPECT_EQ(other.aperture, "");
 }

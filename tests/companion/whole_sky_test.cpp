@@ -219,6 +219,15 @@ constexpr const char* profile =
  "submitter": "A. B. Sender", "telescope": {"design": "reflector", "aperture": 0.6, "detector": "CCD"},
  "mode": "CCD", "astrometricCatalogue": "Gaia3", "aavsoCode": "TST01"})";
 
+CommandEnd ready(const TemporaryFolder& folder, const std::string& input, const std::string& format,
+                 const std::string& receiver, const std::string& output)
+{
+    return callCommand({"ready", folder / input, "--as", format, "--for", receiver, "--profile",
+                        folder / "profile.json", "--band", "V", "--magnitude", "apparent", "--creation-date",
+                        "2025-02-24T00:00:00", "-o", folder / output});
+}
+
+// A source and its copies, each named after its form. They are made once for all that is looked at.
 class WholeSky : public testing::TestWithParam<Source>
 {
 protected:
@@ -226,58 +235,75 @@ protected:
     {
         makeFile(folder / "profile.json", profile);
         GetParam().write(folder / "in.txt", sky);
+        for (const Form& form : forms) {
+            ends.push_back(ready(folder, "in.txt", GetParam().name, form.word, nameOf(form)));
+        }
     }
 
-    CommandEnd ready(const std::string& input, const std::string& format, const std::string& receiver,
-                     const std::string& output) const
+    static std::string nameOf(const Form& form)
     {
-        return callCommand({"ready", folder / input, "--as", format, "--for", receiver, "--profile",
-                            folder / "profile.json", "--band", "V", "--magnitude", "apparent",
-                            "--creation-date", "2025-02-24T00:00:00", "-o", folder / output});
+        return std::string(form.word) + ".txt";
     }
 
-    TemporaryFolder folder;
-    Tracks sky = wholeSky();
+    void expectAllMarks() const
+    {
+        for (std::size_t i = 0; i < std::size(forms); ++i) {
+            SCOPED_TRACE(forms[i].word);
+            EXPECT_EQ(ends[i].status, 0);
+            EXPECT_THAT(ends[i].out, HasSubstr("ready: 4,000 marks in, 4,000 out, 0 refused\n"));
+            const std::string text = bytesOf(folder / nameOf(forms[i]));
+            EXPECT_THAT(copies::linted(text, forms[i].format, forms[i].receiver), IsEmpty());
+        }
+    }
+
+    void expectTheirPlaces() const
+    {
+        const Places expected = placesOf(sky);
+        ASSERT_EQ(expected.size(), allMarks);
+        for (const Form& form : {forms[0], forms[1], forms[2]}) {
+            SCOPED_TRACE(form.word);
+            const Places found = placesOfCopy(folder / nameOf(form), form.format);
+            expectPlaces(found, expected, GetParam().angle + form.angle);
+        }
+        const Form& rows = forms[5];
+        const Places found = placesOfRows(bytesOf(folder / nameOf(rows)));
+        expectPlaces(found, expected, GetParam().angle + rows.angle);
+    }
+
+    // Its tolerance is half of the last digit of the coarser form.
+    void expectNoDifference() const
+    {
+        for (const Form& form : forms) {
+            if (form.angle > 0) {
+                const CommandEnd end = callCommand({"diff", "-c", folder / "in.txt", folder / nameOf(form)});
+                EXPECT_EQ(end.status, 0) << form.word << '\n' << end.out.substr(0, 1000) << end.err;
+            }
+        }
+    }
+
+    void expectTheSameAgain() const
+    {
+        for (const Form& form : {forms[0], forms[1], forms[2]}) {
+            SCOPED_TRACE(form.word);
+            const std::string once = nameOf(form);
+            const CommandEnd end = ready(folder, once, form.format, form.word, "twice." + once);
+            EXPECT_EQ(end.status, 0) << end.out.substr(0, 400);
+            EXPECT_TRUE(bytesOf(folder / once) == bytesOf(folder / ("twice." + once)));
+            EXPECT_EQ(end.out, "ready: 4,000 marks in, 4,000 out, 0 refused\n");
+        }
+    }
+
+    const TemporaryFolder folder{};
+    const Tracks sky = wholeSky();
+    std::vector<CommandEnd> ends{};
 };
 
 TEST_P(WholeSky, ComesOutInEachForm)
 {
-    for (const Form& form : forms) {
-        SCOPED_TRACE(form.word);
-        const std::string name = std::string("out.") + form.word + ".txt";
-        const CommandEnd end = ready("in.txt", GetParam().name, form.word, name);
-        EXPECT_EQ(end.status, 0);
-        EXPECT_THAT(end.out, HasSubstr("ready: 4,000 marks in, 4,000 out, 0 refused\n"));
-        const std::string text = bytesOf(folder / name);
-        EXPECT_THAT(copies::linted(text, form.format, form.receiver), IsEmpty());
-    }
-}
-
-TEST_P(WholeSky, KeepsItsPlaces)
-{
-    const Places expected = placesOf(sky);
-    ASSERT_EQ(expected.size(), allMarks);
-    for (const Form& form : {forms[0], forms[1], forms[2]}) {
-        SCOPED_TRACE(form.word);
-        ASSERT_EQ(ready("in.txt", GetParam().name, form.word, form.word).status, 0);
-        expectPlaces(placesOfCopy(folder / form.word, form.format), expected, GetParam().angle + form.angle);
-    }
-    ASSERT_EQ(ready("in.txt", GetParam().name, "ades.psv", "ades").status, 0);
-    expectPlaces(placesOfRows(bytesOf(folder / "ades")), expected, GetParam().angle + 0.02);
-}
-
-TEST_P(WholeSky, ACopyOfTheCopyIsTheSame)
-{
-    for (const Form& form : {forms[0], forms[1], forms[2]}) {
-        SCOPED_TRACE(form.word);
-        const std::string once = std::string("once.") + form.word;
-        const std::string twice = std::string("twice.") + form.word;
-        ASSERT_EQ(ready("in.txt", GetParam().name, form.word, once).status, 0);
-        const CommandEnd end = ready(once, form.format, form.word, twice);
-        EXPECT_EQ(end.status, 0) << end.out.substr(0, 400);
-        EXPECT_TRUE(bytesOf(folder / once) == bytesOf(folder / twice));
-        EXPECT_EQ(end.out, "ready: 4,000 marks in, 4,000 out, 0 refused\n");
-    }
+    expectAllMarks();
+    expectTheirPlaces();
+    expectNoDifference();
+    expectTheSameAgain();
 }
 
 INSTANTIATE_TEST_SUITE_P(Sources, WholeSky, testing::ValuesIn(sources),
