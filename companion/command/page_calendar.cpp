@@ -160,24 +160,30 @@ std::size_t lookOf(const std::vector<PlacedTask>& tasks)
     return worst;
 }
 
-// "2024-01-20: 2 tasks, 1 up to date, 1 failed".
-std::string nightText(const std::string& date, const std::vector<PlacedTask>& tasks)
+std::string dayText(const year_month_day& date)
+{
+    return std::to_string(static_cast<unsigned>(date.day()));
+}
+
+// "20 January 2024: 2 tasks, 1 up to date, 1 failed": it begins with what stands in the calendar.
+std::string nightText(const year_month_day& date, const std::vector<PlacedTask>& tasks)
 {
     BatchCounts counts;
     for (const PlacedTask& each : tasks) {
         ++counts[each.task->night->status];
     }
-    return date + ": " + counted(tasks.size(), "task") + ", " + batchCountsText(counts);
+    return dayText(date) + ' ' + monthText(date.year() / date.month()) + ": " +
+           counted(tasks.size(), "task") + ", " + batchCountsText(counts);
 }
 
 void addNight(Html& page, const year_month_day& date, const std::vector<PlacedTask>& tasks)
 {
     const StateLook& look = looks[lookOf(tasks)];
-    const std::string text = nightText(dateText(date), tasks);
+    const std::string text = nightText(date, tasks);
     const Html::Element cell = page.in("td", {{"class", look.style}});
     const Html::Element link =
         page.in("a", {{"href", '#' + tasks.front().id()}, {"aria-label", text}, {"title", text}});
-    page.text(std::to_string(static_cast<unsigned>(date.day())));
+    page.text(dayText(date));
 }
 
 void addDay(Html& page, const year_month_day& date, const TasksOfNights& nights)
@@ -186,7 +192,7 @@ void addDay(Html& page, const year_month_day& date, const TasksOfNights& nights)
     if (known != nights.end()) {
         addNight(page, date, known->second);
     } else {
-        addCell(page, std::to_string(static_cast<unsigned>(date.day())));
+        addCell(page, dayText(date));
     }
 }
 
