@@ -104,6 +104,17 @@ void showJson(std::ostream& out, const std::string& path, const std::string& doc
     json.finish();
 }
 
+// Tells of a page that was written.
+void show(const std::string& path, const std::string& document, const PageContents& contents,
+          const Console& console, int status)
+{
+    if (console.look.json) {
+        showJson(console.out, path, document, contents, status);
+    } else {
+        console.out << printable(path) << ": " << summary(contents) << '\n';
+    }
+}
+
 int page(const Arguments& arguments, const Console& console)
 {
     const std::string path = outputOf(arguments, console);
@@ -114,13 +125,9 @@ int page(const Arguments& arguments, const Console& console)
     const int status = exitStatus(contents.totals);
     if (path == standardInput) {
         console.out << document;
-        return status;
-    }
-    write(path, document, arguments.has("force"), gatherer.sources());
-    if (console.look.json) {
-        showJson(console.out, path, document, contents, status);
     } else {
-        console.out << printable(path) << ": " << summary(contents) << '\n';
+        write(path, document, arguments.has("force"), gatherer.sources());
+        show(path, document, contents, console, status);
     }
     return status;
 }

@@ -131,6 +131,13 @@ std::string whyOf(const BatchOutcome& outcome)
     return text;
 }
 
+// The folder of a batch as its tasks see it, so that a page is the same wherever it is made.
+BatchFolder seenFromThere(const SeenBatch& batch)
+{
+    const std::filesystem::path folder = batch.folder.path();
+    return batch.from.empty() ? batch.folder : BatchFolder(folder.lexically_proximate(batch.from));
+}
+
 std::vector<ResultEntry> resultsIn(const std::string& path)
 {
     if (path.empty()) {
@@ -284,28 +291,29 @@ struct PageGatherer::State
                  [this, &name](Finding each) { addFinding(std::move(each).in(name)); });
     }
 
-    PageTask& addTask(const std::string& name, const std::string& path, const std::set<FindingCode>& unshown)
+    CheckedTask checkedTask(const std::string& name, const std::string& path)
     {
         addSource(name);
-        codesOfTask.clear();
         TaskDocument document = readTaskDocument(path);
         document.path = name;
         for (Finding& each : document.findings) {
             each.file = name;
         }
-        const CheckedTask checked = checker.check(std::move(document));
+        return checker.check(std::move(document));
+    }
+
+    // Adds a task; findings of some codes are left out.
+    PageTask& addTask(const std::string& name, const std::string& path, const std::set<FindingCode>& unshown)
+    {
+        const CheckedTask checked = checkedTask(name, path);
+        codesOfTask.clear();
         for (const Finding& each : checked.findings) {
             if (!unshown.contains(each.code)) {
                 addFinding(each);
             }
         }
         PageTask task{name, checked.isReport, checked.hasPlan};
-        for (const CheckedInput& input : checked.inputs) {
-            const PageFile& file = addMarks(input.path, input.path, input.format);
-            if (isKnownTime(file.first)) {
-                task.first = task.first.empty() ? file.first : std::min(task.first, file.first);
-            }
-        }
+        task.first = addInputs(checked);
         if (checked.hasPlan) {
             task.marks = checked.plan.account;
             addMarkAccount(contents.marks, task.marks);
@@ -315,26 +323,42 @@ struct PageGatherer::State
         return contents.tasks.emplace_back(std::move(task));
     }
 
+    // Adds the inputs of a task and gives the earliest time of their marks.
+    std::string addInputs(const CheckedTask& checked)
+    {
+        std::string first;
+        std::string last;
+        for (const CheckedInput& input : checked.inputs) {
+            const PageFile& file = addMarks(input.path, input.path, input.format);
+            widen(first, last, file.first, file.last);
+        }
+        return first;
+    }
+
     void addBatchTask(const BatchFolder& folder, const BatchTask& task)
     {
         const BatchOutcome outcome = outcomeByReceipt(folder, task, {});
         ++contents.states[outcome.status];
-        PageNight night{outcome.status};
-        night.read = outcome.read;
-        night.found = outcome.found;
-        night.why = whyOf(outcome);
         addSource(folder.receipt(task.number));
-        // That outputs would be replaced is true of each task that was run.
-        const bool isGone = outcome.status == BatchStatus::gone;
-        PageTask& added = isGone ? contents.tasks.emplace_back(PageTask{outcome.path})
-                                 : addTask(outcome.path, outcome.path, {"V048"});
-        night.date = nightOf(task.inputs.empty() ? "" : task.inputs.front().path, added.first);
-        added.night = std::move(night);
-        if (isGone) {
-            addFinding(keptFromFinding(outcome));
-        } else if (!isWell(outcome.status)) {
+        PageTask& added = addTaskOf(outcome);
+        const std::string path = task.inputs.empty() ? "" : task.inputs.front().path;
+        added.night = PageNight{outcome.status, nightOf(path, added.first), whyOf(outcome), outcome.read,
+                                outcome.found};
+        if (!isWell(outcome.status)) {
             addRunFindings(outcome);
         }
+    }
+
+    // Without its input there is nothing in a task to be checked.
+    PageTask& addTaskOf(const BatchOutcome& outcome)
+    {
+        if (outcome.status != BatchStatus::gone) {
+            // That outputs would be replaced is true of each task that was run.
+            return addTask(outcome.path, outcome.path, {"V048"});
+        }
+        addSource(outcome.path);
+        addFinding(keptFromFinding(outcome));
+        return contents.tasks.emplace_back(PageTask{outcome.path});
     }
 
     // What was found in the run of a task and cannot be seen in its files.
@@ -355,30 +379,41 @@ struct PageGatherer::State
     {
         std::vector<const PlannedFile*> whole;
         for (const PlannedFile& planned : checked.plan.files) {
-            if (!planned.isWritten || planned.replacedBy != 0) {
-                continue;
+            if (planned.isWritten && planned.replacedBy == 0) {
+                PageOutput output{planned.path, planned.format, planned.marks};
+                if (isThereAsPlanned(checked.path, planned, output)) {
+                    whole.push_back(&planned);
+                }
+                task.outputs.push_back(std::move(output));
             }
-            PageOutput output{planned.path, planned.format, planned.marks};
-            std::error_code ignored;
-            output.isThere = std::filesystem::exists(planned.path, ignored);
-            if (output.isThere) {
-                addSource(planned.path);
-            }
-            if (output.isThere && isAsPlanned(checked.path, planned, output)) {
-                whole.push_back(&planned);
-            }
-            task.outputs.push_back(std::move(output));
         }
         if (!whole.empty()) {
             for (Finding& each : differences(checked.task, checked.plan, whole)) {
                 addFinding(std::move(each).in(checked.path));
             }
         }
+        addMissing(task);
+    }
+
+    // Tells which files of a task that was run are missing.
+    void addMissing(const PageTask& task)
+    {
         for (const PageOutput& output : task.outputs) {
             if (task.wasRun() && !output.isThere) {
-                addFinding(finding("V415", {{"path", output.path}}).in(checked.path));
+                addFinding(finding("V415", {{"path", output.path}}).in(task.path));
             }
         }
+    }
+
+    bool isThereAsPlanned(const std::string& task, const PlannedFile& planned, PageOutput& output)
+    {
+        std::error_code ignored;
+        output.isThere = std::filesystem::exists(planned.path, ignored);
+        if (!output.isThere) {
+            return false;
+        }
+        addSource(planned.path);
+        return isAsPlanned(task, planned, output);
     }
 
     bool isAsPlanned(const std::string& task, const PlannedFile& planned, PageOutput& output)
@@ -446,11 +481,7 @@ void PageGatherer::addBatch(const std::string& name)
     state->addSource(given.plan());
     ++state->contents.batches;
     const PresentFolderFor present(batch.from);
-    // From there the page is the same wherever it is made.
-    const BatchFolder folder(
-        batch.from.empty()
-            ? name
-            : std::filesystem::path(batch.folder.path()).lexically_proximate(batch.from).string());
+    const BatchFolder folder = seenFromThere(batch);
     Progress progress(state->console, "task", plan.tasks.size());
     std::size_t done = 0;
     for (const BatchTask& task : plan.tasks) {

@@ -108,6 +108,15 @@ std::string magnitudesText(const PageContents& contents)
     return isKnown ? magnitudeText(brightest) + " to " + magnitudeText(faintest) : "";
 }
 
+// The style of what is as severe as the worst that was found.
+std::string styleOf(const FindingTotals& totals)
+{
+    if (totals.errors > 0) {
+        return "error";
+    }
+    return totals.warnings > 0 ? "warning" : totals.notes > 0 ? "note" : "good";
+}
+
 void addTotals(Html& page, const PageContents& contents)
 {
     const Html::Element list = page.in("dl", {{"class", "totals"}});
@@ -125,12 +134,8 @@ void addTotals(Html& page, const PageContents& contents)
     if (!magnitudes.empty()) {
         addTotal(page, "magnitudes", magnitudes, "words");
     }
-    const FindingTotals& totals = contents.totals;
-    const char* const style = totals.errors > 0     ? "error"
-                              : totals.warnings > 0 ? "warning"
-                              : totals.notes > 0    ? "note"
-                                                    : "good";
-    addTotal(page, "findings", keptTogether(briefTotals(totals)), std::string("words ") + style);
+    addTotal(page, "findings", keptTogether(briefTotals(contents.totals)),
+             "words " + styleOf(contents.totals));
 }
 
 void addFileTable(Html& page, const PageContents& contents)
@@ -303,6 +308,22 @@ void addObjects(Html& page, const PageContents& contents)
     addObjectTable(page, contents);
 }
 
+void addPicturesOf(Html& page, const std::string& name, const PageObject& object, const std::string& id)
+{
+    const Html::Element card = page.in("article", {{"class", "card"}, {"id", id}});
+    {
+        const Html::Element title = page.in("h3");
+        page.name(shownName(name));
+    }
+    const Html::Element pictures = page.in("div", {{"class", "pictures"}});
+    if (!object.curves.empty()) {
+        addLightCurve(page, {id + "l", shownName(name)}, object.curves);
+    }
+    if (!object.paths.empty()) {
+        addSkyTracks(page, {id + "s", shownName(name)}, object.paths);
+    }
+}
+
 void addPictures(Html& page, const PageContents& contents)
 {
     if (contents.undrawn > 0) {
@@ -313,20 +334,8 @@ void addPictures(Html& page, const PageContents& contents)
     std::size_t number = 0;
     for (const auto& [name, object] : contents.objects) {
         ++number;
-        if (!object.isPictured) {
-            continue;
-        }
-        const Html::Element card = page.in("article", {{"class", "card"}, {"id", objectId(number)}});
-        {
-            const Html::Element title = page.in("h3");
-            page.name(shownName(name));
-        }
-        const Html::Element pictures = page.in("div", {{"class", "pictures"}});
-        if (!object.curves.empty()) {
-            addLightCurve(page, {objectId(number) + "l", shownName(name)}, object.curves);
-        }
-        if (!object.paths.empty()) {
-            addSkyTracks(page, {objectId(number) + "s", shownName(name)}, object.paths);
+        if (object.isPictured) {
+            addPicturesOf(page, name, object, objectId(number));
         }
     }
 }

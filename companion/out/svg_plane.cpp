@@ -42,6 +42,13 @@ void addLabel(Html& page, double x, double y, const std::string& style, const st
     page.markup("\n");
 }
 
+void addFrame(Html& page, const PictureArea& area)
+{
+    addPath(page, "frame",
+            'M' + pointText({area.left, area.top}) + 'H' + coordinate(area.right) + 'V' +
+                coordinate(area.bottom) + 'H' + coordinate(area.left) + 'Z');
+}
+
 // The middle of a label that would reach beyond the right edge of the picture is moved to the left.
 double withinPicture(double middle, const std::string& label)
 {
@@ -129,9 +136,7 @@ void addAxes(Html& page, const PictureArea& area, const Axis& across, const Axis
         grid += 'M' + pointText({area.left, upwardsScale.at(tick.value)}) + 'H' + coordinate(area.right);
     }
     addPath(page, "grid", grid);
-    addPath(page, "frame",
-            'M' + pointText({area.left, area.top}) + 'H' + coordinate(area.right) + 'V' +
-                coordinate(area.bottom) + 'H' + coordinate(area.left) + 'Z');
+    addFrame(page, area);
     for (const Tick& tick : across.ticks) {
         addLabel(page, withinPicture(acrossScale.at(tick.value), tick.label), area.bottom + lineHeight,
                  "middle", tick.label);
