@@ -25,7 +25,7 @@ constexpr OptionRow options[] = {
 
 std::string outputOf(const Arguments& arguments, const Console& console)
 {
-    const std::string path = arguments.value("output");
+    std::string path = arguments.value("output");
     if (path.empty()) {
         throw wrongCall("--output", "is missing: the file that becomes the page");
     }

@@ -93,6 +93,7 @@ void addMarkAccount(MarkAccount& sum, const MarkAccount& account)
 std::vector<std::string> namesOf(const std::map<std::string, PageObject>& objects)
 {
     std::vector<std::string> names;
+    names.reserve(objects.size());
     for (const auto& [name, object] : objects) {
         names.push_back(name);
     }
