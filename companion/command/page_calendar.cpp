@@ -123,7 +123,7 @@ struct PlacedTask
 
 using TasksOfNights = std::map<std::string, std::vector<PlacedTask>>;
 
-// By the dates of the nights; those of no known night are the last.
+// By the dates of the nights; tasks of no known night are left out.
 TasksOfNights tasksOfNights(const PageContents& contents)
 {
     TasksOfNights nights;
@@ -136,6 +136,7 @@ TasksOfNights tasksOfNights(const PageContents& contents)
     return nights;
 }
 
+// Those of no known night are the last.
 std::vector<PlacedTask> tasksInOrder(const PageContents& contents, const TasksOfNights& nights)
 {
     std::vector<PlacedTask> tasks;
