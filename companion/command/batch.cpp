@@ -113,14 +113,6 @@ BatchOrder orderOf(const Arguments& arguments)
     return order;
 }
 
-std::string withoutSlash(std::string path)
-{
-    while (path.size() > 1 && path.ends_with('/')) {
-        path.pop_back();
-    }
-    return path;
-}
-
 BatchSettings settingsOf(const Arguments& arguments)
 {
     BatchSettings settings;
@@ -143,27 +135,11 @@ BatchSettings settingsOfSummary(const Arguments& arguments)
     return settings;
 }
 
-// A batch as it is seen from the folder that its plan was made from: the paths of its tasks count from there.
-struct SeenBatch
-{
-    BatchFolder folder;
-    std::string from; // the folder to go to; empty where it is the present one
-};
-
-SeenBatch seen(const BatchFolder& folder, const BatchPlan& plan)
-{
-    const fs::path from = (fs::canonical(folder.path()) / plan.folder).lexically_normal();
-    if (fs::weakly_canonical(from) == fs::current_path()) {
-        return {folder, ""};
-    }
-    return {BatchFolder(fs::canonical(folder.path())), from};
-}
-
 int runAll(const BatchFolder& given, const BatchPlan& plan, const ByteLocks& locks,
            const Arguments& arguments, const Console& console)
 {
     const BatchSettings settings = settingsOf(arguments);
-    const SeenBatch batch = seen(given, plan);
+    const SeenBatch batch = seenBatch(given, plan);
     const PresentFolderFor present(batch.from);
     return runBatch(batch.folder, plan, locks, settings, console);
 }
@@ -172,7 +148,7 @@ int showAll(const BatchFolder& given, const BatchPlan& plan, const Arguments& ar
             const Console& console)
 {
     const BatchSettings settings = settingsOfSummary(arguments);
-    const SeenBatch batch = seen(given, plan);
+    const SeenBatch batch = seenBatch(given, plan);
     const PresentFolderFor present(batch.from);
     return showBatch(batch.folder, plan, settings, arguments.has("failed"), console);
 }
@@ -223,7 +199,7 @@ int showMade(const BatchFolder& folder, const MadeBatch& made, const Console& co
 int makeAndRun(const Arguments& arguments, const Console& console)
 {
     const BatchOrder order = orderOf(arguments);
-    const BatchFolder folder(withoutSlash(arguments.value("into")));
+    const BatchFolder folder(arguments.value("into"));
     if (!arguments.has("only-make")) {
         settingsOf(arguments); // what is wrong with them is told before anything is made
     }
@@ -267,7 +243,7 @@ BatchFolder givenFolder(const Arguments& arguments)
     if (arguments.operands().size() > 1) {
         throw wrongCall("batch", "takes one WORK");
     }
-    return BatchFolder(withoutSlash(arguments.operands().front()));
+    return BatchFolder(arguments.operands().front());
 }
 
 int batch(const Arguments& arguments, const Console& console)

@@ -36,23 +36,10 @@ const StatusRow& rowOf(BatchStatus status)
                          [status](const StatusRow& each) { return each.status == status; });
 }
 
-bool isWell(BatchStatus status)
-{
-    return status == BatchStatus::upToDate || status == BatchStatus::good;
-}
-
 // Whether something outside keeps a task from being run.
 bool isKeptFrom(BatchStatus status)
 {
     return status == BatchStatus::gone || status == BatchStatus::elsewhere;
-}
-
-Finding findingOf(const BatchOutcome& outcome)
-{
-    const char* const number = "task";
-    const FindingValues values{{number, std::to_string(outcome.task.number)}};
-    return (outcome.status == BatchStatus::gone ? finding("V452", values) : finding("V453", values))
-        .in(outcome.path);
 }
 
 std::string marksText(const BatchOutcome& outcome)
@@ -71,8 +58,9 @@ Json elementOf(const BatchOutcome& outcome)
     element.set("receipt", outcome.receipt.empty() ? Json() : Json(outcome.receipt))
         .set("read", outcome.read)
         .set("found", outcome.found);
-    const Json findings =
-        isKeptFrom(outcome.status) ? Json::list().push(findingJson(findingOf(outcome))) : outcome.findings;
+    const Json findings = isKeptFrom(outcome.status)
+                              ? Json::list().push(findingJson(keptFromFinding(outcome)))
+                              : outcome.findings;
     return findings.empty() ? element : element.set("findings", findings);
 }
 
@@ -88,6 +76,45 @@ BatchStatus batchStatus(std::string_view runStatus)
         }
     }
     return BatchStatus::failed;
+}
+
+std::string_view batchStatusWord(BatchStatus status)
+{
+    return rowOf(status).word;
+}
+
+bool isWell(BatchStatus status)
+{
+    return status == BatchStatus::upToDate || status == BatchStatus::good;
+}
+
+std::string batchCountsText(const BatchCounts& counts, const std::string& behindFailed)
+{
+    std::string text;
+    for (const StatusRow& row : statusRows) {
+        const auto known = counts.find(row.status);
+        if (known != counts.end()) {
+            text += (text.empty() ? "" : ", ") + counted(known->second) + ' ' + row.sum +
+                    (row.status == BatchStatus::failed ? behindFailed : "");
+        }
+    }
+    return text;
+}
+
+void setBatchCounts(Json& object, const BatchCounts& counts)
+{
+    for (const StatusRow& row : statusRows) {
+        const auto known = counts.find(row.status);
+        object.set(row.key, known == counts.end() ? 0 : known->second);
+    }
+}
+
+Finding keptFromFinding(const BatchOutcome& outcome)
+{
+    const char* const number = "task";
+    const FindingValues values{{number, std::to_string(outcome.task.number)}};
+    return (outcome.status == BatchStatus::gone ? finding("V452", values) : finding("V453", values))
+        .in(outcome.path);
 }
 
 BatchPresentation::BatchPresentation(const Console& theConsole, const BatchFolder& folder,
@@ -144,31 +171,21 @@ int BatchPresentation::finish(int signal)
 
 std::string BatchPresentation::totalsText() const
 {
-    std::string text = "batch: " + counted(tasks, "task");
-    const char* separator = ": ";
-    for (const StatusRow& row : statusRows) {
-        const auto known = counts.find(row.status);
-        if (known == counts.end()) {
-            continue;
-        }
-        text += separator + counted(known->second) + ' ' + row.sum;
-        separator = ", ";
-        if (row.status == BatchStatus::failed) {
-            const std::string others =
-                known->second > 1 ? " and " + counted(known->second - 1) + " more" : "";
-            text += " (" + printable(firstFailed) + others + ')';
-        }
+    const auto failed = counts.find(BatchStatus::failed);
+    std::string receipts;
+    if (failed != counts.end()) {
+        const std::string others = failed->second > 1 ? " and " + counted(failed->second - 1) + " more" : "";
+        receipts = " (" + printable(firstFailed) + others + ')';
     }
-    return text + "; " + counted(found) + " of " + counted(read, "mark");
+    const std::string text = batchCountsText(counts, receipts);
+    return "batch: " + counted(tasks, "task") + (text.empty() ? "" : ": ") + text + "; " + counted(found) +
+           " of " + counted(read, "mark");
 }
 
 Json BatchPresentation::totalsJson() const
 {
     Json totals = Json::object().set("tasks", tasks);
-    for (const StatusRow& row : statusRows) {
-        const auto known = counts.find(row.status);
-        totals.set(row.key, known == counts.end() ? 0 : known->second);
-    }
+    setBatchCounts(totals, counts);
     return totals.set("read", read).set("found", found);
 }
 
@@ -182,7 +199,7 @@ void BatchPresentation::show(const BatchOutcome& outcome) const
 {
     const bool isShown = !isWell(outcome.status) || console.look.verbose;
     if (isKeptFrom(outcome.status)) {
-        showFinding(console, findingOf(outcome));
+        showFinding(console, keptFromFinding(outcome));
     } else if (outcome.ran != nullptr && isShown) {
         showOutcome(console, *outcome.ran);
     } else if (outcome.ran != nullptr && outcome.ran->evidence) {

@@ -33,6 +33,21 @@ enum class BatchStatus
 /// The status that a word of a receipt or of a run stands for.
 BatchStatus batchStatus(std::string_view runStatus);
 
+/// Its word: "up to date".
+std::string_view batchStatusWord(BatchStatus status);
+
+/// Whether it is good or up to date.
+bool isWell(BatchStatus status);
+
+/// How many tasks came to what.
+using BatchCounts = std::map<BatchStatus, std::size_t>;
+
+/// "100 up to date, 1 good, 1 failed"; what is given stands behind those that have failed.
+std::string batchCountsText(const BatchCounts& counts, const std::string& behindFailed = "");
+
+/// Gives an object a number for each status, also where it is 0.
+void setBatchCounts(Json& object, const BatchCounts& counts);
+
 /// A task of a batch and what it came to.
 struct BatchOutcome
 {
@@ -47,6 +62,9 @@ struct BatchOutcome
     const TaskOutcome* ran = nullptr;  ///< of a task that was run or refused in this call
     std::vector<std::string> errors{}; ///< the sentences of a receipt's errors, with their codes
 };
+
+/// That a task has no input (V452), or is run elsewhere (V453).
+Finding keptFromFinding(const BatchOutcome& outcome);
 
 /// Shows the tasks of a batch as they are settled, and their totals at the end.
 class BatchPresentation
@@ -75,7 +93,7 @@ private:
 
     const Console& console;
     std::optional<JsonDocument> document{};
-    std::map<BatchStatus, std::size_t> counts{};
+    BatchCounts counts{};
     std::size_t tasks = 0;
     std::size_t read = 0;
     std::size_t found = 0;

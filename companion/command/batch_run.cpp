@@ -1,6 +1,5 @@
 #include "command/batch_run.h"
 
-#include "command/batch_outcome.h"
 #include "out/progress.h"
 #include "running/batch_making.h"
 #include "running/receipts.h"
@@ -189,6 +188,18 @@ std::vector<std::string> errorsOf(const Json& findings)
     return errors;
 }
 
+bool hasFailed(BatchStatus status)
+{
+    return status == BatchStatus::failed || status == BatchStatus::refused || status == BatchStatus::findings;
+}
+
+} // namespace
+
+std::string BatchPart::text() const
+{
+    return of == 1 ? "" : std::to_string(part) + '/' + std::to_string(of);
+}
+
 BatchOutcome outcomeByReceipt(const BatchFolder& folder, const BatchTask& task,
                               const ReceiptComparison& comparison)
 {
@@ -212,18 +223,6 @@ BatchOutcome outcomeByReceipt(const BatchFolder& folder, const BatchTask& task,
         outcome.errors = errorsOf(receipt->findings);
     }
     return outcome;
-}
-
-bool hasFailed(BatchStatus status)
-{
-    return status == BatchStatus::failed || status == BatchStatus::refused || status == BatchStatus::findings;
-}
-
-} // namespace
-
-std::string BatchPart::text() const
-{
-    return of == 1 ? "" : std::to_string(part) + '/' + std::to_string(of);
 }
 
 int runBatch(const BatchFolder& folder, const BatchPlan& plan, const ByteLocks& locks,

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "command/batch_outcome.h"
 #include "command/task_runner.h"
 #include "out/text.h"
 #include "running/batch_plan.h"
@@ -39,6 +40,10 @@ struct BatchSettings
 /// that ends it is raised again once all is shown.
 int runBatch(const BatchFolder& folder, const BatchPlan& plan, const ByteLocks& locks,
              const BatchSettings& settings, const Console& console);
+
+/// What a task of a batch has come to by its receipt and the states of its files.
+BatchOutcome outcomeByReceipt(const BatchFolder& folder, const BatchTask& task,
+                              const ReceiptComparison& comparison);
 
 /// Shows what the tasks of a batch have come to by their receipts, or those alone that have failed; gives the
 /// exit status. The tool may have no path where there is none.

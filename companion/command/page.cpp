@@ -9,6 +9,7 @@
 #include "reading/account_text.h"
 #include "reading/input_files.h"
 
+#include <filesystem>
 #include <ostream>
 
 namespace companion {
@@ -24,7 +25,7 @@ constexpr OptionRow options[] = {
 
 std::string outputOf(const Arguments& arguments, const Console& console)
 {
-    const std::string path = arguments.value("output");
+    std::string path = arguments.value("output");
     if (path.empty()) {
         throw wrongCall("--output", "is missing: the file that becomes the page");
     }
@@ -34,6 +35,12 @@ std::string outputOf(const Arguments& arguments, const Console& console)
     return path;
 }
 
+bool isFolder(const std::string& name)
+{
+    std::error_code ignored;
+    return name != standardInput && std::filesystem::is_directory(name, ignored);
+}
+
 void gather(const Arguments& arguments, const Console& console, PageGatherer& gatherer)
 {
     const std::string format = givenFormat(arguments);
@@ -41,7 +48,12 @@ void gather(const Arguments& arguments, const Console& console, PageGatherer& ga
     Progress progress(console, "file", arguments.operands().size());
     std::size_t done = 0;
     for (const std::string& name : arguments.operands()) {
-        gatherer.add(name, files.pathOf(name), format);
+        if (isFolder(name)) {
+            progress.wipe(); // the tasks of a batch have one of their own
+            gatherer.addBatch(name);
+        } else {
+            gatherer.add(name, files.pathOf(name), format);
+        }
         progress.at(++done);
     }
 }
@@ -59,6 +71,7 @@ std::string summary(const PageContents& contents)
     std::string text = counted(contents.files.size(), "file");
     if (!contents.tasks.empty()) {
         text += ", " + counted(contents.tasks.size(), "task");
+        text += contents.states.empty() ? "" : " (" + batchCountsText(contents.states) + ')';
     }
     return text + ", " + counted(contents.objects.size(), "object") + ", " +
            counted(contents.lines.marksRead, "mark") + "; pictures of " +
@@ -76,6 +89,12 @@ void showJson(std::ostream& out, const std::string& path, const std::string& doc
     json.set("size", document.size());
     json.set("files", contents.files.size());
     json.set("tasks", contents.tasks.size());
+    json.set("batches", contents.batches);
+    if (contents.batches > 0) {
+        Json states = Json::object();
+        setBatchCounts(states, contents.states);
+        json.set("states", states);
+    }
     json.set("objects", contents.objects.size());
     json.set("pictured", contents.pictured());
     json.set("tracks", contents.lines.tracks);
@@ -85,36 +104,41 @@ void showJson(std::ostream& out, const std::string& path, const std::string& doc
     json.finish();
 }
 
+// Tells of a page that was written.
+void show(const std::string& path, const std::string& document, const PageContents& contents,
+          const Console& console, int status)
+{
+    if (console.look.json) {
+        showJson(console.out, path, document, contents, status);
+    } else {
+        console.out << printable(path) << ": " << summary(contents) << '\n';
+    }
+}
+
 int page(const Arguments& arguments, const Console& console)
 {
     const std::string path = outputOf(arguments, console);
-    PageGatherer gatherer;
+    PageGatherer gatherer(console);
     gather(arguments, console, gatherer);
-    const std::vector<std::string> inputs = gatherer.inputs();
     const PageContents contents = gatherer.finish(arguments.values("object"));
     const std::string document = pageDocument(contents);
     const int status = exitStatus(contents.totals);
     if (path == standardInput) {
         console.out << document;
-        return status;
-    }
-    write(path, document, arguments.has("force"), inputs);
-    if (console.look.json) {
-        showJson(console.out, path, document, contents, status);
     } else {
-        console.out << printable(path) << ": " << summary(contents) << '\n';
+        write(path, document, arguments.has("force"), gatherer.sources());
+        show(path, document, contents, console, status);
     }
     return status;
 }
 
 } // namespace
 
-const Subcommand pageCommand{
-    "page",
-    "INPUT...",
-    "files and tasks as one page for a browser",
-    {"tavelin page night.mea -o night.html", "tavelin page --object Z4218 nights/*.mea -o survey.html"},
-    options,
-    page};
+const Subcommand pageCommand{"page",
+                             "INPUT...",
+                             "files, tasks and the folder of a batch as one page for a browser",
+                             {"tavelin page night.mea -o night.html", "tavelin page work -o archive.html"},
+                             options,
+                             page};
 
 } // namespace companion

@@ -1,15 +1,22 @@
 #include "command/page_contents.h"
 
+#include "command/batch_run.h"
 #include "command/measurement_files.h"
+#include "command/page_calendar.h"
 #include "command/subcommand.h"
+#include "out/finding_json.h"
+#include "out/progress.h"
 #include "out/text.h"
 #include "reading/file_info.h"
 #include "reading/input_files.h"
 #include "reading/lint.h"
 #include "reading/measured_points.h"
 #include "reading/signatures.h"
+#include "running/batch_plan.h"
 #include "running/counting.h"
+#include "running/receipts.h"
 #include "running/verifying.h"
+#include "task/present_folder.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -83,6 +90,55 @@ void addMarkAccount(MarkAccount& sum, const MarkAccount& account)
     sum.written += account.written;
 }
 
+std::vector<std::string> namesOf(const std::map<std::string, PageObject>& objects)
+{
+    std::vector<std::string> names;
+    names.reserve(objects.size());
+    for (const auto& [name, object] : objects) {
+        names.push_back(name);
+    }
+    return names;
+}
+
+// The names of all objects, those with the most marks first.
+std::vector<std::string> byMarks(const std::map<std::string, PageObject>& objects)
+{
+    std::vector<std::string> names = namesOf(objects);
+    std::stable_sort(names.begin(), names.end(), [&objects](const std::string& a, const std::string& b) {
+        return objects.at(a).marks > objects.at(b).marks;
+    });
+    return names;
+}
+
+// Names that were asked for. Each is one of an object.
+const std::vector<std::string>& namedOf(const std::map<std::string, PageObject>& objects,
+                                        const std::vector<std::string>& wanted)
+{
+    for (const std::string& name : wanted) {
+        if (!objects.contains(name)) {
+            throw unknownWord("object", name, namesOf(objects));
+        }
+    }
+    return wanted;
+}
+
+// Why a task of a batch is to be run, or what has failed.
+std::string whyOf(const BatchOutcome& outcome)
+{
+    std::string text = outcome.status == BatchStatus::gone ? "its input is missing" : outcome.reason;
+    for (const std::string& error : outcome.errors) {
+        text += (text.empty() ? "" : "; ") + error;
+    }
+    return text;
+}
+
+// The folder of a batch as its tasks see it, so that a page is the same wherever it is made.
+BatchFolder seenFromThere(const SeenBatch& batch)
+{
+    const std::filesystem::path folder = batch.folder.path();
+    return batch.from.empty() ? batch.folder : BatchFolder(folder.lexically_proximate(batch.from));
+}
+
 std::vector<ResultEntry> resultsIn(const std::string& path)
 {
     if (path.empty()) {
@@ -95,7 +151,10 @@ std::vector<ResultEntry> resultsIn(const std::string& path)
 
 bool PageTask::wasRun() const
 {
-    return std::any_of(outputs.begin(), outputs.end(), [](const PageOutput& each) { return each.isThere; });
+    const bool hasRun =
+        night && (night->status == BatchStatus::failed || night->status == BatchStatus::findings);
+    return hasRun ||
+           std::any_of(outputs.begin(), outputs.end(), [](const PageOutput& each) { return each.isThere; });
 }
 
 std::size_t PageTask::found() const
@@ -113,10 +172,25 @@ std::size_t PageContents::pictured() const
                                                   [](const auto& each) { return each.second.isPictured; }));
 }
 
+bool PageContents::hasTasksAlone() const
+{
+    return std::any_of(tasks.begin(), tasks.end(), [](const PageTask& each) { return !each.night; });
+}
+
 struct PageGatherer::State
 {
+    explicit State(const Console& theConsole) : console(theConsole)
+    {
+    }
+
+    void addSource(const std::string& path)
+    {
+        sources.push_back(std::filesystem::absolute(path));
+    }
+
     void addFinding(Finding found)
     {
+        codesOfTask.insert(found.code);
         contents.totals.add(found);
         FindingGroup& group = contents.findings[{found.severity, found.code}];
         ++group.count;
@@ -126,11 +200,18 @@ struct PageGatherer::State
     }
 
     // Reads a file for its marks; a file that several tasks read counts once.
-    void addMarks(const std::string& name, const std::string& path, const std::string& format)
+    const PageFile& addMarks(const std::string& name, const std::string& path, const std::string& format)
     {
-        if (!read.emplace(name, format).second) {
-            return;
+        const auto [place, isNew] = read.try_emplace({name, format}, contents.files.size());
+        if (isNew) {
+            addSource(name);
+            readMarks(name, path, format);
         }
+        return contents.files[place->second];
+    }
+
+    void readMarks(const std::string& name, const std::string& path, const std::string& format)
+    {
         const FileInfo info = fileInfo(path, format, 0, true);
         contents.files.push_back({name, format, info.site, info.account, info.first, info.last});
         contents.lines += info.account;
@@ -211,28 +292,87 @@ struct PageGatherer::State
                  [this, &name](Finding each) { addFinding(std::move(each).in(name)); });
     }
 
-    void addTask(const std::string& name, const std::string& path)
+    CheckedTask checkedTask(const std::string& name, const std::string& path)
     {
+        addSource(name);
         TaskDocument document = readTaskDocument(path);
         document.path = name;
         for (Finding& each : document.findings) {
             each.file = name;
         }
-        const CheckedTask checked = checker.check(std::move(document));
+        return checker.check(std::move(document));
+    }
+
+    // Adds a task; findings of some codes are left out.
+    PageTask& addTask(const std::string& name, const std::string& path, const std::set<FindingCode>& unshown)
+    {
+        const CheckedTask checked = checkedTask(name, path);
+        codesOfTask.clear();
         for (const Finding& each : checked.findings) {
-            addFinding(each);
-        }
-        for (const CheckedInput& input : checked.inputs) {
-            addMarks(input.path, input.path, input.format);
+            if (!unshown.contains(each.code)) {
+                addFinding(each);
+            }
         }
         PageTask task{name, checked.isReport, checked.hasPlan};
+        task.first = addInputs(checked);
         if (checked.hasPlan) {
             task.marks = checked.plan.account;
             addMarkAccount(contents.marks, task.marks);
             task.results = resultsIn(checked.task.path_res);
             lookAtOutputs(checked, task);
         }
-        contents.tasks.push_back(std::move(task));
+        return contents.tasks.emplace_back(std::move(task));
+    }
+
+    // Adds the inputs of a task and gives the earliest time of their marks.
+    std::string addInputs(const CheckedTask& checked)
+    {
+        std::string first;
+        std::string last;
+        for (const CheckedInput& input : checked.inputs) {
+            const PageFile& file = addMarks(input.path, input.path, input.format);
+            widen(first, last, file.first, file.last);
+        }
+        return first;
+    }
+
+    void addBatchTask(const BatchFolder& folder, const BatchTask& task)
+    {
+        const BatchOutcome outcome = outcomeByReceipt(folder, task, {});
+        ++contents.states[outcome.status];
+        addSource(folder.receipt(task.number));
+        PageTask& added = addTaskOf(outcome);
+        const std::string path = task.inputs.empty() ? "" : task.inputs.front().path;
+        added.night = PageNight{outcome.status, nightOf(path, added.first), whyOf(outcome), outcome.read,
+                                outcome.found};
+        if (!isWell(outcome.status)) {
+            addRunFindings(outcome);
+        }
+    }
+
+    // Without its input there is nothing in a task to be checked.
+    PageTask& addTaskOf(const BatchOutcome& outcome)
+    {
+        if (outcome.status != BatchStatus::gone) {
+            // That outputs would be replaced is true of each task that was run.
+            return addTask(outcome.path, outcome.path, {"V048"});
+        }
+        addSource(outcome.path);
+        addFinding(keptFromFinding(outcome));
+        return contents.tasks.emplace_back(PageTask{outcome.path});
+    }
+
+    // What was found in the run of a task and cannot be seen in its files.
+    void addRunFindings(const BatchOutcome& outcome)
+    {
+        const std::set<FindingCode> known = codesOfTask;
+        const ReadJson findings(outcome.findings.text());
+        for (std::size_t i = 0; i < findings.root().size(); ++i) {
+            auto found = findingIn(findings.root()[i]);
+            if (found && !known.contains(found->code)) {
+                addFinding(found->file.empty() ? std::move(*found).in(outcome.path) : *found);
+            }
+        }
     }
 
     // What is there of the files of a task, and whether it is what the task makes.
@@ -240,27 +380,41 @@ struct PageGatherer::State
     {
         std::vector<const PlannedFile*> whole;
         for (const PlannedFile& planned : checked.plan.files) {
-            if (!planned.isWritten || planned.replacedBy != 0) {
-                continue;
+            if (planned.isWritten && planned.replacedBy == 0) {
+                PageOutput output{planned.path, planned.format, planned.marks};
+                if (isThereAsPlanned(checked.path, planned, output)) {
+                    whole.push_back(&planned);
+                }
+                task.outputs.push_back(std::move(output));
             }
-            PageOutput output{planned.path, planned.format, planned.marks};
-            std::error_code ignored;
-            output.isThere = std::filesystem::exists(planned.path, ignored);
-            if (output.isThere && isAsPlanned(checked.path, planned, output)) {
-                whole.push_back(&planned);
-            }
-            task.outputs.push_back(std::move(output));
         }
         if (!whole.empty()) {
             for (Finding& each : differences(checked.task, checked.plan, whole)) {
                 addFinding(std::move(each).in(checked.path));
             }
         }
+        addMissing(task);
+    }
+
+    // Tells which files of a task that was run are missing.
+    void addMissing(const PageTask& task)
+    {
         for (const PageOutput& output : task.outputs) {
             if (task.wasRun() && !output.isThere) {
-                addFinding(finding("V415", {{"path", output.path}}).in(checked.path));
+                addFinding(finding("V415", {{"path", output.path}}).in(task.path));
             }
         }
+    }
+
+    bool isThereAsPlanned(const std::string& task, const PlannedFile& planned, PageOutput& output)
+    {
+        std::error_code ignored;
+        output.isThere = std::filesystem::exists(planned.path, ignored);
+        if (!output.isThere) {
+            return false;
+        }
+        addSource(planned.path);
+        return isAsPlanned(task, planned, output);
     }
 
     bool isAsPlanned(const std::string& task, const PlannedFile& planned, PageOutput& output)
@@ -281,12 +435,15 @@ struct PageGatherer::State
         return isGood;
     }
 
+    const Console& console;
     PageContents contents{};
     TaskChecker checker{CheckSettings{}};
-    std::set<std::pair<std::string, std::string>> read{}; // names and formats
+    std::map<std::pair<std::string, std::string>, std::size_t> read{}; // places of names and formats
+    std::set<FindingCode> codesOfTask{};                               // that was added last
+    std::vector<std::string> sources{};
 };
 
-PageGatherer::PageGatherer() : state(std::make_unique<State>())
+PageGatherer::PageGatherer(const Console& console) : state(std::make_unique<State>(console))
 {
 }
 
@@ -297,6 +454,7 @@ void PageGatherer::add(const std::string& name, const std::string& path, std::st
     if (format.empty()) {
         const Recognition recognition = recognisedFile(path);
         if (!recognition.isSure()) {
+            state->addSource(name);
             state->addFinding(uncertainFormat(name, recognition));
             state->contents.files.push_back({name, ""});
             return;
@@ -304,7 +462,7 @@ void PageGatherer::add(const std::string& name, const std::string& path, std::st
         format = recognition.format;
     }
     if (format == "task") {
-        state->addTask(name, path);
+        state->addTask(name, path, {});
     } else if (format == "result" || format == "configuration") {
         throw wrongCall(name, "is a " + format + ", and no measurement file or task");
     } else {
@@ -313,27 +471,31 @@ void PageGatherer::add(const std::string& name, const std::string& path, std::st
     }
 }
 
+void PageGatherer::addBatch(const std::string& name)
+{
+    const BatchFolder given(name);
+    if (!fileState(given.plan()).exists) {
+        throw wrongCall(name, "is a folder without the plan of a batch");
+    }
+    const BatchPlan plan = readPlan(given);
+    const SeenBatch batch = seenBatch(given, plan);
+    state->addSource(given.plan());
+    ++state->contents.batches;
+    const PresentFolderFor present(batch.from);
+    const BatchFolder folder = seenFromThere(batch);
+    Progress progress(state->console, "task", plan.tasks.size());
+    std::size_t done = 0;
+    for (const BatchTask& task : plan.tasks) {
+        state->addBatchTask(folder, task);
+        progress.at(++done);
+    }
+}
+
 PageContents PageGatherer::finish(const std::vector<std::string>& pictured)
 {
     std::map<std::string, PageObject>& objects = state->contents.objects;
-    std::vector<std::string> names;
-    for (const auto& [name, object] : objects) {
-        names.push_back(name);
-    }
-    for (const std::string& name : pictured) {
-        if (!objects.contains(name)) {
-            throw unknownWord("object", name, names);
-        }
-    }
-    if (pictured.empty()) {
-        std::stable_sort(names.begin(), names.end(), [&objects](const std::string& a, const std::string& b) {
-            return objects.at(a).marks > objects.at(b).marks;
-        });
-    } else {
-        names = pictured;
-    }
     std::size_t count = 0;
-    for (const std::string& name : names) {
+    for (const std::string& name : pictured.empty() ? byMarks(objects) : namedOf(objects, pictured)) {
         PageObject& object = objects.at(name);
         if (count < mostPictured && object.canBePictured() && !object.isPictured) {
             object.isPictured = true;
@@ -343,16 +505,9 @@ PageContents PageGatherer::finish(const std::vector<std::string>& pictured)
     return std::move(state->contents);
 }
 
-std::vector<std::string> PageGatherer::inputs() const
+const std::vector<std::string>& PageGatherer::sources() const
 {
-    std::vector<std::string> paths;
-    for (const PageFile& file : state->contents.files) {
-        paths.push_back(file.path);
-    }
-    for (const PageTask& task : state->contents.tasks) {
-        paths.push_back(task.path);
-    }
-    return paths;
+    return state->sources;
 }
 
 } // namespace companion

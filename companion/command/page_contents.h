@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "command/batch_outcome.h"
 #include "findings/finding.h"
 #include "out/svg_chart.h"
 #include "reading/file_account.h"
@@ -11,6 +12,7 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -42,17 +44,29 @@ struct PageOutput
     std::size_t found = 0; ///< marks
 };
 
+/// What a batch knows of one of its tasks.
+struct PageNight
+{
+    BatchStatus status = BatchStatus::toRun;
+    std::string date{};    ///< of the night: "2024-01-20"; empty where it is not known
+    std::string why{};     ///< it is not up to date
+    std::size_t read = 0;  ///< marks of the last run
+    std::size_t found = 0; ///< marks in its outputs after the last run
+};
+
 /// A task.
 struct PageTask
 {
     std::string path;
     bool isReport = false;
     bool hasPlan = false;
+    std::string first{}; ///< the earliest time of a mark that it reads; empty where none is known
+    std::optional<PageNight> night{}; ///< of a task of a batch
     MarkAccount marks{};
     std::vector<PageOutput> outputs{};  ///< those that are there at the end of a run
     std::vector<ResultEntry> results{}; ///< of its result file
 
-    /// Whether any of its files is there.
+    /// Whether any of its files is there, or it was run in a batch without leaving one.
     bool wasRun() const;
     /// The marks in all files that are there.
     std::size_t found() const;
@@ -92,6 +106,8 @@ struct FindingGroup
 /// What a page shows.
 struct PageContents
 {
+    std::size_t batches = 0;
+    BatchCounts states{}; ///< of the tasks of batches
     std::vector<PageFile> files{};
     std::vector<PageTask> tasks{};
     std::map<std::string, PageObject> objects{};
@@ -106,13 +122,16 @@ struct PageContents
 
     /// How many objects have pictures.
     std::size_t pictured() const;
+    /// Whether there are tasks that are no part of a batch.
+    bool hasTasksAlone() const;
 };
 
 /// Gathers the contents of a page.
 class PageGatherer
 {
 public:
-    PageGatherer();
+    /// Progress of long work goes to the console, which must outlive the gatherer.
+    explicit PageGatherer(const Console& console);
     ~PageGatherer();
     PageGatherer(const PageGatherer&) = delete;
     PageGatherer& operator=(const PageGatherer&) = delete;
@@ -122,12 +141,16 @@ public:
     /// neither (V001).
     void add(const std::string& name, const std::string& path, std::string format);
 
+    /// Adds the folder of a batch, with all its tasks. Throws WrongUsage for a folder that is none (V001),
+    /// and where its plan cannot be read (V003, V454).
+    void addBatch(const std::string& folder);
+
     /// The contents, with pictures for the objects of these names, or for those with the most marks where
     /// none is named. Throws WrongUsage (V002) for a name that no object has.
     PageContents finish(const std::vector<std::string>& pictured);
 
-    /// The files that were read, for those that are not to be written over.
-    std::vector<std::string> inputs() const;
+    /// The files that were read, which are not to be written over. Their paths are absolute.
+    const std::vector<std::string>& sources() const;
 
 private:
     struct State;

@@ -1,8 +1,10 @@
 #include "command/page_html.h"
 
+#include "command/page_calendar.h"
 #include "command/page_findings.h"
 #include "command/page_flow.h"
 #include "command/page_style.h"
+#include "command/page_table.h"
 #include "out/html.h"
 #include "out/text.h"
 #include "reading/account_text.h"
@@ -10,7 +12,6 @@
 #include "reading/signatures.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <string_view>
 
 namespace companion {
@@ -79,6 +80,17 @@ void addTotal(Html& page, std::string_view term, const std::string& value, const
     style.empty() ? page.add("dd", {}, value) : page.add("dd", {{"class", style}}, value);
 }
 
+// A text whose numbers stay with the words behind them.
+std::string keptTogether(const std::string& text)
+{
+    std::string kept;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isBehindNumber = text[i] == ' ' && i > 0 && text[i - 1] >= '0' && text[i - 1] <= '9';
+        kept += isBehindNumber ? "\u00a0" : std::string(1, text[i]);
+    }
+    return kept;
+}
+
 std::string magnitudesText(const PageContents& contents)
 {
     bool isKnown = false;
@@ -96,11 +108,23 @@ std::string magnitudesText(const PageContents& contents)
     return isKnown ? magnitudeText(brightest) + " to " + magnitudeText(faintest) : "";
 }
 
+// The style of what is as severe as the worst that was found.
+std::string styleOf(const FindingTotals& totals)
+{
+    if (totals.errors > 0) {
+        return "error";
+    }
+    return totals.warnings > 0 ? "warning" : totals.notes > 0 ? "note" : "good";
+}
+
 void addTotals(Html& page, const PageContents& contents)
 {
     const Html::Element list = page.in("dl", {{"class", "totals"}});
     if (!contents.tasks.empty()) {
         addTotal(page, "tasks", counted(contents.tasks.size()));
+    }
+    if (contents.batches > 0) {
+        addTotal(page, "nights", counted(nightCount(contents)));
     }
     addTotal(page, "files", counted(contents.files.size()));
     addTotal(page, "objects", counted(contents.objects.size()));
@@ -108,83 +132,11 @@ void addTotals(Html& page, const PageContents& contents)
     addTotal(page, "marks", counted(contents.lines.marksRead));
     const std::string magnitudes = magnitudesText(contents);
     if (!magnitudes.empty()) {
-        addTotal(page, "magnitudes", magnitudes);
+        addTotal(page, "magnitudes", magnitudes, "words");
     }
-    const FindingTotals& totals = contents.totals;
-    addTotal(page, "findings", briefTotals(totals),
-             totals.errors > 0     ? "error"
-             : totals.warnings > 0 ? "warning"
-             : totals.notes > 0    ? "note"
-                                   : "good");
+    addTotal(page, "findings", keptTogether(briefTotals(contents.totals)),
+             "words " + styleOf(contents.totals));
 }
-
-// A column of a table, and whether it holds numbers.
-struct Column
-{
-    const char* title;
-    bool isNumber = false;
-};
-
-void addHead(Html& page, std::initializer_list<Column> columns)
-{
-    const Html::Element head = page.in("thead");
-    const Html::Element row = page.in("tr");
-    for (const Column& each : columns) {
-        each.isNumber ? page.add("th", {{"scope", "col"}, {"class", "number"}}, each.title)
-                      : page.add("th", {{"scope", "col"}}, each.title);
-    }
-}
-
-// A name that can be seen: some formats have tracks without one.
-std::string shownName(const std::string& name)
-{
-    return name.find_first_not_of(' ') == std::string::npos ? "(no name)" : name;
-}
-
-// The heading of a row: a name, which leads to a place of the page where there is one.
-void addRowName(Html& page, const std::string& name, const std::string& target = "")
-{
-    const Html::Element cell = page.in("th", {{"scope", "row"}});
-    if (target.empty()) {
-        page.name(name);
-        return;
-    }
-    const Html::Element link = page.in("a", {{"href", '#' + target}});
-    page.name(name);
-}
-
-void addCell(Html& page, const std::string& text)
-{
-    page.add("td", {}, text);
-}
-
-// A cell of what a file says.
-void addSaid(Html& page, const std::string& text)
-{
-    const Html::Element cell = page.in("td");
-    page.name(text);
-}
-
-void addNumber(Html& page, const std::string& text)
-{
-    page.add("td", {{"class", "number"}}, text);
-}
-
-// A region that is scrolled where the window is narrower than its table; by keys too.
-class TableRegion
-{
-public:
-    TableRegion(Html& page, const std::string& label, const std::string& id)
-        : region(page.in("section",
-                         {{"class", "wide"}, {"tabindex", "0"}, {"aria-label", "Table of " + label}})),
-          table(page.in("table", {{"id", id}}))
-    {
-    }
-
-private:
-    Html::Element region;
-    Html::Element table;
-};
 
 void addFileTable(Html& page, const PageContents& contents)
 {
@@ -265,6 +217,9 @@ void addTasks(Html& page, const PageContents& contents)
     std::size_t number = 0;
     for (const PageTask& task : contents.tasks) {
         ++number;
+        if (task.night) {
+            continue;
+        }
         const Html::Element card = page.in("article", {{"class", "card"}});
         {
             const Html::Element title = page.in("h3");
@@ -276,6 +231,12 @@ void addTasks(Html& page, const PageContents& contents)
             addOutputs(page, task, number);
         }
     }
+}
+
+// A name that can be seen: some formats have tracks without one.
+std::string shownName(const std::string& name)
+{
+    return name.find_first_not_of(' ') == std::string::npos ? "(no name)" : name;
 }
 
 std::string meanMagnitude(const PageObject& object)
@@ -338,6 +299,22 @@ void addObjects(Html& page, const PageContents& contents)
     addObjectTable(page, contents);
 }
 
+void addPicturesOf(Html& page, const std::string& name, const PageObject& object, const std::string& id)
+{
+    const Html::Element card = page.in("article", {{"class", "card"}, {"id", id}});
+    {
+        const Html::Element title = page.in("h3");
+        page.name(shownName(name));
+    }
+    const Html::Element pictures = page.in("div", {{"class", "pictures"}});
+    if (!object.curves.empty()) {
+        addLightCurve(page, {id + "l", shownName(name)}, object.curves);
+    }
+    if (!object.paths.empty()) {
+        addSkyTracks(page, {id + "s", shownName(name)}, object.paths);
+    }
+}
+
 void addPictures(Html& page, const PageContents& contents)
 {
     if (contents.undrawn > 0) {
@@ -348,28 +325,17 @@ void addPictures(Html& page, const PageContents& contents)
     std::size_t number = 0;
     for (const auto& [name, object] : contents.objects) {
         ++number;
-        if (!object.isPictured) {
-            continue;
-        }
-        const Html::Element card = page.in("article", {{"class", "card"}, {"id", objectId(number)}});
-        {
-            const Html::Element title = page.in("h3");
-            page.name(shownName(name));
-        }
-        const Html::Element pictures = page.in("div", {{"class", "pictures"}});
-        if (!object.curves.empty()) {
-            addLightCurve(page, {objectId(number) + "l", shownName(name)}, object.curves);
-        }
-        if (!object.paths.empty()) {
-            addSkyTracks(page, {objectId(number) + "s", shownName(name)}, object.paths);
+        if (object.isPictured) {
+            addPicturesOf(page, name, object, objectId(number));
         }
     }
 }
 
 constexpr Section sections[] = {
+    {"nights", "Nights", [](const PageContents& contents) { return contents.batches > 0; }, addNights},
     {"accounts", "Accounts", [](const PageContents& contents) { return contents.lines.lines > 0; }, addFlow},
     {"findings", "Findings", [](const PageContents&) { return true; }, addFindings},
-    {"tasks", "Tasks", [](const PageContents& contents) { return !contents.tasks.empty(); }, addTasks},
+    {"tasks", "Tasks", [](const PageContents& contents) { return contents.hasTasksAlone(); }, addTasks},
     {"files", "Files", [](const PageContents& contents) { return !contents.files.empty(); }, addFileTable},
     {"objects", "Objects", [](const PageContents& contents) { return !contents.objects.empty(); },
      addObjects},

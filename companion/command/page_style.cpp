@@ -33,11 +33,12 @@ a { color: var(--link); }
 .soft { color: var(--soft); }
 nav ul { display: flex; flex-wrap: wrap; gap: .25rem 1.25rem; margin: .75rem 0 0; padding: 0; list-style: none; }
 nav a { display: inline-block; padding: .25rem 0; }
-.totals { display: grid; grid-template-columns: repeat(auto-fit, minmax(8.5rem, 1fr)); gap: .75rem; margin: 1.25rem 0 0; }
+.totals { display: flex; flex-wrap: wrap; gap: .75rem; margin: 1.25rem 0 0; }
 .totals div, .card { background: var(--card); border: 1px solid var(--line); border-radius: .5rem; }
-.totals div { padding: .6rem .85rem; }
+.totals div { flex: 1 1 9.5rem; padding: .6rem .85rem; }
 .totals dt { color: var(--soft); font-size: .875rem; }
 .totals dd { margin: 0; font-size: 1.35rem; font-variant-numeric: tabular-nums; overflow-wrap: anywhere; }
+.totals .words { font-size: 1.1rem; line-height: 1.35; }
 .card { padding: 1rem; margin: 0 0 1rem; }
 .error { color: var(--error); } .warning { color: var(--warning); } .note { color: var(--note); }
 .good { color: var(--good); }
@@ -74,6 +75,19 @@ th[aria-sort="descending"] button::after { content: " \2193"; }
 .search { display: flex; flex-wrap: wrap; align-items: center; gap: .25rem .5rem; margin: 0 0 .5rem; }
 input { font: inherit; color: inherit; background: var(--card); border: 1px solid var(--other); border-radius: .35rem;
     padding: .3rem .5rem; max-width: 100%; }
+td.words { min-width: 16rem; white-space: normal; overflow-wrap: anywhere; }
+.months { display: grid; grid-template-columns: repeat(auto-fill, minmax(11rem, 1fr)); gap: 1rem .75rem; margin: .75rem 0 1rem; }
+.month { align-self: start; table-layout: fixed; border-collapse: separate; border-spacing: 1px; padding: .25rem;
+    background: var(--card); border: 1px solid var(--line); border-radius: .5rem; }
+.month caption { padding: 0 0 .25rem; font-weight: 600; text-align: left; }
+.month th, .month td { padding: 0; border: 0; text-align: center; color: var(--soft); font-size: .8125rem; line-height: 1.5rem; }
+.month a, .night { border: 1.5px solid; border-radius: .3rem; }
+.month a { display: block; text-decoration: none; font-weight: 600; line-height: calc(1.5rem - 3px); }
+.month .good a, .night.good { color: var(--good); background: none; }
+.month .waiting a, .night.waiting { color: var(--ink); border-style: dashed; }
+.month .error a, .night.error { color: var(--card); background: var(--error); border-color: var(--error); }
+.month a:hover, .month a:focus-visible { outline: 2px solid var(--link); outline-offset: 1px; }
+tr:target > * { background: var(--grid); }
 .pictures { display: grid; grid-template-columns: repeat(auto-fit, minmax(min(100%, 24rem), 1fr)); gap: .5rem 1.5rem; }
 figure { margin: 0; min-width: 0; max-width: 40rem; break-inside: avoid; }
 figcaption { color: var(--soft); font-size: .875rem; }
@@ -105,9 +119,9 @@ footer { padding-top: 1rem; padding-bottom: 2rem; color: var(--soft); font-size:
     .wide { overflow: visible; border: 0; }
     th, td { padding: .15rem .4rem; white-space: normal; }
     .pictures { grid-template-columns: 1fr 1fr; }
-    .card, .flow > li, tr { break-inside: avoid; }
+    .card, .flow > li, tr, .month { break-inside: avoid; }
     h2, h3 { break-after: avoid; }
-    .kept, .other, .loss, svg { print-color-adjust: exact; -webkit-print-color-adjust: exact; }
+    .kept, .other, .loss, .month a, .night, svg { print-color-adjust: exact; -webkit-print-color-adjust: exact; }
 }
 )css";
 

@@ -164,7 +164,7 @@ complete -c tavelin -n '__fish_seen_subcommand_from plot' -l script -d 'print th
 complete -c tavelin -n '__fish_seen_subcommand_from plot' -l as -x -d 'the format of the file, instead of the one that its content shows'
 complete -c tavelin -n '__fish_seen_subcommand_from plot' -s f -l force -d 'replace a picture that exists'
 
-complete -c tavelin -n 'not __fish_seen_subcommand_from check run explain info lint schema ready normalise batch diff convert report plot page help' -f -a page -d 'files and tasks as one page for a browser'
+complete -c tavelin -n 'not __fish_seen_subcommand_from check run explain info lint schema ready normalise batch diff convert report plot page help' -f -a page -d 'files, tasks and the folder of a batch as one page for a browser'
 complete -c tavelin -n '__fish_seen_subcommand_from page' -s o -l output -r -F -d 'the page; - for the standard output'
 complete -c tavelin -n '__fish_seen_subcommand_from page' -l as -x -d 'the format of the files, instead of the one that their content shows'
 complete -c tavelin -n '__fish_seen_subcommand_from page' -l object -x -d 'pictures of this object; may be given again. Default: of the 200 with the most marks'

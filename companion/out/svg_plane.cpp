@@ -42,6 +42,20 @@ void addLabel(Html& page, double x, double y, const std::string& style, const st
     page.markup("\n");
 }
 
+void addFrame(Html& page, const PictureArea& area)
+{
+    addPath(page, "frame",
+            'M' + pointText({area.left, area.top}) + 'H' + coordinate(area.right) + 'V' +
+                coordinate(area.bottom) + 'H' + coordinate(area.left) + 'Z');
+}
+
+// The middle of a label that would reach beyond the right edge of the picture is moved to the left.
+double withinPicture(double middle, const std::string& label)
+{
+    constexpr double halfDigit = 4.25; // of the larger letters of narrow windows
+    return std::min(middle, pictureWidth - halfDigit * static_cast<double>(label.size()));
+}
+
 } // namespace
 
 std::string coordinate(double value)
@@ -122,11 +136,10 @@ void addAxes(Html& page, const PictureArea& area, const Axis& across, const Axis
         grid += 'M' + pointText({area.left, upwardsScale.at(tick.value)}) + 'H' + coordinate(area.right);
     }
     addPath(page, "grid", grid);
-    addPath(page, "frame",
-            'M' + pointText({area.left, area.top}) + 'H' + coordinate(area.right) + 'V' +
-                coordinate(area.bottom) + 'H' + coordinate(area.left) + 'Z');
+    addFrame(page, area);
     for (const Tick& tick : across.ticks) {
-        addLabel(page, acrossScale.at(tick.value), area.bottom + lineHeight, "middle", tick.label);
+        addLabel(page, withinPicture(acrossScale.at(tick.value), tick.label), area.bottom + lineHeight,
+                 "middle", tick.label);
     }
     for (const Tick& tick : upwards.ticks) {
         addLabel(page, area.left - gap, upwardsScale.at(tick.value) + 4, "end", tick.label);

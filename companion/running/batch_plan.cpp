@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 
 namespace companion {
 namespace {
@@ -117,6 +118,13 @@ WrongUsage noPlan(const BatchFolder& folder, const std::string& problem)
 
 } // namespace
 
+BatchFolder::BatchFolder(std::string path) : folder(std::move(path))
+{
+    while (folder.size() > 1 && folder.ends_with('/')) {
+        folder.pop_back();
+    }
+}
+
 std::string BatchFolder::receipt(std::size_t number) const
 {
     return receipts() + '/' + numberText(number) + ".json";
@@ -168,6 +176,16 @@ BatchPlan readPlan(const BatchFolder& folder)
         throw noPlan(folder, "is damaged");
     }
     return plan;
+}
+
+SeenBatch seenBatch(const BatchFolder& folder, const BatchPlan& plan)
+{
+    namespace fs = std::filesystem;
+    const fs::path from = (fs::canonical(folder.path()) / plan.folder).lexically_normal();
+    if (fs::weakly_canonical(from) == fs::current_path()) {
+        return {folder, ""};
+    }
+    return {BatchFolder(fs::canonical(folder.path())), from};
 }
 
 void writePlan(const BatchFolder& folder, const BatchPlan& plan)

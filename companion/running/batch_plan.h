@@ -50,11 +50,9 @@ struct BatchPlan
 class BatchFolder
 {
 public:
-    explicit BatchFolder(std::string path) : folder(std::move(path))
-    {
-    }
+    explicit BatchFolder(std::string path);
 
-    /// Its path, as it was given.
+    /// Its path, as it was given, less slashes at its end.
     const std::string& path() const
     {
         return folder;
@@ -91,6 +89,17 @@ std::string planText(const BatchPlan& plan);
 /// Reads the plan of a folder. Throws WrongUsage where it cannot be read (V003), and where it is not one of
 /// this version, or damaged (V454).
 BatchPlan readPlan(const BatchFolder& folder);
+
+/// A batch as it is seen from the folder that its plan was made from: the paths of its tasks count from
+/// there.
+struct SeenBatch
+{
+    BatchFolder folder;
+    std::string from; ///< the folder to go to; empty where it is the present one
+};
+
+/// The batch of a folder that is there.
+SeenBatch seenBatch(const BatchFolder& folder, const BatchPlan& plan);
 
 /// Writes a plan, unless it is there with these bytes: its time says when it last changed.
 void writePlan(const BatchFolder& folder, const BatchPlan& plan);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace {
 
 struct GoldenCase
@@ -26,8 +28,11 @@ class Golden : public testing::TestWithParam<GoldenCase>
 {
 };
 
+// A case may run the command before its call.
 TEST_P(Golden, PrintsWhatStandsInItsFolder)
 {
+    setenv("TAVELIN", VOMAR_COMMAND, 1);
+    setenv("VOMAR", VOMAR_STAND_IN, 1);
     expectGolden(GetParam().group, GetParam().name);
 }
 

@@ -1,5 +1,6 @@
 // The page of files and tasks beside its golden cases: what it is written to, and which objects it shows.
 
+#include "command/page_calendar.h"
 #include "companion/golden.h"
 #include "support/folders.h"
 #include "support/temporary_folder.h"
@@ -7,6 +8,7 @@
 #include <gmock/gmock.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <regex>
 #include <string>
 
@@ -170,6 +172,101 @@ TEST(Page, NothingIsLoadedFromAnywhere)
     EXPECT_THAT(page, Not(HasSubstr("@import")));
     EXPECT_THAT(page, Not(HasSubstr("url(")));
     EXPECT_THAT(page, EndsWith("</html>\n"));
+}
+
+// The present folder becomes the archive of a case, with the folder of its batch.
+class ArchiveOfCase
+{
+public:
+    explicit ArchiveOfCase(const std::string& name) : present(folder.path())
+    {
+        setenv("TAVELIN", VOMAR_COMMAND, 1);
+        setenv("VOMAR", VOMAR_STAND_IN, 1);
+        const std::string source = project + "/tests/companion/page/" + name;
+        makeFile("t.xml", bytesOf(source + "/t.xml"));
+        makeFile("night.mea", bytesOf(source + "/night.mea"));
+        const std::string command = "sh -eu '" + source + "/prepare'";
+        EXPECT_EQ(std::system(command.c_str()), 0);
+    }
+
+private:
+    TemporaryFolder folder;
+    PresentFolder present;
+};
+
+TEST(Page, TheStatesOfABatchAreInTheSummary)
+{
+    setenv("TAVELIN", VOMAR_COMMAND, 1);
+    setenv("VOMAR", VOMAR_STAND_IN, 1);
+    expectGoldenMade("page_file", "batch");
+}
+
+TEST(Page, NothingOfABatchIsWrittenOver)
+{
+    const ArchiveOfCase archive("batch_of_another_folder");
+    for (const char* path :
+         {"survey/work/plan.json", "survey/work/tasks/000001_T9.xml", "survey/work/receipts/000001.json",
+          "survey/archive/2025-02-23/T9.mea", "survey/reports/2025-02-23/T9.txt"})
+    {
+        const std::string before = bytesOf(path);
+        ASSERT_NE(before, "") << path;
+        const CommandEnd end = callCommand({"page", "survey/work", "-o", path, "--force"});
+        EXPECT_EQ(end.status, 2) << path;
+        EXPECT_THAT(end.err, HasSubstr("[V005]")) << path;
+        EXPECT_EQ(bytesOf(path), before) << path;
+    }
+}
+
+TEST(Page, ABatchMayStandBesideItsFiles)
+{
+    const ArchiveOfCase archive("batch");
+    const std::string page = pageOf({"work", "archive/2025-02-23/T9.mea", "work/tasks/000001_T9.xml"});
+    EXPECT_THAT(page, HasSubstr("<dt>tasks</dt><dd>8</dd>"));
+    EXPECT_THAT(page, HasSubstr("<dt>files</dt><dd>6</dd>"));
+    EXPECT_THAT(page, HasSubstr("7 tasks: 3 up to date, 1 failed, 1 without input, 2 to run."));
+    EXPECT_THAT(page, HasSubstr("<h2 id=\"tasks\">Tasks</h2>"));
+    EXPECT_EQ(countOf(page, "<tr id=\"night-"), 7U);
+}
+
+TEST(Page, ABatchWithoutTasksIsAPage)
+{
+    const ArchiveOfCase archive("batch_of_another_folder");
+    ASSERT_EQ(callCommand({"batch", "survey/work", "--forget", "1"}).status, 0);
+    const CommandEnd end = callCommand({"page", "survey/work", "-o", "-"});
+    EXPECT_EQ(end.status, 0);
+    EXPECT_THAT(end.out, HasSubstr("The batch has no tasks."));
+}
+
+TEST(Page, ANightIsNamedByThePathOfItsFile)
+{
+    struct Row
+    {
+        const char* path;
+        const char* first;
+        const char* night;
+    };
+    const Row rows[] = {
+        {"archive/2024-01-20/T9.mea", "2024-01-20T21:48:27.0", "2024-01-20"},
+        {"archive/2024-01-20/T9.mea", "2024-01-21T00:48:27.0", "2024-01-20"}, // the evening before
+        {"archive/2024-01-20/T9.mea", "2024-01-19T23:48:27.0", "2024-01-20"},
+        {"archive/2024-01-20/T9.mea", "2024-01-22T00:48:27.0", "2024-01-22"}, // a date of something else
+        {"K88_20240120.mea", "2024-01-21T00:48:27.0", "2024-01-20"},
+        {"2024/01/20/T9.mea", "2024-01-21T00:48:27.0", "2024-01-20"},
+        {"20231231/K88_20240101.mea", "2024-01-01T00:48:27.0", "2024-01-01"},
+        {"K88_20240120.mea", "", "2024-01-20"},
+        {"K88_120240120.mea", "", ""},
+        {"K88_202401200.mea", "", ""},
+        {"K88_20240230.mea", "", ""},
+        {"K88_2024-01_20.mea", "", ""},
+        {"K88_2024x01x20.mea", "", ""},
+        {"2024", "", ""},
+        {"2024-01-", "", ""},
+        {"", "", ""},
+        {"night.mea", "2024-01-21T00:48:27.0", "2024-01-21"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(companion::nightOf(row.path, row.first), row.night) << row.path << ' ' << row.first;
+    }
 }
 
 TEST(Page, AFileThatSeveralTasksReadCountsOnce)
