@@ -60,6 +60,19 @@ std::string marksText(const BatchOutcome& outcome)
     return counted(outcome.found) + " of " + counted(outcome.read, "mark");
 }
 
+// A task that was not run in this call.
+void showWhatIsKnown(const Console& console, const BatchOutcome& outcome)
+{
+    const std::string start = printable(outcome.path) + ": " + rowOf(outcome.status).word + ": ";
+    for (const std::string& error : outcome.errors) {
+        console.out << start << error << '\n';
+    }
+    if (outcome.errors.empty()) {
+        const std::string why = outcome.reason.empty() ? marksText(outcome) : outcome.reason;
+        console.out << start << printable(why) << '\n';
+    }
+}
+
 Json elementOf(const BatchOutcome& outcome)
 {
     Json element = Json::object().set("number", outcome.task.number);
@@ -142,6 +155,12 @@ int BatchPresentation::finish(int signal)
     return status;
 }
 
+std::string BatchPresentation::failedReceipts(std::size_t count) const
+{
+    const std::string others = count > 1 ? " and " + counted(count - 1) + " more" : "";
+    return " (" + printable(firstFailed) + others + ')';
+}
+
 std::string BatchPresentation::totalsText() const
 {
     std::string text = "batch: " + counted(tasks, "task");
@@ -152,12 +171,8 @@ std::string BatchPresentation::totalsText() const
             continue;
         }
         text += separator + counted(known->second) + ' ' + row.sum;
+        text += row.status == BatchStatus::failed ? failedReceipts(known->second) : "";
         separator = ", ";
-        if (row.status == BatchStatus::failed) {
-            const std::string others =
-                known->second > 1 ? " and " + counted(known->second - 1) + " more" : "";
-            text += " (" + printable(firstFailed) + others + ')';
-        }
     }
     return text + "; " + counted(found) + " of " + counted(read, "mark");
 }
@@ -190,14 +205,7 @@ void BatchPresentation::show(const BatchOutcome& outcome) const
             showFinding(console, each);
         }
     } else if (isShown && !(console.look.quiet && outcome.status != BatchStatus::failed)) {
-        const std::string start = printable(outcome.path) + ": " + rowOf(outcome.status).word + ": ";
-        for (const std::string& error : outcome.errors) {
-            console.out << start << error << '\n';
-        }
-        if (outcome.errors.empty()) {
-            const std::string why = outcome.reason.empty() ? marksText(outcome) : outcome.reason;
-            console.out << start << printable(why) << '\n';
-        }
+        showWhatIsKnown(console, outcome);
     }
 }
 
