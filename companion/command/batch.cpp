@@ -169,31 +169,34 @@ void showFindings(const std::vector<Finding>& findings, const Console& console)
     }
 }
 
+void printMadeJson(const BatchFolder& folder, const MadeBatch& made, std::ostream& out)
+{
+    JsonDocument document(out, "tavelin.batch/1");
+    document.set("work", folder.path());
+    if (!made.isRefused) {
+        document.set("made", Json::object()
+                                 .set("tasks", made.plan.tasks.size())
+                                 .set("new", made.fresh)
+                                 .set("changed", made.changed));
+    }
+    document.set("findings", findingsJson(made.findings));
+    document.set("exit", made.isRefused ? 1 : 0);
+    document.finish();
+}
+
 // What was made, where nothing is run then.
 int showMade(const BatchFolder& folder, const MadeBatch& made, const Console& console)
 {
-    const int status = made.isRefused ? 1 : 0;
+    const std::string start = "batch: " + counted(made.plan.tasks.size(), "task");
     if (console.look.json) {
-        JsonDocument document(console.out, "tavelin.batch/1");
-        document.set("work", folder.path());
-        if (!made.isRefused) {
-            document.set("made", Json::object()
-                                     .set("tasks", made.plan.tasks.size())
-                                     .set("new", made.fresh)
-                                     .set("changed", made.changed));
-        }
-        document.set("findings", findingsJson(made.findings));
-        document.set("exit", status);
-        document.finish();
+        printMadeJson(folder, made, console.out);
     } else if (made.isRefused) {
-        console.out << "batch: " << counted(made.plan.tasks.size(), "task")
-                    << " refused: nothing was made or run\n";
+        console.out << start << " refused: nothing was made or run\n";
     } else {
-        console.out << "batch: " << counted(made.plan.tasks.size(), "task") << " in "
-                    << printable(folder.plan()) << ": " << counted(made.fresh) << " new, "
+        console.out << start << " in " << printable(folder.plan()) << ": " << counted(made.fresh) << " new, "
                     << counted(made.changed) << " changed\n";
     }
-    return status;
+    return made.isRefused ? 1 : 0;
 }
 
 int makeAndRun(const Arguments& arguments, const Console& console)

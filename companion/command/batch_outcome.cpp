@@ -47,6 +47,19 @@ std::string marksText(const BatchOutcome& outcome)
     return counted(outcome.found) + " of " + counted(outcome.read, "mark");
 }
 
+// A task that was not run in this call.
+void showWhatIsKnown(const Console& console, const BatchOutcome& outcome)
+{
+    const std::string start = printable(outcome.path) + ": " + rowOf(outcome.status).word + ": ";
+    for (const std::string& error : outcome.errors) {
+        console.out << start << error << '\n';
+    }
+    if (outcome.errors.empty()) {
+        const std::string why = outcome.reason.empty() ? marksText(outcome) : outcome.reason;
+        console.out << start << printable(why) << '\n';
+    }
+}
+
 Json elementOf(const BatchOutcome& outcome)
 {
     Json element = Json::object().set("number", outcome.task.number);
@@ -169,15 +182,17 @@ int BatchPresentation::finish(int signal)
     return status;
 }
 
+std::string BatchPresentation::failedReceipts(std::size_t count) const
+{
+    const std::string others = count > 1 ? " and " + counted(count - 1) + " more" : "";
+    return " (" + printable(firstFailed) + others + ')';
+}
+
 std::string BatchPresentation::totalsText() const
 {
     const auto failed = counts.find(BatchStatus::failed);
-    std::string receipts;
-    if (failed != counts.end()) {
-        const std::string others = failed->second > 1 ? " and " + counted(failed->second - 1) + " more" : "";
-        receipts = " (" + printable(firstFailed) + others + ')';
-    }
-    const std::string text = batchCountsText(counts, receipts);
+    const std::string text =
+        batchCountsText(counts, failed == counts.end() ? "" : failedReceipts(failed->second));
     return "batch: " + counted(tasks, "task") + (text.empty() ? "" : ": ") + text + "; " + counted(found) +
            " of " + counted(read, "mark");
 }
@@ -207,14 +222,7 @@ void BatchPresentation::show(const BatchOutcome& outcome) const
             showFinding(console, each);
         }
     } else if (isShown && !(console.look.quiet && outcome.status != BatchStatus::failed)) {
-        const std::string start = printable(outcome.path) + ": " + rowOf(outcome.status).word + ": ";
-        for (const std::string& error : outcome.errors) {
-            console.out << start << error << '\n';
-        }
-        if (outcome.errors.empty()) {
-            const std::string why = outcome.reason.empty() ? marksText(outcome) : outcome.reason;
-            console.out << start << printable(why) << '\n';
-        }
+        showWhatIsKnown(console, outcome);
     }
 }
 

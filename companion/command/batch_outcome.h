@@ -87,6 +87,7 @@ public:
 
 private:
     std::string totalsText() const;
+    std::string failedReceipts(std::size_t count) const;
     Json totalsJson() const;
     int exitStatus() const;
     void show(const BatchOutcome& outcome) const;

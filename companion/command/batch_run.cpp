@@ -65,18 +65,9 @@ public:
     std::string reasonToLeaveOut(std::size_t place) override
     {
         const BatchTask& task = *tasks[place];
-        if (!hasInputs(task)) {
-            return leftOut(place, BatchStatus::gone);
-        }
-        if (isUpToDate(place)) {
-            return leftOut(place, BatchStatus::upToDate);
-        }
-        if (!locks.take(task.number)) {
-            return leftOut(place, BatchStatus::elsewhere);
-        }
-        if (isUpToDate(place)) { // by another call, until a moment ago
-            locks.leave(task.number);
-            return leftOut(place, BatchStatus::upToDate);
+        kept[place].why = whyNotRun(place);
+        if (kept[place].why != BatchStatus::toRun) {
+            return "it is not to be run now";
         }
         std::error_code ignored;
         fs::remove(folder.receipt(task.number), ignored); // its outputs are about to change
@@ -108,15 +99,8 @@ public:
         if (own.why != BatchStatus::toRun) {
             outcome.read = own.read;
             outcome.found = own.found;
-            return outcome;
-        }
-        outcome.status = batchStatus(statusWord(ran.status));
-        outcome.reason = ran.reason;
-        if (ran.status != RunStatus::leftOut) {
-            outcome.ran = &ran;
-            outcome.findings = own.findings;
-            outcome.read = ran.task->plan.account.read;
-            outcome.found = ran.evidence ? ran.evidence->foundMarks() : 0;
+        } else {
+            addRun(outcome, ran, own);
         }
         return outcome;
     }
@@ -131,6 +115,40 @@ public:
     }
 
 private:
+    // What keeps a task from being run. Nothing does where it is to be run: then it has its lock.
+    BatchStatus whyNotRun(std::size_t place)
+    {
+        const BatchTask& task = *tasks[place];
+        const bool isDone = isUpToDate(place);
+        if (!hasInputs(task)) {
+            return BatchStatus::gone;
+        }
+        if (isDone) {
+            return BatchStatus::upToDate;
+        }
+        if (!locks.take(task.number)) {
+            return BatchStatus::elsewhere;
+        }
+        if (isUpToDate(place)) { // by another call, until a moment ago
+            locks.leave(task.number);
+            return BatchStatus::upToDate;
+        }
+        return BatchStatus::toRun;
+    }
+
+    static void addRun(BatchOutcome& outcome, const TaskOutcome& ran, const KeptTask& own)
+    {
+        outcome.status = batchStatus(statusWord(ran.status));
+        outcome.reason = ran.reason;
+        if (ran.status != RunStatus::leftOut) {
+            outcome.ran = &ran;
+            outcome.findings = own.findings;
+            outcome.read = ran.task->plan.account.read;
+            outcome.found = ran.evidence ? ran.evidence->foundMarks() : 0;
+        }
+    }
+
+    // By its receipt, which is read in any case: for its marks.
     bool isUpToDate(std::size_t place)
     {
         const BatchTask& task = *tasks[place];
@@ -139,15 +157,6 @@ private:
         kept[place].read = receipt ? receipt->read : 0;
         kept[place].found = receipt ? receipt->found : 0;
         return !settings.again && receipt && whyStale(*receipt, folder.task(task), comparison).empty();
-    }
-
-    std::string leftOut(std::size_t place, BatchStatus why)
-    {
-        if (why == BatchStatus::gone) {
-            isUpToDate(place); // for its marks
-        }
-        kept[place].why = why;
-        return "it is not to be run now";
     }
 
     const BatchFolder& folder;
@@ -188,6 +197,35 @@ std::vector<std::string> errorsOf(const Json& findings)
     return errors;
 }
 
+void addStatus(BatchOutcome& outcome, const Receipt& receipt, const ReceiptComparison& comparison)
+{
+    if (receipt.status == "good") {
+        outcome.reason = whyStale(receipt, outcome.path, comparison);
+        outcome.status = outcome.reason.empty() ? BatchStatus::upToDate : BatchStatus::toRun;
+    } else {
+        outcome.status = batchStatus(receipt.status);
+        outcome.findings = receipt.findings;
+        outcome.errors = errorsOf(receipt.findings);
+    }
+}
+
+// Runs tasks and shows them in their order. Gives the signal that ended the run, or 0.
+int runTasks(BatchKeeper& keeper, const RunSettings& settings, BatchPresentation& presentation,
+             const Console& console)
+{
+    const std::vector<std::string> paths = keeper.paths();
+    const Interrupts interrupts;
+    Progress progress(console, "task", paths.size());
+    std::size_t place = 0;
+    const auto show = [&](const TaskOutcome& outcome) {
+        progress.wipe();
+        presentation.add(keeper.outcomeOf(place++, outcome));
+    };
+    const auto tell = [&progress](std::size_t settled) { progress.at(settled); };
+    TaskRunner(settings, interrupts, show, tell, &keeper).run(paths);
+    return interrupts.signal();
+}
+
 bool hasFailed(BatchStatus status)
 {
     return status == BatchStatus::failed || status == BatchStatus::refused || status == BatchStatus::findings;
@@ -212,15 +250,10 @@ BatchOutcome outcomeByReceipt(const BatchFolder& folder, const BatchTask& task,
     }
     if (!hasInputs(task)) {
         outcome.status = BatchStatus::gone;
-    } else if (!receipt) {
-        outcome.reason = "it was not run yet";
-    } else if (receipt->status == "good") {
-        outcome.reason = whyStale(*receipt, folder.task(task), comparison);
-        outcome.status = outcome.reason.empty() ? BatchStatus::upToDate : BatchStatus::toRun;
+    } else if (receipt) {
+        addStatus(outcome, *receipt, comparison);
     } else {
-        outcome.status = batchStatus(receipt->status);
-        outcome.findings = receipt->findings;
-        outcome.errors = errorsOf(receipt->findings);
+        outcome.reason = "it was not run yet";
     }
     return outcome;
 }
@@ -230,23 +263,8 @@ int runBatch(const BatchFolder& folder, const BatchPlan& plan, const ByteLocks& 
 {
     removeUnfinishedReceipts(folder, locks);
     BatchKeeper keeper(folder, tasksOf(plan, settings.part), locks, settings);
-    const std::vector<std::string> paths = keeper.paths();
     BatchPresentation presentation(console, folder, settings.part.text());
-    int signal = 0;
-    {
-        const Interrupts interrupts;
-        Progress progress(console, "task", paths.size());
-        std::size_t place = 0;
-        const auto show = [&](const TaskOutcome& outcome) {
-            progress.wipe();
-            presentation.add(keeper.outcomeOf(place++, outcome));
-        };
-        TaskRunner(
-            settings.run, interrupts, show, [&progress](std::size_t settled) { progress.at(settled); },
-            &keeper)
-            .run(paths);
-        signal = interrupts.signal();
-    }
+    const int signal = runTasks(keeper, settings.run, presentation, console);
     const int status = presentation.finish(signal);
     if (signal != 0) {
         endBySignal(signal);

@@ -127,12 +127,7 @@ public:
     {
         gatherFiles();
         readOldPlan();
-        for (auto& [key, files] : groups) {
-            makeTask(key, files);
-        }
-        keepOldTasks();
-        std::sort(tasks.begin(), tasks.end(),
-                  [](const MadeTask& a, const MadeTask& b) { return a.task.number < b.task.number; });
+        makeTasks();
         if (!hasErrors()) {
             foreseeOutputs();
             holdOutputsAgainstEachOther();
@@ -173,6 +168,20 @@ private:
             {{"kind", "field"}, {"word", order.group}, {"question", nearestQuestion(order.group, known)}})};
     }
 
+    // A plan from another folder, or with other groups, cannot grow.
+    void refuseAnother(const BatchPlan& old) const
+    {
+        std::string problem;
+        if (old.folder != here) {
+            problem = "was made from another folder";
+        } else if (old.group != order.group) {
+            problem = old.group.empty() ? "has no groups" : "has groups of {" + old.group + '}';
+        }
+        if (!problem.empty()) {
+            throw WrongUsage{finding("V454", {{"path", folder.plan()}, {"problem", problem}})};
+        }
+    }
+
     void readOldPlan()
     {
         made.plan.folder = here;
@@ -180,15 +189,7 @@ private:
             return;
         }
         BatchPlan old = readPlan(folder);
-        const auto refuse = [this](const std::string& problem) {
-            throw WrongUsage{finding("V454", {{"path", folder.plan()}, {"problem", problem}})};
-        };
-        if (old.folder != here) {
-            refuse("was made from another folder");
-        }
-        if (old.group != order.group) {
-            refuse(old.group.empty() ? "has no groups" : "has groups of {" + old.group + '}');
-        }
+        refuseAnother(old);
         made.plan.next = old.next;
         for (BatchTask& task : old.tasks) {
             const std::string key = order.group.empty() ? task.inputs.front().path : task.group;
@@ -199,23 +200,24 @@ private:
     void makeTask(const std::string& key, const std::vector<ArchiveFile>& files)
     {
         const auto known = before.extract(key);
-        MadeTask task;
-        if (known.empty()) {
-            task.task = newTask(key, files);
-        } else {
-            task.task = std::move(known.mapped());
-        }
+        MadeTask task{known.empty() ? newTask(key, files) : std::move(known.mapped())};
         task.bytes = taskTemplate.task(task.task.number, key, files, made.findings);
         task.isChanged = hasChanged(task);
         made.changed += task.isChanged && !known.empty() ? 1U : 0U;
+        std::vector<FileStamp> stamps = stampsOf(files);
+        task.isForeseen = !task.isChanged && stamps == task.task.inputs;
+        task.task.inputs = std::move(stamps);
+        tasks.push_back(std::move(task));
+    }
+
+    static std::vector<FileStamp> stampsOf(const std::vector<ArchiveFile>& files)
+    {
         std::vector<FileStamp> stamps;
         stamps.reserve(files.size());
         for (const ArchiveFile& file : files) {
             stamps.push_back(stampOf(file.path, fileState(file.path)));
         }
-        task.isForeseen = !task.isChanged && stamps == task.task.inputs;
-        task.task.inputs = std::move(stamps);
-        tasks.push_back(std::move(task));
+        return stamps;
     }
 
     BatchTask newTask(const std::string& key, const std::vector<ArchiveFile>& files)
@@ -243,11 +245,17 @@ private:
         return !tavelinUtils::readBytes(folder.task(task.task), file) || file.view() != task.bytes;
     }
 
-    void keepOldTasks()
+    // Those of the files that are there, and those of the old plan that are left.
+    void makeTasks()
     {
+        for (const auto& [key, files] : groups) {
+            makeTask(key, files);
+        }
         for (auto& [key, task] : before) {
             tasks.push_back({std::move(task)});
         }
+        std::sort(tasks.begin(), tasks.end(),
+                  [](const MadeTask& a, const MadeTask& b) { return a.task.number < b.task.number; });
     }
 
     void foreseeOutputs()
@@ -378,6 +386,21 @@ std::size_t numberIn(const std::string& word)
     return number;
 }
 
+// Tasks that no other call is running, with their locks.
+std::vector<BatchTask> lockedTasks(const BatchPlan& plan, const std::vector<std::string>& words,
+                                   const ByteLocks& locks)
+{
+    std::vector<BatchTask> tasks;
+    for (const std::string& word : words) {
+        tasks.push_back(taskNamed(plan, word));
+        const std::size_t number = tasks.back().number;
+        if (!locks.take(number)) {
+            throw WrongUsage{finding("V453", {{"task", std::to_string(number)}})};
+        }
+    }
+    return tasks;
+}
+
 } // namespace
 
 void makeBatchFolder(const BatchFolder& folder)
@@ -425,14 +448,7 @@ void forgetTasks(const BatchFolder& folder, const std::vector<std::string>& word
 {
     const PlanLock lock(locks);
     BatchPlan plan = readPlan(folder);
-    std::vector<BatchTask> forgotten;
-    for (const std::string& word : words) {
-        forgotten.push_back(taskNamed(plan, word));
-        const std::size_t number = forgotten.back().number;
-        if (!locks.take(number)) {
-            throw WrongUsage{finding("V453", {{"task", std::to_string(number)}})};
-        }
-    }
+    const std::vector<BatchTask> forgotten = lockedTasks(plan, words, locks);
     std::erase_if(plan.tasks, [&forgotten](const BatchTask& task) {
         return std::find(forgotten.begin(), forgotten.end(), task) != forgotten.end();
     });

@@ -29,6 +29,24 @@ Json pathJson(const std::string& path)
     return object;
 }
 
+Json pathsJson(const std::vector<std::string>& paths)
+{
+    Json list = Json::list();
+    for (const std::string& each : paths) {
+        list.push(pathJson(each));
+    }
+    return list;
+}
+
+Json settingsJson(const std::map<std::string, std::string>& settings)
+{
+    Json list = Json::list();
+    for (const auto& [key, value] : settings) {
+        list.push(Json::object().set("key", key).set("value", pathJson(value)));
+    }
+    return list;
+}
+
 Json taskJson(const BatchTask& task)
 {
     Json object = Json::object().set("number", task.number);
@@ -38,16 +56,21 @@ Json taskJson(const BatchTask& task)
         inputs.push(stampJson(each));
     }
     object.set("inputs", inputs).set("folder", pathJson(task.folder)).set("result", pathJson(task.result));
-    Json outputs = task.outputs ? Json::list() : Json();
-    for (const std::string& each : task.outputs.value_or(std::vector<std::string>())) {
-        outputs.push(pathJson(each));
-    }
-    return object.set("outputs", outputs);
+    return object.set("outputs", task.outputs ? pathsJson(*task.outputs) : Json());
 }
 
 std::string pathOf(const JsonView& object)
 {
     return bytesMember(object, "path");
+}
+
+std::vector<std::string> pathsIn(const JsonView& list)
+{
+    std::vector<std::string> paths;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        paths.push_back(pathOf(list[i]));
+    }
+    return paths;
 }
 
 FileStamp stampIn(const JsonView& object)
@@ -66,12 +89,8 @@ BatchTask taskOf(const JsonView& object)
     }
     task.folder = pathOf(object["folder"]);
     task.result = pathOf(object["result"]);
-    const JsonView outputs = object["outputs"];
-    if (outputs.isList()) {
-        task.outputs.emplace();
-        for (std::size_t i = 0; i < outputs.size(); ++i) {
-            task.outputs->push_back(pathOf(outputs[i]));
-        }
+    if (object["outputs"].isList()) {
+        task.outputs = pathsIn(object["outputs"]);
     }
     return task;
 }
@@ -81,9 +100,7 @@ BatchPlan planOf(const JsonView& object)
     BatchPlan plan;
     plan.folder = pathOf(object["folder"]);
     plan.taskTemplate = pathOf(object["template"]);
-    for (std::size_t i = 0; i < object["patterns"].size(); ++i) {
-        plan.patterns.push_back(pathOf(object["patterns"][i]));
-    }
+    plan.patterns = pathsIn(object["patterns"]);
     plan.group = object["group"].text();
     const JsonView settings = object["settings"];
     for (std::size_t i = 0; i < settings.size(); ++i) {
@@ -132,21 +149,13 @@ std::string BatchFolder::receipt(std::size_t number) const
 
 std::string planText(const BatchPlan& plan)
 {
-    Json patterns = Json::list();
-    for (const std::string& each : plan.patterns) {
-        patterns.push(pathJson(each));
-    }
-    Json settings = Json::list();
-    for (const auto& [key, value] : plan.settings) {
-        settings.push(Json::object().set("key", key).set("value", pathJson(value)));
-    }
     std::string text = Json::object()
                            .set("schema", planSchema)
                            .set("folder", pathJson(plan.folder))
                            .set("template", pathJson(plan.taskTemplate))
-                           .set("patterns", patterns)
+                           .set("patterns", pathsJson(plan.patterns))
                            .set("group", plan.group)
-                           .set("settings", settings)
+                           .set("settings", settingsJson(plan.settings))
                            .set("next", plan.next)
                            .set("tasks", Json::list())
                            .text();
@@ -164,15 +173,11 @@ BatchPlan readPlan(const BatchFolder& folder)
         throw WrongUsage{finding("V003", {{"file", folder.plan()}, {"what", std::strerror(errno)}})};
     }
     const ReadJson json(file.view());
-    const JsonView root = json.root();
-    if (!root) {
-        throw noPlan(folder, "is damaged");
-    }
-    if (root["schema"].text() != planSchema) {
+    if (json.root() && json.root()["schema"].text() != planSchema) {
         throw noPlan(folder, "was made by another version");
     }
-    BatchPlan plan = planOf(root);
-    if (!isWhole(plan)) {
+    BatchPlan plan = planOf(json.root());
+    if (!json.root() || !isWhole(plan)) {
         throw noPlan(folder, "is damaged");
     }
     return plan;

@@ -95,7 +95,8 @@ struct RunningChild
     EndedChild end{};
 };
 
-// What happens between fork and exec: only calls that a handler of signals may make.
+// What happens between vfork and exec: only calls that a handler of signals may make, and nothing in the
+// memory that is changed, since it is the caller's own.
 class NewProcess
 {
 public:
@@ -181,7 +182,7 @@ int startProcess(const ChildCall& call, RunningChild& child)
         return errno;
     }
     const NewProcess process(call, output->in.get(), failures->in.get());
-    child.process = fork();
+    child.process = vfork(); // a copy of all pages would cost more than many a task
     if (child.process == 0) {
         process.run();
     }

@@ -40,30 +40,44 @@ Json outputsJson(const std::vector<OutputRecord>& outputs)
     return list;
 }
 
-std::string receiptText(const Receipt& receipt)
+Json taskJson(const Receipt& receipt)
 {
     Json task = Json::object();
     setBytes(task, "name", receipt.task);
+    return task.set("hash", receipt.taskHash);
+}
+
+Json resultJson(const Receipt& receipt)
+{
     Json result = Json::object();
     setBytes(result, "path", receipt.result);
-    return Json::object()
-               .set("schema", receiptSchema)
-               .set("number", receipt.number)
-               .set("task", task.set("hash", receipt.taskHash))
-               .set("work", receipt.isReport ? "report" : "conversion")
-               .set("status", receipt.status)
-               .set("tool", recordJson(receipt.tool))
-               .set("inputs", recordsJson(receipt.inputs))
-               .set("configurations", recordsJson(receipt.configurations))
-               .set("outputs", outputsJson(receipt.outputs))
-               .set("result", receipt.result.empty() ? Json() : result)
-               .set("marks", Json::object().set("read", receipt.read).set("found", receipt.found))
-               .set("accounting", receipt.accounting)
-               .set("findings", receipt.findings)
-               .set("began", receipt.began)
-               .set("seconds", receipt.seconds)
-               .text() +
-           '\n';
+    return receipt.result.empty() ? Json() : result;
+}
+
+void addWhatCame(Json& object, const Receipt& receipt)
+{
+    object.set("outputs", outputsJson(receipt.outputs))
+        .set("result", resultJson(receipt))
+        .set("marks", Json::object().set("read", receipt.read).set("found", receipt.found))
+        .set("accounting", receipt.accounting)
+        .set("findings", receipt.findings)
+        .set("began", receipt.began)
+        .set("seconds", receipt.seconds);
+}
+
+std::string receiptText(const Receipt& receipt)
+{
+    Json object = Json::object();
+    object.set("schema", receiptSchema)
+        .set("number", receipt.number)
+        .set("task", taskJson(receipt))
+        .set("work", receipt.isReport ? "report" : "conversion")
+        .set("status", receipt.status)
+        .set("tool", recordJson(receipt.tool))
+        .set("inputs", recordsJson(receipt.inputs))
+        .set("configurations", recordsJson(receipt.configurations));
+    addWhatCame(object, receipt);
+    return object.text() + '\n';
 }
 
 FileRecord recordIn(const JsonView& object)
@@ -87,6 +101,15 @@ std::size_t countIn(const JsonView& number)
     return static_cast<std::size_t>(number.integer());
 }
 
+std::vector<OutputRecord> outputsIn(const JsonView& list)
+{
+    std::vector<OutputRecord> outputs;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        outputs.push_back({recordIn(list[i]), list[i]["format"].text(), countIn(list[i]["marks"])});
+    }
+    return outputs;
+}
+
 Receipt receiptIn(const JsonView& root)
 {
     Receipt receipt;
@@ -98,10 +121,7 @@ Receipt receiptIn(const JsonView& root)
     receipt.tool = recordIn(root["tool"]);
     receipt.inputs = recordsIn(root["inputs"]);
     receipt.configurations = recordsIn(root["configurations"]);
-    for (std::size_t i = 0; i < root["outputs"].size(); ++i) {
-        const JsonView each = root["outputs"][i];
-        receipt.outputs.push_back({recordIn(each), each["format"].text(), countIn(each["marks"])});
-    }
+    receipt.outputs = outputsIn(root["outputs"]);
     receipt.result = bytesMember(root["result"], "path");
     receipt.read = countIn(root["marks"]["read"]);
     receipt.found = countIn(root["marks"]["found"]);
@@ -129,7 +149,7 @@ Json findingsOf(const ReceiptOf& run)
     return list;
 }
 
-void addFiles(Receipt& receipt, const ReceiptOf& run)
+void addInputs(Receipt& receipt, const ReceiptOf& run)
 {
     const auto& configurations = run.checked.configurations;
     for (const FileStamp& input : run.evidence->inputs) {
@@ -140,12 +160,22 @@ void addFiles(Receipt& receipt, const ReceiptOf& run)
             std::find(configurations.begin(), configurations.end(), input.path) != configurations.end();
         (isConfiguration ? receipt.configurations : receipt.inputs).push_back(recordOf(input));
     }
+}
+
+void addOutputs(Receipt& receipt, const ReceiptOf& run)
+{
     for (const WitnessedFile& file : run.evidence->files) {
         if (file.state.exists) {
             receipt.outputs.push_back(
                 {recordOf(stampOf(file.path, file.state)), file.format, file.found.value_or(file.planned)});
         }
     }
+}
+
+void addRun(Receipt& receipt, const ReceiptOf& run)
+{
+    addInputs(receipt, run);
+    addOutputs(receipt, run);
     receipt.found = run.evidence->foundMarks();
     receipt.began = run.evidence->ended.began;
     receipt.seconds = run.evidence->ended.seconds;
@@ -179,6 +209,19 @@ bool hasItsConfigurations(const Receipt& receipt)
     return paths == SeriesSettings().takenBy(task);
 }
 
+bool stand(const std::vector<FileRecord>& records, const ReceiptComparison& comparison)
+{
+    return std::all_of(records.begin(), records.end(),
+                       [&comparison](const FileRecord& each) { return isSame(each, comparison); });
+}
+
+bool outputsStand(const Receipt& receipt, const ReceiptComparison& comparison)
+{
+    return (receipt.result.empty() || fileState(receipt.result).exists) &&
+           std::all_of(receipt.outputs.begin(), receipt.outputs.end(),
+                       [&comparison](const OutputRecord& each) { return isSame(each.file, comparison); });
+}
+
 bool isSameTool(const FileRecord& before, const ReceiptComparison& comparison)
 {
     return comparison.tool.stamp.path.empty() ||
@@ -208,7 +251,7 @@ Receipt receiptOf(const ReceiptOf& run, const std::string& path, const FileRecor
     receipt.accounting = run.checked.hasPlan ? accountingJson(run.checked) : Json();
     receipt.findings = findingsOf(run);
     if (run.evidence != nullptr) {
-        addFiles(receipt, run);
+        addRun(receipt, run);
     }
     return receipt;
 }
@@ -236,7 +279,6 @@ std::optional<Receipt> readReceipt(const BatchFolder& folder, std::size_t number
 
 std::string whyStale(const Receipt& receipt, const std::string& path, const ReceiptComparison& comparison)
 {
-    const auto stands = [&comparison](const FileRecord& record) { return isSame(record, comparison); };
     if (receipt.status != "good") {
         return "it did not end well";
     }
@@ -246,18 +288,13 @@ std::string whyStale(const Receipt& receipt, const std::string& path, const Rece
     if (!isSameTool(receipt.tool, comparison)) {
         return "the tool has changed";
     }
-    if (!std::all_of(receipt.inputs.begin(), receipt.inputs.end(), stands)) {
+    if (!stand(receipt.inputs, comparison)) {
         return "an input has changed";
     }
-    if (!std::all_of(receipt.configurations.begin(), receipt.configurations.end(), stands) ||
-        !hasItsConfigurations(receipt))
-    {
+    if (!stand(receipt.configurations, comparison) || !hasItsConfigurations(receipt)) {
         return "a configuration has changed";
     }
-    const bool hasResult = receipt.result.empty() || fileState(receipt.result).exists;
-    const bool hasOutputs = std::all_of(receipt.outputs.begin(), receipt.outputs.end(),
-                                        [&stands](const OutputRecord& each) { return stands(each.file); });
-    return hasResult && hasOutputs ? "" : "an output is not as it was written";
+    return outputsStand(receipt, comparison) ? "" : "an output is not as it was written";
 }
 
 } // namespace companion

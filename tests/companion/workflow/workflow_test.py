@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
 """The files for Snakemake, and the one-line forms for GNU parallel and Slurm, with real engines and an archive of 102 nights.
 
-workflow_test.py snakemake|slurm TAVELIN VOMAR WORKFLOW: WORKFLOW is the folder of the Snakefile. Ends with 77 where an
-engine is not installed (scripts/install_dependencies --workflow). Slurm runs on one node, its daemons in the foreground
-with a configuration of the test's own."""
+workflow_test.py snakemake|slurm TAVELIN VOMAR WORKFLOW [full]: WORKFLOW is the folder of the Snakefile. Ends with 77 where
+an engine is not installed (scripts/install_dependencies --workflow). Slurm runs on one node, its daemons in the foreground
+with a configuration of the test's own; "full" also sends it an array with a job for each night."""
 
 import contextlib
+import getpass
 import json
 import os
 import pathlib
@@ -51,8 +52,8 @@ class Archive:
             for mark in range(mark_count(night)):
                 lines.append(f"K24B01X 200124 21{mark:02}000000 0746286600 +4523283000 001 18.00")
             path.write_text("\n".join(lines) + "\n", encoding="ascii")
-        # Slower than the tool, so that there is a time to kill it in.
-        self.script("vomar", f'sleep 0.05\nexec {vomar} "$1"\n')
+        # On demand slower than the tool, so that there is a time to kill it in.
+        self.script("vomar", f'[ ! -e {folder}/slow ] || sleep 0.1\nexec {vomar} "$1"\n')
         self.script("tavelin", f'exec {tavelin} "$@" --vomar {folder}/vomar\n')
 
     def night(self, number):
@@ -76,6 +77,12 @@ class Archive:
             shutil.rmtree(self.folder / name, ignore_errors=True)
         end = self.tavelin("t.xml", "--over", "archive/{night}/{scope}_*.mea", "--into", "work", "--only-make")
         expect(end.returncode == 0, end.stdout)
+
+    @contextlib.contextmanager
+    def slow(self):
+        (self.folder / "slow").touch()
+        yield
+        (self.folder / "slow").unlink()
 
     def receipts(self):
         return len(list((self.folder / "work/receipts").glob("*.json")))
@@ -148,7 +155,8 @@ def on_this_machine(archive, workflow):
     expect(end.returncode == 0 and "Nothing to be done" in end.stdout, end.stdout)
 
     archive.make()
-    kill_when(archive, call, 24)
+    with archive.slow():
+        kill_when(archive, call, 24)
     night = archive.night(PARTS)  # of part 1
     night.rename(archive.folder / "kept.mea")
     (archive.folder / f"work/receipts/{PARTS:06}.json").unlink(missing_ok=True)
@@ -184,8 +192,8 @@ def slurm(folder):
     configuration.write_text(
         f"""ClusterName=test
 SlurmctldHost={host}(127.0.0.1)
-SlurmUser=root
-SlurmdUser=root
+SlurmUser={getpass.getuser()}
+SlurmdUser={getpass.getuser()}
 AuthType=auth/none
 CredType=cred/none
 ProctrackType=proctrack/linuxproc
@@ -202,9 +210,11 @@ SlurmctldPidFile={state}/ctld.pid
 SlurmdPidFile={state}/d.pid
 StateSaveLocation={state}
 SlurmdSpoolDir={state}/spool
+SlurmdParameters=config_overrides
 ReturnToService=2
-SchedulerParameters=batch_sched_delay=1,sched_interval=2
-NodeName={host} NodeAddr=127.0.0.1 CPUs=2 RealMemory=4000 State=UNKNOWN
+SchedulerType=sched/builtin
+SchedulerParameters=batch_sched_delay=0,sched_interval=1,sched_min_interval=10000
+NodeName={host} NodeAddr=127.0.0.1 CPUs=8 RealMemory=16000 State=UNKNOWN
 PartitionName=all Nodes=ALL Default=YES MaxTime=INFINITE State=UP
 """,
         encoding="ascii",
@@ -213,8 +223,10 @@ PartitionName=all Nodes=ALL Default=YES MaxTime=INFINITE State=UP
     with contextlib.ExitStack() as stack:
         for daemon in ("slurmctld", "slurmd"):
             log = stack.enter_context(open(state / f"{daemon}.log", "wb"))
+            # setpriv: it goes with the test, also where that is killed.
             process = stack.enter_context(
-                subprocess.Popen([daemon, "-D"], stdout=log, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL))
+                subprocess.Popen(["setpriv", "--pdeathsig", "TERM", daemon, "-D"], stdout=log,
+                                 stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL))
             stack.callback(process.terminate)
         wait_for_node(state)
         yield
@@ -233,15 +245,24 @@ def wait_for_node(state):
 def array(archive, parts):
     archive.make()
     wrapped = f"{archive.folder}/tavelin batch {archive.folder}/work --part $SLURM_ARRAY_TASK_ID/{parts}"
-    end = timed(f"Slurm array, {parts} parts", archive.call, "sbatch", "--wait", "--output=/dev/null",
-                f"--array=1-{parts}", "--wrap", wrapped)
-    expect(end.returncode == 0, end.stdout)
+    timed(f"Slurm array, {parts} parts", sent_and_ended, archive, f"--array=1-{parts}", "--wrap", wrapped)
     archive.expect_whole()
 
 
 def jobs():
     end = subprocess.run(["squeue", "-h", "-o", "%i"], stdout=subprocess.PIPE, text=True, check=True)
     return end.stdout.split()
+
+
+def wait_for_jobs():
+    while jobs():
+        time.sleep(0.2)
+
+
+def sent_and_ended(archive, *words):
+    end = archive.call("sbatch", "--output=/dev/null", *words)  # its own --wait looks every ten seconds
+    expect(end.returncode == 0, end.stdout)
+    wait_for_jobs()
 
 
 def cancel_one_and_kill(archive, call):
@@ -256,17 +277,18 @@ def cancel_one_and_kill(archive, call):
             time.sleep(0.05)
         os.killpg(process.pid, signal.SIGKILL)
     subprocess.run(["scancel", *jobs()], check=False)
-    while jobs():
-        time.sleep(0.5)
+    wait_for_jobs()
 
 
-def on_slurm(archive, workflow):
+def on_slurm(archive, workflow, is_full):
     with slurm(archive.folder):
         array(archive, PARTS)
-        array(archive, NIGHTS)
+        if is_full:
+            array(archive, NIGHTS)
         archive.make()
-        call = snakemake_call(workflow, workflow / "profiles/slurm")
-        timed("Snakemake over Slurm, one job cancelled, killed", cancel_one_and_kill, archive, call)
+        call = [*snakemake_call(workflow, workflow / "profiles/slurm"), "--max-status-checks-per-second=20"]
+        with archive.slow():
+            timed("Snakemake over Slurm, one job cancelled, killed", cancel_one_and_kill, archive, call)
         expect(0 < archive.receipts() < NIGHTS, f"{archive.receipts()} receipts")
         end = timed("started again", archive.call, *call)
         expect(end.returncode == 0, end.stdout)
@@ -277,11 +299,17 @@ def on_slurm(archive, workflow):
 
 def main():
     engine, tavelin, vomar, workflow = sys.argv[1], sys.argv[2], sys.argv[3], pathlib.Path(sys.argv[4])
+    is_full = sys.argv[5:] == ["full"]
+    os.environ["PATH"] += ":/usr/sbin"  # where daemons are
     need("snakemake", *(("parallel",) if engine == "snakemake" else ("slurmctld", "slurmd", "sbatch")))
     with tempfile.TemporaryDirectory() as name:
         archive = Archive(pathlib.Path(name), tavelin, vomar)
         os.environ["HOME"] = name  # Snakemake keeps a cache there
-        (on_this_machine if engine == "snakemake" else on_slurm)(archive, workflow)
+        os.environ["CI"] = "true"  # it looks for ended jobs each second then, else every ten
+        if engine == "snakemake":
+            on_this_machine(archive, workflow)
+        else:
+            on_slurm(archive, workflow, is_full)
     print(f"{NIGHTS} of {NIGHTS} nights")
 
 
