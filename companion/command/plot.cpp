@@ -1,6 +1,7 @@
 #include "base/numbers.h"
 #include "command/measurement_files.h"
 #include "command/subcommands.h"
+#include "out/characters.h"
 #include "out/gnuplot_script.h"
 #include "out/json.h"
 #include "out/safe_file.h"
@@ -46,8 +47,7 @@ struct Drawing
 int degreeOf(const Arguments& arguments)
 {
     const std::string text = arguments.value("degree", "2");
-    const bool isDigit = text.size() == 1 && text[0] >= '0' && text[0] <= '9';
-    if (!isDigit) {
+    if (text.size() != 1 || !isDigit(text[0])) {
         throw wrongCall("--degree", '"' + text + "\" is not 0 to " + std::to_string(highestDegree));
     }
     return text[0] - '0';
@@ -55,7 +55,7 @@ int degreeOf(const Arguments& arguments)
 
 std::string formatOf(const std::string& name, const std::string& path, const Arguments& arguments)
 {
-    const std::string given = givenFormat(arguments);
+    std::string given = givenFormat(arguments);
     if (!given.empty()) {
         return given;
     }

@@ -326,7 +326,7 @@ std::string linesOf(const NewNames& names)
 {
     std::string text;
     for (const auto& [old, now] : names) {
-        text += old + '\t' + now + '\n';
+        text.append(old).append("\t").append(now).append("\n");
     }
     return text;
 }

@@ -59,9 +59,9 @@ public:
     MadeFolders() = default;
     ~MadeFolders()
     {
-        for (auto folder = made.rbegin(); folder != made.rend(); ++folder) {
+        for (; !made.empty(); made.pop_back()) {
             std::error_code isHolding;
-            fs::remove(*folder, isHolding);
+            fs::remove(made.back(), isHolding);
         }
     }
     MadeFolders(const MadeFolders&) = delete;

@@ -17,8 +17,9 @@ namespace {
 void addLeaves(const nlohmann::ordered_json& json, const std::string& path, std::vector<JsonLeaf>& leaves)
 {
     if (json.is_object()) {
+        const std::string start = path.empty() ? "" : path + '/';
         for (const auto& [key, member] : json.items()) {
-            addLeaves(member, path.empty() ? key : path + '/' + key, leaves);
+            addLeaves(member, start + key, leaves);
         }
     } else if (json.is_array()) {
         for (const auto& element : json) {
