@@ -2,6 +2,7 @@
 
 #include "base/digits.h"
 #include "command/page_table.h"
+#include "out/characters.h"
 #include "out/text.h"
 
 #include <algorithm>
@@ -23,7 +24,7 @@ using std::chrono::year_month_day;
 
 bool isDigitAt(std::string_view text, std::size_t at)
 {
-    return at < text.size() && text[at] >= '0' && text[at] <= '9';
+    return at < text.size() && isDigit(text[at]);
 }
 
 // The number of so many digits at a place.

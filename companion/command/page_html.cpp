@@ -5,6 +5,7 @@
 #include "command/page_flow.h"
 #include "command/page_style.h"
 #include "command/page_table.h"
+#include "out/characters.h"
 #include "out/html.h"
 #include "out/text.h"
 #include "reading/account_text.h"
@@ -85,7 +86,7 @@ std::string keptTogether(const std::string& text)
 {
     std::string kept;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isBehindNumber = text[i] == ' ' && i > 0 && text[i - 1] >= '0' && text[i - 1] <= '9';
+        const bool isBehindNumber = text[i] == ' ' && i > 0 && isDigit(text[i - 1]);
         kept += isBehindNumber ? "\u00a0" : std::string(1, text[i]);
     }
     return kept;

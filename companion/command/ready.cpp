@@ -4,6 +4,7 @@
 #include "command/ready_names.h"
 #include "command/ready_settings.h"
 #include "command/subcommands.h"
+#include "out/characters.h"
 #include "out/finding_json.h"
 #include "out/json.h"
 #include "out/safe_file.h"
@@ -288,7 +289,6 @@ std::size_t observationsIn(const std::string& text)
     constexpr std::size_t length = 80;
     constexpr std::size_t date = 15;
     constexpr std::string_view form = "dddd dd dd.";
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
     std::size_t count = 0;
     tavelinUtils::forEachToken(text, '\n', [&](std::string_view line) {
         bool isObservation = line.size() == length;

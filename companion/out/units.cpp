@@ -1,5 +1,7 @@
 #include "out/units.h"
 
+#include "out/characters.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -29,8 +31,8 @@ std::optional<double> valueOf(std::string_view text, const Unit (&units)[count],
     const auto* const unit = std::find_if(std::begin(units), std::end(units),
                                           [name](const Unit& each) { return each.name == name; });
     const bool isKnown = name.empty() || unit != std::end(units);
-    const bool isDigit = !text.empty() && text[0] >= '0' && text[0] <= '9'; // no sign, no "inf"
-    if (error != std::errc() || !isKnown || !isDigit) {
+    const bool beginsWithDigit = !text.empty() && isDigit(text[0]); // no sign, no "inf"
+    if (error != std::errc() || !isKnown || !beginsWithDigit) {
         return std::nullopt;
     }
     return number * (name.empty() ? otherwise : unit->size);

@@ -36,8 +36,7 @@ bool setTime(std::string_view text, TRecLabelPervichka_File& mark)
         return false;
     }
     for (std::size_t i = 0; i < shape.size(); ++i) {
-        const bool isDigit = text[i] >= '0' && text[i] <= '9';
-        if (shape[i] == 'd' ? !isDigit : text[i] != shape[i]) {
+        if (shape[i] == 'd' ? !isDigit(text[i]) : text[i] != shape[i]) {
             return false;
         }
     }

@@ -1,17 +1,18 @@
 #include "reading/mark_comparison.h"
 
+#include "out/characters.h"
 #include "reading/sky_angle.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <compare>
 #include <iterator>
 #include <limits>
 #include <numbers>
 #include <set>
 #include <span>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace companion {
@@ -77,7 +78,6 @@ void sortPairs(std::vector<ComparedPair>& pairs)
 // "K88": the code of an observatory, which cannot be mistaken for the name of a telescope.
 bool isObservatoryCode(const std::string& text)
 {
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
     return text.size() == 3 && (isDigit(text[0]) || (text[0] >= 'A' && text[0] <= 'Z')) && isDigit(text[1]) &&
            isDigit(text[2]);
 }
@@ -217,7 +217,10 @@ private:
         double RA;
         std::size_t index;
 
-        friend auto operator<=>(const Place& a, const Place& b) = default;
+        friend bool operator<(const Place& a, const Place& b)
+        {
+            return std::tie(a.DE, a.RA, a.index) < std::tie(b.DE, b.RA, b.index);
+        }
     };
     using Places = std::set<Place>;
 

@@ -24,7 +24,7 @@ constexpr std::string_view columnsPut = "fields in their columns, with the sign 
 // A magnitude below 0 as the tool writes it, 0-1.2.
 bool isBelowZero(std::string_view magnitude)
 {
-    return magnitude.size() > 2 && magnitude.starts_with("0-") && magnitude[2] >= '0' && magnitude[2] <= '9';
+    return magnitude.size() > 2 && magnitude.starts_with("0-") && isDigit(magnitude[2]);
 }
 
 class SsmasMender final : public LineMender
@@ -90,7 +90,7 @@ bool hasForm(std::string_view text, std::string_view form)
 {
     return text.size() == form.size() &&
            std::equal(text.begin(), text.end(), form.begin(),
-                      [](char c, char wanted) { return wanted == '0' ? c >= '0' && c <= '9' : c == wanted; });
+                      [](char c, char wanted) { return wanted == '0' ? isDigit(c) : c == wanted; });
 }
 
 // The parts of an observation as the tool writes it, whose fields move where one of them is wider or narrower

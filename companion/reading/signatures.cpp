@@ -56,7 +56,7 @@ std::vector<std::string_view> wordsOf(std::string_view line)
 // Mostly digits, as a spoilt number is.
 bool isNumeric(std::string_view text)
 {
-    const auto digits = std::count_if(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const auto digits = std::count_if(text.begin(), text.end(), isDigit);
     return digits * 2 > static_cast<std::ptrdiff_t>(text.size());
 }
 

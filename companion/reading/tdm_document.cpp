@@ -48,16 +48,7 @@ public:
     // A key outside the data, a comment anywhere.
     void entry(std::string_view key, std::string_view value, std::size_t line)
     {
-        const bool isComment = key == "COMMENT";
-        if (!mayBeEntry(key)) {
-            other(key);
-        } else if (document.segments.empty()) {
-            document.header.push_back({std::string(key), std::string(value), line});
-        } else if (!isInData) {
-            document.segments.back().metadata.push_back({std::string(key), std::string(value), line});
-        } else if (isComment) {
-            document.segments.back().comments.emplace_back(value);
-        } else {
+        if (!mayBeEntry(key) || !keep(key, value, line)) {
             other(key);
         }
     }
@@ -85,6 +76,21 @@ public:
     bool isInData = false;
 
 private:
+    // Puts an entry where it belongs; false where there is no place for it.
+    bool keep(std::string_view key, std::string_view value, std::size_t line)
+    {
+        if (document.segments.empty()) {
+            document.header.push_back({std::string(key), std::string(value), line});
+        } else if (!isInData) {
+            document.segments.back().metadata.push_back({std::string(key), std::string(value), line});
+        } else if (key == "COMMENT") {
+            document.segments.back().comments.emplace_back(value);
+        } else {
+            return false;
+        }
+        return true;
+    }
+
     // Words that stand for something else where they begin a line.
     static bool mayBeEntry(std::string_view key)
     {

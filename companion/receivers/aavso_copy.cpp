@@ -153,7 +153,7 @@ private:
         if (isInLeapSecond(momentOf(mark))) {
             return fieldFault("DATE", epochText(momentOf(mark), 3), "a Julian date cannot say a leap second");
         }
-        if (const auto fault = faultOfMagnitude(mark)) {
+        if (auto fault = faultOfMagnitude(mark)) {
             return fault;
         }
         const std::string band = bandOf(track, place.mark);

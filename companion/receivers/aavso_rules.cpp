@@ -333,7 +333,6 @@ bool isObserverCode(std::string_view code)
 std::optional<char> aavsoDelimiter(std::string_view value)
 {
     const std::string word = upper(value);
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
     char delimiter = ' ';
     if (word == "COMMA" || word == "TAB") {
         delimiter = word == "TAB" ? '\t' : ',';

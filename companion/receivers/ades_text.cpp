@@ -13,7 +13,8 @@ namespace {
 void appendElements(std::string& out, const std::vector<AdesValue>& values, const std::string& indent)
 {
     for (const auto& [name, text] : values) {
-        out += indent + '<' + name + '>' + xmlText(text) + "</" + name + ">\n";
+        out.append(indent).append("<").append(name).append(">");
+        out.append(xmlText(text)).append("</").append(name).append(">\n");
     }
 }
 

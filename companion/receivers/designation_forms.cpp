@@ -325,10 +325,10 @@ std::optional<Designation> designationOf(std::string_view name)
         return std::nullopt;
     }
     const std::string text(name);
-    if (const auto packed = ofPackedName(text)) {
+    if (auto packed = ofPackedName(text)) {
         return packed;
     }
-    if (const auto number = ofNumber(text)) {
+    if (auto number = ofNumber(text)) {
         return number;
     }
     return ofProvisional(text);
@@ -353,7 +353,7 @@ std::optional<std::string> packedColumns(const Designation& designation)
 bool isTemporaryName(std::string_view name)
 {
     const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
-    const auto isTaken = [isLetter](char c) { return isLetter(c) || (c >= '0' && c <= '9'); };
+    const auto isTaken = [isLetter](char c) { return isLetter(c) || isDigit(c); };
     return !name.empty() && name.size() <= nameWidth && isLetter(name[0]) &&
            std::all_of(name.begin(), name.end(), isTaken);
 }

@@ -72,7 +72,7 @@ std::int64_t powerOfTen(int decimals)
 std::string decimalText(std::int64_t units, int decimals, int leastDigits)
 {
     std::string digits = std::to_string(units < 0 ? -units : units);
-    const auto least = static_cast<std::size_t>(leastDigits + decimals);
+    const auto least = static_cast<std::size_t>(leastDigits) + static_cast<std::size_t>(decimals);
     digits.insert(0, digits.size() < least ? least - digits.size() : 0, '0');
     if (decimals > 0) {
         digits.insert(digits.size() - static_cast<std::size_t>(decimals), 1, '.');

@@ -1,5 +1,6 @@
 #include "receivers/mpc_copy.h"
 
+#include "out/characters.h"
 #include "receivers/designation_forms.h"
 #include "receivers/designations.h"
 #include "receivers/mpc_header.h"
@@ -12,7 +13,6 @@
 #include <tuple>
 #include <utility>
 
-using tavelinUtils::TrackVtorichka;
 using tavelinUtils::TRecLabelPervichka_File;
 
 namespace companion {
@@ -358,7 +358,7 @@ private:
 
 bool isStationCode(std::string_view text)
 {
-    const auto isTaken = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); };
+    const auto isTaken = [](char c) { return (c >= 'A' && c <= 'Z') || isDigit(c); };
     return text.size() == 3 && text != "500" && std::all_of(text.begin(), text.end(), isTaken);
 }
 

@@ -1,6 +1,7 @@
 #include "task/pattern.h"
 
 #include "findings/finding.h"
+#include "out/characters.h"
 
 #include <algorithm>
 #include <iterator>
@@ -27,7 +28,7 @@ WrongUsage wrongPattern(const std::string& pattern, const std::string& problem)
 
 bool isLetter(char c)
 {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '-';
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || isDigit(c) || c == '_' || c == '-';
 }
 
 // Cuts a pattern into its pieces.
