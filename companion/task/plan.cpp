@@ -111,7 +111,7 @@ public:
     TrackSink sink(const std::string& path, const std::string& word)
     {
         // A file is opened by its name up to a zero byte, which names of objects in UTF-16 have.
-        plan.files.push_back({path.c_str(), word});
+        plan.files.push_back({path.substr(0, path.find('\0')), word});
         open = &plan.files.back();
         if (watch.openFile) {
             watch.openFile(*open);
