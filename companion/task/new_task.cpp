@@ -12,8 +12,8 @@ std::string lines(const std::vector<TaskValue>& keys, std::size_t indent)
 {
     std::string text;
     for (const auto& [key, value] : keys) {
-        text.append(indent, ' ');
-        text += '<' + key + '>' + xmlText(value) + "</" + key + ">\n";
+        text.append(indent, ' ').append("<").append(key).append(">");
+        text.append(xmlText(value)).append("</").append(key).append(">\n");
     }
     return text;
 }
