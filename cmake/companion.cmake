@@ -1,4 +1,4 @@
-# What the command tavelin needs beside the library: CLI11 and nlohmann-json, headers alone, and libxml2. Sets
+# What the command tavelin needs beside the library: CLI11, nlohmann-json and xxHash, headers alone, and libxml2. Sets
 # companion_missing to what was not found.
 set(companion_missing "")
 function(vomar_find_companion_part name header package)
@@ -14,6 +14,7 @@ endfunction()
 
 vomar_find_companion_part(cli11 CLI/CLI.hpp libcli11-dev)
 vomar_find_companion_part(nlohmann_json nlohmann/json.hpp nlohmann-json3-dev)
+vomar_find_companion_part(xxhash xxhash.h libxxhash-dev)
 vomar_find_companion_part(libxml2 libxml/parser.h libxml2-dev)
 find_library(libxml2_LIBRARY NAMES xml2)
 mark_as_advanced(libxml2_LIBRARY)

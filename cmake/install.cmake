@@ -19,6 +19,7 @@ if(TARGET tavelin_command)
         DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
     install(DIRECTORY companion/schema/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tavelin/schema
         FILES_MATCHING PATTERN *.xsd PATTERN *.json)
+    install(DIRECTORY companion/workflow DESTINATION ${CMAKE_INSTALL_DATADIR}/tavelin USE_SOURCE_PERMISSIONS)
 endif()
 install(TARGETS tavelin ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 # The public headers are those that the header of the whole library names.

@@ -23,11 +23,6 @@ constexpr OptionRow rowsOfAll[] = {
     {"help", 'h', nullptr, "show this help"},
 };
 
-WrongUsage wrongOption(const std::string& option, const std::string& problem)
-{
-    return {finding("V001", {{"option", option}, {"problem", problem}})};
-}
-
 std::vector<OptionRow> allOptions(const Subcommand& subcommand)
 {
     std::vector<OptionRow> rows(subcommand.options.begin(), subcommand.options.end());
@@ -80,7 +75,7 @@ void refuseValuesOfFlags(const std::vector<std::string>& call, const std::vector
             return word.compare(0, name.size() + 1, name + '=') == 0;
         });
         if (row.value == nullptr && hasValue) {
-            throw wrongOption(name, "takes no value");
+            throw wrongCall(name, "takes no value");
         }
     }
 }
@@ -121,7 +116,7 @@ Arguments parsed(const Subcommand& subcommand, std::vector<std::string> call)
         std::reverse(call.begin(), call.end()); // CLI11 takes them from the end
         app.parse(call);
     } catch (const CLI::ParseError& error) {
-        throw wrongOption(subcommand.name, error.what());
+        throw wrongCall(subcommand.name, error.what());
     }
 
     Arguments arguments;
@@ -187,10 +182,10 @@ int runSubcommand(const Subcommand& subcommand, const std::vector<std::string>& 
     }
     const std::string operands = subcommand.operands;
     if (operands.empty() && !arguments.operands().empty()) {
-        throw wrongOption(subcommand.name, "takes no \"" + arguments.operands().front() + '"');
+        throw wrongCall(subcommand.name, "takes no \"" + arguments.operands().front() + '"');
     }
     if (!operands.empty() && operands[0] != '[' && arguments.operands().empty()) {
-        throw wrongOption(subcommand.name, operands + " is missing");
+        throw wrongCall(subcommand.name, operands + " is missing");
     }
     return subcommand.run(arguments, {console.out, console.err, appearanceOf(arguments, console.look)});
 }

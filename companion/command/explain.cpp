@@ -176,10 +176,10 @@ int explain(const Arguments& arguments, const Console& console)
         return list(arguments, console);
     }
     if (arguments.has("markdown")) {
-        throw WrongUsage{finding("V001", {{"option", "--markdown"}, {"problem", "goes with --list only"}})};
+        throw wrongCall("--markdown", "goes with --list only");
     }
     if (arguments.operands().size() != 1) {
-        throw WrongUsage{finding("V001", {{"option", "explain"}, {"problem", "takes one WHAT"}})};
+        throw wrongCall("explain", "takes one WHAT");
     }
     const std::string& word = arguments.operands().front();
     InputFiles files;

@@ -35,4 +35,18 @@ std::set<FindingCode> findingCodes(const Arguments& arguments, std::string_view 
     return codes;
 }
 
+std::size_t mostPlaces(const Arguments& arguments)
+{
+    constexpr std::size_t usual = 100;
+    constexpr std::size_t mostDigits = 9;
+    if (!arguments.has("max")) {
+        return usual;
+    }
+    const std::string text = arguments.value("max");
+    if (text.empty() || text.size() > mostDigits || text.find_first_not_of("0123456789") != text.npos) {
+        throw wrongCall("--max", '"' + text + "\" is no number");
+    }
+    return std::stoul(text);
+}
+
 } // namespace companion

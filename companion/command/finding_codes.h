@@ -1,10 +1,11 @@
-// Finding codes: options whose values are codes of findings.
+// Finding codes: options that choose among findings, by their codes and by how many there are of each.
 
 #pragma once
 
 #include "command/subcommand.h"
 #include "findings/finding.h"
 
+#include <cstddef>
 #include <set>
 #include <string_view>
 
@@ -13,5 +14,11 @@ namespace companion {
 /// The codes that an option names, with commas between; none where it was not given. Throws WrongUsage for a
 /// word that is no code of the table.
 std::set<FindingCode> findingCodes(const Arguments& arguments, std::string_view option);
+
+inline constexpr OptionRow mostPlacesRow{
+    "max", 0, "N", "show at most so many places of each code; the others are counted. Default 100"};
+
+/// How many places of each code are shown. Throws WrongUsage for a value that is no whole number.
+std::size_t mostPlaces(const Arguments& arguments);
 
 } // namespace companion

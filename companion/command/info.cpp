@@ -40,15 +40,6 @@ Json listOf(const std::set<std::string>& texts)
     return list;
 }
 
-std::string joined(const std::set<std::string>& texts)
-{
-    std::string text;
-    for (const std::string& each : texts) {
-        text += (text.empty() ? "" : ", ") + each;
-    }
-    return text;
-}
-
 Json orNull(const std::string& text)
 {
     return text.empty() ? Json() : Json(text);
@@ -101,7 +92,7 @@ const InfoKey keys[] = {
     {"originator", [](const FileInfo& info) { return orNull(info.originator); },
      [](const FileInfo& info) { return info.originator; }, "originator"},
     {"stations", [](const FileInfo& info) { return listOf(info.stations); },
-     [](const FileInfo& info) { return joined(info.stations); }, "stations"},
+     [](const FileInfo& info) { return joined(info.stations, ", "); }, "stations"},
     {"tracks", [](const FileInfo& info) { return Json(info.account.tracks); },
      [](const FileInfo& info) { return counted(info.account.tracks); }, "tracks"},
     {"marks", [](const FileInfo& info) { return Json(info.account.marksRead); },
@@ -112,9 +103,9 @@ const InfoKey keys[] = {
      [](const FileInfo& info) { return info.last; }, nullptr},
     {"magnitudes", magnitudesJson, magnitudesText, "magnitude"},
     {"filters", [](const FileInfo& info) { return listOf(info.filters); },
-     [](const FileInfo& info) { return joined(info.filters); }, "filters"},
+     [](const FileInfo& info) { return joined(info.filters, ", "); }, "filters"},
     {"frames", [](const FileInfo& info) { return listOf(info.frames); },
-     [](const FileInfo& info) { return joined(info.frames); }, "frames"},
+     [](const FileInfo& info) { return joined(info.frames, ", "); }, "frames"},
     {"lines", [](const FileInfo& info) { return accountJson(info.account); },
      [](const FileInfo& info) { return fatesText(info); }, nullptr},
     {"passed", passedJson, passedText, "skipped"},

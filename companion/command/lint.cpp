@@ -1,6 +1,6 @@
 #include "reading/lint.h"
 
-#include "base/numbers.h"
+#include "command/finding_codes.h"
 #include "command/measurement_files.h"
 #include "command/shown_line.h"
 #include "command/subcommands.h"
@@ -25,39 +25,15 @@ constexpr OptionRow options[] = {
     {"for", 0, "mpc|ccsds|aavso|ades", "look at the rules of this receiver"},
     {"layer", 0, "reader|person|receiver", "look at this layer alone; may be given again for another"},
     {"schema", 0, "XSD", "validate XML files against this schema too"},
-    {"max", 0, "N", "show at most so many places of each code; the others are counted. Default 100"},
+    mostPlacesRow,
 };
-
-constexpr std::size_t usualMost = 100;
-
-struct OwnReceiver
-{
-    std::string_view format;
-    std::string_view receiver;
-};
-
-// Formats that one receiver alone takes.
-constexpr OwnReceiver ownReceivers[] = {
-    {"mpc", "mpc"},     {"tdm", "ccsds"},     {"tdm.xml", "ccsds"},
-    {"aavso", "aavso"}, {"ades.xml", "ades"}, {"ades.psv", "ades"},
-};
-
-std::string receiverOf(std::string_view format)
-{
-    for (const OwnReceiver& row : ownReceivers) {
-        if (row.format == format) {
-            return std::string(row.receiver);
-        }
-    }
-    return {};
-}
 
 // What the options say.
 struct Wishes
 {
     explicit Wishes(const Arguments& arguments)
         : format(givenFormat(arguments)), receiver(arguments.value("for")), layers(arguments.values("layer")),
-          most(mostOf(arguments))
+          most(mostPlaces(arguments))
     {
     }
 
@@ -67,7 +43,7 @@ struct Wishes
         settings.reader = looksAt("reader");
         settings.person = looksAt("person");
         if (looksAt("receiver")) {
-            settings.receiver = receiver.empty() ? receiverOf(fileFormat) : receiver;
+            settings.receiver = receiver.empty() ? ownReceiver(fileFormat) : receiver;
         }
         return settings;
     }
@@ -81,16 +57,6 @@ private:
     bool looksAt(const std::string& layer) const
     {
         return layers.empty() || std::find(layers.begin(), layers.end(), layer) != layers.end();
-    }
-
-    static std::size_t mostOf(const Arguments& arguments)
-    {
-        const std::string text = arguments.value("max", std::to_string(usualMost));
-        if (text.empty() || text.find_first_not_of("0123456789") != std::string::npos) {
-            throw WrongUsage{
-                finding("V001", {{"option", "--max"}, {"problem", '"' + text + "\" is no number"}})};
-        }
-        return static_cast<std::size_t>(tavelinUtils::toDouble(text));
     }
 };
 

@@ -1,16 +1,41 @@
 #include "command/measurement_files.h"
 
 namespace companion {
+namespace {
 
-std::string givenFormat(const Arguments& arguments)
+struct OwnReceiver
 {
-    std::string word = arguments.value("as");
+    std::string_view format;
+    std::string_view receiver;
+};
+
+// Formats that one receiver alone takes.
+constexpr OwnReceiver ownReceivers[] = {
+    {"mpc", "mpc"},     {"tdm", "ccsds"},     {"tdm.xml", "ccsds"},
+    {"aavso", "aavso"}, {"ades.xml", "ades"}, {"ades.psv", "ades"},
+};
+
+} // namespace
+
+std::string givenFormat(const Arguments& arguments, std::string_view option)
+{
+    std::string word = arguments.value(option);
     if (!word.empty() && !isFormatName(word)) {
         const std::string near = nearestWord(word, formatNames());
         const std::string question = near.empty() ? "" : "; did you mean \"" + near + "\"?";
         throw WrongUsage{finding("V002", {{"kind", "format"}, {"word", word}, {"question", question}})};
     }
     return word;
+}
+
+std::string ownReceiver(std::string_view format)
+{
+    for (const OwnReceiver& row : ownReceivers) {
+        if (row.format == format) {
+            return std::string(row.receiver);
+        }
+    }
+    return {};
 }
 
 Finding uncertainFormat(const std::string& path, const Recognition& recognition)

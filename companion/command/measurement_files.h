@@ -7,12 +7,17 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace companion {
 
-/// The format that the option "as" names; empty where it was not given. Throws WrongUsage (V002) for a word
-/// that is no format.
-std::string givenFormat(const Arguments& arguments);
+/// The format that an option names; empty where it was not given. Throws WrongUsage (V002) for a word that is
+/// no format.
+std::string givenFormat(const Arguments& arguments, std::string_view option = "as");
+
+/// The receiver that alone takes files of a format: "mpc", "ccsds", "aavso" or "ades"; empty where there is
+/// none.
+std::string ownReceiver(std::string_view format);
 
 /// The finding (V302) of a file whose format is not certain.
 Finding uncertainFormat(const std::string& path, const Recognition& recognition);

@@ -1,110 +1,38 @@
-#include "command/finding_codes.h"
+#include "command/several_runs.h"
 #include "command/subcommands.h"
 #include "command/task_operands.h"
 #include "command/task_runner.h"
 #include "out/progress.h"
-#include "out/units.h"
 #include "reading/input_files.h"
 #include "running/evidence.h"
-#include "running/tool_path.h"
 
-#include <charconv>
 #include <csignal>
 #include <optional>
 #include <ostream>
-#include <thread>
 
 namespace companion {
 namespace {
 
 constexpr OptionRow options[] = {
-    {"jobs", 'j', "N", "so many tasks at once, 0 for as many as there are processors; default 1"},
-    {"time-limit", 0, "T", "end each run after this time: 90s, 10m, 2h; default 1h"},
-    {"memory-limit", 0, "M", "memory of each run: 500M, 2G; default none"},
-    {"allow", 0, "CODES", "run a task in spite of findings of these codes, with commas between"},
-    {"anyway", 0, nullptr, "run a task whatever the check finds; one that never ends needs --time-limit too"},
-    {"verify", 0, "count|full|none", "the files: count their marks, compare each, or neither; default count"},
+    jobsRow,
+    timeLimitRow,
+    memoryLimitRow,
+    allowRow,
+    anywayRow,
+    verifyRow,
     {"joblog", 0, "FILE", "a line per task in the columns of GNU parallel"},
     {"resume", 0, nullptr, "leave out tasks that ended well by the job log and whose files are still newer"},
     {"force", 'f', nullptr, "replace a job log that exists"},
-    {"vomar", 0, "PATH", "the tool; default: beside this program, then in the search path"},
-    {"stop-after", 0, "N", "start no more tasks after N that failed; default never"},
+    toolRow,
+    stopAfterRow,
 };
-
-constexpr std::uint64_t leastMemory = 16 << 20; // a program that cannot be loaded ends in odd ways
-
-WrongUsage wrong(const std::string& option, const std::string& problem)
-{
-    return {finding("V001", {{"option", "--" + option}, {"problem", problem}})};
-}
-
-std::size_t numberOf(const Arguments& arguments, const std::string& option, std::size_t otherwise)
-{
-    if (!arguments.has(option)) {
-        return otherwise;
-    }
-    const std::string text = arguments.value(option);
-    std::size_t number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size() || number > 10'000) {
-        throw wrong(option, '"' + text + "\" is no number from 0 to 10,000");
-    }
-    return number;
-}
-
-std::size_t jobsOf(const Arguments& arguments)
-{
-    const std::size_t jobs = numberOf(arguments, "jobs", 1);
-    return jobs != 0 ? jobs : std::max(1U, std::thread::hardware_concurrency());
-}
-
-std::chrono::milliseconds timeLimitOf(const Arguments& arguments)
-{
-    const std::string text = arguments.value("time-limit", "1h");
-    const auto limit = durationOf(text);
-    if (!limit) {
-        throw wrong("time-limit", '"' + text + "\" is no duration such as 90s, 10m or 2h");
-    }
-    return *limit;
-}
-
-std::uint64_t memoryLimitOf(const Arguments& arguments)
-{
-    if (!arguments.has("memory-limit")) {
-        return 0;
-    }
-    const std::string text = arguments.value("memory-limit");
-    const auto limit = memoryOf(text);
-    if (!limit || *limit < leastMemory) {
-        throw wrong("memory-limit", '"' + text + "\" is no amount of memory from 16M on, such as 500M or 2G");
-    }
-    return *limit;
-}
-
-Verification verificationOf(const Arguments& arguments)
-{
-    const std::string word = arguments.value("verify", "count");
-    return word == "full" ? Verification::full : word == "none" ? Verification::none : Verification::count;
-}
-
-std::string toolOf(const Arguments& arguments)
-{
-    const std::string wanted = arguments.value("vomar");
-    std::string path = toolPath(wanted);
-    if (path.empty()) {
-        const std::string where =
-            wanted.empty() ? "beside this program or in the search path" : "that can be run at " + wanted;
-        throw WrongUsage{finding("V402", {{"where", where}})};
-    }
-    return path;
-}
 
 // A job log is not to replace a file, least of all a task.
 void checkJobLog(const Arguments& arguments, const RunSettings& settings,
                  const std::vector<std::string>& tasks)
 {
     if (settings.resumes && settings.jobLog.empty()) {
-        throw wrong("resume", "it needs --joblog");
+        throw wrongValue("resume", "it needs --joblog");
     }
     const FileState log = settings.jobLog.empty() ? FileState{} : fileState(settings.jobLog);
     for (const std::string& path : tasks) {
@@ -120,18 +48,9 @@ void checkJobLog(const Arguments& arguments, const RunSettings& settings,
 
 RunSettings settingsOf(const Arguments& arguments)
 {
-    RunSettings settings;
-    settings.tool = toolOf(arguments);
-    settings.jobs = jobsOf(arguments);
-    settings.timeLimit = timeLimitOf(arguments);
-    settings.hasTimeLimit = arguments.has("time-limit");
-    settings.memoryLimit = memoryLimitOf(arguments);
-    settings.anyway = arguments.has("anyway");
-    settings.allowed = findingCodes(arguments, "allow");
-    settings.verification = verificationOf(arguments);
+    RunSettings settings = settingsOfSeveral(arguments);
     settings.jobLog = arguments.value("joblog");
     settings.resumes = arguments.has("resume");
-    settings.stopAfter = numberOf(arguments, "stop-after", 0);
     return settings;
 }
 

@@ -32,7 +32,7 @@ void listAsText(std::ostream& out)
 {
     for (const Schema& each : allSchemas()) {
         std::string name = each.name;
-        name.resize(14, ' ');
+        name.resize(16, ' ');
         out << name << each.language << ", " << each.of << '\n';
     }
 }
@@ -75,7 +75,7 @@ int schema(const Arguments& arguments, const Console& console)
     const bool lists = arguments.has("list");
     if (lists == !name.empty()) {
         const std::string problem = lists ? "--list takes no \"" + name + '"' : "NAME is missing";
-        throw WrongUsage{finding("V001", {{"option", "schema"}, {"problem", problem}})};
+        throw wrongCall("schema", problem);
     }
     if (lists) {
         console.look.json ? list(console) : listAsText(console.out);

@@ -4,7 +4,9 @@ namespace companion {
 namespace {
 
 constexpr const Subcommand* rows[] = {
-    &checkCommand, &runTasksCommand, &explainCommand, &infoCommand, &lintCommand, &schemaCommand,
+    &checkCommand,   &runTasksCommand, &explainCommand,   &infoCommand,  &lintCommand,
+    &schemaCommand,  &readyCommand,    &normaliseCommand, &batchCommand, &diffCommand,
+    &convertCommand, &reportCommand,   &plotCommand,      &pageCommand,
 };
 
 } // namespace

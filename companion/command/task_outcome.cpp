@@ -31,8 +31,8 @@ bool hasErrors(const std::vector<Finding>& findings)
 
 std::string seeCheck(const TaskOutcome& outcome)
 {
-    return counted(totalsOf(outcome.task->findings).errors, "error") + ", see tavelin check " +
-           shellWord(outcome.task->path);
+    const std::string errors = counted(totalsOf(outcome.task->findings).errors, "error");
+    return outcome.isMade ? errors : errors + ", see tavelin check " + shellWord(outcome.task->path);
 }
 
 // "130 of 130 marks in 1 file".
@@ -216,10 +216,8 @@ void showOutcome(const Console& console, const TaskOutcome& outcome)
                 << (console.look.times && outcome.evidence ? timesText(outcome.evidence->ended) : "") << '\n';
 }
 
-Json outcomeJson(const TaskOutcome& outcome, bool times)
+void setOutcome(Json& object, const TaskOutcome& outcome, bool times)
 {
-    Json object = Json::object();
-    setBytes(object, "task", outcome.task->path);
     object.set("status", statusWord(outcome.status));
     if (!outcome.reason.empty()) {
         object.set("reason", outcome.reason);
@@ -235,7 +233,15 @@ Json outcomeJson(const TaskOutcome& outcome, bool times)
     if (outcome.task->hasPlan) {
         object.set("accounting", accountingJson(*outcome.task));
     }
-    return object.set("findings", findingsJson(outcome));
+    object.set("findings", findingsJson(outcome));
+}
+
+Json outcomeJson(const TaskOutcome& outcome, bool times)
+{
+    Json object = Json::object();
+    setBytes(object, "task", outcome.task->path);
+    setOutcome(object, outcome, times);
+    return object;
 }
 
 void RunTotals::add(const TaskOutcome& outcome)

@@ -34,6 +34,7 @@ struct TaskOutcome
     RunStatus status = RunStatus::leftOut;
     std::optional<TaskEvidence> evidence{}; ///< of a task that was started
     std::string reason{};                   ///< why it was left out
+    bool isMade = false;                    ///< the task was made for this run: nobody can look at its file
 };
 
 /// The status by the check and the evidence of a run.
@@ -45,7 +46,10 @@ std::string_view statusWord(RunStatus status);
 /// Writes what came of a task: a line, and one for each error of the run.
 void showOutcome(const Console& console, const TaskOutcome& outcome);
 
-/// The same as an element of the list of tasks. Times and memory are there where they are wanted.
+/// The same as members of an object, without the task. Times and memory are there where they are wanted.
+void setOutcome(Json& object, const TaskOutcome& outcome, bool times);
+
+/// The same as an element of the list of tasks.
 Json outcomeJson(const TaskOutcome& outcome, bool times);
 
 /// What came of all tasks.

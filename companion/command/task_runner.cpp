@@ -74,9 +74,10 @@ bool shareOne(const std::vector<std::string>& a, const std::vector<std::string>&
 struct TaskRunner::State
 {
     State(RunSettings theSettings, const Interrupts& theInterrupts, TakeOutcome takeOutcome,
-          TellSettled tellSettled)
+          TellSettled tellSettled, TaskKeeper* theKeeper)
         : settings(std::move(theSettings)), interrupts(theInterrupts), take(std::move(takeOutcome)),
-          tell(std::move(tellSettled)), checker({}), quickChecker({.quick = true}), children(interrupts)
+          tell(std::move(tellSettled)), keeper(theKeeper), checker({}), quickChecker({.quick = true}),
+          children(interrupts)
     {
         if (settings.resumes) {
             done = readJobLog(settings.jobLog);
@@ -107,7 +108,7 @@ struct TaskRunner::State
             settle(std::move(*ended));
         }
         for (; next < tasks.size(); ++next) {
-            leaveOut(next, tasks[next]);
+            leaveOut(next, tasks[next], whyStopped());
         }
     }
 
@@ -122,6 +123,11 @@ private:
     // one reads or writes too.
     bool takeOn(std::size_t number, const std::string& path)
     {
+        const std::string reason = keeper == nullptr ? "" : keeper->reasonToLeaveOut(number);
+        if (!reason.empty()) {
+            leaveOut(number, path, reason);
+            return true;
+        }
         if (!running.empty() && readsWhatIsWritten(quickChecker.check(documentOf(path)))) {
             return false;
         }
@@ -248,6 +254,9 @@ private:
         const bool isGood = outcome.status == RunStatus::good || outcome.status == RunStatus::leftOut;
         failures += isGood ? 0 : 1;
         addToLog(number, outcome);
+        if (keeper != nullptr && outcome.status != RunStatus::leftOut) {
+            keeper->ended(number, outcome);
+        }
         waiting.emplace(number, std::move(outcome));
         for (auto first = waiting.begin(); first != waiting.end() && first->first == handedOut;
              first = waiting.begin())
@@ -271,13 +280,16 @@ private:
         log->add({number + 1, ended.began, ended.seconds, exitValue, ended.signal, commandOf(*outcome.task)});
     }
 
-    void leaveOut(std::size_t number, const std::string& path)
+    std::string whyStopped() const
+    {
+        return interrupts.signal() != 0 ? "ended by " + signalName(interrupts.signal()) + " before its turn"
+                                        : counted(failures, "task") + " before it had failed";
+    }
+
+    void leaveOut(std::size_t number, const std::string& path, const std::string& reason)
     {
         auto task = std::make_unique<CheckedTask>();
         task->path = path;
-        const std::string reason = interrupts.signal() != 0
-                                       ? "ended by " + signalName(interrupts.signal()) + " before its turn"
-                                       : counted(failures, "task") + " before it had failed";
         settle(number, {std::move(task), RunStatus::leftOut, {}, reason});
     }
 
@@ -285,6 +297,7 @@ private:
     const Interrupts& interrupts;
     TakeOutcome take;
     TellSettled tell;
+    TaskKeeper* keeper;
     TaskChecker checker;
     TaskChecker quickChecker;
     FolderWatch folders{};
@@ -300,8 +313,9 @@ private:
     std::size_t failures = 0;
 };
 
-TaskRunner::TaskRunner(RunSettings settings, const Interrupts& interrupts, TakeOutcome take, TellSettled tell)
-    : state(new State(std::move(settings), interrupts, std::move(take), std::move(tell)))
+TaskRunner::TaskRunner(RunSettings settings, const Interrupts& interrupts, TakeOutcome take, TellSettled tell,
+                       TaskKeeper* keeper)
+    : state(new State(std::move(settings), interrupts, std::move(take), std::move(tell), keeper))
 {
 }
 

@@ -40,11 +40,29 @@ using TakeOutcome = std::function<void(TaskOutcome outcome)>;
 /// Is told how many tasks are settled, some times a second.
 using TellSettled = std::function<void(std::size_t settled)>;
 
+/// Keeps account of tasks while they are run. Tasks are told by their places in the list, from 0.
+class TaskKeeper
+{
+public:
+    TaskKeeper() = default;
+    virtual ~TaskKeeper() = default;
+    TaskKeeper(const TaskKeeper&) = delete;
+    TaskKeeper& operator=(const TaskKeeper&) = delete;
+
+    /// Right before the turn of a task: why it is left out, or empty where it is to be run. It may be asked
+    /// again of a task that has to wait for another.
+    virtual std::string reasonToLeaveOut(std::size_t place) = 0;
+
+    /// As soon as a task has ended or was refused, also while others before it still run.
+    virtual void ended(std::size_t place, const TaskOutcome& outcome) = 0;
+};
+
 /// Runs tasks.
 class TaskRunner
 {
 public:
-    TaskRunner(RunSettings settings, const Interrupts& interrupts, TakeOutcome take, TellSettled tell);
+    TaskRunner(RunSettings settings, const Interrupts& interrupts, TakeOutcome take, TellSettled tell,
+               TaskKeeper* keeper = nullptr);
     ~TaskRunner();
     TaskRunner(const TaskRunner&) = delete;
     TaskRunner& operator=(const TaskRunner&) = delete;

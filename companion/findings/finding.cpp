@@ -34,11 +34,6 @@ std::string filled(std::string_view text, FindingValues values)
     return result;
 }
 
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 } // namespace
 
 std::string_view severityWord(Severity severity)
@@ -53,7 +48,7 @@ std::string_view severityWord(Severity severity)
 
 std::optional<FindingCode> FindingCode::of(std::string_view text)
 {
-    if (text.size() != 4 || text[0] != 'V' || !std::all_of(text.begin() + 1, text.end(), isDigit)) {
+    if (text.size() != 4 || text[0] != 'V' || text.find_first_not_of("0123456789", 1) != text.npos) {
         return std::nullopt;
     }
     return FindingCode((text[1] - '0') * 100 + (text[2] - '0') * 10 + (text[3] - '0'));
@@ -91,6 +86,11 @@ Finding finding(FindingCode code, FindingValues values)
         throw std::logic_error("no finding has the code " + code.text());
     }
     return {code, row->severity, filled(row->text, values), {}};
+}
+
+WrongUsage wrongCall(std::string_view name, std::string_view problem)
+{
+    return {finding("V001", {{"option", std::string(name)}, {"problem", std::string(problem)}})};
 }
 
 void sortFindings(std::vector<Finding>& findings, const std::string& firstFile)

@@ -115,6 +115,9 @@ struct WrongUsage
     Finding why;
 };
 
+/// A call (V001) whose option or operand cannot be taken: the problem follows its name.
+WrongUsage wrongCall(std::string_view name, std::string_view problem);
+
 /// Puts findings in the order in which they are shown: those of the first file, then those of other files in
 /// the order in which these first occur; in each by line and column, then those without a place by code.
 void sortFindings(std::vector<Finding>& findings, const std::string& firstFile = "");

@@ -66,6 +66,30 @@ Json findingJson(const Finding& found)
     return object;
 }
 
+std::optional<Finding> findingIn(const JsonView& object)
+{
+    const auto code = FindingCode::of(object["code"].text());
+    const std::string severity = object["severity"].text();
+    if (!code) {
+        return std::nullopt;
+    }
+    for (const Severity each : {Severity::error, Severity::warning, Severity::note}) {
+        if (severity == severityWord(each)) {
+            const auto number = [&object](const char* key, std::int64_t fallback) {
+                return static_cast<std::size_t>(object[key].integer(fallback));
+            };
+            return Finding{*code,
+                           each,
+                           object["text"].text(),
+                           bytesMember(object, "file"),
+                           number("line", 0),
+                           number("column", 0),
+                           number("count", 1)};
+        }
+    }
+    return std::nullopt;
+}
+
 Json totalsJson(const FindingTotals& totals)
 {
     return Json::object()

@@ -11,11 +11,13 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <iosfwd>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace companion {
 
@@ -59,6 +61,7 @@ public:
     std::string text() const;
 
 private:
+    friend class JsonView;
     struct Value;
     Json(std::int64_t number, int);
 
@@ -90,8 +93,80 @@ private:
     bool first = true;
 };
 
+/// A value of a JSON text that is neither an object nor a list.
+struct JsonLeaf
+{
+    std::string path; ///< the keys to it, with / between; those of a list's elements are equal
+    std::string text; ///< a text without its quotes, a number as it is written in the fewest digits
+};
+
+/// What was read of a JSON text.
+struct JsonLeaves
+{
+    std::vector<JsonLeaf> leaves{}; ///< in their order; none of a text that is not well-formed
+    std::string fault{};            ///< "is not well-formed JSON in line 3, column 5"; empty where it is
+};
+
+/// All values of a JSON text whose outermost value is an object.
+JsonLeaves jsonLeaves(std::string_view text);
+
 /// Gives an object a text member and, where the text is not UTF-8, a member "bytes" with its bytes in
 /// base 16.
 void setBytes(Json& object, std::string_view key, std::string_view bytes);
+
+/// A value of a JSON text that was read, for as long as that is there. What is missing, or of another kind
+/// than asked for, is empty, 0 or the fallback.
+class JsonView
+{
+public:
+    /// The member of an object.
+    JsonView operator[](std::string_view key) const;
+    /// The element of a list, from 0.
+    JsonView operator[](std::size_t place) const;
+    /// How many elements a list or members an object has.
+    std::size_t size() const;
+    bool isList() const;
+    /// Whether there is a value.
+    explicit operator bool() const
+    {
+        return node != nullptr;
+    }
+
+    std::string text() const;
+    std::int64_t integer(std::int64_t fallback = 0) const;
+    bool isTrue() const;
+    /// A copy of the value.
+    Json value() const;
+
+private:
+    friend class ReadJson;
+    explicit JsonView(const void* ofNode) : node(ofNode)
+    {
+    }
+
+    const void* node; // of the library for JSON; a null pointer where there is none
+};
+
+/// A JSON text that was read.
+class ReadJson
+{
+public:
+    /// Reads a text.
+    explicit ReadJson(std::string_view text);
+    ~ReadJson();
+    ReadJson(const ReadJson&) = delete;
+    ReadJson& operator=(const ReadJson&) = delete;
+
+    /// Its value; none where the text is no JSON.
+    JsonView root() const;
+
+private:
+    struct Value;
+
+    std::unique_ptr<Value> value;
+};
+
+/// The bytes of a text member that setBytes has written.
+std::string bytesMember(const JsonView& object, std::string_view key);
 
 } // namespace companion

@@ -25,6 +25,11 @@ WrongUsage failed(const std::string& path)
     return {finding("V003", {{"file", path}, {"what", std::strerror(errno)}})};
 }
 
+WrongUsage exists(const std::string& path)
+{
+    return {finding("V004", {{"file", path}})};
+}
+
 std::string folderOf(const std::string& path)
 {
     const std::string folder = std::filesystem::path(path).parent_path();
@@ -131,14 +136,7 @@ void setRights(int descriptor, const std::string& path)
 SafeFile::SafeFile(std::string target, bool force, const std::vector<std::string>& inputs)
     : path(std::move(target)), replaces(force)
 {
-    for (const std::string& input : inputs) {
-        if (isSameFile(path, input)) {
-            throw WrongUsage{finding("V005", {{"file", path}})};
-        }
-    }
-    if (!replaces && isThere(path)) {
-        throw WrongUsage{finding("V004", {{"file", path}})};
-    }
+    mustBeFree(path, replaces, inputs);
     open();
 }
 
@@ -166,6 +164,17 @@ void SafeFile::commit()
     if (fsync(descriptor) != 0) {
         throw failed(path);
     }
+    takeName();
+}
+
+void SafeFile::commitUnwaited()
+{
+    setRights(descriptor, path);
+    takeName();
+}
+
+void SafeFile::takeName()
+{
     const WithoutSignals whole;
     if (!replaces) {
         giveName(path);
@@ -210,7 +219,42 @@ void SafeFile::giveName(const std::string& name) const
 {
     const std::string source = beside.empty() ? "/proc/self/fd/" + std::to_string(descriptor) : beside;
     if (linkat(AT_FDCWD, source.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0) {
-        throw errno == EEXIST ? WrongUsage{finding("V004", {{"file", path}})} : failed(path);
+        throw errno == EEXIST ? exists(path) : failed(path);
+    }
+}
+
+void mustBeFree(const std::string& target, bool force, const std::vector<std::string>& inputs)
+{
+    for (const std::string& input : inputs) {
+        if (isSameFile(target, input)) {
+            throw WrongUsage{finding("V005", {{"file", target}})};
+        }
+    }
+    if (!force && isThere(target)) {
+        throw exists(target);
+    }
+}
+
+void moveInto(const std::string& file, const std::string& target, bool force)
+{
+    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) {
+        throw failed(target);
+    }
+    setRights(descriptor, target);
+    const bool isOnDisk = fsync(descriptor) == 0;
+    const int reason = errno;
+    close(descriptor);
+    errno = reason;
+    if (!isOnDisk) {
+        throw failed(target);
+    }
+    // A link does not replace.
+    const bool isThereNow =
+        force ? rename(file.c_str(), target.c_str()) == 0
+              : linkat(AT_FDCWD, file.c_str(), AT_FDCWD, target.c_str(), 0) == 0 && unlink(file.c_str()) == 0;
+    if (!isThereNow) {
+        throw errno == EEXIST ? exists(target) : failed(target);
     }
 }
 

@@ -32,7 +32,12 @@ public:
     /// Throws WrongUsage (V003, or V004 for a file that has come in between).
     void commit();
 
+    /// The same without waiting for the disk, for a file that can be made again: a failure of the power may
+    /// leave it empty.
+    void commitUnwaited();
+
 private:
+    void takeName();
     void open();
     void standBeside(const std::string& name);
     void giveName(const std::string& name) const;
@@ -42,5 +47,13 @@ private:
     std::string beside; // the name until the commit; empty where it has none yet
     int descriptor = -1;
 };
+
+/// Throws WrongUsage where a target must not be written: it is one of the inputs by device and inode (V005),
+/// or it exists and is not to be replaced (V004).
+void mustBeFree(const std::string& target, bool force, const std::vector<std::string>& inputs);
+
+/// Gives a whole file of the same file system its place, once its bytes are on the disk; a file that it
+/// replaces is there until then. Throws WrongUsage (V003, or V004 for a file that has come in between).
+void moveInto(const std::string& file, const std::string& target, bool force);
 
 } // namespace companion

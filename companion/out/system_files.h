@@ -1,4 +1,4 @@
-// System files: where temporary files go, and how all bytes get into an open one.
+// System files: what all who write files below the level of the library need.
 
 #pragma once
 

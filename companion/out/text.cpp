@@ -1,5 +1,6 @@
 #include "out/text.h"
 
+#include "out/characters.h"
 #include "text/date_text.h"
 
 #include <algorithm>
@@ -163,14 +164,6 @@ std::string markPlaceText(const MarkPlace& place)
         add(place.time);
     }
     return text;
-}
-
-std::string upper(std::string_view text)
-{
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return result;
 }
 
 std::string momentText(double mjd)

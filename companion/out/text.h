@@ -18,8 +18,16 @@ bool isUtf8(std::string_view bytes);
 /// The bytes in base 16, two small letters or digits each.
 std::string hexadecimal(std::string_view bytes);
 
-/// A text with the small letters of ASCII as capital ones.
-std::string upper(std::string_view text);
+/// Texts one after the other, with a separator between.
+template <class Texts>
+std::string joined(const Texts& texts, std::string_view separator)
+{
+    std::string all;
+    for (const auto& text : texts) {
+        all.append(all.empty() ? "" : separator).append(text);
+    }
+    return all;
+}
 
 /// A text as it can be shown on a line: control characters, and bytes that are not UTF-8, as "\xE9".
 std::string printable(std::string_view bytes);

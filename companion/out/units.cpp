@@ -1,5 +1,7 @@
 #include "out/units.h"
 
+#include "out/characters.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -15,6 +17,7 @@ struct Unit
 };
 
 constexpr Unit durations[] = {{"d", 86'400'000}, {"h", 3'600'000}, {"m", 60'000}, {"s", 1000}, {"ms", 1}};
+constexpr Unit angles[] = {{"mas", 0.001}, {"arcsec", 1}, {"arcmin", 60}, {"deg", 3600}};
 constexpr Unit amounts[] = {{"T", 0x1p40}, {"G", 0x1p30}, {"M", 0x1p20}, {"K", 0x1p10}};
 
 // A number with a unit at its end, times the size of that unit.
@@ -28,8 +31,8 @@ std::optional<double> valueOf(std::string_view text, const Unit (&units)[count],
     const auto* const unit = std::find_if(std::begin(units), std::end(units),
                                           [name](const Unit& each) { return each.name == name; });
     const bool isKnown = name.empty() || unit != std::end(units);
-    const bool isDigit = !text.empty() && text[0] >= '0' && text[0] <= '9'; // no sign, no "inf"
-    if (error != std::errc() || !isKnown || !isDigit) {
+    const bool beginsWithDigit = !text.empty() && isDigit(text[0]); // no sign, no "inf"
+    if (error != std::errc() || !isKnown || !beginsWithDigit) {
         return std::nullopt;
     }
     return number * (name.empty() ? otherwise : unit->size);
@@ -57,6 +60,18 @@ std::optional<std::chrono::milliseconds> durationOf(std::string_view text)
     const auto value = valueOf(text, durations, 1000);
     const bool fits = value && *value >= 1 && *value <= longest;
     return fits ? std::optional(std::chrono::milliseconds(std::llround(*value))) : std::nullopt;
+}
+
+std::optional<double> secondsOf(std::string_view text)
+{
+    constexpr double milliseconds = 1000;
+    const auto value = valueOf(text, durations, milliseconds);
+    return value ? std::optional(*value / milliseconds) : std::nullopt;
+}
+
+std::optional<double> arcsecondsOf(std::string_view text)
+{
+    return valueOf(text, angles, 1);
 }
 
 std::string durationText(std::chrono::milliseconds duration)

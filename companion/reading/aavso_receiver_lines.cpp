@@ -1,11 +1,13 @@
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "out/characters.h"
 #include "out/text.h"
 #include "reading/line_checker.h"
 #include "receivers/aavso_rules.h"
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,7 +19,6 @@ namespace {
 
 constexpr std::size_t fieldCount = 15;
 constexpr const char* parameters[] = {"TYPE", "OBSCODE", "SOFTWARE", "DELIM", "DATE", "OBSTYPE"};
-constexpr std::string_view placeholders[] = {"AAVSO", "CODEAAVSO", "N/A", "NA", "NONE"};
 
 // The fields of a record in their order.
 struct FieldRow
@@ -27,12 +28,6 @@ struct FieldRow
     bool (*isTaken)(std::string_view text);
     const char* wanted;
 };
-
-bool areDigits(std::string_view text)
-{
-    return !text.empty() &&
-           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
 
 bool isNa(std::string_view text)
 {
@@ -117,12 +112,6 @@ constexpr std::size_t kind = 6;
 constexpr std::size_t comparison = 7;
 constexpr std::size_t checkStar = 9;
 
-std::string_view trimmed(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    return text.substr(0, text.find_last_not_of(' ') + 1);
-}
-
 class AavsoReceiver final : public LineChecker
 {
 public:
@@ -176,9 +165,7 @@ private:
             return word == "EXTENDED" ? nullptr : "Extended is wanted";
         }
         if (key == "OBSCODE") {
-            const bool isPlaceholder =
-                std::find(std::begin(placeholders), std::end(placeholders), word) != std::end(placeholders);
-            return value.empty() || isPlaceholder ? "the code of an observer is wanted" : nullptr;
+            return isObserverCode(value) ? nullptr : "the code of an observer is wanted";
         }
         if (key == "SOFTWARE") {
             return value.empty() || value.size() > 255 ? "a name of up to 255 characters is wanted" : nullptr;
@@ -190,23 +177,9 @@ private:
         if (key == "OBSTYPE") {
             return word == "CCD" || word == "DSLR" || word == "PEP" ? nullptr : "CCD, DSLR or PEP is wanted";
         }
-        return takeDelimiter(value, word) ? nullptr
-                                          : "a character other than # and blank is wanted, or tab or comma";
-    }
-
-    bool takeDelimiter(std::string_view value, const std::string& word)
-    {
-        const double number = toDouble(value);
-        if (word == "COMMA" || word == "TAB") {
-            delimiter = word == "TAB" ? '\t' : ',';
-        } else if (value.size() == 1) {
-            delimiter = value[0];
-        } else if (areDigits(value) && number > 32.0 && number <= 126.0) {
-            delimiter = static_cast<char>(number);
-        } else {
-            return false;
-        }
-        return delimiter != '#' && delimiter != ' ';
+        const std::optional<char> told = aavsoDelimiter(value);
+        delimiter = told.value_or(delimiter);
+        return told ? nullptr : "a character other than # and blank is wanted, or tab or comma";
     }
 
     void tellMissing(LintOutput& out)

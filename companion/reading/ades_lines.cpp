@@ -1,4 +1,5 @@
 #include "base/tokens.h"
+#include "out/characters.h"
 #include "reading/ades_document.h"
 #include "reading/xml_lines.h"
 
@@ -10,14 +11,9 @@
 namespace companion {
 namespace {
 
-constexpr std::size_t largestDocument = std::size_t{512} * 1024 * 1024;
+constexpr std::string_view blanks = " \t\r";
 
-std::string_view trimmed(std::string_view text)
-{
-    constexpr std::string_view blanks = " \t\r";
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
+constexpr std::size_t largestDocument = std::size_t{512} * 1024 * 1024;
 
 AdesElement elementOf(const CheckedLine& line, std::string_view part, std::string name, std::string_view text)
 {
@@ -34,7 +30,7 @@ public:
             document = std::make_unique<AdesDocument>(out);
         }
         size += line.bytes.size() + 1;
-        const std::string_view text = trimmed(line.text);
+        const std::string_view text = trimmed(line.text, blanks);
         if (!line.isEnded) {
             document->tell(elementOf(line, line.text, "", ""), "the last line",
                            "has no line feed: the receiver drops its last character");
@@ -61,14 +57,15 @@ public:
 private:
     void takeElement(const CheckedLine& line, std::string_view text)
     {
-        text = trimmed(text);
+        text = trimmed(text, blanks);
         const std::size_t sign = text.find('=');
-        if (isFirst && (sign == std::string_view::npos || trimmed(text.substr(0, sign)) != "version")) {
+        if (isFirst && (sign == std::string_view::npos || trimmed(text.substr(0, sign), blanks) != "version"))
+        {
             document->tell(elementOf(line, text, "", ""), "version", "is not in the first line");
         }
         if (isFirst && sign != std::string_view::npos) {
             isFirst = false;
-            const std::string_view value = trimmed(text.substr(sign + 1));
+            const std::string_view value = trimmed(text.substr(sign + 1), blanks);
             document->version(elementOf(line, value, "version", value));
             document->openBlock();
             return;
@@ -81,15 +78,15 @@ private:
         }
         const std::size_t end = std::min(text.find_first_of(" \t"), text.size());
         parent = text.substr(0, end);
-        const std::string_view value = trimmed(text.substr(end));
+        const std::string_view value = trimmed(text.substr(end), blanks);
         document->context("obsContext", elementOf(line, text, parent, value));
     }
 
     void takeChild(const CheckedLine& line, std::string_view text)
     {
-        text = trimmed(text);
+        text = trimmed(text, blanks);
         const std::size_t end = std::min(text.find_first_of(" \t"), text.size());
-        const std::string_view value = trimmed(text.substr(end));
+        const std::string_view value = trimmed(text.substr(end), blanks);
         document->context(
             parent, elementOf(line, value.empty() ? text : value, std::string(text.substr(0, end)), value));
     }
@@ -102,8 +99,8 @@ private:
             isFirst = false;
         }
         std::vector<std::string_view> cells;
-        tavelinUtils::forEachToken(line.text, '|',
-                                   [&cells](std::string_view cell) { cells.push_back(trimmed(cell)); });
+        tavelinUtils::forEachToken(
+            line.text, '|', [&cells](std::string_view cell) { cells.push_back(trimmed(cell, blanks)); });
         if (names.empty()) {
             document->closeContext(elementOf(line, line.text, "", ""));
             names.assign(cells.begin(), cells.end());

@@ -5,6 +5,7 @@
 #include "out/text.h"
 #include "reading/line_fates.h"
 #include "reading/lint.h"
+#include "reading/sky_angle.h"
 #include "reading/track_times.h"
 #include "records/track.h"
 #include "text/number_text.h"
@@ -12,7 +13,6 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <numbers>
 
 namespace companion {
 
@@ -43,17 +43,6 @@ std::string textOf(const Moment& moment)
 {
     const std::string text = momentText(moment.date + moment.time);
     return text.empty() ? "?" : text;
-}
-
-// The angle between two positions in arcseconds.
-double angleBetween(const TRecLabelPervichka_File& a, const TRecLabelPervichka_File& b)
-{
-    constexpr double degree = std::numbers::pi / 180.0;
-    const double halfDE = (b.DE - a.DE) * degree / 2.0;
-    const double halfRA = (b.RA - a.RA) * degree / 2.0;
-    const double square = std::pow(std::sin(halfDE), 2.0) +
-                          std::cos(a.DE * degree) * std::cos(b.DE * degree) * std::pow(std::sin(halfRA), 2.0);
-    return 2.0 * std::asin(std::sqrt(std::min(square, 1.0))) / degree * 3600.0;
 }
 
 Moment momentOf(const TRecLabelPervichka_File& mark)
@@ -112,7 +101,8 @@ TrackInfo trackInfo(const TrackVtorichka& track, const Span& span)
         const double minutes =
             (span.last->date - span.first->date + (span.last->time - span.first->time)) * minutesOfDay;
         info.hasMotion = minutes > 0.0;
-        info.motion = info.hasMotion ? angleBetween(*span.first, *span.last) / minutes : 0.0;
+        const double angle = angleBetween(span.first->RA, span.first->DE, span.last->RA, span.last->DE);
+        info.motion = info.hasMotion ? angle / minutes : 0.0;
     }
     info.hasMagnitude = span.known > 0;
     info.magnitude = info.hasMagnitude ? span.sum / static_cast<double>(span.known) : 0.0;

@@ -2,6 +2,7 @@
 #include "base/lines.h"
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "out/characters.h"
 #include "reading/sexagesimal_fields.h"
 #include "reading/strict_fields.h"
 #include "text/angle_text.h"
@@ -28,17 +29,6 @@ constexpr Field declination{45, 12};
 constexpr Field magnitude{66, 5};
 
 constexpr std::string_view stationKeyword = "COD";
-
-std::string_view trimmed(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    return text.substr(0, text.find_last_not_of(' ') + 1);
-}
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 // Whether a person takes a line for an observation, perhaps one whose columns are a little out of place: it
 // has the month between blanks, and a length about that of all observations.

@@ -1,13 +1,13 @@
 #include "base/lines.h"
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "out/characters.h"
 #include "reading/line_checker.h"
 #include "receivers/designations.h"
 #include "receivers/mpc_rules.h"
 #include "receivers/tdm_keys.h"
 
 #include <algorithm>
-#include <cctype>
 #include <span>
 #include <string>
 #include <vector>
@@ -42,22 +42,6 @@ constexpr std::string_view demandedLater[] = {"OBS", "MEA", "TEL", "NET"};
 // Second columns of records that the receiver fills in itself, or that stand for what was withdrawn.
 constexpr std::string_view reservedNotes = "cXxDZWwQqt";
 constexpr std::string_view pairedNotes = "SVR"; // the second line of a pair has the small letter
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-bool areDigits(std::string_view text)
-{
-    return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
-}
-
-std::string_view trimmed(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    return text.substr(0, text.find_last_not_of(' ') + 1);
-}
 
 // A keyword and a blank, or the keyword alone.
 std::string_view headerWordOf(std::string_view line)

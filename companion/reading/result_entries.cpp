@@ -5,6 +5,7 @@
 #include "base/tokens.h"
 #include "config/xml_document.h"
 #include "files/essentials.h"
+#include "out/characters.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -18,11 +19,6 @@ constexpr std::string_view codeMark = " Code=";
 constexpr std::string_view separator = "//";
 
 constexpr std::string_view stampForm = "0000-00-00 00:00:00";
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 // Whether a line begins as each line of a log does, that of a result or another.
 bool isStamped(std::string_view line)

@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "out/characters.h"
 #include "reading/strict_fields.h"
 #include "text/calendar.h"
 #include "text/date_text.h"
@@ -28,12 +29,6 @@ struct Sexagesimal
     double minutes;
     double seconds;
 };
-
-bool areDigits(std::string_view text)
-{
-    return !text.empty() &&
-           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
 
 // Digits, and more behind a point.
 bool isUnsigned(std::string_view text)
@@ -74,7 +69,7 @@ double degreesOf(AngleKind kind, const Sexagesimal& parts)
 void checkRange(AngleKind kind, const Stretch& stretch, double degrees, LintOutput& out)
 {
     if (kind == AngleKind::declination && std::abs(degrees) > 90.0) {
-        out.add("V121", stretch, {{"value", shortest(degrees)}});
+        out.add("V121", stretch, {{"value", shortest(degrees)}, {"problem", "is outside -90 to 90"}});
     } else if (kind == AngleKind::rightAscension && !(degrees >= 0.0 && degrees <= 360.0)) {
         out.add("V129", stretch, {{"value", shortest(degrees)}});
     }

@@ -5,6 +5,7 @@
 #include "base/tokens.h"
 #include "findings/finding.h"
 #include "formats/track_table_columns.h"
+#include "out/characters.h"
 #include "reading/strict_fields.h"
 #include "reading/text_front.h"
 
@@ -17,6 +18,8 @@
 
 namespace companion {
 namespace {
+
+constexpr std::string_view blanks = " \t";
 
 // So many lines of a file are looked at.
 constexpr std::size_t enoughLines = 400;
@@ -39,12 +42,6 @@ Lines linesOf(std::string_view front)
     return lines;
 }
 
-std::string_view trimmed(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
-    return text.substr(0, text.find_last_not_of(" \t") + 1);
-}
-
 std::vector<std::string_view> wordsOf(std::string_view line)
 {
     std::vector<std::string_view> words;
@@ -59,17 +56,8 @@ std::vector<std::string_view> wordsOf(std::string_view line)
 // Mostly digits, as a spoilt number is.
 bool isNumeric(std::string_view text)
 {
-    const auto digits = std::count_if(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const auto digits = std::count_if(text.begin(), text.end(), isDigit);
     return digits * 2 > static_cast<std::ptrdiff_t>(text.size());
-}
-
-std::string lower(std::string_view text)
-{
-    std::string result(text);
-    for (char& c : result) {
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
-    return result;
 }
 
 template <class Is>
@@ -97,7 +85,7 @@ bool isMeaMark(std::string_view line)
 int pointsOfMea(const Lines& lines)
 {
     const std::size_t marks = countOf(lines, isMeaMark);
-    const bool hasSite = trimmed(lines.front()).ends_with(" 2000.0 UTC");
+    const bool hasSite = trimmed(lines.front(), blanks).ends_with(" 2000.0 UTC");
     const int points = share(marks, lines.size() - (hasSite ? 1 : 0));
     const bool isEnough = marks > 0 || lines.size() == 1;
     return hasSite && isEnough ? std::max(points, nearlyCertain) : points;
@@ -115,7 +103,8 @@ bool isTelegramMark(std::string_view line)
 int pointsOfTelegram(const Lines& lines)
 {
     const std::size_t marks = countOf(lines, isTelegramMark);
-    const std::size_t ends = countOf(lines, [](std::string_view line) { return trimmed(line) == "END"; });
+    const std::size_t ends =
+        countOf(lines, [](std::string_view line) { return trimmed(line, blanks) == "END"; });
     const std::size_t heads = countOf(lines, [](std::string_view line) { return wordsOf(line).size() == 3; });
     const int points = share(marks + ends + std::min(heads, marks), lines.size());
     if (marks == 0 || ends == 0) {
@@ -127,7 +116,7 @@ int pointsOfTelegram(const Lines& lines)
 
 bool beginsWithKey(std::string_view line, std::string_view key)
 {
-    return trimmed(line).starts_with(key);
+    return trimmed(line, blanks).starts_with(key);
 }
 
 int pointsOfTdm(const Lines& lines)
@@ -155,7 +144,7 @@ bool isSsmasMark(std::string_view line)
 
 int pointsOfSsmas(const Lines& lines)
 {
-    const bool hasTitle = trimmed(lines.front()) == "Measurements";
+    const bool hasTitle = trimmed(lines.front(), blanks) == "Measurements";
     const bool hasHead =
         countOf(lines, [](std::string_view line) { return beginsWithKey(line, "#SSMAS"); }) > 0;
     const std::size_t marks = countOf(lines, isSsmasMark);
@@ -238,7 +227,7 @@ int pointsOfLightCurve(const Lines& lines)
 
 int pointsOfAdesText(const Lines& lines)
 {
-    const std::string_view first = trimmed(lines.front());
+    const std::string_view first = trimmed(lines.front(), blanks);
     if (first.starts_with("# version=") || first.starts_with("#version=")) {
         return certain;
     }
@@ -267,7 +256,7 @@ bool isElementLine(std::string_view line, char number)
 {
     constexpr std::size_t shortest = 60;
     return line.size() >= shortest && line[0] == number && line[1] == ' ' &&
-           isNumeric(trimmed(line.substr(2, 5)));
+           isNumeric(trimmed(line.substr(2, 5), blanks));
 }
 
 int pointsOfElements(const Lines& lines)
@@ -392,7 +381,7 @@ Recognition recognised(std::string_view bytes)
     if (lines.empty()) {
         return best;
     }
-    const bool isDocument = trimmed(lines.front()).starts_with('<');
+    const bool isDocument = trimmed(lines.front(), blanks).starts_with('<');
     for (const Format& format : formats) {
         int points = 0;
         if (isDocument && format.pointsOfDocument != nullptr) {

@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/tokens.h"
 #include "formats/track_table.h"
+#include "out/characters.h"
 #include "reading/present_year.h"
 #include "text/angle_text.h"
 #include "text/calendar.h"
@@ -60,11 +61,6 @@ constexpr StrictField ofTable[] = {
     {"mjd", FieldForm::text},     {"mEnsemble", FieldForm::number}, {"mInstrComp", FieldForm::number},
     {"mRA", FieldForm::number},   {"mDE", FieldForm::number},
 };
-
-bool isDigit(char c)
-{
-    return static_cast<unsigned char>(c - '0') < 10;
-}
 
 bool allDigits(std::string_view text)
 {
@@ -285,7 +281,7 @@ private:
         if (isMisread || !std::isfinite(value)) {
             tellMisread(value, shortest(value));
         } else if (field.form == FieldForm::degreesDE && !(value >= -90.0 && value <= 90.0)) {
-            add("V121", {{"value", shown()}});
+            add("V121", {{"value", shown()}, {"problem", "is outside -90 to 90"}});
         } else if (field.form == FieldForm::degreesRA && !(value >= 0.0 && value <= 360.0)) {
             add("V129", {{"value", shown()}});
         } else if (field.form == FieldForm::magnitude) {
@@ -369,7 +365,7 @@ private:
             add("V128", {{"text", shown()}});
         }
         if (std::abs(de) > 90.0) {
-            add("V121", {{"value", shortest(de)}});
+            add("V121", {{"value", shortest(de)}, {"problem", "is outside -90 to 90"}});
         }
     }
 

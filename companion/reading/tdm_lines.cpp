@@ -1,5 +1,6 @@
 #include "base/last_answer.h"
 #include "base/lines.h"
+#include "out/characters.h"
 #include "reading/strict_fields.h"
 #include "receivers/tdm_keys.h"
 #include "text/date_text.h"
@@ -57,7 +58,6 @@ bool isReadKey(std::string_view key)
 // A date by the day of the year: YYYY-DDD.
 bool isDayOfYear(std::string_view date)
 {
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
     return date.size() == 8 && date[4] == '-' && std::all_of(date.begin() + 5, date.end(), isDigit);
 }
 

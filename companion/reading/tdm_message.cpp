@@ -2,7 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/tokens.h"
-#include "out/text.h"
+#include "out/characters.h"
 #include "receivers/tdm_rules.h"
 
 #include <algorithm>
@@ -32,21 +32,6 @@ bool isInOneCase(std::string_view text)
         return std::any_of(text.begin(), text.end(), [is](unsigned char c) { return is(c) != 0; });
     };
     return !has(std::islower) || !has(std::isupper);
-}
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-bool areDigits(std::string_view text)
-{
-    return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
-}
-
-std::string_view withoutSign(std::string_view text)
-{
-    return text.substr(text.starts_with('-') || text.starts_with('+') ? 1 : 0);
 }
 
 // Digits, perhaps a point with digits behind it, perhaps an exponent.

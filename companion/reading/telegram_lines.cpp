@@ -1,5 +1,6 @@
 #include "base/lines.h"
 #include "base/tokens.h"
+#include "out/characters.h"
 #include "reading/strict_fields.h"
 #include "text/date_text.h"
 
@@ -34,7 +35,7 @@ constexpr std::size_t magnitudeLength = 6;
 
 bool allDigits(std::string_view text)
 {
-    return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return std::all_of(text.begin(), text.end(), isDigit);
 }
 
 std::string_view withoutOuterBlanks(std::string_view text)

@@ -1,7 +1,7 @@
 #include "receivers/aavso_rules.h"
 
 #include "base/numbers.h"
-#include "out/text.h"
+#include "out/characters.h"
 #include "receivers/rule_tally.h"
 #include "text/number_text.h"
 
@@ -23,6 +23,8 @@ constexpr std::string_view filters[] = {"U",   "B",     "V",     "RJ", "IJ",  "R
                                         "K",   "SU",    "SG",    "SR", "SI",  "SZ", "STU", "STV", "STB",
                                         "STY", "STHBW", "STHBN", "MA", "MB",  "MI", "ZS",  "Y",   "TB",
                                         "TG",  "TR",    "CV",    "CR", "CBB", "HA", "HAC"};
+
+constexpr std::string_view placeholders[] = {"AAVSO", "CODEAAVSO", "N/A", "NA", "NONE"};
 
 constexpr std::size_t nameLength = 30;
 constexpr std::size_t magnitudeLength = 8;
@@ -319,6 +321,28 @@ private:
 bool isAavsoFilter(std::string_view word)
 {
     return std::find(std::begin(filters), std::end(filters), upper(word)) != std::end(filters);
+}
+
+bool isObserverCode(std::string_view code)
+{
+    const std::string word = upper(code);
+    return !code.empty() &&
+           std::find(std::begin(placeholders), std::end(placeholders), word) == std::end(placeholders);
+}
+
+std::optional<char> aavsoDelimiter(std::string_view value)
+{
+    const std::string word = upper(value);
+    char delimiter = ' ';
+    if (word == "COMMA" || word == "TAB") {
+        delimiter = word == "TAB" ? '\t' : ',';
+    } else if (value.size() == 1) {
+        delimiter = value[0];
+    } else if (std::all_of(value.begin(), value.end(), isDigit)) {
+        const double code = toDouble(value);
+        delimiter = code > 32.0 && code <= 126.0 ? static_cast<char>(code) : ' ';
+    }
+    return delimiter == '#' || delimiter == ' ' ? std::nullopt : std::optional(delimiter);
 }
 
 bool isAavsoFileName(const std::string& path)

@@ -5,6 +5,7 @@
 #include "receivers/track_rules.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,12 @@ namespace companion {
 
 /// Whether a word is a filter for new work; case means nothing.
 bool isAavsoFilter(std::string_view word);
+
+/// Whether a text is the code of an observer, and none of the words that stand for one.
+bool isObserverCode(std::string_view code);
+/// The character that the value of #DELIM stands for: the words comma and tab, one character, or the decimal
+/// code of one; nothing for a value that the receiver refuses.
+std::optional<char> aavsoDelimiter(std::string_view value);
 
 /// Whether a file name has one of the extensions that the upload takes.
 bool isAavsoFileName(const std::string& path);

@@ -11,6 +11,7 @@
 #include <memory>
 #include <mutex>
 #include <stdexcept>
+#include <unordered_map>
 
 namespace companion {
 namespace {
@@ -375,9 +376,15 @@ std::span<const char* const> adesLeapDays()
 
 const AdesField* adesField(std::string_view name)
 {
-    const auto* const row = std::find_if(std::begin(optical), std::end(optical),
-                                         [name](const AdesField& each) { return each.name == name; });
-    return row == std::end(optical) ? nullptr : row;
+    static const std::unordered_map<std::string_view, const AdesField*> rows = [] {
+        std::unordered_map<std::string_view, const AdesField*> all;
+        for (const AdesField& each : optical) {
+            all.emplace(each.name, &each);
+        }
+        return all;
+    }();
+    const auto row = rows.find(name);
+    return row == rows.end() ? nullptr : row->second;
 }
 
 const AdesContextField* adesContextField(std::string_view parent, std::string_view name)

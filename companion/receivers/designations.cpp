@@ -1,4 +1,5 @@
 #include "receivers/designations.h"
+#include "out/characters.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -11,11 +12,6 @@ constexpr std::size_t nameWidth = 7;
 constexpr std::string_view base62 = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 constexpr std::string_view halfMonths = "ABCDEFGHJKLMNOPQRSTUVWXY";
 constexpr std::string_view orderLetters = "ABCDEFGHJKLMNOPQRSTUVWXYZ";
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 bool isUpper(char c)
 {
@@ -41,20 +37,6 @@ template <class Is>
 bool areAll(std::string_view text, Is is)
 {
     return std::all_of(text.begin(), text.end(), is);
-}
-
-bool areDigits(std::string_view text)
-{
-    return !text.empty() && areAll(text, isDigit);
-}
-
-std::string_view trimmed(std::string_view text)
-{
-    const std::size_t begin = text.find_first_not_of(' ');
-    if (begin == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
 }
 
 // I, J or K for 18, 19, 20, and two digits.

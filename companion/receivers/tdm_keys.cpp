@@ -1,11 +1,11 @@
 #include "receivers/tdm_keys.h"
 
 #include "base/numbers.h"
+#include "out/characters.h"
 #include "text/calendar.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 
 namespace companion {
 namespace {
@@ -98,28 +98,17 @@ constexpr TdmKey keys[] = {
     {"DATA_STOP", false, bracket, TdmValue::none, "", true, false},
 };
 
-constexpr std::string_view blanks = " \t";
-
-std::string_view trimmed(std::string_view text)
+constexpr bool isBlank(char c)
 {
-    const std::size_t begin = text.find_first_not_of(blanks);
-    if (begin == std::string_view::npos) {
-        return text.substr(text.size());
-    }
-    return text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
-}
-
-bool areDigits(std::string_view text)
-{
-    return !text.empty() &&
-           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return c == ' ' || c == '\t';
 }
 
 // Takes the text up to a blank from the front of another one.
 std::string_view takeWord(std::string_view& text)
 {
-    text = trimmed(text);
-    const std::string_view word = text.substr(0, text.find_first_of(blanks));
+    text = trimmed(text, isBlank);
+    const auto length = std::find_if(text.begin(), text.end(), isBlank) - text.begin();
+    const std::string_view word = text.substr(0, static_cast<std::size_t>(length));
     text.remove_prefix(word.size());
     return word;
 }
@@ -201,15 +190,15 @@ const TdmKey* tdmKey(std::string_view key)
 TdmLine tdmLineOf(std::string_view line)
 {
     constexpr std::string_view comment = "COMMENT";
-    const std::string_view text = trimmed(line);
-    if (text.starts_with(comment) && (text.size() == comment.size() || blanks.find(text[7]) != blanks.npos)) {
-        return {text.substr(0, comment.size()), trimmed(text.substr(comment.size())), false};
+    const std::string_view text = trimmed(line, isBlank);
+    if (text.starts_with(comment) && (text.size() == comment.size() || isBlank(text[7]))) {
+        return {text.substr(0, comment.size()), trimmed(text.substr(comment.size()), isBlank), false};
     }
     const std::size_t sign = text.find('=');
     if (sign == std::string_view::npos) {
         return {text, text.substr(text.size()), false};
     }
-    return {trimmed(text.substr(0, sign)), trimmed(text.substr(sign + 1)), true};
+    return {trimmed(text.substr(0, sign), isBlank), trimmed(text.substr(sign + 1), isBlank), true};
 }
 
 TdmRecord tdmRecordOf(std::string_view value)
@@ -217,7 +206,7 @@ TdmRecord tdmRecordOf(std::string_view value)
     TdmRecord record;
     record.epoch = takeWord(value);
     record.value = takeWord(value);
-    record.rest = trimmed(value);
+    record.rest = trimmed(value, isBlank);
     return record;
 }
 

@@ -95,16 +95,19 @@ struct RunningChild
     EndedChild end{};
 };
 
-// What happens between fork and exec: only calls that a handler of signals may make.
+// What happens between vfork and exec: only calls that a handler of signals may make, and nothing in the
+// memory that is changed, since it is the caller's own.
 class NewProcess
 {
 public:
     NewProcess(const ChildCall& call, int outputEnd, int failureEnd)
         : program(call.program.c_str()), memoryLimit(call.memoryLimit), output(outputEnd),
-          failure(failureEnd), arguments{const_cast<char*>(call.name.c_str()),
-                                         const_cast<char*>(call.argument.c_str()), nullptr},
+          failure(failureEnd), arguments{const_cast<char*>(call.name.c_str()), nullptr, nullptr, nullptr},
           parent(getpid())
     {
+        const bool hasOption = !call.option.empty();
+        arguments[1] = const_cast<char*>(hasOption ? call.option.c_str() : call.argument.c_str());
+        arguments[2] = hasOption ? const_cast<char*>(call.argument.c_str()) : nullptr;
         sigemptyset(&noSignals);
     }
 
@@ -148,7 +151,7 @@ private:
     std::uint64_t memoryLimit;
     int output;
     int failure;
-    char* arguments[3];
+    char* arguments[4];
     pid_t parent;
     sigset_t noSignals;
 };
@@ -179,7 +182,7 @@ int startProcess(const ChildCall& call, RunningChild& child)
         return errno;
     }
     const NewProcess process(call, output->in.get(), failures->in.get());
-    child.process = fork();
+    child.process = vfork(); // a copy of all pages would cost more than many a task
     if (child.process == 0) {
         process.run();
     }

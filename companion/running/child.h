@@ -18,9 +18,10 @@ struct ChildCall
 {
     std::string program;                    ///< its full path
     std::string name;                       ///< what it is told that it is called
-    std::string argument;                   ///< its only argument
+    std::string argument;                   ///< its last argument
     std::chrono::milliseconds timeLimit{0}; ///< none where it is 0
     std::uint64_t memoryLimit = 0;          ///< of its addresses, in bytes; none where it is 0
+    std::string option{};                   ///< an argument before the last; none where it is empty
 };
 
 /// A limit that ended a child.

@@ -1,6 +1,8 @@
 #include "running/counting.h"
 
 #include "base/bytes.h"
+#include "findings/finding.h"
+#include "out/characters.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -8,11 +10,6 @@
 
 namespace companion {
 namespace {
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 // Whether the last but one of the items between a line's blanks is "001".
 bool hasNumberBeforeLast(std::string_view line)
@@ -394,6 +391,11 @@ std::optional<HeldMarks> heldMarks(const std::string& path, std::string_view wor
     const CountedForm* const form = formOf(word);
     const tavelinUtils::OpenFile file = tavelinUtils::openForReading(path);
     return form == nullptr || file == nullptr ? std::nullopt : form->ofFile(file.get());
+}
+
+std::string heldText(const HeldMarks& held)
+{
+    return counted(held.marks, "mark") + (held.isWhole ? "" : " and breaks off");
 }
 
 std::optional<HeldMarks> heldMarksOf(std::string_view bytes, std::string_view word)

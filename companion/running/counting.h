@@ -24,6 +24,9 @@ struct HeldMarks
     bool isWhole = true; ///< false where the file ends within a line or a block
 };
 
+/// "130 marks", "12 marks and breaks off".
+std::string heldText(const HeldMarks& held);
+
 /// The marks of a file of an output word, of any length in little memory; nothing for a file that cannot be
 /// read and for a word that is not known.
 std::optional<HeldMarks> heldMarks(const std::string& path, std::string_view word);

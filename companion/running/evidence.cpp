@@ -50,6 +50,11 @@ FileState settledState(const std::string& path)
     return state;
 }
 
+FileStamp stampOf(const std::string& path, const FileState& state)
+{
+    return {path, state.size, state.written};
+}
+
 FileChange changeOf(const FileState& before, const FileState& after)
 {
     if (!after.exists) {

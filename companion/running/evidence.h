@@ -32,6 +32,19 @@ FileState fileState(const std::string& path);
 /// the clock of the file system would give the next one the same time, it waits for the next tick.
 FileState settledState(const std::string& path);
 
+/// A file as plans and receipts know it again.
+struct FileStamp
+{
+    std::string path{};
+    std::uint64_t size = 0;
+    std::int64_t time = 0; ///< of the last write: nanoseconds since 1970
+
+    bool operator==(const FileStamp& other) const = default;
+};
+
+/// The stamp of a file in a state.
+FileStamp stampOf(const std::string& path, const FileState& state);
+
 /// What became of a file.
 enum class FileChange
 {

@@ -4,6 +4,7 @@
 #include "base/numbers.h"
 #include "base/tokens.h"
 #include "findings/finding.h"
+#include "out/characters.h"
 
 #include <algorithm>
 #include <array>
@@ -24,8 +25,8 @@ WrongUsage unusable(const std::string& path)
 bool isPlain(char c)
 {
     constexpr std::string_view others = "%+,-./:=@_";
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-           others.find(c) != others.npos || static_cast<unsigned char>(c) >= 0x80;
+    return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || others.find(c) != others.npos ||
+           static_cast<unsigned char>(c) >= 0x80;
 }
 
 bool isControl(char c)

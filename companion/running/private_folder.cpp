@@ -12,8 +12,17 @@ namespace companion {
 
 PrivateFolder::PrivateFolder()
 {
-    const std::string parent = temporaryFolder();
-    folder = parent + "/tavelin-XXXXXX";
+    make(temporaryFolder(), "/tavelin-XXXXXX");
+}
+
+PrivateFolder::PrivateFolder(const std::string& parent)
+{
+    make(parent, "/.tavelin-XXXXXX");
+}
+
+void PrivateFolder::make(const std::string& parent, const char* name)
+{
+    folder = parent + name;
     if (mkdtemp(folder.data()) == nullptr) {
         throw WrongUsage{finding("V003", {{"file", parent}, {"what", std::strerror(errno)}})};
     }

@@ -12,6 +12,9 @@ class PrivateFolder
 public:
     /// In the folder for temporary files. Throws WrongUsage (V003) where that fails.
     PrivateFolder();
+    /// In another folder, with a hidden name: for files that are to be moved from it without being copied.
+    /// Throws WrongUsage (V003) where that fails.
+    explicit PrivateFolder(const std::string& parent);
     ~PrivateFolder();
     PrivateFolder(const PrivateFolder&) = delete;
     PrivateFolder& operator=(const PrivateFolder&) = delete;
@@ -23,6 +26,8 @@ public:
     }
 
 private:
+    void make(const std::string& parent, const char* name);
+
     std::string folder;
 };
 

@@ -73,11 +73,6 @@ bool isLastOfItsPath(const PlannedFile& file)
     return file.isWritten && file.replacedBy == 0;
 }
 
-std::string heldText(const HeldMarks& held)
-{
-    return counted(held.marks, "mark") + (held.isWhole ? "" : " and breaks off");
-}
-
 } // namespace
 
 std::size_t TaskEvidence::foundMarks() const
@@ -213,7 +208,8 @@ void TaskWitness::lookAtFiles(TaskEvidence& evidence, Verification verification)
     for (std::size_t i = 0; i < files.size(); ++i) {
         const PlannedFile& planned = *files[i];
         WitnessedFile file{planned.path, planned.format, planned.marks};
-        file.change = changeOf(before[i], fileState(planned.path));
+        file.state = fileState(planned.path);
+        file.change = changeOf(before[i], file.state);
         const auto add = [&evidence](Finding found) { evidence.findings.push_back(std::move(found)); };
         if (file.change == FileChange::missing) {
             add(finding("V415", {{"path", file.path}}));
@@ -244,6 +240,7 @@ void TaskWitness::lookAtFiles(TaskEvidence& evidence, Verification verification)
 void TaskWitness::lookAtInputs(TaskEvidence& evidence) const
 {
     for (const Before& input : inputs) {
+        evidence.inputs.push_back(stampOf(input.path, input.state));
         if (fileState(input.path) != input.state) {
             evidence.findings.push_back(finding("V419", {{"path", input.path}}));
         }

@@ -31,6 +31,7 @@ struct WitnessedFile
     std::size_t planned = 0;            ///< marks
     std::optional<std::size_t> found{}; ///< marks; nothing where they were not counted
     FileChange change = FileChange::missing;
+    FileState state{};
 };
 
 /// What a run has done.
@@ -39,6 +40,7 @@ struct TaskEvidence
     EndedChild ended{};
     std::vector<ResultEntry> results{}; ///< that are new
     std::vector<WitnessedFile> files{}; ///< that were to stand at the end
+    std::vector<FileStamp> inputs{};    ///< as they were before the run
     std::vector<Finding> findings{};
 
     /// The marks in the files that the run has written.

@@ -26,19 +26,6 @@ std::string besideThis()
     return !failure && isProgram(path) ? path.string() : "";
 }
 
-std::string inSearchPath()
-{
-    const char* const folders = std::getenv("PATH");
-    std::string found;
-    tavelinUtils::forEachToken(folders == nullptr ? "" : folders, ':', [&found](std::string_view folder) {
-        const std::filesystem::path path = std::filesystem::path(folder.empty() ? "." : folder) / toolName;
-        if (found.empty() && isProgram(path)) {
-            found = std::filesystem::absolute(path).string();
-        }
-    });
-    return found;
-}
-
 } // namespace
 
 std::string toolPath(const std::string& wanted)
@@ -47,7 +34,20 @@ std::string toolPath(const std::string& wanted)
         return isProgram(wanted) ? std::filesystem::absolute(wanted).string() : "";
     }
     const std::string beside = besideThis();
-    return beside.empty() ? inSearchPath() : beside;
+    return beside.empty() ? programInSearchPath(toolName) : beside;
+}
+
+std::string programInSearchPath(const std::string& name)
+{
+    const char* const folders = std::getenv("PATH");
+    std::string found;
+    tavelinUtils::forEachToken(folders == nullptr ? "" : folders, ':', [&](std::string_view folder) {
+        const std::filesystem::path path = std::filesystem::path(folder.empty() ? "." : folder) / name;
+        if (found.empty() && isProgram(path)) {
+            found = std::filesystem::absolute(path).string();
+        }
+    });
+    return found;
 }
 
 } // namespace companion

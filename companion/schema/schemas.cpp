@@ -18,6 +18,15 @@ std::string jsonSchema(std::string_view name)
     throw std::logic_error("a JSON schema without a text: " + std::string(name));
 }
 
+// What a document is: mostly what a subcommand prints.
+std::string documentOf(const std::string& name)
+{
+    if (name == "plan") {
+        return "the plan of tavelin batch";
+    }
+    return name == "receipt" ? "the receipts of tavelin batch" : "what tavelin " + name + " --json prints";
+}
+
 std::vector<Schema> schemas()
 {
     const std::string xsd = "XSD 1.0";
@@ -28,9 +37,8 @@ std::vector<Schema> schemas()
         {"ades", xsd, "observations in ADES 2022, as they are submitted", adesSchema},
     };
     for (const JsonSchemaText& row : jsonSchemaTexts()) {
-        const std::string subcommand(row.subcommand);
-        all.push_back({"json " + subcommand, "JSON Schema 2020-12",
-                       "what tavelin " + subcommand + " --json prints", jsonSchema});
+        const std::string name(row.subcommand);
+        all.push_back({"json " + name, "JSON Schema 2020-12", documentOf(name), jsonSchema});
     }
     return all;
 }

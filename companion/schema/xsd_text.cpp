@@ -1,26 +1,10 @@
 #include "schema/xsd_text.h"
 
+#include "out/xml_text.h"
+
 #include <string>
 
 namespace companion {
-namespace {
-
-std::string escaped(std::string_view text)
-{
-    std::string result;
-    for (const char character : text) {
-        switch (character) {
-        case '&': result += "&amp;"; break;
-        case '<': result += "&lt;"; break;
-        case '>': result += "&gt;"; break;
-        case '"': result += "&quot;"; break;
-        default: result += character;
-        }
-    }
-    return result;
-}
-
-} // namespace
 
 XsdText::XsdText(const std::vector<std::string>& comment)
 {
@@ -39,7 +23,7 @@ void XsdText::begin(const char* name, Attributes attributes, const char* end)
     out += std::string("<xs:") + name;
     for (const auto& [key, value] : attributes) {
         if (!value.empty()) {
-            out += std::string(" ") + key + "=\"" + escaped(value) + '"';
+            out += std::string(" ") + key + "=\"" + xmlText(value) + '"';
         }
     }
     out += end;
@@ -71,7 +55,7 @@ void XsdText::documentation(std::string_view text)
     }
     open("annotation");
     out.append(path.size() * 4, ' ');
-    out += "<xs:documentation>" + escaped(text) + "</xs:documentation>\n";
+    out += "<xs:documentation>" + xmlText(text) + "</xs:documentation>\n";
     close();
 }
 
@@ -117,7 +101,7 @@ void XsdText::words(std::string_view name, const std::vector<std::string>& words
     open("restriction", {{"base", "xs:string"}});
     for (const std::string& word : words) {
         out.append(path.size() * 4, ' ');
-        out += "<xs:enumeration value=\"" + escaped(word) + "\"/>\n";
+        out += "<xs:enumeration value=\"" + xmlText(word) + "\"/>\n";
     }
     close();
     close();

@@ -7,6 +7,7 @@
 #include "reading/signatures.h"
 #include "receivers/track_rules.h"
 #include "task/plan_findings.h"
+#include "task/present_folder.h"
 #include "task/read_inputs.h"
 #include "task/task_checks.h"
 
@@ -19,36 +20,6 @@ using namespace tavelinUtils;
 
 namespace companion {
 namespace {
-
-// The present folder of the process until the end of the block.
-class FolderFor
-{
-public:
-    explicit FolderFor(const std::string& folder)
-    {
-        if (folder.empty()) {
-            return;
-        }
-        std::error_code failure;
-        before = std::filesystem::current_path();
-        std::filesystem::current_path(folder, failure);
-        if (failure) {
-            throw WrongUsage{finding("V003", {{"file", folder}, {"what", failure.message()}})};
-        }
-    }
-    ~FolderFor()
-    {
-        std::error_code ignored;
-        if (!before.empty()) {
-            std::filesystem::current_path(before, ignored);
-        }
-    }
-    FolderFor(const FolderFor&) = delete;
-    FolderFor& operator=(const FolderFor&) = delete;
-
-private:
-    std::filesystem::path before;
-};
 
 std::string columnsOf(const TConvMea& task)
 {
@@ -322,7 +293,7 @@ CheckedTask TaskChecker::check(TaskDocument document)
     CheckedTask checked;
     checked.path = document.path;
     checked.document = std::move(document);
-    const FolderFor folder(settings.folder);
+    const PresentFolderFor folder(settings.folder);
     Check check(settings, *reader, series, checked);
     check.run();
     check.holdAgainst(outputs);

@@ -4,6 +4,7 @@
 #include "base/tokens.h"
 #include "file_names.h"
 #include "format_words.h"
+#include "out/characters.h"
 #include "out/text.h"
 #include "report_divisions.h"
 #include "task/key_table.h"
@@ -23,12 +24,6 @@ namespace companion {
 namespace {
 
 constexpr std::string_view blanks = " \t\n\v\f\r";
-
-std::string_view trimmed(std::string_view text)
-{
-    const std::size_t begin = std::min(text.find_first_not_of(blanks), text.size());
-    return text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
-}
 
 std::string quoted(std::string_view text)
 {
@@ -93,7 +88,7 @@ void findUnknownKey(Report& report, const DocumentKey& key, bool inSeria)
 void findBlanks(Report& report, const DocumentKey& key, const TaskKey& row)
 {
     const bool isWhole = row.type == KeyType::text || row.type == KeyType::words;
-    const std::string_view inner = trimmed(key.value);
+    const std::string_view inner = trimmed(key.value, blanks);
     if (!isWhole || key.first != FirstNode::text || inner.empty() || inner.size() == key.value.size()) {
         return;
     }
@@ -164,7 +159,7 @@ std::string numberText(double number)
 template <class Number>
 bool isNumber(std::string_view text, Number& number)
 {
-    text = trimmed(text);
+    text = trimmed(text, blanks);
     const bool hasPlus = text.size() > 1 && text[0] == '+' && text[1] != '-';
     text.remove_prefix(hasPlus ? 1 : 0);
     const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), number);

@@ -1,6 +1,7 @@
 #include "texts/completion_texts.h"
 
 #include "command/subcommand.h"
+#include "out/text.h"
 #include "texts/option_texts.h"
 
 #include <vector>

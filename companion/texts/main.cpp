@@ -2,8 +2,10 @@
 //
 //   companion_texts completion bash
 //   companion_texts manual check <companion/man/tavelin-check.1.scd
+//   companion_texts fidelity NIGHT...
 
 #include "texts/completion_texts.h"
+#include "texts/fidelity_text.h"
 #include "texts/manual_texts.h"
 
 #include <iostream>
@@ -19,8 +21,11 @@ int main(int argc, char** argv)
     } else if (kind == "manual") {
         const std::string page(std::istreambuf_iterator<char>(std::cin), {});
         std::cout << companion::manualWithTables(page, name);
+    } else if (kind == "fidelity") {
+        std::cout << companion::fidelityPage({argv + 2, argv + argc});
     } else {
-        std::cerr << "usage: companion_texts completion SHELL | manual [SUBCOMMAND] <PAGE\n";
+        std::cerr
+            << "usage: companion_texts completion SHELL | manual [SUBCOMMAND] <PAGE | fidelity NIGHT...\n";
         return 2;
     }
     return 0;

@@ -1,5 +1,6 @@
 #include "texts/manual_texts.h"
 
+#include "base/tokens.h"
 #include "command/subcommand.h"
 #include "texts/option_texts.h"
 
@@ -14,12 +15,21 @@ std::string plain(std::string_view text)
     return backslashed(text, "\\*_#`~");
 }
 
-// An operand of the usage: [_WHAT_], _TASK_...
+// The operands of the usage: [_WHAT_], _DIR_ _TABLE_...
 std::string emphasized(const std::string& operands)
 {
-    const std::size_t begin = operands[0] == '[' ? 1 : 0;
-    const std::size_t end = std::min(operands.find_first_of(".]"), operands.size());
-    return operands.substr(0, begin) + '_' + operands.substr(begin, end - begin) + '_' + operands.substr(end);
+    std::string text;
+    tavelinUtils::forEachToken(operands, ' ', [&text](std::string_view operand) {
+        const std::size_t begin = operand[0] == '[' ? 1 : 0;
+        const std::size_t end = std::min(operand.find_first_of(".]"), operand.size());
+        text += text.empty() ? "" : " ";
+        text += operand.substr(0, begin);
+        text += '_';
+        text += operand.substr(begin, end - begin);
+        text += '_';
+        text += operand.substr(end);
+    });
+    return text;
 }
 
 std::string optionLines(std::span<const OptionRow> rows)

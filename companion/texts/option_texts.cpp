@@ -1,6 +1,7 @@
 #include "texts/option_texts.h"
 
 #include "base/tokens.h"
+#include "out/text.h"
 #include "schema/schemas.h"
 
 #include <algorithm>
@@ -44,15 +45,6 @@ std::vector<std::string> operandWords(const Subcommand& subcommand)
         });
     }
     return words;
-}
-
-std::string joined(const std::vector<std::string>& texts, std::string_view separator)
-{
-    std::string all;
-    for (const std::string& text : texts) {
-        all += (all.empty() ? "" : std::string(separator)) + text;
-    }
-    return all;
 }
 
 std::string backslashed(std::string_view text, std::string_view characters)

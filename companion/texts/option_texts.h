@@ -22,9 +22,6 @@ bool takesPath(const OptionRow& row);
 /// The operands that a subcommand knows by name; none where they are files.
 std::vector<std::string> operandWords(const Subcommand& subcommand);
 
-/// Texts with a separator between them.
-std::string joined(const std::vector<std::string>& texts, std::string_view separator);
-
 /// A text with a backslash before each of some characters.
 std::string backslashed(std::string_view text, std::string_view characters);
 

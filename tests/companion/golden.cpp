@@ -27,8 +27,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::vector<std::string> ownFiles{"call", "prepare", "sockets",  "entries",
-                                        "text", "json",    "messages", "status"};
+const std::vector<std::string> ownFiles{"call", "prepare",  "sockets", "entries", "text",
+                                        "json", "messages", "status",  "left"};
 
 std::string textOf(const fs::path& path)
 {
@@ -124,6 +124,24 @@ std::map<std::string, std::string> stateOf(const fs::path& folder)
         state[entry.path()] = std::to_string(isFile ? entry.file_size() : 0) + '@' + std::to_string(time);
     }
     return state;
+}
+
+// What is new, changed or gone in a folder, a path each line. Folders change with what is in them.
+std::string changesIn(const fs::path& folder, const std::map<std::string, std::string>& before)
+{
+    std::string text;
+    const auto now = stateOf(folder);
+    for (const auto& [path, state] : now) {
+        const auto old = before.find(path);
+        if (old == before.end() || (old->second != state && !fs::is_directory(path))) {
+            text += fs::path(path).lexically_relative(folder).string() +
+                    (old == before.end() ? "\n" : " changed\n");
+        }
+    }
+    for (const auto& [path, state] : before) {
+        text += now.contains(path) ? "" : fs::path(path).lexically_relative(folder).string() + " gone\n";
+    }
+    return text;
 }
 
 // A copy of a case's inputs.
@@ -301,9 +319,37 @@ void expectGolden(const std::string& group, const std::string& name)
     EXPECT_EQ(stateOf(fs::current_path()), before);
 }
 
-void expectGoldenRun(const std::string& name, const std::string& tool)
+void expectGoldenMade(const std::string& group, const std::string& name, const std::string& tool)
 {
-    const fs::path source = folderOf("run") / name;
+    const fs::path source = folderOf(group) / name;
+    const int status = exists(source / "status") ? std::stoi(textOf(source / "status")) : 0;
+    const Call bare = callOf(source / "call");
+    const Call call = tool.empty() ? bare : bare.with("--vomar").with(tool);
+    const auto runWith = [&](const Call& wanted) {
+        const CaseFolder folder(source);
+        const auto before = stateOf(fs::current_path());
+        const CommandEnd end = ended(wanted);
+        EXPECT_EQ(end.status, status);
+        EXPECT_EQ(changesIn(fs::current_path(), before), textOf(source / "left"));
+        return end;
+    };
+    const CommandEnd plain = runWith(call);
+    EXPECT_EQ(plain.out, textOf(source / "text"));
+    EXPECT_EQ(plain.err, textOf(source / "messages"));
+    for (const char* option : {"--quiet", "--verbose"}) {
+        SCOPED_TRACE(option);
+        EXPECT_EQ(errorLines(runWith(call.with(option)).out), errorLines(plain.out));
+    }
+    const Abroad abroad;
+    EXPECT_EQ(runWith(call).out, plain.out);
+    if (exists(source / "json")) {
+        EXPECT_EQ(runWith(call.with("--json")).out, textOf(source / "json"));
+    }
+}
+
+void expectGoldenRun(const std::string& name, const std::string& tool, const std::string& group)
+{
+    const fs::path source = folderOf(group) / name;
     const int status = exists(source / "status") ? std::stoi(textOf(source / "status")) : 0;
     const Call call = callOf(source / "call").with("--vomar").with(tool);
     const auto runWith = [&](const Call& wanted) {

@@ -9,6 +9,7 @@
 //   json      what it prints with --json; left out where the subcommand is not asked for it
 //   messages  what it prints to standard error; nothing where the file is missing
 //   status    the exit status; 0 where the file is missing
+//   left      of a subcommand that writes files: the paths that it makes, changes or removes
 
 #pragma once
 
@@ -34,7 +35,12 @@ std::vector<std::string> goldenCases(const std::string& group);
 /// changes.
 void expectGolden(const std::string& group, const std::string& name);
 
-/// Runs a case of the group "run" with a tool, each time in a new copy of its folder, which the tool changes.
+/// Runs a case of a subcommand that writes files, with a tool where it starts one, each time in a new copy of
+/// its folder. Text, JSON, messages and status are as they stand, also in another locale and zone, and after
+/// each call what is new, changed or gone in the folder is what the file "left" lists, a path each line.
+void expectGoldenMade(const std::string& group, const std::string& name, const std::string& tool = "");
+
+/// Runs a case of a group of runs with a tool, each time in a new copy of its folder, which the tool changes.
 /// Text, JSON, messages and status are as they stand, and two at once, in another locale and zone, print the
 /// same as one after the other.
-void expectGoldenRun(const std::string& name, const std::string& tool);
+void expectGoldenRun(const std::string& name, const std::string& tool, const std::string& group = "run");

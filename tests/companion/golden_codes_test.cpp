@@ -35,10 +35,10 @@ std::set<std::string> codesOf(const std::string& place)
     return codes;
 }
 
-// Whether check, lint or run tells it, or every subcommand.
+// Whether check, lint, run or normalise tells it, or every subcommand.
 bool isTold(const FindingRow& row)
 {
-    return row.by == "all" || row.by.find_first_of("clr") != std::string_view::npos;
+    return row.by == "all" || row.by.find_first_of("clrn") != std::string_view::npos;
 }
 
 } // namespace
@@ -46,7 +46,7 @@ bool isTold(const FindingRow& row)
 TEST(GoldenCodes, EachFindingOccursInACase)
 {
     std::set<std::string> printed;
-    for (const std::string group : {"check", "lint", "run", "info", "explain"}) {
+    for (const std::string group : {"check", "lint", "run", "info", "explain", "normalise", "diff"}) {
         for (const std::string& name : goldenCases(group)) {
             printed.merge(codesOf(group + '/' + name));
         }

@@ -100,4 +100,48 @@ TEST(FindingJson, MarkOfATask)
               R"("time":"2010-11-06T04:30:13.824"}]})");
 }
 
+TEST(ReadJson, ValuesAreFoundByKeyAndPlace)
+{
+    const ReadJson json(R"({"a":[1,-2,"x\u00e9"],"b":{"c":true},"d":9223372036854775807,"e":null})");
+    const JsonView root = json.root();
+    EXPECT_EQ(root.size(), 4U);
+    EXPECT_EQ(root["a"].size(), 3U);
+    EXPECT_TRUE(root["a"].isList());
+    EXPECT_EQ(root["a"][1].integer(), -2);
+    EXPECT_EQ(root["a"][2].text(), "x\xC3\xA9");
+    EXPECT_TRUE(root["b"]["c"].isTrue());
+    EXPECT_EQ(root["d"].integer(), 9223372036854775807);
+    EXPECT_EQ(root["b"].value().text(), R"({"c":true})");
+}
+
+TEST(ReadJson, WhatIsMissingOrOfAnotherKindIsEmpty)
+{
+    const ReadJson json(R"({"a":"1","b":[2.5]})");
+    const JsonView root = json.root();
+    EXPECT_FALSE(root["c"]["d"][7]);
+    EXPECT_EQ(root["a"].integer(5), 5);
+    EXPECT_EQ(root["b"][0].integer(5), 5);
+    EXPECT_EQ(root["b"].text(), "");
+    EXPECT_FALSE(root["a"].isList());
+    EXPECT_FALSE(root["a"].isTrue());
+    EXPECT_EQ(root["c"].value().text(), "null");
+}
+
+TEST(ReadJson, TextThatIsNoJsonHasNoValue)
+{
+    for (const char* const text : {"", "{", "{\"a\":}", "{} x"}) {
+        EXPECT_FALSE(ReadJson(text).root()) << text;
+    }
+}
+
+TEST(ReadJson, BytesComeBackAsTheyWere)
+{
+    for (const std::string text : {"plain", "caf\xE9", "\xC3\xBC"}) {
+        Json object = Json::object();
+        setBytes(object, "path", text);
+        const ReadJson json(object.text());
+        EXPECT_EQ(bytesMember(json.root(), "path"), text);
+    }
+}
+
 } // namespace

@@ -135,8 +135,11 @@ TEST(OptionTable, EachOptionStandsOnceAndShortFormsAreFew)
             EXPECT_TRUE(names.insert(row.name).second) << each->name << ' ' << row.name;
             EXPECT_TRUE(row.letter == 0 || letters.insert(row.letter).second)
                 << each->name << ' ' << row.name;
-            EXPECT_THAT(std::string(1, row.letter),
-                        testing::AnyOf(std::string(1, '\0'), "j", "o", "f", "q", "v", "h"));
+            const bool isOfDiff =
+                each->name == std::string("diff") && (row.letter == 'c' || row.letter == 's');
+            EXPECT_TRUE(isOfDiff ||
+                        std::string_view("\0jofqvh", 7).find(row.letter) != std::string_view::npos)
+                << each->name << ' ' << row.name;
         }
     }
 }
@@ -148,6 +151,15 @@ TEST(OptionTable, AnOptionOfSeveralSubcommandsTakesTheSameInAll)
         for (const OptionRow& row : each->options) {
             if (each->name == std::string("explain") && row.name == std::string("as")) {
                 continue; // a kind of thing, where the others take a format
+            }
+            if (each->name == std::string("report") && row.name == std::string("by")) {
+                continue; // what a file holds, and not what marks are matched by
+            }
+            if (each->name == std::string("ready") && row.name == std::string("for")) {
+                continue; // the form too, where a receiver takes two
+            }
+            if (each->name == std::string("ready") && row.name == std::string("magnitude")) {
+                continue; // which of those that a file has, and not a value
             }
             const std::string value = row.value == nullptr ? "" : row.value;
             EXPECT_EQ(values.emplace(row.name, value).first->second, value) << each->name << ' ' << row.name;

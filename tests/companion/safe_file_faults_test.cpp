@@ -245,4 +245,28 @@ TEST(SafeFileFaults, HandlerOfTheProgramStays)
     EXPECT_EQ(bytesOf(target.path), newText);
 }
 
+TEST(MoveIntoFaults, StepThatFailsLeavesTheOldFile)
+{
+    for (const int error : {ENOSPC, EIO}) {
+        for (const Step& step : {Step{"fsync", {{SYS_fsync, error}}}, Step{"link", {{SYS_linkat, error}}},
+                                 Step{"rename", faultsOfRename(error)}})
+        {
+            for (const bool hasOld : {false, true}) {
+                SCOPED_TRACE(step.name + (hasOld ? " over an old file" : " new"));
+                const Target target(hasOld);
+                const TemporaryFolder other;
+                makeFile(other / "whole", newText);
+                const bool fails = step.name == "fsync" || hasOld == (step.name == "rename");
+                const int status = statusOfChild([&] {
+                    setFaults(step.faults);
+                    companion::moveInto(other / "whole", target.path, hasOld);
+                });
+                EXPECT_EQ(WEXITSTATUS(status), fails ? 1 : 0);
+                EXPECT_TRUE(fails ? target.isUntouched() : bytesOf(target.path) == newText);
+                EXPECT_EQ(exists(other / "whole"), fails);
+            }
+        }
+    }
+}
+
 } // namespace

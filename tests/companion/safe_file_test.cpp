@@ -39,6 +39,18 @@ TEST(SafeFile, IsThereOnceItIsCommitted)
     EXPECT_EQ(namesIn(folder.path()), (Names{"a.txt"}));
 }
 
+TEST(SafeFile, IsThereAlsoWhereNobodyWaitsForTheDisk)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.txt", "old\n");
+    SafeFile file(folder / "a.txt", true, {});
+    file.write("whole\n");
+    EXPECT_EQ(bytesOf(folder / "a.txt"), "old\n");
+    file.commitUnwaited();
+    EXPECT_EQ(bytesOf(folder / "a.txt"), "whole\n");
+    EXPECT_EQ(namesIn(folder.path()), (Names{"a.txt"}));
+}
+
 TEST(SafeFile, NothingIsLeftOfOneThatIsNotCommitted)
 {
     const TemporaryFolder folder;
@@ -96,6 +108,42 @@ TEST(SafeFile, FolderThatIsMissingIsTold)
         EXPECT_EQ(codeOf([&] { file.commit(); }), "V003");
     }
     EXPECT_EQ(namesIn(folder.path()), (Names{"folder"}));
+}
+
+TEST(MoveInto, GivesAFileItsPlace)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "whole", "new");
+    companion::moveInto(folder / "whole", folder / "a.txt", false);
+    EXPECT_EQ(bytesOf(folder / "a.txt"), "new");
+    EXPECT_EQ(namesIn(folder.path()), (Names{"a.txt"}));
+}
+
+TEST(MoveInto, ReplacesOnlyWhereItIsTold)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "whole", "new");
+    makeFile(folder / "a.txt", "old");
+    fs::permissions(folder / "a.txt", fs::perms(0640));
+    EXPECT_EQ(codeOf([&] { companion::moveInto(folder / "whole", folder / "a.txt", false); }), "V004");
+    EXPECT_EQ(bytesOf(folder / "a.txt"), "old");
+    EXPECT_EQ(bytesOf(folder / "whole"), "new");
+    companion::moveInto(folder / "whole", folder / "a.txt", true);
+    EXPECT_EQ(bytesOf(folder / "a.txt"), "new");
+    EXPECT_EQ(fs::status(folder / "a.txt").permissions(), fs::perms(0640));
+    EXPECT_EQ(namesIn(folder.path()), (Names{"a.txt"}));
+}
+
+TEST(MoveInto, FailureIsTold)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "whole", "new");
+    fs::create_directory(folder / "folder");
+    EXPECT_EQ(codeOf([&] { companion::moveInto(folder / "missing", folder / "a.txt", false); }), "V003");
+    EXPECT_EQ(codeOf([&] { companion::moveInto(folder / "whole", folder / "missing/a.txt", false); }),
+              "V003");
+    EXPECT_EQ(codeOf([&] { companion::moveInto(folder / "whole", folder / "folder", true); }), "V003");
+    EXPECT_EQ(bytesOf(folder / "whole"), "new");
 }
 
 } // namespace

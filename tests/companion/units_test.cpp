@@ -41,6 +41,25 @@ TEST(Units, DurationsThatAreRefused)
     }
 }
 
+TEST(Units, SecondsAndArcseconds)
+{
+    using companion::arcsecondsOf;
+    using companion::secondsOf;
+    EXPECT_EQ(secondsOf("0"), 0.0);
+    EXPECT_EQ(secondsOf("0.00001"), 0.00001);
+    EXPECT_EQ(secondsOf("5ms"), 0.005);
+    EXPECT_EQ(secondsOf("1.5m"), 90.0);
+    EXPECT_EQ(arcsecondsOf("0.5"), 0.5);
+    EXPECT_EQ(arcsecondsOf("500mas"), 0.5);
+    EXPECT_EQ(arcsecondsOf("2arcsec"), 2.0);
+    EXPECT_EQ(arcsecondsOf("2arcmin"), 120.0);
+    EXPECT_EQ(arcsecondsOf("1deg"), 3600.0);
+    for (const char* text : {"", "-1", "s", "mas", "1 s", "1,5", "nan", "inf", "1x"}) {
+        EXPECT_EQ(secondsOf(text), std::nullopt) << text;
+        EXPECT_EQ(arcsecondsOf(text), std::nullopt) << text;
+    }
+}
+
 TEST(Units, DurationsAreShownInTheLargestUnitThatFits)
 {
     EXPECT_EQ(durationText(90s), "90 s");

@@ -1,5 +1,6 @@
 // A stand-in for the tool: it does what the tool does, and then something that the tool never does. The name
-// of the task says what, up to its first "-": dies-1.xml.
+// of the task says what, up to its first "-" and without the number in front that a batch gives it:
+// dies-1.xml, 000001_dies-1.xml.
 
 #include "conversion.h"
 #include "files/essentials.h"
@@ -138,7 +139,9 @@ const std::map<std::string, std::function<void(Run&)>> behindWork{
 
 std::string behaviourOf(const std::string& task)
 {
-    const std::string name = fs::path(task).stem();
+    const std::string whole = fs::path(task).stem();
+    const bool isNumbered = whole.size() > 7 && whole[6] == '_' && whole.find_first_not_of("0123456789") == 6;
+    const std::string name = isNumbered ? whole.substr(7) : whole;
     return name.substr(0, name.find('-'));
 }
 

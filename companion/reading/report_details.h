@@ -1,0 +1,36 @@
+// Report details: what the lines of a report in 80 columns say that its marks do not: the station of each
+// observation, the header that it is under, and how many decimals its values have.
+
+#pragma once
+
+#include "receivers/copy_input.h"
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace companion {
+
+/// An observation.
+struct ReportDetail
+{
+    std::string station{}; ///< of columns 78 to 80
+    char note2 = ' ';      ///< column 15: C is a CCD, B another chip
+    std::shared_ptr<const Observatory> header{};
+    ValueSteps steps{};
+};
+
+/// The observations of a report.
+struct ReportDetails
+{
+    std::map<std::size_t, ReportDetail> lines{}; ///< by the number of the line, from 1
+    bool hasSigns = false;                       ///< a declination is written with a plus sign
+};
+
+/// Reads the lines of a report. A line without the sign of its declination counts as one with it. Throws
+/// WrongUsage (V003) for a file that cannot be read.
+ReportDetails reportDetails(const std::string& path);
+
+} // namespace companion
