@@ -16,4 +16,4 @@ cmake_dependent_option(VOMAR_COMPANION "Build the command tavelin, where what it
 option(VOMAR_INSTALL "Install what is built" ${PROJECT_IS_TOP_LEVEL})
 option(VOMAR_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
 option(VOMAR_COVERAGE "Build with line and branch counters" OFF)
-option(VOMAR_LINT "Run clang-tidy beside the compiler" OFF)
+option(VOMAR_PRECOMPILE "Compile the standard library's headers once for all sources" OFF)

@@ -1,3 +1,4 @@
+#include "companion/copied_examples.h"
 #include "companion/golden.h"
 
 #include "support/folders.h"
@@ -18,10 +19,7 @@ class Examples : public testing::Test
 protected:
     Examples()
     {
-        std::filesystem::copy(VOMAR_PROJECT "/examples", folder / "examples",
-                              std::filesystem::copy_options::recursive);
-        std::filesystem::remove_all(folder / "examples/out");
-        std::filesystem::create_directory(folder / "examples/out");
+        copyExamples(folder / "examples");
         std::filesystem::current_path(folder / "examples");
     }
 

@@ -1,3 +1,4 @@
+#include "companion/copied_examples.h"
 #include "companion/golden.h"
 
 #include "support/child_process.h"
@@ -52,8 +53,7 @@ class Examples : public testing::Test
 protected:
     Examples() : present(folder.path())
     {
-        fs::copy(std::string(VOMAR_PROJECT) + "/examples", ".", fs::copy_options::recursive);
-        fs::create_directory("out");
+        copyExamples(".");
     }
 
     std::map<std::string, std::string> byHand(const std::string& task)
