@@ -35,7 +35,7 @@ std::string numberText(double number)
 
 // Between single quotes nothing but the quote itself means anything. One comes in between double quotes:
 // where two stand for one, gnuplot misreads them at the front of a text.
-std::string quoted(std::string_view text)
+std::string inQuotes(std::string_view text)
 {
     std::string result = "'";
     for (const char c : printable(text)) {
@@ -122,8 +122,8 @@ std::string axesOf(const Chart& chart)
             y.add(point.y + point.error);
         }
     }
-    return "set xlabel " + quoted(chart.xLabel) + "\nset ylabel " + quoted(chart.yLabel) + "\nset xrange " +
-           x.text(chart.xFalls) + "\nset yrange " + y.text(chart.yFalls) +
+    return "set xlabel " + inQuotes(chart.xLabel) + "\nset ylabel " + inQuotes(chart.yLabel) +
+           "\nset xrange " + x.text(chart.xFalls) + "\nset yrange " + y.text(chart.yFalls) +
            "\nset format '%.10g'\nset errorbars 0\nset grid linetype 1 linewidth 0.5 linecolor rgb "
            "'#d8d8d8'\n"
            "set border linecolor rgb '#606060'\n" +
@@ -153,7 +153,7 @@ std::string drawingOf(const ChartSeries& series, std::size_t number, bool isPath
     return barsOf(series, number) + dataName(number) + " using 1:2 with " +
            (isPath ? "linespoints" : "points") + " pointtype " + std::to_string(signOf(number)) +
            " pointsize 0.7 linecolor rgb '" + std::string(colorOf(number)) + "' title " +
-           quoted(series.title);
+           inQuotes(series.title);
 }
 
 std::string keyOf(const Chart& chart)
@@ -171,8 +171,8 @@ bool isPictureName(std::string_view name)
 
 std::string gnuplotScript(const Chart& chart, std::string_view picture)
 {
-    std::string text = terminalOf(picture) + "set encoding utf8\nset output " + quoted(picture) + '\n' +
-                       dataOf(chart) + "set title " + quoted(chart.title) + " noenhanced\n" + keyOf(chart) +
+    std::string text = terminalOf(picture) + "set encoding utf8\nset output " + inQuotes(picture) + '\n' +
+                       dataOf(chart) + "set title " + inQuotes(chart.title) + " noenhanced\n" + keyOf(chart) +
                        axesOf(chart);
     for (std::size_t i = 0; chart.isPath && i < chart.series.size(); ++i) {
         text += arrowOf(chart.series[i], i);

@@ -59,7 +59,7 @@ bool isAngle(std::string_view key)
     return key == "ANGLE_1" || key == "ANGLE_2";
 }
 
-std::string quoted(std::string_view text)
+std::string inQuotes(std::string_view text)
 {
     return '"' + std::string(text) + '"';
 }
@@ -88,9 +88,10 @@ void TdmMessage::version(std::string_view text, const TdmPlace& place)
 {
     isOld = toDouble(text) < 2.0;
     if (text != "1.0" && text != "2.0") {
-        tell("CCSDS_TDM_VERS", "has the value " + quoted(text) + ", which is no version", place);
+        tell("CCSDS_TDM_VERS", "has the value " + inQuotes(text) + ", which is no version", place);
     } else if (isDocument && isOld) {
-        tell("CCSDS_TDM_VERS", "has the value " + quoted(text) + ", and documents are of version 2.0", place);
+        tell("CCSDS_TDM_VERS", "has the value " + inQuotes(text) + ", and documents are of version 2.0",
+             place);
     }
 }
 
@@ -264,7 +265,7 @@ void TdmMessage::checkValue(const TdmKey& row, std::string_view key, std::string
                             const TdmPlace& place)
 {
     const auto misses = [&](const char* what) {
-        tell(key, "has the value " + quoted(text) + ", which is " + what, place);
+        tell(key, "has the value " + inQuotes(text) + ", which is " + what, place);
     };
     switch (row.value) {
     case TdmValue::text: checkNames(key, text, place); break;
@@ -293,12 +294,12 @@ void TdmMessage::checkValue(const TdmKey& row, std::string_view key, std::string
 void TdmMessage::checkNames(std::string_view key, std::string_view text, const TdmPlace& place)
 {
     if (key == "REFERENCE_FRAME" && !(isDocument ? isTdmSchemaFrame(text) : isTdmFrame(text))) {
-        tell(key, "has the value " + quoted(text) + ", which is no frame of the standard", place);
+        tell(key, "has the value " + inQuotes(text) + ", which is no frame of the standard", place);
     }
     const bool isKnown = isInOneCase(text) && std::find(std::begin(timeSystems), std::end(timeSystems),
                                                         upper(text)) != std::end(timeSystems);
     if (key == "TIME_SYSTEM" && !isKnown) {
-        tell(key, "has the value " + quoted(text) + ", which is no time system of the standard", place);
+        tell(key, "has the value " + inQuotes(text) + ", which is no time system of the standard", place);
     }
 }
 
@@ -309,7 +310,7 @@ void TdmMessage::checkWord(const TdmKey& row, std::string_view key, std::string_
     tavelinUtils::forEachToken(row.words, ' ',
                                [&](std::string_view word) { isKnown = isKnown || word == upper(text); });
     if (!isKnown || !isInOneCase(text)) {
-        tell(key, "has the value " + quoted(text) + "; it takes " + row.words, place);
+        tell(key, "has the value " + inQuotes(text) + "; it takes " + row.words, place);
     }
 }
 
@@ -327,7 +328,8 @@ void TdmMessage::checkPath(std::string_view key, std::string_view text, const Td
         }
     });
     if (!isPath || participants < 2 || text.ends_with(',')) {
-        tell(key, "has the value " + quoted(text) + "; it takes numbers of participants with commas between",
+        tell(key,
+             "has the value " + inQuotes(text) + "; it takes numbers of participants with commas between",
              place);
     }
 }
@@ -434,7 +436,7 @@ void TdmMessage::checkRange(const TdmKey& row, std::string_view key, std::string
     const double value = toDouble(number);
     const auto misses = [&](bool isOutside, const char* what) {
         if (isOutside) {
-            tell(key, "has the value " + quoted(number) + ", which is " + what, place);
+            tell(key, "has the value " + inQuotes(number) + ", which is " + what, place);
         }
     };
     switch (row.range) {
@@ -452,14 +454,14 @@ void TdmMessage::checkNumber(const TdmKey& row, std::string_view key, std::strin
     const bool isMinusZero = number.starts_with('-') && value == 0.0 && isNumber(number);
     if (!std::isfinite(value)) {
         out.addAt({place.line, place.text, place.text}, "V344", place.stretch,
-                  {{"key", std::string(key)}, {"what", "no finite number, " + quoted(number)}});
+                  {{"key", std::string(key)}, {"what", "no finite number, " + inQuotes(number)}});
     } else if (!isNumber(number)) {
-        tell(key, "has the value " + quoted(number) + ", which is no number", place);
+        tell(key, "has the value " + inQuotes(number) + ", which is no number", place);
     } else if (isAngle(key) && !(value >= -halfCircle && value < fullCircle)) {
         out.addAt({place.line, place.text, place.text}, "V343", place.stretch,
                   {{"value", std::string(number)}});
     } else if (isMinusZero) {
-        tell(key, "has the value " + quoted(number) + ", and zero has no sign", place);
+        tell(key, "has the value " + inQuotes(number) + ", and zero has no sign", place);
     } else {
         checkRange(row, key, number, place);
     }

@@ -25,7 +25,7 @@ namespace {
 
 constexpr std::string_view blanks = " \t\n\v\f\r";
 
-std::string quoted(std::string_view text)
+std::string inQuotes(std::string_view text)
 {
     return '"' + printable(text) + '"';
 }
@@ -293,7 +293,7 @@ void findOddExtension(Report& report)
     if (extension.empty()) {
         add(finding("V045", {{"problem", "is empty"}}));
     } else if (extension.find('/') != std::string::npos) {
-        add(finding("V045", {{"problem", quoted(extension) + " contains a slash"}}));
+        add(finding("V045", {{"problem", inQuotes(extension) + " contains a slash"}}));
     } else if (isReport(report.task) && hasPoint) {
         add(finding("V044", {{"extension", printable(extension)}}));
     } else if (!isReport(report.task) && !hasPoint) {

@@ -15,7 +15,7 @@ std::string longName(const OptionRow& row)
 }
 
 // A text between single quotes of a shell.
-std::string quoted(std::string_view text)
+std::string inQuotes(std::string_view text)
 {
     std::string result = "'";
     for (const char character : text) {
@@ -55,8 +55,8 @@ std::string bashValues(const std::string& subcommand, std::span<const OptionRow>
         }
         std::string options = '"' + subcommand + ' ' + longName(row) + '"';
         options += row.letter == 0 ? "" : " | \"" + subcommand + " -" + row.letter + '"';
-        lines +=
-            "    " + options + ") echo " + quoted(takesPath(row) ? "/" : joined(wordsOf(row), " ")) + " ;;\n";
+        lines += "    " + options + ") echo " + inQuotes(takesPath(row) ? "/" : joined(wordsOf(row), " ")) +
+                 " ;;\n";
     }
     return lines;
 }
@@ -66,17 +66,18 @@ std::string bashTables()
     std::string options = "_tavelin_options()\n{\n    case $1 in\n";
     std::string values = "_tavelin_values()\n{\n    case \"$1 $2\" in\n";
     std::string operands = "_tavelin_operands()\n{\n    case $1 in\n    help) echo " +
-                           quoted(joined(namesOfSubcommands(), " ")) + " ;;\n";
+                           inQuotes(joined(namesOfSubcommands(), " ")) + " ;;\n";
     for (const Subcommand* each : subcommands()) {
         const std::string name = each->name;
         const std::vector<OptionRow> rows = allOptionsOf(*each);
-        options += "    " + name + ") echo " + quoted(joined(namesOfOptions(rows), " ")) + " ;;\n";
+        options += "    " + name + ") echo " + inQuotes(joined(namesOfOptions(rows), " ")) + " ;;\n";
         values += bashValues(name, rows);
         if (!operandWords(*each).empty()) {
-            operands += "    " + name + ") echo " + quoted(joined(operandWords(*each), " ")) + " ;;\n";
+            operands += "    " + name + ") echo " + inQuotes(joined(operandWords(*each), " ")) + " ;;\n";
         }
     }
-    options += "    *) echo " + quoted(joined(namesOfOptions(commonOptions()), " ") + " --version") + " ;;\n";
+    options +=
+        "    *) echo " + inQuotes(joined(namesOfOptions(commonOptions()), " ") + " --version") + " ;;\n";
     values += bashValues("", commonOptions()) + "    *) return 1 ;;\n";
     operands += "    *) return 1 ;;\n";
     const std::string end = "    esac\n}\n\n";
@@ -127,7 +128,7 @@ std::string bashCompletion()
 {
     return "# Completion of tavelin for bash. Made by scripts/make_companion_texts.\n\n"
            "_tavelin_names()\n{\n    echo " +
-           quoted(joined(namesOfSubcommands(), " ") + " help") + "\n}\n\n" + bashTables() + bashRest;
+           inQuotes(joined(namesOfSubcommands(), " ") + " help") + "\n}\n\n" + bashTables() + bashRest;
 }
 
 // '(-q --quiet)'{-q,--quiet}'[errors and totals only]'
@@ -186,7 +187,7 @@ std::string zshCompletion()
     std::string names;
     std::string cases;
     for (const Subcommand* each : subcommands()) {
-        names += "        " + quoted(std::string(each->name) + ':' + each->line) + '\n';
+        names += "        " + inQuotes(std::string(each->name) + ':' + each->line) + '\n';
         cases += zshSubcommand(*each);
     }
     return "#compdef tavelin\n# Completion of tavelin for zsh. Made by scripts/make_companion_texts.\n\n"
@@ -210,11 +211,11 @@ std::string fishOption(const OptionRow& row, const std::string& condition)
     line += std::string(" -l ") + row.name;
     const std::vector<std::string> words = wordsOf(row);
     if (!words.empty()) {
-        line += " -x -a " + quoted(joined(words, " "));
+        line += " -x -a " + inQuotes(joined(words, " "));
     } else if (row.value != nullptr) {
         line += takesPath(row) ? " -r -F" : " -x";
     }
-    return line + " -d " + quoted(row.help) + '\n';
+    return line + " -d " + inQuotes(row.help) + '\n';
 }
 
 std::string fishCompletion()
@@ -227,16 +228,17 @@ std::string fishCompletion()
     }
     text += "complete -c tavelin" + none + " -l version -d 'show the version'\n";
     text += "complete -c tavelin" + none + " -f -a help -d 'show the help of a subcommand'\n";
-    text += "complete -c tavelin -n '__fish_seen_subcommand_from help' -f -a " + quoted(names) + '\n';
+    text += "complete -c tavelin -n '__fish_seen_subcommand_from help' -f -a " + inQuotes(names) + '\n';
     for (const Subcommand* each : subcommands()) {
         const std::string seen = std::string(" -n '__fish_seen_subcommand_from ") + each->name + '\'';
-        text += "\ncomplete -c tavelin" + none + " -f -a " + each->name + " -d " + quoted(each->line) + '\n';
+        text +=
+            "\ncomplete -c tavelin" + none + " -f -a " + each->name + " -d " + inQuotes(each->line) + '\n';
         for (const OptionRow& row : each->options) {
             text += fishOption(row, seen);
         }
         if (!operandWords(*each).empty()) {
             text +=
-                "complete -c tavelin" + seen + " -f -a " + quoted(joined(operandWords(*each), " ")) + '\n';
+                "complete -c tavelin" + seen + " -f -a " + inQuotes(joined(operandWords(*each), " ")) + '\n';
         }
     }
     return text;
