@@ -20,6 +20,7 @@ namespace {
 
 constexpr std::string_view magnitudePut = "magnitudes below 0";
 constexpr std::string_view columnsPut = "fields in their columns, with the sign of a declination";
+constexpr std::string_view signPut = "the sign of a declination in column 45, which is blank";
 
 // A magnitude below 0 as the tool writes it, 0-1.2.
 bool isBelowZero(std::string_view magnitude)
@@ -78,6 +79,7 @@ constexpr Field frontField{1, 14};
 constexpr Field note2{15, 1};
 constexpr std::size_t dateColumn = 16;
 constexpr Field declinationSign{45, 1};
+constexpr Field declination{46, 10};
 
 // The widths of what is behind the declination of an observation.
 constexpr std::size_t unsetWidth = 9;
@@ -171,15 +173,23 @@ public:
     bool mend(std::string_view line, std::string& out, MendNotes& notes) override
     {
         const std::size_t date = dateColumnOf(line);
-        const bool isInColumns = line.size() == lineLength && (date == dateColumn || date == 0) &&
-                                 !areDigits(cutIfThere(line, declinationSign));
+        const bool isObservation = line.size() == lineLength && date == dateColumn;
+        if (isObservation && isOther(line)) {
+            return mendOther(line, out, notes);
+        }
+        const bool isInColumns =
+            line.size() == lineLength && (date == 0 || isObservation) && !hasDigitForSign(line);
         OwnObservation own;
         if (!isInColumns && readOwn(line, own)) {
             out += inColumns(own);
             notes.mended(columnsPut, line);
             return true;
         }
-        if (use == MendUse::reading && !isKept(line, isInColumns, notes)) {
+        if (isObservation && cutIfThere(line, declinationSign) == " ") {
+            return mendSign(line, out, notes);
+        }
+        if (use == MendUse::reading && !isInColumns && date != 0) {
+            refuse(line, notes);
             return false;
         }
         out += line;
@@ -187,23 +197,45 @@ public:
     }
 
 private:
+    static bool hasDigitForSign(std::string_view line)
+    {
+        return areDigits(cutIfThere(line, declinationSign));
+    }
+
     // A second line of an observation, a radar echo and an observation that another one replaces are no
     // marks.
-    static bool isKept(std::string_view line, bool isInColumns, MendNotes& notes)
+    static bool isOther(std::string_view line)
     {
         constexpr std::string_view otherNotes = "svrRXx";
-        if (isInColumns) {
-            const bool isOther = otherNotes.find(tavelinUtils::cut(line, note2)) != std::string_view::npos;
-            if (isOther) {
-                notes.skipped("places of observers, radar echoes and replaced observations");
-            }
-            return !isOther;
-        }
-        if (dateColumnOf(line) != 0) {
-            notes.refused(finding("V195", {{"n", std::to_string(line.size())}}), line);
+        return otherNotes.find(tavelinUtils::cut(line, note2)) != std::string_view::npos;
+    }
+
+    bool mendOther(std::string_view line, std::string& out, MendNotes& notes) const
+    {
+        if (use == MendUse::reading) {
+            notes.skipped("places of observers, radar echoes and replaced observations");
             return false;
         }
+        out += line;
         return true;
+    }
+
+    // The declination of a line whose column 45 is blank: north where its digits are in their columns.
+    static bool mendSign(std::string_view line, std::string& out, MendNotes& notes)
+    {
+        if (hasForm(cutIfThere(line, declination), "00 00 00.0")) {
+            const std::size_t sign = declinationSign.first - 1;
+            out.append(line.substr(0, sign)).append("+").append(line.substr(sign + 1));
+            notes.mended(signPut, tavelinUtils::cut(line, declination));
+            return true;
+        }
+        refuse(line, notes);
+        return false;
+    }
+
+    static void refuse(std::string_view line, MendNotes& notes)
+    {
+        notes.refused(finding("V195", {{"n", std::to_string(line.size())}}), line);
     }
 
     MendUse use;

@@ -408,3 +408,17 @@ TEST(NormalForm, DocumentsThatAreNoMeasurementsHaveNone)
     EXPECT_TRUE(companion::hasNormalForm("mea"));
     EXPECT_FALSE(companion::hasNormalForm("task"));
 }
+
+TEST(NormalForm, ABlankSignOfAReportBecomesAPlusAndOtherDigitsAreRefused)
+{
+    const std::string front = "     AST1000  C2025 02 23.50000 12 30 10.00 ";
+    const std::string back = "          18.5 G      K88\n";
+    const NormalForm form = normal("mpc", front + " 41 20 30.1" + back + front + "  1 20 30.1" + back);
+    EXPECT_EQ(form.text, front + "+41 20 30.1" + back);
+    EXPECT_TRUE(form.isChanged);
+    EXPECT_EQ(form.leftOut, 1U);
+    EXPECT_THAT(told(form), ElementsAre("2 V195"));
+    const std::string second = "     AST1000  s2025 02 23.50000 1 + 1234.5678  + 1234.5678  + 1234.5678"
+                               "      C51\n";
+    EXPECT_EQ(normal("mpc", second).text, second);
+}
