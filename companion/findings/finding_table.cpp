@@ -660,7 +660,7 @@ constexpr FindingRow rows[] = {
      "Correct the element; tavelin schema ades prints the schema of what may be submitted."},
     {"V381", Severity::error, false, "ly", "{element}: the word \"{word}\" {why}",
      "The schema takes the word, and the receiver rejects the batch.",
-     "Use a word of the list of the receiver."},
+     "Use a word of the list of the receiver; of two positions of one object at one time keep one."},
     {"V382", Severity::warning, false, "ly", "{what}", "The schema takes it, and the receiver may not.",
      "Look whether it is meant."},
     {"V400", Severity::error, false, "r", "the result reports {found} where the plan expects {planned}",

@@ -121,6 +121,45 @@ void AdesDocument::observation(const std::vector<AdesElement>& elements, const A
         checkText(element);
     }
     checkStation(elements);
+    checkTime(elements);
+}
+
+namespace {
+
+// A time without its Z and the zeros at its end, which say nothing.
+std::string withoutZeros(std::string_view time)
+{
+    std::string moment(time.substr(0, time.find('Z')));
+    if (moment.find('.') != std::string::npos) {
+        moment.erase(moment.find_last_not_of('0') + 1);
+        moment.erase(moment.find_last_not_of('.') + 1);
+    }
+    return moment;
+}
+
+} // namespace
+
+// Of two positions of an object at one time the schema says nothing.
+void AdesDocument::checkTime(const std::vector<AdesElement>& elements)
+{
+    constexpr std::string_view identifications[] = {"permID", "provID", "artSat", "trkSub"};
+    const AdesElement* time = nullptr;
+    std::string object;
+    for (const AdesElement& element : elements) {
+        const bool names = std::find(std::begin(identifications), std::end(identifications), element.name) !=
+                           std::end(identifications);
+        object = object.empty() && names ? element.text : object;
+        time = element.name == "obsTime" ? &element : time;
+    }
+    if (time == nullptr || object.empty()) {
+        return;
+    }
+    if (!times.insert(station + ' ' + object + ' ' + withoutZeros(time->text))) {
+        out.addAt({time->line, time->lineText, time->lineText}, "V381", time->stretch,
+                  {{"element", time->name},
+                   {"word", time->text},
+                   {"why", "is the time of another position of the object"}});
+    }
 }
 
 void AdesDocument::checkNames(const AdesElement& element, bool inOrder,

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "reading/line_checker.h"
+#include "reading/seen_texts.h"
 
 #include <cstddef>
 #include <string>
@@ -52,10 +53,12 @@ private:
     void checkGroups(const std::vector<AdesElement>& elements, const AdesElement& at);
     void checkText(const AdesElement& element);
     void checkStation(const std::vector<AdesElement>& elements);
+    void checkTime(const std::vector<AdesElement>& elements);
 
     LintOutput& out;
     std::vector<std::string> seen{}; // elements of the context, as "telescope/design"
     std::string station{};
+    SeenTexts times{}; // with station and object
 };
 
 } // namespace companion

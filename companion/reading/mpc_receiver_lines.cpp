@@ -3,6 +3,7 @@
 #include "base/tokens.h"
 #include "out/characters.h"
 #include "reading/line_checker.h"
+#include "reading/seen_texts.h"
 #include "receivers/designations.h"
 #include "receivers/mpc_rules.h"
 #include "receivers/tdm_keys.h"
@@ -406,6 +407,29 @@ private:
         lastName = name;
         lastDate = date;
         lastFraction = fraction;
+        lookAtTime(line, out);
+    }
+
+    // Of two positions of an object at one time.
+    void lookAtTime(const CheckedLine& line, LintOutput& out)
+    {
+        constexpr std::string_view besideOthers = "RXx"; // echoes and what was replaced
+        const bool isBeside = besideOthers.find(cut(line.text, note2)) != std::string_view::npos;
+        const std::string key = std::string(cut(line.text, station)).append(cut(line.text, nameField));
+        const std::string time =
+            std::string(cut(line.text, dateField)) + withoutZeros(cut(line.text, dayFraction));
+        if (isBeside || times.insert(key + time)) {
+            return;
+        }
+        out.add("V316", {dateField.first, dateField.width + dayFraction.width},
+                {{"columns", "columns 16 to 32"},
+                 {"text", std::string(trimmed(cut(line.text, {dateField.first, 17})))},
+                 {"why", "another position of the object has this time"}});
+    }
+
+    static std::string withoutZeros(std::string_view fraction)
+    {
+        return std::string(fraction.substr(0, fraction.find_last_not_of(" 0") + 1));
     }
 
     bool isFirst = true;
@@ -419,6 +443,7 @@ private:
     std::string lastName{};
     std::string lastDate{};
     double lastFraction = 0;
+    SeenTexts times{}; // with station and object
 };
 
 } // namespace

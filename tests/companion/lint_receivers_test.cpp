@@ -140,6 +140,16 @@ TEST(LintForMpc, OtherColumnsThatAreRefused)
     EXPECT_THAT(ofObservation("L01", "L01 "), ElementsAre("1 V310"));
 }
 
+TEST(LintForMpc, TwoPositionsOfAnObjectAtOneTime)
+{
+    const std::string other = replaced(observation, "+01", "-01");
+    EXPECT_THAT(ofObservations(observation + other), ElementsAre("7:16 V316"));
+    EXPECT_THAT(ofObservations(replaced(observation, ".51234 ", ".512340") + other),
+                ElementsAre("7:16 V316"));
+    EXPECT_THAT(ofObservations(observation + replaced(other, ".51234", ".51235")), IsEmpty());
+    EXPECT_THAT(ofObservations(observation + replaced(other, "K24Y04R", "K24Y04S")), IsEmpty());
+}
+
 TEST(LintForMpc, PairsOfLines)
 {
     const std::string first = replaced(observation, "  C2025", "  S2025");
@@ -435,6 +445,15 @@ TEST(LintForAdes, WhatOnlyTheReceiverRefuses)
     EXPECT_THAT(ofAdes("<stn>568", "<stn>703"), ElementsAre("14:1 V382"));
     EXPECT_THAT(ofAdes(">433<", ">00433<"), ElementsAre("12:1 V382"));
     EXPECT_THAT(ofAdes("A. B. Sender", "Anna Sender"), ElementsAre("6:12 V320"));
+}
+
+TEST(LintForAdes, TwoPositionsOfAnObjectAtOneTime)
+{
+    const std::string last = psv.substr(psv.find("       |AST"));
+    EXPECT_THAT(linted("ades", "ades.psv", psv + replaced(last, "-0.000139", "-0.000140")),
+                ElementsAre("15:28 V381"));
+    EXPECT_THAT(linted("ades", "ades.psv", psv + replaced(last, ".999Z", ".99Z ")), IsEmpty());
+    EXPECT_THAT(linted("ades", "ades.psv", psv + replaced(last, "AST10000", "AST10001")), IsEmpty());
 }
 
 TEST(LintForAdes, RowsAreLookedAtAsDocumentsAre)
