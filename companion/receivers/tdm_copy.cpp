@@ -320,13 +320,19 @@ private:
         } else if (!settings.leavesMagnitudesOut) {
             tally.mend("there is no line for a magnitude that is none");
         }
-        if (mark.RA >= 360.0 || mark.RA < 0.0) {
+        tellMended(mark, record);
+        return record;
+    }
+
+    void tellMended(const TRecLabelPervichka_File& mark, const Record& record)
+    {
+        const bool isRoundedUp = mark.RA > 359.0 && record.values.front().second.starts_with("0.");
+        if (mark.RA >= 360.0 || mark.RA < 0.0 || isRoundedUp) {
             tally.mend("a right ascension is brought to below 360 degrees");
         }
-        if (mark.time < 1.0 && epoch.substr(0, 10) != dayText(mark.date, '-')) {
+        if (mark.time < 1.0 && record.epoch.substr(0, 10) != dayText(mark.date, '-')) {
             tally.mend("the time is carried into the next day");
         }
-        return record;
     }
 
     static std::vector<Line> metadataOf(const Head& head, const std::vector<Record>& records)

@@ -127,6 +127,14 @@ TEST(TdmCopy, MendsAFullCircle)
                 ElementsAre("V423 mended: a right ascension is brought to below 360 degrees, 1 mark"));
 }
 
+TEST(TdmCopy, AFullCircleThatOnlyRoundingMakesIsTold)
+{
+    const Copy copy = copied({trackOf("A", {markAt(0.5, 359.9999999999, -0.5)})});
+    EXPECT_THAT(copy.text, HasSubstr(" 0.00000000\n"));
+    EXPECT_THAT(copies::textsOf(copy.mended),
+                ElementsAre("V423 mended: a right ascension is brought to below 360 degrees, 1 mark"));
+}
+
 TEST(TdmCopy, MendsTheEndOfADay)
 {
     const Copy copy = copied({trackOf("A", {markAt(1.0 - 1e-13, 15, -0.5)})});
