@@ -97,7 +97,7 @@ bool needsName(const CopyInput& input, const CopyTrack& track)
 {
     const std::string& name = track.track.QRVName;
     const bool isOdd = !designationOf(name) && !isTemporaryName(name) && !isLaunchDesignation(name);
-    return input.unidentified.contains(name) || (isOdd && !track.isSatellite);
+    return input.unidentified.contains(name) || !isNameOfObject(name) || (isOdd && !track.isSatellite);
 }
 
 } // namespace

@@ -210,6 +210,20 @@ bool isLaunchDesignation(std::string_view text)
     return begins && areAll(text.substr(digits), isUpper);
 }
 
+std::string longLaunchDesignation(std::string_view text)
+{
+    if (!isLaunchDesignation(text) || text[4] == '-') {
+        return std::string(text);
+    }
+    const std::string_view year = text.substr(0, 2);
+    return (year < "57" ? "20" : "19") + std::string(year) + '-' + std::string(text.substr(2));
+}
+
+bool isNameOfObject(std::string_view name)
+{
+    return name != "UNKNOWN";
+}
+
 NameVerdict verdictOnName(std::string_view twelve)
 {
     const std::string_view five = twelve.substr(0, numberWidth);

@@ -31,6 +31,13 @@ bool isUnpackedDesignation(std::string_view text);
 /// Whether the text is the designation of an artificial satellite: "2016-033A", "16033A".
 bool isLaunchDesignation(std::string_view text);
 
+/// The designation of a launch with the whole year, as "2016-033A" of "16033A". The years of two digits are
+/// those from 1957 on, the first launch.
+std::string longLaunchDesignation(std::string_view text);
+
+/// Whether a name is that of an object: "UNKNOWN" stands for none.
+bool isNameOfObject(std::string_view name);
+
 /// What is wrong with the name of a record.
 enum class NameFault
 {
