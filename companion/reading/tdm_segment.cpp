@@ -109,9 +109,7 @@ private:
     void takeFrame()
     {
         made.frame = segment.valueOf("REFERENCE_FRAME").value_or("");
-        const bool isAccepted = std::find(std::begin(acceptedFrames), std::end(acceptedFrames), made.frame) !=
-                                std::end(acceptedFrames);
-        if (!isAccepted && !settings.acceptFrame) {
+        if (!isFrameOfIcrf(made.frame) && !settings.acceptFrame) {
             refuse("V143", "REFERENCE_FRAME", {{"word", made.frame.empty() ? "not stated" : made.frame}});
         }
     }
@@ -217,6 +215,11 @@ private:
 };
 
 } // namespace
+
+bool isFrameOfIcrf(std::string_view word)
+{
+    return std::find(std::begin(acceptedFrames), std::end(acceptedFrames), word) != std::end(acceptedFrames);
+}
 
 SegmentHead segmentHeadOf(const TdmSegment& segment, const TrueSettings& settings)
 {

@@ -30,6 +30,9 @@ struct SegmentHead
     std::vector<Finding> refusals{}; ///< why the segment cannot be taken (V141 to V145)
 };
 
+/// Whether the places of a frame are taken for those of ICRF.
+bool isFrameOfIcrf(std::string_view word);
+
 /// The head of a segment that has angles.
 SegmentHead segmentHeadOf(const TdmSegment& segment, const TrueSettings& settings);
 

@@ -32,6 +32,16 @@ bool isOfTelescopes(std::string_view format)
 
 using Use = std::function<void(TrueTrack&)>;
 
+// Those behind the point of a number or a time; none for a number with an exponent.
+signed char decimalsIn(std::string_view text)
+{
+    constexpr std::size_t most = 18;
+    const std::size_t point = std::min(text.find('.'), text.size());
+    const std::size_t decimals = text.size() - std::min(point + 1, text.size());
+    const bool hasExponent = text.find_first_of("eE") != std::string_view::npos;
+    return hasExponent ? -1 : static_cast<signed char>(std::min(decimals, most));
+}
+
 // Hands out the tracks of a message.
 class MessageTracks
 {
@@ -73,7 +83,12 @@ private:
         record.RA = tavelinUtils::toDouble(mark.RA);
         record.DE = tavelinUtils::toDouble(mark.DE);
         record.m = tavelinUtils::toDouble(mark.magnitude);
-        meant.marks.push_back({mark.line, true, !mark.magnitude.empty(), false});
+        meant.marks.push_back({mark.line,
+                               true,
+                               !mark.magnitude.empty(),
+                               false,
+                               {decimalsIn(mark.epoch.text), decimalsIn(mark.RA), decimalsIn(mark.DE),
+                                decimalsIn(mark.magnitude)}});
     }
 
     const Use& use;
@@ -118,7 +133,7 @@ public:
         for (std::size_t mark = 0; mark < track.Marks.size(); ++mark) {
             const MarkLine line = lines->next(name);
             const std::size_t number = line.number == 0 ? 0 : text.lineOf(line.number);
-            meant.marks.push_back({number, true, line.hasMagnitude, line.hasBand});
+            meant.marks.push_back({number, true, line.hasMagnitude, line.hasBand, {}});
             stations.push_back(line.station);
         }
         isReport ? handByStations() : use(meant);

@@ -26,6 +26,15 @@ struct TrueSettings
     std::optional<double> magnitude{}; ///< of each mark of a message that has none
 };
 
+/// How many decimals the numbers of a mark have in a message; below 0 where the format has them by rule.
+struct WrittenDecimals
+{
+    signed char time = -1; ///< of the second
+    signed char rightAscension = -1;
+    signed char declination = -1;
+    signed char magnitude = -1;
+};
+
 /// What a mark's record alone does not tell.
 struct TrueMark
 {
@@ -33,6 +42,7 @@ struct TrueMark
     bool hasPosition = true;   ///< the format has right ascension and declination
     bool hasMagnitude = false; ///< its magnitude is in the file, or is that of the settings
     bool hasBand = false;      ///< its band is in the file
+    WrittenDecimals decimals{};
 };
 
 /// A track, with a TrueMark for each of its marks.
