@@ -114,7 +114,7 @@ Observatory optionsSay(const Arguments& arguments)
     Observatory observatory;
     observatory.station = arguments.value("station");
     observatory.aavsoCode = arguments.value("observer");
-    observatory.band = arguments.value("band");
+    observatory.bandOfCall = arguments.value("band");
     return observatory;
 }
 
@@ -133,6 +133,7 @@ void settle(CopyTrack& track, const Observatory& profile, const Observatory& opt
     auto settled = std::make_shared<Observatory>(*track.observatory);
     putBefore(*settled, profile);
     putBefore(*settled, options);
+    settled->bandOfCall = options.bandOfCall;
     readTelescopeLine(*settled);
     if (!options.station.empty()) {
         track.track.telescope = options.station;

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 #include <string_view>
+#include <utility>
 
 namespace companion {
 namespace {
@@ -17,7 +19,7 @@ using tavelinUtils::cut;
 using tavelinUtils::Field;
 
 constexpr std::size_t lineLength = 80;
-constexpr Field note2{15, 1};
+constexpr Field notes{13, 3};
 constexpr Field dayFraction{26, 7};
 constexpr Field rightAscension{33, 12};
 constexpr Field declination{45, 12};
@@ -32,20 +34,36 @@ struct HeaderText
     std::string Observatory::*text;
 };
 constexpr HeaderText headerTexts[] = {
-    {"COD", &Observatory::station},   {"CON", &Observatory::contact},
-    {"OBS", &Observatory::observers}, {"MEA", &Observatory::measurers},
-    {"TEL", &Observatory::telescope}, {"NET", &Observatory::astrometricCatalogue},
-    {"COM", &Observatory::comment},   {"ACK", &Observatory::acknowledgement},
+    {"COD", &Observatory::station},
+    {"CON", &Observatory::contact},
+    {"OBS", &Observatory::observers},
+    {"MEA", &Observatory::measurers},
+    {"TEL", &Observatory::telescope},
+    {"NET", &Observatory::astrometricCatalogue},
+    {"BND", &Observatory::band},
+    {"COM", &Observatory::comment},
+    {"ACK", &Observatory::acknowledgement},
     {"AC2", &Observatory::email},
 };
+
+std::size_t decimalsIn(std::string_view field)
+{
+    const std::string_view text = trimmed(field, blanks);
+    const std::size_t point = std::min(text.find('.'), text.size());
+    return text.size() - std::min(point + 1, text.size());
+}
 
 // The value of the last decimal of a field.
 double stepOf(std::string_view field)
 {
-    const std::string_view text = trimmed(field, blanks);
-    const std::size_t point = std::min(text.find('.'), text.size());
-    const std::size_t decimals = text.size() - std::min(point + 1, text.size());
-    return std::pow(10.0, -static_cast<double>(decimals));
+    return std::pow(10.0, -static_cast<double>(decimalsIn(field)));
+}
+
+ValueSteps stepsOf(std::string_view line)
+{
+    return {stepOf(cut(line, dayFraction)) * secondsOfADay,
+            stepOf(cut(line, rightAscension)) * arcsecondsOfTimeSecond, stepOf(cut(line, declination)),
+            stepOf(cut(line, magnitude))};
 }
 
 class ReportLineReader
@@ -75,45 +93,61 @@ private:
         return false;
     }
 
-    // A header begins with the station, or after observations. Names may go on in further lines; the address
-    // has a line of its own among the contacts.
+    // A header begins with the station, or after observations, where what it says again replaces what was
+    // said. Names and comments may go on in further lines; the address has a line of its own among the
+    // contacts.
     void takeText(const HeaderText& row, const std::string& text)
     {
         if (isClosed || row.word == "COD") {
             header = isClosed && row.word != "COD" ? std::make_shared<Observatory>(*header)
                                                    : std::make_shared<Observatory>();
             isClosed = false;
+            said.clear();
         }
         std::string& known = (*header).*(row.text);
-        const bool goesOn = row.word == "OBS" || row.word == "MEA";
+        const bool isFirst = said.insert(row.word).second;
+        const bool areNames = row.word == "OBS" || row.word == "MEA";
+        const bool goesOn = !isFirst && !known.empty() && (areNames || row.word == "COM");
         if (row.word == "CON" && text.starts_with('[') && text.ends_with(']')) {
             header->email = text.substr(1, text.size() - 2);
         } else {
-            known = goesOn && !known.empty() ? known + ", " + text : text;
+            known = goesOn ? known + (areNames ? ", " : "\n") + text : text;
         }
     }
 
     void takeObservation(std::string line)
     {
         const std::size_t sign = declination.first - 1;
-        if (line.size() == lineLength - 1) {
+        const bool isShort = line.size() == lineLength - 1;
+        if (isShort) {
             line.insert(sign, 1, ' ');
         }
         if (line.size() != lineLength) {
             return;
         }
         isClosed = true;
-        details.hasSigns = details.hasSigns || line[sign] == '+';
-        const double day = stepOf(cut(line, dayFraction));
-        const double seconds = stepOf(cut(line, rightAscension));
-        details.lines[number] = {std::string(trimmed(cut(line, station), blanks)),
-                                 cut(line, note2)[0],
-                                 header,
-                                 {day * secondsOfADay, seconds * arcsecondsOfTimeSecond,
-                                  stepOf(cut(line, declination)), stepOf(cut(line, magnitude))}};
+        details.isOfAnother = details.isOfAnother || !isOwn(line, isShort);
+        ReportDetail& detail = details.lines[number];
+        detail.station = trimmed(cut(line, station), blanks);
+        detail.header = header;
+        detail.steps = stepsOf(line);
+        if (!isDigit(line[sign])) { // with a digit there its fields are in other columns
+            detail.line = std::move(line);
+        }
+    }
+
+    // Whether the tool may have written a line: its northern declinations have no sign, its seconds two
+    // decimals and one, those of the day five, and it leaves no magnitude blank.
+    static bool isOwn(std::string_view line, bool isShort)
+    {
+        const char sign = line[declination.first - 1];
+        return cut(line, notes) == "  C" && decimalsIn(cut(line, dayFraction)) == 5 &&
+               (isShort || sign == '-' || isDigit(sign)) && decimalsIn(cut(line, rightAscension)) == 2 &&
+               decimalsIn(cut(line, declination)) == 1 && !trimmed(cut(line, magnitude), blanks).empty();
     }
 
     std::size_t number = 0;
+    std::set<std::string_view> said{}; // the words of the present header
     std::shared_ptr<Observatory> header = std::make_shared<Observatory>();
     bool isClosed = false; // observations came after the header
 };

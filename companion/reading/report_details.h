@@ -17,7 +17,7 @@ namespace companion {
 struct ReportDetail
 {
     std::string station{}; ///< of columns 78 to 80
-    char note2 = ' ';      ///< column 15: C is a CCD, B another chip
+    std::string line{};    ///< 80 columns
     std::shared_ptr<const Observatory> header{};
     ValueSteps steps{};
 };
@@ -26,7 +26,7 @@ struct ReportDetail
 struct ReportDetails
 {
     std::map<std::size_t, ReportDetail> lines{}; ///< by the number of the line, from 1
-    bool hasSigns = false;                       ///< a declination is written with a plus sign
+    bool isOfAnother = false;                    ///< a line is none that the tool writes
 };
 
 /// Reads the lines of a report. A line without the sign of its declination counts as one with it. Throws

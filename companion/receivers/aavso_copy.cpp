@@ -82,7 +82,9 @@ private:
         const CopyTrack& track = tracks[number];
         const std::string name(trimmed(track.track.QRVName));
         const std::string code(trimmed(track.observatory->aavsoCode));
-        if (!isObserverCode(code)) {
+        if (const auto frame = faultOfFrame(track)) {
+            tally.refuseTrack(number, *frame);
+        } else if (!isObserverCode(code)) {
             tally.refuseTrack(number, notKnown("the observer's code", "--observer"));
         } else if (const auto fault = faultOfName(name)) {
             tally.refuseTrack(number, *fault);
@@ -129,8 +131,8 @@ private:
                       errorOf(mark),
                       upper(bandOf(track, place.mark)),
                       "NO",
-                      upper(mark.MTYPE),
-                      orNotThere(mark.CNAME),
+                      kindOf(place),
+                      comparisonOf(place),
                       std::string(notThere),
                       orNotThere(mark.KNAME),
                       checkMagnitudeOf(mark),
@@ -138,7 +140,7 @@ private:
                       std::string(notThere),
                       orNotThere(mark.CHART),
                       std::string(notThere)};
-        tellMended(mark);
+        tellMended(place);
         records.push_back({code, std::move(fields)});
     }
 
@@ -153,7 +155,7 @@ private:
         if (isInLeapSecond(momentOf(mark))) {
             return fieldFault("DATE", epochText(momentOf(mark), 3), "a Julian date cannot say a leap second");
         }
-        if (auto fault = faultOfMagnitude(mark)) {
+        if (auto fault = faultOfMagnitude(place)) {
             return fault;
         }
         const std::string band = bandOf(track, place.mark);
@@ -164,12 +166,43 @@ private:
             return finding("V363",
                            {{"field", "FILT"}, {"text", band}, {"why", "not in the receiver's list"}});
         }
-        return faultOfTexts(mark);
+        return faultOfTexts(place);
     }
 
-    std::optional<Finding> faultOfMagnitude(const TRecLabelPervichka_File& mark) const
+    const CopyMark& known(const CopyPlace& place) const
     {
+        return tracks[place.track].marks[place.mark];
+    }
+
+    // Whether the source has the magnitude that is asked for: a record without it has 0.
+    bool hasMagnitude(const CopyPlace& place) const
+    {
+        switch (settings.magnitude) {
+        case MagnitudeKind::apparent: return known(place).hasMagnitude;
+        case MagnitudeKind::instrumental: return known(place).known.instrumental;
+        default: return known(place).known.ensemble;
+        }
+    }
+
+    // STD where the source does not say it: DIF would need a comparison star.
+    std::string kindOf(const CopyPlace& place) const
+    {
+        return known(place).known.kind ? upper(tracks[place.track].track.Marks[place.mark].MTYPE) : "STD";
+    }
+
+    std::string comparisonOf(const CopyPlace& place) const
+    {
+        return known(place).known.comparison ? orNotThere(tracks[place.track].track.Marks[place.mark].CNAME)
+                                             : std::string(notThere);
+    }
+
+    std::optional<Finding> faultOfMagnitude(const CopyPlace& place) const
+    {
+        const TRecLabelPervichka_File& mark = tracks[place.track].track.Marks[place.mark];
         const double magnitude = magnitudeOf(mark, settings.magnitude);
+        if (!hasMagnitude(place)) {
+            return magnitudeNotKnown();
+        }
         if (magnitude == 0.0 && !settings.takesZeroMagnitudes) {
             const bool isEnsemble = settings.magnitude == MagnitudeKind::ensemble;
             return notKnown(isEnsemble ? "the ensemble magnitude" : "the magnitude",
@@ -190,20 +223,37 @@ private:
         return std::nullopt;
     }
 
-    static std::optional<Finding> faultOfTexts(const TRecLabelPervichka_File& mark)
+    Finding magnitudeNotKnown() const
     {
-        const std::string kind = upper(mark.MTYPE);
+        switch (settings.magnitude) {
+        case MagnitudeKind::apparent:
+            return notKnown("the magnitude", "another word of --magnitude, or --leave-out");
+        case MagnitudeKind::instrumental:
+            return notKnown("the instrumental magnitude", "--magnitude apparent or --magnitude ensemble");
+        default:
+            return notKnown("the ensemble magnitude", "--magnitude apparent or --magnitude instrumental");
+        }
+    }
+
+    std::optional<Finding> faultOfTexts(const CopyPlace& place) const
+    {
+        const TRecLabelPervichka_File& mark = tracks[place.track].track.Marks[place.mark];
+        const std::string kind = kindOf(place);
+        const std::string comparison = comparisonOf(place);
         if (kind != "STD" && kind != "DIF" && kind != "ABS") {
             return fieldFault("MTYPE", mark.MTYPE, "STD, DIF or ABS is wanted");
         }
-        if (kind == "DIF" && upper(orNotThere(mark.CNAME)) == "NA") {
-            return fieldFault("CNAME", mark.CNAME, "MTYPE DIF wants a comparison star");
+        if (kind == "DIF" && upper(comparison) == "NA") {
+            return fieldFault("CNAME", comparison, "MTYPE DIF wants a comparison star");
         }
-        const std::pair<const char*, const std::string*> texts[] = {
-            {"CNAME", &mark.CNAME}, {"KNAME", &mark.KNAME}, {"CHART", &mark.CHART}};
-        for (const auto& [field, text] : texts) {
-            if (trimmed(*text).size() > longestWord || !isPlain(*text)) {
-                return fieldFault(field, *text, "at most 20 ASCII characters are wanted");
+        return faultOfWords({{"CNAME", comparison}, {"KNAME", mark.KNAME}, {"CHART", mark.CHART}});
+    }
+
+    static std::optional<Finding> faultOfWords(const std::vector<std::pair<const char*, std::string>>& words)
+    {
+        for (const auto& [field, text] : words) {
+            if (trimmed(text).size() > longestWord || !isPlain(text)) {
+                return fieldFault(field, text, "at most 20 ASCII characters are wanted");
             }
         }
         return std::nullopt;
@@ -229,8 +279,15 @@ private:
         return isKnown ? exactDecimal(mark.Spare2, magnitudeDecimals) : std::string(notThere);
     }
 
-    void tellMended(const TRecLabelPervichka_File& mark)
+    void tellMended(const CopyPlace& place)
     {
+        const TRecLabelPervichka_File& mark = tracks[place.track].track.Marks[place.mark];
+        if (!known(place).known.kind) {
+            tally.mend("the kind of magnitude is STD, where none is known");
+        }
+        if (!known(place).known.comparison) {
+            tally.mend("the comparison star is na, where none is known");
+        }
         if (mark.SNRpeak == 0.0) {
             tally.mend("the error is na, where no signal-to-noise ratio is known");
         }

@@ -9,12 +9,15 @@
 #include "receivers/mpc_copy.h"
 #include "receivers/mpc_header.h"
 #include "receivers/mpc_rules.h"
+#include "receivers/observation_notes.h"
+#include "receivers/report_mends.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -171,7 +174,8 @@ private:
             return;
         }
         std::vector<AdesValue> names;
-        if (const auto fault = identify(track, names)) {
+        auto fault = faultOfTrack(track);
+        if (fault || (fault = identify(track, names))) {
             tally.refuseTrack(number, *fault);
             return;
         }
@@ -180,6 +184,12 @@ private:
         for (std::size_t mark = 0; mark < track.marks.size(); ++mark) {
             addMark({number, mark}, names, block);
         }
+    }
+
+    static std::optional<Finding> faultOfTrack(const CopyTrack& track)
+    {
+        auto fault = faultOfFrame(track);
+        return fault || !track.isOf80Columns ? fault : faultOfNote(track.note2);
     }
 
     // The elements that identify the object of a track, or why it has none.
@@ -192,13 +202,26 @@ private:
             return finding("V318", {{"name", name}});
         }
         if (isSatellite) {
-            values = {{isLaunch && name[4] == '-' ? "artSat" : "trkSub", name}};
-            return faultOf(values);
+            return identifySatellite(track, isLaunch, values);
+        }
+        if (!isNameOfObject(name)) {
+            return finding("V312", {{"name", name}, {"why", "says that the object is not known"}});
         }
         if (const auto number = packedNumber(name); number && !track.isIdentified && !settings.areNumbers) {
             return finding("V311", {{"name", name}, {"number", std::to_string(*number)}});
         }
         values = {nameElement(name)};
+        if (values[0].second != name) {
+            tally.mend("the designation is unpacked", track.marks.size());
+        }
+        return faultOf(values);
+    }
+
+    std::optional<Finding> identifySatellite(const CopyTrack& track, bool isLaunch,
+                                             std::vector<AdesValue>& values)
+    {
+        const std::string& name = track.track.QRVName;
+        values = {isLaunch ? AdesValue("artSat", longLaunchDesignation(name)) : AdesValue("trkSub", name)};
         if (values[0].second != name) {
             tally.mend("the designation is unpacked", track.marks.size());
         }
@@ -221,7 +244,8 @@ private:
         for (const auto& [name, text] : values) {
             const AdesField* const field = adesField(name);
             if (!adesTakes(*field->type, text)) {
-                return elementFault(name, text, *field->type);
+                return name == "astCat" || name == "photCat" ? catalogueFault(name, text)
+                                                             : elementFault(name, text, *field->type);
             }
             const bool isWord = field->words == nullptr || isTakenWord(*field->words, text);
             if (!isWord) {
@@ -230,6 +254,14 @@ private:
             }
         }
         return std::nullopt;
+    }
+
+    static Finding catalogueFault(const std::string& element, const std::string& text)
+    {
+        const std::string key = element == "astCat" ? "astrometricCatalogue" : "photometricCatalogue";
+        return finding("V380", {{"element", element},
+                                {"rule", "is \"" + text + "\", which is no word for a catalogue: " + key +
+                                             " of --profile would give one"}});
     }
 
     static bool isTakenWord(const AdesWords& words, const std::string& text)
@@ -266,8 +298,26 @@ private:
             tally.refuse(place, *fault);
             return;
         }
-        tellMended(mark, row.values);
+        if (isTwice(place, row.values)) {
+            return;
+        }
+        tellMended(place, row.values);
         block.rows.push_back(std::move(row));
+    }
+
+    // Of a station, whatever its context says.
+    bool isTwice(const CopyPlace& place, const std::vector<AdesValue>& values)
+    {
+        const auto time = std::find_if(values.begin(), values.end(),
+                                       [](const AdesValue& value) { return value.first == "obsTime"; });
+        const std::string& station = tracks[place.track].observatory->station;
+        if (times.insert({station + ' ' + values.front().second, time->second}).second) {
+            return false;
+        }
+        tally.refuse(place, finding("V381", {{"element", "obsTime"},
+                                             {"word", time->second},
+                                             {"why", "is the time of another position of the object"}}));
+        return true;
     }
 
     static std::optional<Finding> faultOfNumbers(const TRecLabelPervichka_File& mark)
@@ -291,8 +341,8 @@ private:
     {
         const TRecLabelPervichka_File& mark = track.track.Marks[number];
         const ValueSteps& steps = track.marks[number].steps;
-        const int hours = decimalsOf(steps.rightAscension / arcsecondsOfADegree, 4, mostAngleDecimals);
-        const int degrees = decimalsOf(steps.declination / arcsecondsOfADegree, 4, mostAngleDecimals);
+        const int hours = decimalsOf(steps.rightAscension / arcsecondsOfADegree, 0, mostAngleDecimals);
+        const int degrees = decimalsOf(steps.declination / arcsecondsOfADegree, 0, mostAngleDecimals);
         values.emplace_back("obsTime",
                             epochText(momentOf(mark), decimalsOf(steps.time, 0, mostTimeDecimals)) + 'Z');
         values.emplace_back("ra", exactCircle(mark.RA, hours));
@@ -316,19 +366,27 @@ private:
             tally.refuse(place, notKnown("the band of the magnitude", "--band or --no-magnitudes"));
             return false;
         }
-        const int decimals = decimalsOf(track.marks[place.mark].steps.magnitude, 1, mostMagnitudeDecimals);
+        const int decimals = decimalsOf(track.marks[place.mark].steps.magnitude, 0, mostMagnitudeDecimals);
         values.emplace_back("mag", exactDecimal(magnitude, decimals));
         values.emplace_back("band", band);
         values.emplace_back("photCat", catalogueForAdes(track.observatory->photometricCatalogue));
         return true;
     }
 
-    void tellMended(const TRecLabelPervichka_File& mark, const std::vector<AdesValue>& values)
+    void tellMended(const CopyPlace& place, const std::vector<AdesValue>& values)
     {
+        const TRecLabelPervichka_File& mark = tracks[place.track].track.Marks[place.mark];
+        const std::string& read = tracks[place.track].marks[place.mark].line80;
+        if (hasNotes(read)) {
+            tally.mend("columns 13 and 14 of the report are not kept");
+        }
+        if (fillsReceiverColumns(read)) {
+            tally.mend(receiverColumnsMended);
+        }
         for (const auto& [name, text] : values) {
             if (name == "obsTime" && text.substr(0, 10) != dayText(mark.date, '-')) {
                 tally.mend("the time is carried into the next day");
-            } else if (name == "ra" && mark.RA > 359.9 && text.starts_with("0.")) {
+            } else if (name == "ra" && mark.RA > 359.9 && (text == "0" || text.starts_with("0."))) {
                 tally.mend("a right ascension of 360 degrees is 0");
             }
         }
@@ -362,6 +420,7 @@ private:
     const std::vector<CopyTrack>& tracks;
     const CopySettings& settings;
     CopyTally tally;
+    std::set<std::pair<std::string, std::string>> times{};         // of each object of a station
     std::map<std::pair<std::string, std::string>, Block> blocks{}; // by station and what is said with it
 };
 

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,8 +35,9 @@ struct Observatory
     std::string photometricCatalogue{};
     std::string aavsoCode{};
     std::string acknowledgement{};
-    std::string comment{};
+    std::string comment{};                      ///< lines with line feeds between them
     std::string band{};                         ///< of magnitudes whose band is not known
+    std::string bandOfCall{};                   ///< the same by an option, as the receiver calls it
     std::map<std::string, std::string> bands{}; ///< from our filter words to those of the receiver
 };
 
@@ -48,6 +50,15 @@ struct ValueSteps
     double magnitude = 0;
 };
 
+/// Which texts and magnitudes of a record its source has; what it does not have is a default of the record.
+struct KnownBrightness
+{
+    bool ensemble = false;
+    bool instrumental = false;
+    bool kind = false;       ///< MTYPE
+    bool comparison = false; ///< CNAME
+};
+
 /// What the record of a mark does not tell.
 struct CopyMark
 {
@@ -56,6 +67,8 @@ struct CopyMark
     bool hasMagnitude = false;
     bool hasBand = false;
     ValueSteps steps{};
+    KnownBrightness known{};
+    std::string line80{}; ///< its line in a report in 80 columns; empty for one of another width
 };
 
 /// A track, with a CopyMark for each of its marks.
@@ -68,6 +81,8 @@ struct CopyTrack
     bool isIdentified = false;  ///< five digits of its name are the number of a minor planet
     bool isSatellite = false;   ///< an artificial one
     bool isOf80Columns = false; ///< of a report in 80 columns
+    char note2 = ' ';           ///< column 15 of such a report
+    std::string otherFrame{};   ///< of a message, where its places are not those of ICRF
 };
 
 /// Where the magnitude of a report of variable stars comes from.
@@ -103,7 +118,11 @@ inline DayAndFraction momentOf(const tavelinUtils::TRecLabelPervichka_File& mark
 /// Whether a mark has a magnitude that is to be written.
 bool isBright(const CopySettings& settings, const CopyTrack& track, std::size_t mark);
 
-/// The band of a mark as the receiver calls it; empty where it is not known.
+/// The band of a mark as the receiver calls it; empty where it is not known. Of a report in 80 columns it is
+/// the letter of column 71, unless the profile has a word for all that stands there.
 std::string bandOf(const CopyTrack& track, std::size_t mark);
+
+/// Why no place of a track can be written as one of ICRF; nothing for one that can.
+std::optional<Finding> faultOfFrame(const CopyTrack& track);
 
 } // namespace companion

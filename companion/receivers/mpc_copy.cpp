@@ -5,6 +5,8 @@
 #include "receivers/designations.h"
 #include "receivers/mpc_header.h"
 #include "receivers/mpc_rules.h"
+#include "receivers/observation_notes.h"
+#include "receivers/report_mends.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,6 +24,7 @@ namespace {
 constexpr std::size_t nameWidth = 12;
 constexpr std::size_t note2Place = 14;
 constexpr std::size_t datePlace = 15;
+constexpr std::size_t timeWidth = 17;
 constexpr std::size_t rightAscensionPlace = 32;
 constexpr std::size_t declinationPlace = 44;
 constexpr std::size_t magnitudePlace = 65;
@@ -30,6 +33,9 @@ constexpr std::size_t stationPlace = 77;
 constexpr std::size_t lineLength = 80;
 constexpr std::size_t magnitudeWidth = 5;
 constexpr int usualTimeDecimals = 5;
+constexpr const char* twice = "another position of the object has this time";
+constexpr const char* twiceByRounding = "another position of the object has this time, rounded; "
+                                        "--time-decimals 6 or --for ades may tell them apart";
 
 void put(std::string& line, std::size_t place, std::string_view text)
 {
@@ -112,6 +118,10 @@ private:
             tally.refuseTrack(number, notKnown("the station", "--station"));
             return;
         }
+        if (const auto fault = faultOfTrack(track)) {
+            tally.refuseTrack(number, *fault);
+            return;
+        }
         const NamePlace name = namePlaceOf(track);
         if (name.fault) {
             tally.refuseTrack(number, *name.fault);
@@ -124,11 +134,33 @@ private:
         }
     }
 
+    static std::optional<Finding> faultOfTrack(const CopyTrack& track)
+    {
+        if (auto fault = faultOfFrame(track)) {
+            return fault;
+        }
+        if (auto fault = track.isOf80Columns ? faultOfNote(track.note2) : std::nullopt) {
+            return fault;
+        }
+        const std::string& mode = track.observatory->mode;
+        return letterOf(track) ? std::nullopt
+                               : std::optional(columnsFault("column 15", mode, "the mode has no letter"));
+    }
+
+    static std::optional<char> letterOf(const CopyTrack& track)
+    {
+        const std::string& mode = track.observatory->mode;
+        return track.isOf80Columns ? noteOfCopy(track.note2, mode) : noteOfMode(mode);
+    }
+
     NamePlace namePlaceOf(const CopyTrack& track) const
     {
         const std::string& name = track.track.QRVName;
         if ((isLaunchDesignation(name) || track.isSatellite) && !settings.allowsSatellites) {
             return {"", finding("V318", {{"name", name}})};
+        }
+        if (!isNameOfObject(name)) {
+            return {"", finding("V312", {{"name", name}, {"why", "says that the object is not known"}})};
         }
         const auto number = packedNumber(name);
         if (number && !track.isIdentified && !settings.areNumbers) {
@@ -165,11 +197,11 @@ private:
         }
         std::string line(lineLength, ' ');
         put(line, 0, name);
-        put(line, note2Place, tracks[place.track].observatory->mode == "CMO" ? "B" : "C");
+        line[note2Place] = *letterOf(tracks[place.track]);
         const RoundedMoment moment = putMoment(line, mark);
         putAngles(line, place, mark);
         put(line, stationPlace, block.observatory->station);
-        if (putMagnitude(line, place)) {
+        if (putMagnitude(line, place) && !isTwice(place, name, line)) {
             tellMended(place, mark, line, moment);
             block.rows.push_back({name, moment, std::move(line), place});
         }
@@ -195,6 +227,22 @@ private:
         if (!std::isfinite(mark.DE) || std::abs(mark.DE) > 90.0) {
             return refuse("columns 45 to 56", std::to_string(mark.DE), "a declination is at most 90 degrees");
         }
+        return true;
+    }
+
+    // Of a station, whatever its headers say.
+    bool isTwice(const CopyPlace& place, const std::string& name, const std::string& line)
+    {
+        const std::string time = line.substr(datePlace, timeWidth);
+        const std::string& station = tracks[place.track].observatory->station;
+        const DayAndFraction moment = momentOf(tracks[place.track].track.Marks[place.mark]);
+        const auto [known, isNew] = times.try_emplace({station + name, time}, moment);
+        if (isNew) {
+            return false;
+        }
+        const bool isSame = known->second.day == moment.day && known->second.fraction == moment.fraction;
+        tally.refuse(place, columnsFault("columns 16 to 32", std::string(trimmed(time)),
+                                         isSame ? twice : twiceByRounding));
         return true;
     }
 
@@ -257,16 +305,23 @@ private:
         return std::nullopt;
     }
 
-    // What the line has other than the tool would write it. A line that was in 80 columns before has it
-    // already.
+    // What the line has other than the tool would write it, or other than the line that was read.
     void tellMended(const CopyPlace& place, const TRecLabelPervichka_File& mark, const std::string& line,
                     const RoundedMoment& moment)
     {
         const CopyTrack& track = tracks[place.track];
-        if (track.isOf80Columns) {
+        const std::string& read = track.marks[place.mark].line80;
+        if (!read.empty()) {
+            tellOfReport(track, read, line);
             return;
         }
         tellForm(track, line);
+        tellCarried(mark, line, moment);
+    }
+
+    void tellCarried(const TRecLabelPervichka_File& mark, const std::string& line,
+                     const RoundedMoment& moment)
+    {
         if (moment.day != mark.date) {
             tally.mend("the time is carried into the next day");
         }
@@ -280,6 +335,19 @@ private:
         }
     }
 
+    void tellOfReport(const CopyTrack& track, const std::string& read, const std::string& line)
+    {
+        const bool isNone = line[bandPlace] == ' ' && settings.leavesMagnitudesOut;
+        for (const std::string_view mend : reportMends(read, line)) {
+            if (!isNone || mend != magnitudeMended) {
+                tally.mend(mend);
+            }
+        }
+        if (line.compare(0, nameWidth, read, 0, nameWidth) != 0) {
+            tellName(track, line);
+        }
+    }
+
     // What only lines that were not in 80 columns before get.
     void tellForm(const CopyTrack& track, const std::string& line)
     {
@@ -287,8 +355,13 @@ private:
             tally.mend("the declination has its sign in column 45");
         }
         if (line[bandPlace] == ' ' && !settings.leavesMagnitudesOut) {
-            tally.mend("a magnitude that is none is left blank");
+            tally.mend(magnitudeMended);
         }
+        tellName(track, line);
+    }
+
+    void tellName(const CopyTrack& track, const std::string& line)
+    {
         if (line.substr(0, nameWidth).find(track.track.QRVName) == std::string::npos) {
             tally.mend("the designation is packed");
         }
@@ -351,6 +424,8 @@ private:
     const std::vector<CopyTrack>& tracks;
     const CopySettings& settings;
     CopyTally tally;
+    // Of each object of a station, the first moment of each time.
+    std::map<std::pair<std::string, std::string>, DayAndFraction> times{};
     std::map<std::pair<std::string, std::string>, Block> blocks{}; // by station and header
 };
 

@@ -131,7 +131,8 @@ std::string mpcHeader(const Observatory& observatory, const std::string& acknowl
     addNames(out, "MEA", observatory.measurers.empty() ? observatory.observers : observatory.measurers);
     addLine(out, "TEL", telescopeLine(observatory));
     addLine(out, "NET", catalogueForNet(observatory.astrometricCatalogue));
-    addLine(out, "COM", observatory.comment);
+    tavelinUtils::forEachToken(observatory.comment, '\n',
+                               [&out](std::string_view line) { addLine(out, "COM", std::string(line)); });
     addLine(out, "ACK", observatory.acknowledgement.empty() ? acknowledgement : observatory.acknowledgement);
     addLine(out, "AC2", observatory.email);
     return out;

@@ -5,9 +5,11 @@
 #include "formats/track_table.h"
 #include "reading/format_facts.h"
 #include "reading/report_details.h"
+#include "reading/tdm_segment.h"
 #include "reading/true_reading.h"
 #include "receivers/mpc_copy.h"
 #include "receivers/mpc_header.h"
+#include "receivers/observation_notes.h"
 #include "task/configuration_checks.h"
 #include "task/plan.h"
 
@@ -30,6 +32,25 @@ ValueSteps stepsOf(const std::string& format)
                                          facts->magnitudeStep};
 }
 
+// A message writes its numbers with any decimals.
+ValueSteps stepsOf(const WrittenDecimals& decimals, const ValueSteps& usual)
+{
+    constexpr double arcsecondsOfADegree = 3600.0;
+    const auto step = [](signed char count, double unit, double otherwise) {
+        return count < 0 ? otherwise : unit / static_cast<double>(powerOfTen(std::min<int>(count, 17)));
+    };
+    return {step(decimals.time, 1.0, usual.time),
+            step(decimals.rightAscension, arcsecondsOfADegree, usual.rightAscension),
+            step(decimals.declination, arcsecondsOfADegree, usual.declination),
+            step(decimals.magnitude, 1.0, usual.magnitude)};
+}
+
+KnownBrightness knownOf(const std::set<std::string>& columns)
+{
+    return {columns.contains("mEnsemble"), columns.contains("mInstr"), columns.contains("MTYPE"),
+            columns.contains("CNAME")};
+}
+
 // What the header of a series says; the defaults stand for nothing.
 Observatory observatoryOf(const TMPCReportHeader& header, const std::string& aavsoCode)
 {
@@ -47,85 +68,20 @@ Observatory observatoryOf(const TMPCReportHeader& header, const std::string& aav
     return observatory;
 }
 
+char noteOf(const ReportDetail& detail)
+{
+    constexpr std::size_t place = 14;
+    return detail.line.empty() ? 'C' : detail.line[place]; // without a line it is one of the tool's
+}
+
 // Two stations that a line and its header name are told by who asks for the copy.
 std::shared_ptr<const Observatory> observatoryOf(const ReportDetail& detail)
 {
     auto observatory = std::make_shared<Observatory>(*detail.header);
     observatory->station = isStationCode(detail.station) ? detail.station : "";
-    observatory->mode = detail.note2 == 'C' ? "CCD" : detail.note2 == 'B' ? "CMO" : "";
+    observatory->mode = modeOfNote(noteOf(detail));
     return observatory;
 }
-
-class FileReader
-{
-public:
-    FileReader(const std::string& path, std::string ofFormat, CopyInput& result)
-        : format(std::move(ofFormat)), steps(stepsOf(format)), input(result)
-    {
-        if (format == "mpc") {
-            details = reportDetails(path);
-        }
-    }
-
-    void add(TrueTrack& track)
-    {
-        if (format == "mpc") {
-            addReport(track);
-            return;
-        }
-        CopyTrack copy;
-        Observatory observatory;
-        observatory.station = isStationCode(track.station) ? track.station : "";
-        copy.observatory = std::make_shared<const Observatory>(std::move(observatory));
-        for (std::size_t mark = 0; mark < track.marks.size(); ++mark) {
-            addMark(copy, track, mark, steps);
-        }
-        static_cast<THeadTrVtor&>(copy.track) = track.track;
-        input.tracks.push_back(std::move(copy));
-    }
-
-private:
-    static void addMark(CopyTrack& copy, const TrueTrack& track, std::size_t number, const ValueSteps& fine)
-    {
-        const TrueMark& known = track.marks[number];
-        TRecLabelPervichka_File mark = track.track.Marks[number];
-        if (!known.hasPosition) {
-            mark.RA = std::numeric_limits<double>::quiet_NaN();
-            mark.DE = mark.RA;
-        }
-        copy.track.Marks.push_back(std::move(mark));
-        copy.marks.push_back({known.line, static_cast<int>(number), known.hasMagnitude, known.hasBand, fine});
-    }
-
-    // The lines of an object may be under several headers, and of several stations.
-    void addReport(const TrueTrack& track)
-    {
-        std::map<std::tuple<const Observatory*, std::string, char>, std::size_t> places;
-        const std::size_t first = input.tracks.size();
-        for (std::size_t mark = 0; mark < track.marks.size(); ++mark) {
-            static const ReportDetail none{"", ' ', std::make_shared<const Observatory>(), {}};
-            const auto line = details.lines.find(track.marks[mark].line);
-            const ReportDetail& detail = line == details.lines.end() ? none : line->second;
-            const auto [place, isNew] = places.try_emplace(
-                {detail.header.get(), detail.station, detail.note2}, first + places.size());
-            if (isNew) {
-                CopyTrack copy;
-                static_cast<THeadTrVtor&>(copy.track) = track.track;
-                copy.observatory = observatoryOf(detail);
-                copy.isIdentified = details.hasSigns; // the tool's own lines have none
-                copy.isOf80Columns = true;
-                input.tracks.push_back(std::move(copy));
-            }
-            const ValueSteps& fine = line == details.lines.end() ? steps : detail.steps;
-            addMark(input.tracks[place->second], track, mark, fine);
-        }
-    }
-
-    std::string format;
-    ValueSteps steps;
-    ReportDetails details{};
-    CopyInput& input;
-};
 
 // Which columns a track table has.
 class TableHeader
@@ -144,6 +100,99 @@ public:
 
 private:
     int number = 0;
+};
+
+class FileReader
+{
+public:
+    FileReader(const std::string& path, std::string ofFormat, CopyInput& result)
+        : format(std::move(ofFormat)), steps(stepsOf(format)), input(result)
+    {
+        if (format == "mpc") {
+            details = reportDetails(path);
+        } else if (format == "table") {
+            TableHeader header;
+            readLines(path, header);
+            columns = knownOf(header.columns);
+        }
+    }
+
+    void add(TrueTrack& track)
+    {
+        if (format == "mpc") {
+            addReport(track);
+            return;
+        }
+        CopyTrack copy;
+        const std::string& frame = track.track.REFERENCE_FRAME;
+        if (isMessage() && !isFrameOfIcrf(frame)) {
+            copy.otherFrame = frame.empty() ? "not stated" : frame;
+        }
+        Observatory observatory;
+        observatory.station = isStationCode(track.station) ? track.station : "";
+        copy.observatory = std::make_shared<const Observatory>(std::move(observatory));
+        for (std::size_t mark = 0; mark < track.marks.size(); ++mark) {
+            addMark(copy, track, mark, steps);
+        }
+        static_cast<THeadTrVtor&>(copy.track) = track.track;
+        input.tracks.push_back(std::move(copy));
+    }
+
+private:
+    bool isMessage() const
+    {
+        return format == "tdm" || format == "tdm.xml";
+    }
+
+    void addMark(CopyTrack& copy, const TrueTrack& track, std::size_t number, const ValueSteps& fine) const
+    {
+        const TrueMark& known = track.marks[number];
+        TRecLabelPervichka_File mark = track.track.Marks[number];
+        if (!known.hasPosition) {
+            mark.RA = std::numeric_limits<double>::quiet_NaN();
+            mark.DE = mark.RA;
+        }
+        copy.track.Marks.push_back(std::move(mark));
+        copy.marks.push_back({known.line,
+                              static_cast<int>(number),
+                              known.hasMagnitude,
+                              known.hasBand,
+                              stepsOf(known.decimals, fine),
+                              columns,
+                              {}});
+    }
+
+    // The lines of an object may be under several headers, and of several stations.
+    void addReport(const TrueTrack& track)
+    {
+        std::map<std::tuple<const Observatory*, std::string, char>, std::size_t> places;
+        const std::size_t first = input.tracks.size();
+        for (std::size_t mark = 0; mark < track.marks.size(); ++mark) {
+            static const ReportDetail none{"", "", std::make_shared<const Observatory>(), {}};
+            const auto line = details.lines.find(track.marks[mark].line);
+            const ReportDetail& detail = line == details.lines.end() ? none : line->second;
+            const auto [place, isNew] = places.try_emplace(
+                {detail.header.get(), detail.station, noteOf(detail)}, first + places.size());
+            if (isNew) {
+                CopyTrack copy;
+                static_cast<THeadTrVtor&>(copy.track) = track.track;
+                copy.observatory = observatoryOf(detail);
+                copy.isIdentified = details.isOfAnother;
+                copy.isOf80Columns = true;
+                copy.note2 = noteOf(detail);
+                input.tracks.push_back(std::move(copy));
+            }
+            const ValueSteps& fine = line == details.lines.end() ? steps : detail.steps;
+            addMark(input.tracks[place->second], track, mark, fine);
+            input.tracks[place->second].marks.back().line80 = detail.line;
+        }
+    }
+
+    std::string format;
+    ValueSteps steps;
+    KnownBrightness columns{};
+    ReportDetails details{};
+    CopyInput& input;
 };
 
 // Runs the plan of a report and keeps each mark with all of its columns: the report itself keeps those of its
@@ -218,8 +267,13 @@ private:
         const std::set<std::string>& has = columns[ofSeries];
         for (const TRecLabelPervichka_File& mark : track.Marks) {
             copy.track.Marks.push_back(markOf(mark).mark);
-            copy.marks.push_back({0, plan.placeOf(mark.AuxInt1, task).mark, has.contains("m"),
-                                  has.contains("filtr"), stepsOf("table")});
+            copy.marks.push_back({0,
+                                  plan.placeOf(mark.AuxInt1, task).mark,
+                                  has.contains("m"),
+                                  has.contains("filtr"),
+                                  stepsOf("table"),
+                                  knownOf(has),
+                                  {}});
         }
         input.tracks.push_back(std::move(copy));
     }
@@ -250,19 +304,28 @@ void stamp(const TConvMea& task, CopyInput& input)
     }
 }
 
-} // namespace
-
-CopyInput copyTracksOfFile(const std::string& path, const std::string& format, const std::string& name)
+CopyInput tracksOfFile(const std::string& path, const std::string& format, const std::string& name,
+                       const TrueSettings& settings)
 {
     CopyInput input;
     FileReader reader(path, format, input);
-    TrueOutcome outcome = readAsMeant(path, format, {}, [&reader](TrueTrack& track) { reader.add(track); });
+    TrueOutcome outcome =
+        readAsMeant(path, format, settings, [&reader](TrueTrack& track) { reader.add(track); });
     for (Finding& each : outcome.findings) {
         input.findings.push_back(std::move(each).in(name));
     }
     input.leftOut = outcome.leftOut;
     input.files.push_back(path);
     return input;
+}
+
+} // namespace
+
+CopyInput copyTracksOfFile(const std::string& path, const std::string& format, const std::string& name)
+{
+    TrueSettings settings;
+    settings.acceptFrame = true; // some receivers take other frames; the copies for others refuse them
+    return tracksOfFile(path, format, name, settings);
 }
 
 CopyInput copyTracksOfTask(const CheckedTask& checked)
@@ -272,7 +335,7 @@ CopyInput copyTracksOfTask(const CheckedTask& checked)
     if (checked.isReport) {
         ReportReader(task, input).read();
     } else {
-        input = copyTracksOfFile(task.path_in, task.inputformat, task.path_in);
+        input = tracksOfFile(task.path_in, task.inputformat, task.path_in, {}); // the task says the frame
         stamp(task, input);
     }
     input.files.push_back(checked.path);

@@ -44,6 +44,7 @@ CopyTrack star(const std::string& name = "V1023 Her", const Observatory& observa
     track.track.Marks[0].mInstr = -7.5;
     track.track.Marks[0].SNRpeak = 91;
     track.track.Marks[0].filtr = "V";
+    track.marks[0].known = {true, true, true, true};
     return track;
 }
 
@@ -220,4 +221,33 @@ TEST(AavsoCopy, RefusesALeapSecond)
     track.track.Marks[0].date = 57753; // 2016-12-31
     track.track.Marks[0].time = 86400.5 / 86400;
     EXPECT_THAT(refusals(track), ElementsAre(testing::HasSubstr("a Julian date cannot say a leap second")));
+}
+
+TEST(AavsoCopy, WhatASourceDoesNotSayIsNotTheDefaultOfARecord)
+{
+    CopyTrack track = star();
+    track.marks[0].known = {true, false, false, false};
+    const Copy copy = copied({track});
+    EXPECT_THAT(records(copy),
+                ElementsAre("V1023 Her,2457878.75315000,12.847,0.0110,V,NO,STD,na,na,na,na,na,na,na,na"));
+    EXPECT_THAT(
+        copies::textsOf(copy.mended),
+        testing::IsSupersetOf({"V423 mended: the kind of magnitude is STD, where none is known, 1 mark",
+                               "V423 mended: the comparison star is na, where none is known, 1 mark"}));
+}
+
+TEST(AavsoCopy, AMagnitudeThatTheSourceDoesNotHaveIsRefused)
+{
+    CopySettings settings = usualSettings();
+    settings.takesZeroMagnitudes = true;
+    CopyTrack track = star();
+    track.marks[0].known = {};
+    EXPECT_THAT(refusals(track, settings),
+                ElementsAre(StartsWith("V420 the ensemble magnitude is not known")));
+    settings.magnitude = MagnitudeKind::instrumental;
+    EXPECT_THAT(refusals(track, settings),
+                ElementsAre(StartsWith("V420 the instrumental magnitude is not known")));
+    settings.magnitude = MagnitudeKind::apparent;
+    track.marks[0].hasMagnitude = false;
+    EXPECT_THAT(refusals(track, settings), ElementsAre(StartsWith("V420 the magnitude is not known")));
 }

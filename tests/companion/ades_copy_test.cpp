@@ -260,6 +260,8 @@ TEST(AdesCopy, RefusesSatellitesUnlessTheyAreAllowed)
     CopySettings settings = usualSettings();
     settings.allowsSatellites = true;
     EXPECT_THAT(textOf(named("2016-033A"), settings), HasSubstr("<artSat>2016-033A</artSat>"));
+    EXPECT_THAT(textOf(named("16033A"), settings), HasSubstr("<artSat>2016-033A</artSat>"));
+    EXPECT_THAT(textOf(named("98067AB"), settings), HasSubstr("<artSat>1998-067AB</artSat>"));
 }
 
 TEST(AdesCopy, RefusesFiveDigitsThatMayBeAnything)
@@ -277,4 +279,33 @@ TEST(AdesCopy, RefusesNumbersThatNoElementTakes)
     track.track.Marks[2].m = 36;
     EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V380 ra is "), StartsWith("V380 dec is "),
                                              StartsWith("V380 mag is \"36.00\"")));
+}
+
+TEST(AdesCopy, RowsOfTimesOfTwoWidthsStandInOneColumn)
+{
+    CopyTrack track = trackOf("AST1", {markAt(0.5, 15, -0.5), markAt(0.6, 15, -0.5)});
+    track.marks[1].steps.time = 1;
+    const std::vector<std::string> lines =
+        linesOf(companion::adesCopy({track}, usualSettings(), AdesForm::psv).text);
+    ASSERT_EQ(lines.size(), 18U);
+    EXPECT_EQ(lines[16], "AST1  |CCD |K88|2025-02-23T12:00:00.000Z|15.0000000|-0.50000000|Gaia3 |18.50|G");
+    EXPECT_EQ(lines[17], "AST1  |CCD |K88|2025-02-23T14:24:00Z    |15.0000000|-0.50000000|Gaia3 |18.50|G");
+}
+
+TEST(AdesCopy, RefusesTwoPositionsOfAnObjectAtOneTime)
+{
+    const Copy copy = copied({named("AST1"), named("AST1"), named("AST2")});
+    EXPECT_EQ(copy.refused, 1U);
+    EXPECT_THAT(copies::textsOf(copy.reasons),
+                ElementsAre("V381 obsTime: the word \"2025-02-23T12:00:00.000Z\" is the time of another "
+                            "position of the object"));
+}
+
+TEST(AdesCopy, ACatalogueThatIsNoWordNamesTheKeyThatGivesOne)
+{
+    Observatory observatory = completeObservatory();
+    observatory.astrometricCatalogue = "Gaia DR1";
+    EXPECT_THAT(refusals(trackOf("AST1", {markAt(0.5, 15, -0.5)}, observatory)),
+                ElementsAre("V380 astCat is \"Gaia DR1\", which is no word for a catalogue: "
+                            "astrometricCatalogue of --profile would give one"));
 }

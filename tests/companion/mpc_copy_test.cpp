@@ -176,6 +176,46 @@ TEST(MpcCopy, Columns72To77AreBlankAndThe15thTellsTheDetector)
                 ElementsAre(StartsWith("     AST1000  B2025")));
 }
 
+TEST(MpcCopy, OtherModesHaveTheirLettersOrAreRefused)
+{
+    Observatory observatory = completeObservatory();
+    const std::pair<const char*, const char*> modes[] = {{"VID", "n"}, {"OCC", "E"}, {"PHO", "P"},
+                                                         {"ENC", "e"}, {"MER", "T"}, {"MIC", "M"}};
+    for (const auto& [mode, letter] : modes) {
+        observatory.mode = mode;
+        EXPECT_THAT(observationsOf(trackOf("AST1000", {markAt(0.5, 15, -0.5)}, observatory)),
+                    ElementsAre(StartsWith("     AST1000  " + std::string(letter) + "2025")));
+    }
+    for (const char* mode : {"TDI", "PMT", "UNK"}) {
+        observatory.mode = mode;
+        EXPECT_THAT(refusals(trackOf("AST1000", {markAt(0.5, 15, -0.5)}, observatory)),
+                    ElementsAre("V316 column 15 hold \"" + std::string(mode) + "\": the mode has no letter"));
+    }
+}
+
+TEST(MpcCopy, RefusesTwoPositionsOfAnObjectAtOneTime)
+{
+    const Copy copy = copied({trackOf("AST1000", {markAt(0.5, 15, -0.5), markAt(0.5, 15, 0.5)}),
+                              trackOf("AST1001", {markAt(0.5, 15, -0.5)})});
+    EXPECT_EQ(copy.refused, 1U);
+    EXPECT_EQ(observations(copy).size(), 2U);
+    EXPECT_THAT(copies::textsOf(copy.reasons),
+                ElementsAre("V316 columns 16 to 32 hold \"2025 02 23.50000\": another position of the "
+                            "object has this time"));
+}
+
+TEST(MpcCopy, RefusesTwoTimesThatRoundingMakesOne)
+{
+    const CopyTrack track = trackOf("AST1000", {markAt(0.5, 15, -0.5), markAt(0.500004, 15, 0.5)});
+    EXPECT_THAT(copies::textsOf(copied({track}).reasons),
+                ElementsAre("V316 columns 16 to 32 hold \"2025 02 23.50000\": another position of the "
+                            "object has this time, rounded; --time-decimals 6 or --for ades may tell them "
+                            "apart"));
+    CopySettings settings = usualSettings();
+    settings.timeDecimals = 6;
+    EXPECT_THAT(observationsOf(track, settings), ElementsAre(HasSubstr("23.500000"), HasSubstr("23.500004")));
+}
+
 TEST(MpcCopy, MendsNumbersAndDesignationsByPackingThem)
 {
     EXPECT_THAT(observationsOf(trackOf("433", {markAt(0.5, 15, -0.5)})),

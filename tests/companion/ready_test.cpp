@@ -161,8 +161,10 @@ TEST_F(Ready, AFileOfNamesOfAnotherFormIsRefused)
 TEST_F(Ready, ObjectsThatHaveNoNameForTheReceiverGetNewOnes)
 {
     std::string text = "K88 2000.0 UTC\n";
+    int hour = 10;
     for (const char* name : {"AST10000", "ABC", "AST10001", "AST10000", "X1"}) {
-        text += std::string(name) + " 250223 1200000000 0100000000 +0030000000 001 09.50\n";
+        text += std::string(name) + " 250223 " + std::to_string(hour++) +
+                "00000000 0100000000 +0030000000 001 09.50\n";
     }
     makeFile(folder / "night.mea", text);
     const CommandEnd end = copy({"--new-names", "X"});
@@ -203,6 +205,95 @@ TEST_F(Ready, ACallThatLacksSomethingIsWrong)
     EXPECT_EQ(call({"-o", folder / "x.mea"}, "night.mea", "aavso").status, 2);
     EXPECT_EQ(call({"-o", "-", "--json"}).status, 2);
     EXPECT_EQ(call({"-o", folder / "x"}, "missing.mea").status, 2);
+}
+
+constexpr const char* message = "CCSDS_TDM_VERS = 2.0\nCREATION_DATE = 2016-01-01T00:00:00\n"
+                                "ORIGINATOR = A\nMETA_START\nTIME_SYSTEM = UTC\nPARTICIPANT_1 = K88\n"
+                                "PARTICIPANT_2 = AST1000\nMODE = SEQUENTIAL\nPATH = 2,1\nANGLE_TYPE = RADEC\n"
+                                "REFERENCE_FRAME = EME2000\nMETA_STOP\nDATA_START\n"
+                                "ANGLE_1 = 2016-06-11T08:20:38.869008 321.25\n"
+                                "ANGLE_2 = 2016-06-11T08:20:38.869008 5.23646136\n"
+                                "MAG = 2016-06-11T08:20:38.869008 18.5\n"
+                                "ANGLE_1 = 2016-06-11T08:20:39.02 321.2612345\n"
+                                "ANGLE_2 = 2016-06-11T08:20:39.02 -5\n"
+                                "MAG = 2016-06-11T08:20:39.02 18.512\n"
+                                "DATA_STOP\n";
+
+std::string replaced(std::string text, const std::string& what, const std::string& by)
+{
+    return text.replace(text.find(what), what.size(), by);
+}
+
+TEST_F(Ready, DecimalsOfAdesAreThoseThatAMessageWrites)
+{
+    makeFile(folder / "profile.json", R"({"schema": "tavelin.profile/1", "submitter": "A. B. Sender",
+        "measurers": ["C. Reader"], "mode": "CCD", "astrometricCatalogue": "Gaia3",
+        "telescope": {"design": "reflector", "aperture": 0.6, "detector": "CCD"}})");
+    makeFile(folder / "night.tdm", message);
+    EXPECT_EQ(copy({}, "night.tdm", "ades").status, 0);
+    EXPECT_THAT(written(), AllOf(HasSubstr("<obsTime>2016-06-11T08:20:38.869008Z</obsTime>\n"
+                                           "        <ra>321.25</ra>\n        <dec>5.23646136</dec>\n"),
+                                 HasSubstr("<mag>18.5</mag>"),
+                                 HasSubstr("<obsTime>2016-06-11T08:20:39.02Z</obsTime>\n"
+                                           "        <ra>321.2612345</ra>\n        <dec>-5</dec>\n"),
+                                 HasSubstr("<mag>18.512</mag>")));
+}
+
+TEST_F(Ready, DecimalsOfAdesAreThoseOfANightsMessage)
+{
+    makeFile(folder / "profile.json", R"({"schema": "tavelin.profile/1", "submitter": "A. B. Sender",
+        "measurers": ["C. Reader"], "mode": "CCD", "astrometricCatalogue": "Gaia3",
+        "telescope": {"design": "reflector", "aperture": 0.6, "detector": "CCD"}})");
+    makeFile(folder / "night.tdm",
+             bytesOf(std::string(VOMAR_PROJECT) + "/tests/fixtures/nights/291_20160608.tdm"));
+    EXPECT_EQ(copy({}, "night.tdm", "ades").status, 0);
+    EXPECT_THAT(written(), HasSubstr("        <obsTime>2016-06-08T08:09:55.00800Z</obsTime>\n"
+                                     "        <ra>245.3410833</ra>\n        <dec>-15.7589167</dec>\n"
+                                     "        <astCat>Gaia3</astCat>\n        <mag>21.5000</mag>\n"));
+}
+
+TEST_F(Ready, OtherFramesOfAMessageAreForMessagesAlone)
+{
+    for (const char* frame : {"TOD_EARTH", "ITRF1993"}) {
+        makeFile(folder / "night.tdm", replaced(message, "EME2000", frame));
+        EXPECT_EQ(copy({"--force"}, "night.tdm", "ccsds").status, 0) << frame;
+        EXPECT_THAT(written(), HasSubstr("\nREFERENCE_FRAME = " + std::string(frame) + '\n'));
+        for (const char* receiver : {"mpc", "ades", "aavso"}) {
+            const CommandEnd end = copy({"--force"}, "night.tdm", receiver);
+            EXPECT_EQ(end.status, 1);
+            EXPECT_THAT(end.out, HasSubstr("error: the frame is " + std::string(frame) + " [V143]"));
+        }
+    }
+    makeFile(folder / "night.tdm", replaced(message, "EME2000", "MOON"));
+    EXPECT_THAT(copy({"--force"}, "night.tdm", "ccsds").out, HasSubstr("REFERENCE_FRAME has the value"));
+}
+
+TEST_F(Ready, AnObjectThatIsNotKnownHasNoName)
+{
+    makeFile(folder / "night.tdm", replaced(message, "AST1000", "UNKNOWN"));
+    EXPECT_THAT(copy({}, "night.tdm").out,
+                HasSubstr("error: the name \"UNKNOWN\" says that the object is not known"));
+    EXPECT_THAT(copy({}, "night.tdm", "ades").out, HasSubstr("[V312]"));
+    EXPECT_EQ(copy({"--new-names", "X", "--time-decimals", "6"}, "night.tdm").status, 0);
+    EXPECT_THAT(written(), HasSubstr("\n     X1       C2016"));
+    EXPECT_EQ(bytesOf(folder / "out.txt.names"), "UNKNOWN\tX1\n");
+}
+
+TEST_F(Ready, AMagnitudeThatTheSourceDoesNotHaveIsNo0ForTheAavso)
+{
+    for (const char* kind : {"ensemble", "instrumental"}) {
+        const CommandEnd end =
+            copy({"--observer", "TST", "--zero-is-a-magnitude", "--magnitude", kind}, "night.mea", "aavso");
+        EXPECT_EQ(end.status, 1);
+        EXPECT_THAT(end.out, HasSubstr("the " + std::string(kind) + " magnitude is not known")) << kind;
+    }
+    makeFile(folder / "report.txt",
+             "     AST1000  C2025 02 23.50000 12 30 10.00 +41 20 30.1                      K88\n");
+    const CommandEnd end = copy({"--observer", "TST", "--zero-is-a-magnitude", "--magnitude", "apparent"},
+                                "report.txt", "aavso");
+    EXPECT_EQ(end.status, 1);
+    EXPECT_THAT(end.out, HasSubstr("the magnitude is not known"));
+    EXPECT_FALSE(exists(folder / "out.txt"));
 }
 
 TEST_F(Ready, AReportInSeveralHeadersKeepsThem)
