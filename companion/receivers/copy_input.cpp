@@ -45,7 +45,7 @@ bool isBright(const CopySettings& settings, const CopyTrack& track, std::size_t 
 std::string bandOf(const CopyTrack& track, std::size_t mark)
 {
     const Observatory& observatory = *track.observatory;
-    const std::string own = ownBand(track, mark);
+    std::string own = ownBand(track, mark);
     if (!own.empty()) {
         return own;
     }
