@@ -70,10 +70,10 @@ public:
     NewFolders() = default;
     ~NewFolders()
     {
-        std::error_code ignored;
-        for (auto path = made.rbegin(); path != made.rend(); ++path) {
-            fs::remove(*path, ignored);
-        }
+        std::for_each(made.rbegin(), made.rend(), [](const fs::path& path) {
+            std::error_code ignored;
+            fs::remove(path, ignored);
+        });
     }
     NewFolders(const NewFolders&) = delete;
     NewFolders& operator=(const NewFolders&) = delete;
