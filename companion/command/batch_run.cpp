@@ -174,7 +174,7 @@ private:
     {
         if (receipt.status != "good") {
             own.findings = receipt.findings;
-            own.errors = firstErrorsBut(settings.run.allowed, receipt.findings);
+            own.errors = firstErrorsBut(settings.run.allowed, receipt);
         }
     }
 
@@ -218,7 +218,7 @@ void addStatus(BatchOutcome& outcome, const Receipt& receipt, const BatchSetting
     }
     if (receipt.status != "good" && outcome.status != BatchStatus::toRun) {
         outcome.findings = receipt.findings;
-        outcome.errors = firstErrorsBut(settings.run.allowed, receipt.findings);
+        outcome.errors = firstErrorsBut(settings.run.allowed, receipt);
     }
 }
 

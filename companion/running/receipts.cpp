@@ -120,6 +120,18 @@ std::optional<int> codeIn(const JsonView& number)
     return code == none ? std::nullopt : std::optional(code);
 }
 
+std::vector<ReceiptError> errorsIn(const JsonView& findings)
+{
+    std::vector<ReceiptError> errors;
+    for (std::size_t i = 0; i < findings.size(); ++i) {
+        const JsonView each = findings[i];
+        if (each["severity"].text() == "error") {
+            errors.push_back({each["code"].text(), each["text"].text()});
+        }
+    }
+    return errors;
+}
+
 void readWhatCame(Receipt& receipt, const JsonView& root)
 {
     receipt.outputs = outputsIn(root["outputs"]);
@@ -127,6 +139,7 @@ void readWhatCame(Receipt& receipt, const JsonView& root)
     receipt.read = countIn(root["marks"]["read"]);
     receipt.found = countIn(root["marks"]["found"]);
     receipt.findings = root["findings"].value();
+    receipt.errors = errorsIn(root["findings"]);
 }
 
 Receipt receiptIn(const JsonView& root)
@@ -248,13 +261,8 @@ bool isSameTool(const FileRecord& before, const ReceiptComparison& comparison)
 // Where they do not, what is written may not be all.
 bool accountsAgree(const Receipt& receipt)
 {
-    const ReadJson findings(receipt.findings.text());
-    for (std::size_t i = 0; i < findings.root().size(); ++i) {
-        if (findings.root()[i]["code"].text() == disagreement) {
-            return false;
-        }
-    }
-    return true;
+    return std::none_of(receipt.errors.begin(), receipt.errors.end(),
+                        [](const ReceiptError& each) { return each.code == disagreement; });
 }
 
 } // namespace
@@ -281,6 +289,7 @@ Receipt receiptOf(const ReceiptOf& run, const std::string& path, const FileRecor
     receipt.read = run.checked.plan.account.read;
     receipt.accounting = run.checked.hasPlan ? accountingJson(run.checked) : Json();
     receipt.findings = findingsOf(run);
+    receipt.errors = errorsIn(ReadJson(receipt.findings.text()).root());
     if (run.evidence != nullptr) {
         addRun(receipt, run);
     }
@@ -316,20 +325,17 @@ bool hasEndedWell(const Receipt& receipt)
 
 bool isGoodButFor(const Receipt& receipt, const std::set<FindingCode>& allowed)
 {
-    return receipt.status == "good" ||
-           (hasEndedWell(receipt) && firstErrorsBut(allowed, receipt.findings).empty());
+    return receipt.status == "good" || (hasEndedWell(receipt) && firstErrorsBut(allowed, receipt).empty());
 }
 
-std::vector<std::string> firstErrorsBut(const std::set<FindingCode>& allowed, const Json& findings)
+std::vector<std::string> firstErrorsBut(const std::set<FindingCode>& allowed, const Receipt& receipt)
 {
     constexpr std::size_t most = 3;
     std::vector<std::string> errors;
-    const ReadJson read(findings.text());
-    for (std::size_t i = 0; i < read.root().size() && errors.size() < most; ++i) {
-        const JsonView each = read.root()[i];
-        const auto code = FindingCode::of(each["code"].text());
-        if (each["severity"].text() == "error" && !(code && allowed.contains(*code))) {
-            errors.push_back(printable(each["text"].text()) + " [" + each["code"].text() + ']');
+    for (const ReceiptError& each : receipt.errors) {
+        const auto code = FindingCode::of(each.code);
+        if (errors.size() < most && !(code && allowed.contains(*code))) {
+            errors.push_back(printable(each.text) + " [" + each.code + ']');
         }
     }
     return errors;

@@ -37,6 +37,13 @@ struct OutputRecord
     std::size_t marks = 0;
 };
 
+/// An error among the findings of a receipt.
+struct ReceiptError
+{
+    std::string code{};
+    std::string text{};
+};
+
 /// A receipt.
 struct Receipt
 {
@@ -55,8 +62,9 @@ struct Receipt
     std::size_t found = 0; ///< marks in the outputs
     Json accounting{};
     Json findings{};
-    double began = 0;   ///< seconds since 1970
-    double seconds = 0; ///< that the run took
+    std::vector<ReceiptError> errors{}; ///< those of the findings
+    double began = 0;                   ///< seconds since 1970
+    double seconds = 0;                 ///< that the run took
 };
 
 /// What came of a run of a task.
@@ -92,7 +100,7 @@ bool hasEndedWell(const Receipt& receipt);
 bool isGoodButFor(const Receipt& receipt, const std::set<FindingCode>& allowed);
 
 /// The first errors of a receipt that have none of the codes, in sentences with their codes.
-std::vector<std::string> firstErrorsBut(const std::set<FindingCode>& allowed, const Json& findings);
+std::vector<std::string> firstErrorsBut(const std::set<FindingCode>& allowed, const Receipt& receipt);
 
 /// Why the task of a receipt is to be run again; empty where it ended well and all stands as the receipt
 /// says.
