@@ -5,8 +5,10 @@
 #include <cstring>
 #include <iostream>
 #include <string>
-#include <unistd.h>
 #include <vector>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -18,10 +20,22 @@ bool showsColor()
     return isatty(STDOUT_FILENO) == 1 && !isDumb && (noColor == nullptr || *noColor == 0);
 }
 
+// A file that is opened must not take the place of a standard stream that the caller has closed: what is
+// printed would go into it. Writing to what stands there fails as it does to a closed one.
+void fillClosedStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(stream, F_GETFD) < 0) {
+            open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+        }
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    fillClosedStreams();
     std::ios::sync_with_stdio(false);
     companion::Console console{std::cout, std::cerr};
     console.look.color = showsColor();

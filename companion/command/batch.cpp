@@ -1,4 +1,5 @@
 #include "command/batch_run.h"
+#include "command/finding_codes.h"
 #include "command/several_runs.h"
 #include "command/subcommands.h"
 #include "out/finding_json.h"
@@ -35,7 +36,8 @@ constexpr OptionRow options[] = {
     {"forget", 0, "TASK", "take a task out of the plan, by its number or name; its outputs stay"},
     timeLimitRow,
     memoryLimitRow,
-    allowRow,
+    {"allow", 0, "CODES",
+     "run in spite of findings of these codes, with commas between; as errors they leave a task good"},
     anywayRow,
     verifyRow,
     toolRow,
@@ -130,6 +132,7 @@ BatchSettings settingsOfSummary(const Arguments& arguments)
     BatchSettings settings;
     const std::string tool = toolPath(arguments.value("vomar"));
     settings.run.tool = tool.empty() ? "" : fs::absolute(tool).lexically_normal().string();
+    settings.run.allowed = findingCodes(arguments, "allow");
     settings.part = partOf(arguments);
     settings.byContent = arguments.has("by-content");
     return settings;
@@ -206,15 +209,15 @@ int makeAndRun(const Arguments& arguments, const Console& console)
     if (!arguments.has("only-make")) {
         settingsOf(arguments); // what is wrong with them is told before anything is made
     }
-    makeBatchFolder(folder);
-    const ByteLocks locks(folder.lock());
-    const MadeBatch made = makeBatch(folder, order, locks);
+    const MadeBatch made = makeBatch(folder, order);
     if (!console.look.json) {
         showFindings(made.findings, console);
     }
-    return made.isRefused || arguments.has("only-make")
-               ? showMade(folder, made, console)
-               : runAll(folder, made.plan, locks, arguments, console);
+    if (made.isRefused || arguments.has("only-make")) {
+        return showMade(folder, made, console);
+    }
+    const ByteLocks locks(folder.lock());
+    return runAll(folder, made.plan, locks, arguments, console);
 }
 
 void showForgotten(const BatchFolder& folder, std::size_t count, const Console& console)

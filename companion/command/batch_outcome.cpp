@@ -60,6 +60,15 @@ void showWhatIsKnown(const Console& console, const BatchOutcome& outcome)
     }
 }
 
+// In one line, with the receipt where that says more.
+std::string whyNotGood(const BatchOutcome& outcome)
+{
+    if (outcome.errors.empty()) {
+        return printable(outcome.reason.empty() ? marksText(outcome) : outcome.reason);
+    }
+    return outcome.errors.front() + (outcome.receipt.empty() ? "" : " (" + printable(outcome.receipt) + ')');
+}
+
 Json elementOf(const BatchOutcome& outcome)
 {
     Json element = Json::object().set("number", outcome.task.number);
@@ -151,6 +160,7 @@ void BatchPresentation::add(const BatchOutcome& outcome)
     count(outcome);
     if (document) {
         document->element(elementOf(outcome));
+        log(outcome);
     } else {
         show(outcome);
     }
@@ -221,8 +231,21 @@ void BatchPresentation::show(const BatchOutcome& outcome) const
         for (const Finding& each : outcome.ran->evidence->findings) {
             showFinding(console, each);
         }
-    } else if (isShown && !(console.look.quiet && outcome.status != BatchStatus::failed)) {
+    } else if (isShown &&
+               !(console.look.quiet && outcome.status != BatchStatus::failed && outcome.errors.empty()))
+    {
         showWhatIsKnown(console, outcome);
+    }
+}
+
+// A document may be thrown away where the status is not 0: a log has what the matter was.
+void BatchPresentation::log(const BatchOutcome& outcome) const
+{
+    if (isKeptFrom(outcome.status)) {
+        showFinding({console.err, console.err, console.look}, keptFromFinding(outcome));
+    } else if (!isWell(outcome.status)) {
+        console.err << printable(outcome.path) << ": " << rowOf(outcome.status).word << ": "
+                    << whyNotGood(outcome) << '\n';
     }
 }
 

@@ -60,7 +60,7 @@ struct BatchOutcome
     std::string reason{};  ///< why it was left out, or is to be run
     Json findings = Json::list();
     const TaskOutcome* ran = nullptr;  ///< of a task that was run or refused in this call
-    std::vector<std::string> errors{}; ///< the sentences of a receipt's errors, with their codes
+    std::vector<std::string> errors{}; ///< the first of a receipt's errors that are not allowed
 };
 
 /// That a task has no input (V452), or is run elsewhere (V453).
@@ -91,6 +91,7 @@ private:
     Json totalsJson() const;
     int exitStatus() const;
     void show(const BatchOutcome& outcome) const;
+    void log(const BatchOutcome& outcome) const;
 
     const Console& console;
     std::optional<JsonDocument> document{};

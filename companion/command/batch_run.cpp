@@ -48,8 +48,15 @@ struct KeptTask
     std::size_t read = 0;                 // marks of the receipt
     std::size_t found = 0;
     bool hasReceipt = false;
-    Json findings = Json::list(); // of a run that was not good
+    Json findings = Json::list();      // of a run that had errors
+    std::vector<std::string> errors{}; // the first of them that are not allowed
 };
+
+// What a task has come to whose receipt stands.
+BatchStatus statusWhereAllStands(const Receipt& receipt, const BatchSettings& settings)
+{
+    return isGoodButFor(receipt, settings.run.allowed) ? BatchStatus::upToDate : BatchStatus::findings;
+}
 
 // Keeps the locks and receipts of the tasks of a batch.
 class BatchKeeper : public TaskKeeper
@@ -75,18 +82,17 @@ public:
         return "";
     }
 
-    void ended(std::size_t place, const TaskOutcome& outcome) override
+    RunStatus ended(std::size_t place, const TaskOutcome& outcome) override
     {
         const BatchTask& task = *tasks[place];
         const TaskEvidence* const evidence = outcome.evidence ? &*outcome.evidence : nullptr;
-        Receipt receipt = receiptOf({task, *outcome.task, evidence, statusWord(outcome.status)},
-                                    folder.task(task), comparison.tool);
+        const Receipt receipt = receiptOf({task, *outcome.task, evidence, statusWord(outcome.status)},
+                                          folder.task(task), comparison.tool);
         writeReceipt(folder, receipt);
         kept[place].hasReceipt = true;
-        if (outcome.status != RunStatus::good) {
-            kept[place].findings = std::move(receipt.findings);
-        }
+        keepFindings(kept[place], receipt);
         locks.leave(task.number);
+        return isGoodButFor(receipt, settings.run.allowed) ? RunStatus::good : outcome.status;
     }
 
     // What the task at a place came to. Its outcome must outlive what is given.
@@ -96,11 +102,13 @@ public:
         const KeptTask& own = kept[place];
         BatchOutcome outcome{task, folder.task(task), own.why};
         outcome.receipt = own.hasReceipt ? folder.receipt(task.number) : "";
+        outcome.findings = own.findings;
+        outcome.errors = own.errors;
         if (own.why != BatchStatus::toRun) {
             outcome.read = own.read;
             outcome.found = own.found;
         } else {
-            addRun(outcome, ran, own);
+            addRun(outcome, ran);
         }
         return outcome;
     }
@@ -119,44 +127,55 @@ private:
     BatchStatus whyNotRun(std::size_t place)
     {
         const BatchTask& task = *tasks[place];
-        const bool isDone = isUpToDate(place);
+        const BatchStatus known = statusByReceipt(place);
         if (!hasInputs(task)) {
             return BatchStatus::gone;
         }
-        if (isDone) {
-            return BatchStatus::upToDate;
+        if (known != BatchStatus::toRun) {
+            return known;
         }
         if (!locks.take(task.number)) {
             return BatchStatus::elsewhere;
         }
-        if (isUpToDate(place)) { // by another call, until a moment ago
+        const BatchStatus now = statusByReceipt(place); // another call may have run it until a moment ago
+        if (now != BatchStatus::toRun) {
             locks.leave(task.number);
-            return BatchStatus::upToDate;
         }
-        return BatchStatus::toRun;
+        return now;
     }
 
-    static void addRun(BatchOutcome& outcome, const TaskOutcome& ran, const KeptTask& own)
+    static void addRun(BatchOutcome& outcome, const TaskOutcome& ran)
     {
         outcome.status = batchStatus(statusWord(ran.status));
         outcome.reason = ran.reason;
         if (ran.status != RunStatus::leftOut) {
             outcome.ran = &ran;
-            outcome.findings = own.findings;
             outcome.read = ran.task->plan.account.read;
             outcome.found = ran.evidence ? ran.evidence->foundMarks() : 0;
         }
     }
 
-    // By its receipt, which is read in any case: for its marks.
-    bool isUpToDate(std::size_t place)
+    // The receipt is read in any case: for its marks.
+    BatchStatus statusByReceipt(std::size_t place)
     {
         const BatchTask& task = *tasks[place];
         const auto receipt = readReceipt(folder, task.number);
         kept[place].hasReceipt = receipt.has_value();
         kept[place].read = receipt ? receipt->read : 0;
         kept[place].found = receipt ? receipt->found : 0;
-        return !settings.again && receipt && whyStale(*receipt, folder.task(task), comparison).empty();
+        if (settings.again || !receipt || !whyStale(*receipt, folder.task(task), comparison).empty()) {
+            return BatchStatus::toRun;
+        }
+        keepFindings(kept[place], *receipt);
+        return statusWhereAllStands(*receipt, settings);
+    }
+
+    void keepFindings(KeptTask& own, const Receipt& receipt) const
+    {
+        if (receipt.status != "good") {
+            own.findings = receipt.findings;
+            own.errors = firstErrorsBut(settings.run.allowed, receipt);
+        }
     }
 
     const BatchFolder& folder;
@@ -182,30 +201,24 @@ void removeUnfinishedReceipts(const BatchFolder& folder, const ByteLocks& locks)
     }
 }
 
-// The first errors of a receipt.
-std::vector<std::string> errorsOf(const Json& findings)
+void addMarks(BatchOutcome& outcome, const Receipt& receipt)
 {
-    constexpr std::size_t most = 3;
-    std::vector<std::string> errors;
-    const ReadJson read(findings.text());
-    for (std::size_t i = 0; i < read.root().size() && errors.size() < most; ++i) {
-        const JsonView each = read.root()[i];
-        if (each["severity"].text() == "error") {
-            errors.push_back(printable(each["text"].text()) + " [" + each["code"].text() + ']');
-        }
-    }
-    return errors;
+    outcome.read = receipt.read;
+    outcome.found = receipt.found;
 }
 
-void addStatus(BatchOutcome& outcome, const Receipt& receipt, const ReceiptComparison& comparison)
+void addStatus(BatchOutcome& outcome, const Receipt& receipt, const BatchSettings& settings,
+               const ReceiptComparison& comparison)
 {
-    if (receipt.status == "good") {
+    outcome.status = batchStatus(receipt.status);
+    if (hasEndedWell(receipt)) {
         outcome.reason = whyStale(receipt, outcome.path, comparison);
-        outcome.status = outcome.reason.empty() ? BatchStatus::upToDate : BatchStatus::toRun;
-    } else {
-        outcome.status = batchStatus(receipt.status);
+        outcome.status =
+            outcome.reason.empty() ? statusWhereAllStands(receipt, settings) : BatchStatus::toRun;
+    }
+    if (receipt.status != "good" && outcome.status != BatchStatus::toRun) {
         outcome.findings = receipt.findings;
-        outcome.errors = errorsOf(receipt.findings);
+        outcome.errors = firstErrorsBut(settings.run.allowed, receipt);
     }
 }
 
@@ -239,19 +252,18 @@ std::string BatchPart::text() const
 }
 
 BatchOutcome outcomeByReceipt(const BatchFolder& folder, const BatchTask& task,
-                              const ReceiptComparison& comparison)
+                              const ReceiptComparison& comparison, const BatchSettings& settings)
 {
     BatchOutcome outcome{task, folder.task(task), BatchStatus::toRun};
     const auto receipt = readReceipt(folder, task.number);
     if (receipt) {
         outcome.receipt = folder.receipt(task.number);
-        outcome.read = receipt->read;
-        outcome.found = receipt->found;
+        addMarks(outcome, *receipt);
     }
     if (!hasInputs(task)) {
         outcome.status = BatchStatus::gone;
     } else if (receipt) {
-        addStatus(outcome, *receipt, comparison);
+        addStatus(outcome, *receipt, settings, comparison);
     } else {
         outcome.reason = "it was not run yet";
     }
@@ -278,7 +290,7 @@ int showBatch(const BatchFolder& folder, const BatchPlan& plan, const BatchSetti
     BatchPresentation presentation(console, folder, settings.part.text());
     const ReceiptComparison comparison = comparisonOf(settings);
     for (const BatchTask* const task : tasksOf(plan, settings.part)) {
-        const BatchOutcome outcome = outcomeByReceipt(folder, *task, comparison);
+        const BatchOutcome outcome = outcomeByReceipt(folder, *task, comparison, settings);
         if (!onlyFailed || hasFailed(outcome.status)) {
             presentation.add(outcome);
         }

@@ -41,9 +41,10 @@ struct BatchSettings
 int runBatch(const BatchFolder& folder, const BatchPlan& plan, const ByteLocks& locks,
              const BatchSettings& settings, const Console& console);
 
-/// What a task of a batch has come to by its receipt and the states of its files.
+/// What a task of a batch has come to by its receipt and the states of its files. Of the settings the allowed
+/// findings count.
 BatchOutcome outcomeByReceipt(const BatchFolder& folder, const BatchTask& task,
-                              const ReceiptComparison& comparison);
+                              const ReceiptComparison& comparison, const BatchSettings& settings = {});
 
 /// Shows what the tasks of a batch have come to by their receipts, or those alone that have failed; gives the
 /// exit status. The tool may have no path where there is none.

@@ -7,6 +7,8 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <map>
 #include <ostream>
 
@@ -240,6 +242,21 @@ int dispatched(std::vector<std::string> call, const Console& console)
     return name == "help" ? runHelp(call, console) : runSubcommand(subcommandOf(name), call, console);
 }
 
+// Whoever reads the output must not take a part of it for the whole. The failure may be long ago, and its
+// reason be lost: a byte more, which an output that has lost others cannot harm, fails for the same one.
+void mustBeWritten(std::ostream& out)
+{
+    out.flush();
+    if (out) {
+        return;
+    }
+    out.clear();
+    errno = 0;
+    out.put('\n').flush();
+    const int reason = errno == 0 ? EIO : errno;
+    throw WrongUsage{finding("V003", {{"file", "standard output"}, {"what", std::strerror(reason)}})};
+}
+
 } // namespace
 
 bool Arguments::has(std::string_view option) const
@@ -294,7 +311,9 @@ int exitStatus(const FindingTotals& totals, bool strict)
 int runCommand(const std::vector<std::string>& arguments, const Console& console)
 {
     try {
-        return dispatched(arguments, console);
+        const int status = dispatched(arguments, console);
+        mustBeWritten(console.out);
+        return status;
     } catch (const WrongUsage& usage) {
         console.err << "tavelin: " << printable(usage.why.text) << " [" << usage.why.code.text() << "]\n";
         return 2;

@@ -10,6 +10,7 @@
 #include "task/format_suffixes.h"
 #include "task/key_table.h"
 #include "task/path_checks.h"
+#include "task/task_checks.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -85,7 +86,7 @@ void mustBeReadable(const std::string& word)
     }
     const std::vector<std::string> readable = inputWords();
     if (std::find(readable.begin(), readable.end(), word) == readable.end()) {
-        throw WrongUsage{finding("V041", {{"word", word}})};
+        throw WrongUsage{writtenOnly(word)};
     }
 }
 

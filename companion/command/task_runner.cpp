@@ -251,12 +251,12 @@ private:
     void settle(std::size_t number, TaskOutcome outcome)
     {
         ++settled;
+        if (keeper != nullptr && outcome.status != RunStatus::leftOut) {
+            outcome.status = keeper->ended(number, outcome);
+        }
         const bool isGood = outcome.status == RunStatus::good || outcome.status == RunStatus::leftOut;
         failures += isGood ? 0 : 1;
         addToLog(number, outcome);
-        if (keeper != nullptr && outcome.status != RunStatus::leftOut) {
-            keeper->ended(number, outcome);
-        }
         waiting.emplace(number, std::move(outcome));
         for (auto first = waiting.begin(); first != waiting.end() && first->first == handedOut;
              first = waiting.begin())

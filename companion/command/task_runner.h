@@ -53,8 +53,9 @@ public:
     /// again of a task that has to wait for another.
     virtual std::string reasonToLeaveOut(std::size_t place) = 0;
 
-    /// As soon as a task has ended or was refused, also while others before it still run.
-    virtual void ended(std::size_t place, const TaskOutcome& outcome) = 0;
+    /// As soon as a task has ended or was refused, also while others before it still run. Gives the status by
+    /// which it counts.
+    virtual RunStatus ended(std::size_t place, const TaskOutcome& outcome) = 0;
 };
 
 /// Runs tasks.

@@ -105,7 +105,7 @@ complete -c tavelin -n '__fish_seen_subcommand_from batch' -l failed -d 'run not
 complete -c tavelin -n '__fish_seen_subcommand_from batch' -l forget -x -d 'take a task out of the plan, by its number or name; its outputs stay'
 complete -c tavelin -n '__fish_seen_subcommand_from batch' -l time-limit -x -d 'end each run after this time: 90s, 10m, 2h; default 1h'
 complete -c tavelin -n '__fish_seen_subcommand_from batch' -l memory-limit -x -d 'memory of each run: 500M, 2G; default none'
-complete -c tavelin -n '__fish_seen_subcommand_from batch' -l allow -x -d 'run a task in spite of findings of these codes, with commas between'
+complete -c tavelin -n '__fish_seen_subcommand_from batch' -l allow -x -d 'run in spite of findings of these codes, with commas between; as errors they leave a task good'
 complete -c tavelin -n '__fish_seen_subcommand_from batch' -l anyway -d 'run a task whatever the check finds; one that never ends needs --time-limit too'
 complete -c tavelin -n '__fish_seen_subcommand_from batch' -l verify -x -a 'count full none' -d 'the files: count their marks, compare each, or neither; default count'
 complete -c tavelin -n '__fish_seen_subcommand_from batch' -l vomar -r -F -d 'the tool; default: beside this program, then in the search path'

@@ -116,10 +116,10 @@ constexpr FindingRow rows[] = {
      "With an unknown input word the run ends with code -1. With an unknown output word it says code 0 and "
      "writes no file.",
      "Take one of the format words exactly as docs/task_file.md gives them, in small letters."},
-    {"V041", Severity::error, true, "c", "the format \"{word}\" can be written but not read",
+    {"V041", Severity::error, true, "c",
+     "the format \"{word}\" can be written but not read{hint}",
      "The input is not opened, so there are no tracks: code 0 and no file, or code -1 with autoname.",
-     "Convert from the file that this one was made from; tavelin ready reads such files too, and makes "
-     "copies that receivers take."},
+     "Convert from the file that this one was made from, or make a copy for a receiver by tavelin ready."},
     {"V042", Severity::error, true, "c", "\"vomar\" is a word for inputformat, not for outputformat",
      "The run says code 0 and writes no file.", "Give outputformat the format that is wanted, such as tdm."},
     {"V043", Severity::warning, false, "c", "outputextension \"{extension}\" does not begin with a point",

@@ -37,6 +37,10 @@ WrongUsage unreadable(const std::string& path, int error)
 std::string bytesOfFile(const std::string& path)
 {
     tavelinUtils::FileBytes file;
+    std::error_code ignored;
+    if (fs::is_directory(path, ignored)) {
+        throw WrongUsage{finding("V003", {{"file", path}, {"what", "is a folder"}})};
+    }
     if (!tavelinUtils::readBytes(path, file)) {
         throw unreadable(path, errno);
     }
@@ -52,10 +56,62 @@ void makeFolder(const std::string& path)
     }
 }
 
-// The present folder, seen from another one.
+// The present folder, seen from another one, which need not be there.
 std::string presentSeenFrom(const std::string& folder)
 {
-    return fs::relative(fs::current_path(), fs::canonical(folder)).string();
+    return fs::relative(fs::current_path(), fs::weakly_canonical(fs::absolute(folder))).string();
+}
+
+// Folders that are made as they are wanted, and go again with the object unless they are to stay. One that
+// somebody has put something into stays in any case.
+class NewFolders
+{
+public:
+    NewFolders() = default;
+    ~NewFolders()
+    {
+        std::for_each(made.rbegin(), made.rend(), [](const fs::path& path) {
+            std::error_code ignored;
+            fs::remove(path, ignored);
+        });
+    }
+    NewFolders(const NewFolders&) = delete;
+    NewFolders& operator=(const NewFolders&) = delete;
+
+    // With those above them. Where that fails, the check of what is written there says so.
+    void make(const std::vector<std::string>& paths)
+    {
+        std::error_code ignored;
+        for (const std::string& path : paths) {
+            fs::path folder;
+            for (const fs::path& part : fs::path(path)) {
+                folder /= part;
+                if (fs::create_directory(folder, ignored)) {
+                    made.push_back(folder);
+                }
+            }
+        }
+    }
+
+    void stay()
+    {
+        made.clear();
+    }
+
+private:
+    std::vector<fs::path> made{};
+};
+
+// The folders that a task writes into, as far as it names them.
+std::vector<std::string> foldersOf(const BatchTask& task)
+{
+    std::vector<std::string> folders;
+    for (const std::string& path : {task.folder, fs::path(task.result).parent_path().string()}) {
+        if (!path.empty()) {
+            folders.push_back(path);
+        }
+    }
+    return folders;
 }
 
 // All that was written to a file system is on its disk.
@@ -123,9 +179,14 @@ public:
         }
     }
 
-    MadeBatch run()
+    // All but the writing, by the plan that is there. False where that is refused.
+    bool prepare()
     {
-        gatherFiles();
+        made = {};
+        tasks.clear();
+        before.clear();
+        hasOldPlan = fileState(folder.plan()).exists;
+        isPrepared = true;
         readOldPlan();
         makeTasks();
         if (!hasErrors()) {
@@ -134,13 +195,25 @@ public:
         }
         made.isRefused = hasErrors();
         fillPlan();
-        if (!made.isRefused) {
-            write();
+        return !made.isRefused;
+    }
+
+    // Under the lock of the plan, which another call may have written since.
+    MadeBatch write()
+    {
+        const bool stands = isPrepared && !hasOldPlan && !fileState(folder.plan()).exists;
+        if (stands || prepare()) {
+            writeFiles();
+            folders.stay();
         }
         return std::move(made);
     }
 
-private:
+    MadeBatch refused()
+    {
+        return std::move(made);
+    }
+
     void gatherFiles()
     {
         std::vector<Pattern> patterns(order.patterns.begin(), order.patterns.end());
@@ -157,6 +230,7 @@ private:
         }
     }
 
+private:
     WrongUsage unknownGroup(const ArchiveFile& file) const
     {
         std::vector<std::string> known;
@@ -185,7 +259,7 @@ private:
     void readOldPlan()
     {
         made.plan.folder = here;
-        if (!fileState(folder.plan()).exists) {
+        if (!hasOldPlan) {
             return;
         }
         BatchPlan old = readPlan(folder);
@@ -275,7 +349,7 @@ private:
     }
 
     // What a task says of its outputs by itself.
-    void foresee(MadeTask& ofTask) const
+    void foresee(MadeTask& ofTask)
     {
         BatchTask& task = ofTask.task;
         const TaskDocument document = taskDocumentOf(ofTask.bytes, folder.task(task));
@@ -287,7 +361,7 @@ private:
         tavelinUtils::TConvMea read = taskOf(document);
         task.folder = read.out_dir;
         task.result = read.path_res;
-        makeOutputFolders(task);
+        folders.make(foldersOf(task));
         read.out_dir = outputFolder(read);
         if (!isReport(read) && !read.autoname) {
             task.outputs = outputsOf(document, read, nullptr).files;
@@ -344,7 +418,7 @@ private:
         }
     }
 
-    void write() const
+    void writeFiles() const
     {
         bool hasWritten = false;
         for (const MadeTask& each : tasks) {
@@ -372,9 +446,12 @@ private:
     TaskTemplate taskTemplate;
     std::string here;
     std::map<std::string, std::vector<ArchiveFile>> groups{};
+    bool isPrepared = false;
+    bool hasOldPlan = false;
     std::map<std::string, BatchTask> before{}; // tasks of the old plan, by their files or groups
     std::vector<MadeTask> tasks{};
     MadeBatch made{};
+    NewFolders folders{}; // of outputs: names of files depend on whether they are there
 };
 
 // The number that a word begins with, of a task's name or path; 0 for none.
@@ -403,28 +480,27 @@ std::vector<BatchTask> lockedTasks(const BatchPlan& plan, const std::vector<std:
 
 } // namespace
 
-void makeBatchFolder(const BatchFolder& folder)
+MadeBatch makeBatch(const BatchFolder& folder, const BatchOrder& order)
 {
+    Making making(folder, order);
+    making.gatherFiles();
+    if (!fileState(folder.plan()).exists && !making.prepare()) {
+        return making.refused();
+    }
     makeFolder(folder.tasks());
     makeFolder(folder.receipts());
-}
-
-MadeBatch makeBatch(const BatchFolder& folder, const BatchOrder& order, const ByteLocks& locks)
-{
+    const ByteLocks locks(folder.lock());
     const PlanLock lock(locks);
     removeUnfinished(folder.path());
     removeUnfinished(folder.tasks());
-    return Making(folder, order).run();
+    return making.write();
 }
 
 void makeOutputFolders(const BatchTask& task)
 {
     std::error_code ignored;
-    const std::string ofResult = fs::path(task.result).parent_path();
-    for (const std::string& path : {task.folder, ofResult}) {
-        if (!path.empty()) {
-            fs::create_directories(path, ignored);
-        }
+    for (const std::string& path : foldersOf(task)) {
+        fs::create_directories(path, ignored);
     }
 }
 

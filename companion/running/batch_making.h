@@ -32,13 +32,11 @@ struct MadeBatch
     bool isRefused = false;          ///< for an error: nothing was written
 };
 
-/// Makes the folder of a batch, where it is missing. Throws WrongUsage (V003) where that fails.
-void makeBatchFolder(const BatchFolder& folder);
-
-/// Makes the plan, the tasks and the folders of their outputs and results, or brings them up to date. Throws
-/// WrongUsage for a template or a pattern that is wrong (V001 to V003, V450), and for a folder with a plan of
-/// another kind (V454).
-MadeBatch makeBatch(const BatchFolder& folder, const BatchOrder& order, const ByteLocks& locks);
+/// Makes the folder of a batch with the plan and the tasks, and the folders of their outputs and results, or
+/// brings them up to date. Throws WrongUsage for a template or a pattern that is wrong (V001 to V003, V450),
+/// for a folder that cannot be made (V003) and for one with a plan of another kind (V454). Where it throws
+/// and where the plan is refused, nothing that is new is left. No locks of the folder may be held.
+MadeBatch makeBatch(const BatchFolder& folder, const BatchOrder& order);
 
 /// Makes the folders of the outputs and the result of a task, where they are missing. Where that fails, the
 /// check of the task says so.

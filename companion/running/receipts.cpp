@@ -3,6 +3,7 @@
 #include "base/bytes.h"
 #include "out/finding_json.h"
 #include "out/safe_file.h"
+#include "out/text.h"
 #include "running/content_hash.h"
 #include "task/checked_task_json.h"
 #include "task/configuration_checks.h"
@@ -14,6 +15,7 @@ namespace companion {
 namespace {
 
 constexpr const char* receiptSchema = "tavelin.receipt/1";
+constexpr const char* disagreement = "V490";
 
 Json recordJson(const FileRecord& record)
 {
@@ -73,6 +75,7 @@ std::string receiptText(const Receipt& receipt)
         .set("task", taskJson(receipt))
         .set("work", receipt.isReport ? "report" : "conversion")
         .set("status", receipt.status)
+        .set("code", receipt.code ? Json(*receipt.code) : Json())
         .set("tool", recordJson(receipt.tool))
         .set("inputs", recordsJson(receipt.inputs))
         .set("configurations", recordsJson(receipt.configurations));
@@ -110,6 +113,35 @@ std::vector<OutputRecord> outputsIn(const JsonView& list)
     return outputs;
 }
 
+std::optional<int> codeIn(const JsonView& number)
+{
+    constexpr int none = -1;
+    const auto code = static_cast<int>(number.integer(none));
+    return code == none ? std::nullopt : std::optional(code);
+}
+
+std::vector<ReceiptError> errorsIn(const JsonView& findings)
+{
+    std::vector<ReceiptError> errors;
+    for (std::size_t i = 0; i < findings.size(); ++i) {
+        const JsonView each = findings[i];
+        if (each["severity"].text() == "error") {
+            errors.push_back({each["code"].text(), each["text"].text()});
+        }
+    }
+    return errors;
+}
+
+void readWhatCame(Receipt& receipt, const JsonView& root)
+{
+    receipt.outputs = outputsIn(root["outputs"]);
+    receipt.result = bytesMember(root["result"], "path");
+    receipt.read = countIn(root["marks"]["read"]);
+    receipt.found = countIn(root["marks"]["found"]);
+    receipt.findings = root["findings"].value();
+    receipt.errors = errorsIn(root["findings"]);
+}
+
 Receipt receiptIn(const JsonView& root)
 {
     Receipt receipt;
@@ -118,14 +150,11 @@ Receipt receiptIn(const JsonView& root)
     receipt.taskHash = root["task"]["hash"].text();
     receipt.isReport = root["work"].text() == "report";
     receipt.status = root["status"].text();
+    receipt.code = codeIn(root["code"]);
     receipt.tool = recordIn(root["tool"]);
     receipt.inputs = recordsIn(root["inputs"]);
     receipt.configurations = recordsIn(root["configurations"]);
-    receipt.outputs = outputsIn(root["outputs"]);
-    receipt.result = bytesMember(root["result"], "path");
-    receipt.read = countIn(root["marks"]["read"]);
-    receipt.found = countIn(root["marks"]["found"]);
-    receipt.findings = root["findings"].value();
+    readWhatCame(receipt, root);
     return receipt;
 }
 
@@ -229,6 +258,13 @@ bool isSameTool(const FileRecord& before, const ReceiptComparison& comparison)
                                  : before.stamp == comparison.tool.stamp);
 }
 
+// Where they do not, what is written may not be all.
+bool accountsAgree(const Receipt& receipt)
+{
+    return std::none_of(receipt.errors.begin(), receipt.errors.end(),
+                        [](const ReceiptError& each) { return each.code == disagreement; });
+}
+
 } // namespace
 
 FileRecord recordOf(FileStamp stamp)
@@ -244,12 +280,16 @@ Receipt receiptOf(const ReceiptOf& run, const std::string& path, const FileRecor
     receipt.task = run.task.name;
     receipt.taskHash = fileHash(path).value_or("");
     receipt.status = run.status;
+    if (run.checked.hasPlan) {
+        receipt.code = run.checked.plan.result.Code;
+    }
     receipt.tool = tool;
     receipt.isReport = run.checked.isReport;
     receipt.result = run.checked.task.path_res;
     receipt.read = run.checked.plan.account.read;
     receipt.accounting = run.checked.hasPlan ? accountingJson(run.checked) : Json();
     receipt.findings = findingsOf(run);
+    receipt.errors = errorsIn(ReadJson(receipt.findings.text()).root());
     if (run.evidence != nullptr) {
         addRun(receipt, run);
     }
@@ -277,9 +317,33 @@ std::optional<Receipt> readReceipt(const BatchFolder& folder, std::size_t number
     return receipt.number == number ? std::optional(std::move(receipt)) : std::nullopt;
 }
 
+bool hasEndedWell(const Receipt& receipt)
+{
+    return receipt.status == "good" ||
+           (receipt.status == "findings" && receipt.code == 0 && accountsAgree(receipt));
+}
+
+bool isGoodButFor(const Receipt& receipt, const std::set<FindingCode>& allowed)
+{
+    return receipt.status == "good" || (hasEndedWell(receipt) && firstErrorsBut(allowed, receipt).empty());
+}
+
+std::vector<std::string> firstErrorsBut(const std::set<FindingCode>& allowed, const Receipt& receipt)
+{
+    constexpr std::size_t most = 3;
+    std::vector<std::string> errors;
+    for (const ReceiptError& each : receipt.errors) {
+        const auto code = FindingCode::of(each.code);
+        if (errors.size() < most && !(code && allowed.contains(*code))) {
+            errors.push_back(printable(each.text) + " [" + each.code + ']');
+        }
+    }
+    return errors;
+}
+
 std::string whyStale(const Receipt& receipt, const std::string& path, const ReceiptComparison& comparison)
 {
-    if (receipt.status != "good") {
+    if (!hasEndedWell(receipt)) {
         return "it did not end well";
     }
     if (fileHash(path) != receipt.taskHash) {

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,14 +37,22 @@ struct OutputRecord
     std::size_t marks = 0;
 };
 
+/// An error among the findings of a receipt.
+struct ReceiptError
+{
+    std::string code{};
+    std::string text{};
+};
+
 /// A receipt.
 struct Receipt
 {
     std::size_t number = 0;
-    std::string task{};     ///< the name of its file
-    std::string taskHash{}; ///< of its bytes
-    bool isReport = false;  ///< and not a conversion
-    std::string status{};   ///< a word of a run's statuses: "good"
+    std::string task{};        ///< the name of its file
+    std::string taskHash{};    ///< of its bytes
+    bool isReport = false;     ///< and not a conversion
+    std::string status{};      ///< a word of a run's statuses: "good"
+    std::optional<int> code{}; ///< of the result, as planned; nothing where there was no plan
     FileRecord tool{};
     std::vector<FileRecord> inputs{};
     std::vector<FileRecord> configurations{}; ///< of the series
@@ -53,8 +62,9 @@ struct Receipt
     std::size_t found = 0; ///< marks in the outputs
     Json accounting{};
     Json findings{};
-    double began = 0;   ///< seconds since 1970
-    double seconds = 0; ///< that the run took
+    std::vector<ReceiptError> errors{}; ///< those of the findings
+    double began = 0;                   ///< seconds since 1970
+    double seconds = 0;                 ///< that the run took
 };
 
 /// What came of a run of a task.
@@ -82,7 +92,18 @@ struct ReceiptComparison
     bool byContent = false; ///< by the hash of their bytes, and not by size and time
 };
 
-/// Why the task of a receipt is to be run again; empty where it is good and all stands as the receipt says.
+/// Whether the run of a receipt ended well: all is written as planned, though the check may have found
+/// errors.
+bool hasEndedWell(const Receipt& receipt);
+
+/// Whether a run ended well, and all errors that the check had found have one of the codes.
+bool isGoodButFor(const Receipt& receipt, const std::set<FindingCode>& allowed);
+
+/// The first errors of a receipt that have none of the codes, in sentences with their codes.
+std::vector<std::string> firstErrorsBut(const std::set<FindingCode>& allowed, const Receipt& receipt);
+
+/// Why the task of a receipt is to be run again; empty where it ended well and all stands as the receipt
+/// says.
 std::string whyStale(const Receipt& receipt, const std::string& path, const ReceiptComparison& comparison);
 
 } // namespace companion

@@ -6,6 +6,7 @@
 #include "format_words.h"
 #include "out/characters.h"
 #include "out/text.h"
+#include "reading/brightness_reading.h"
 #include "report_divisions.h"
 #include "task/key_table.h"
 
@@ -269,7 +270,7 @@ void findInputWord(Report& report)
             "inputformat",
             finding("V040", {{"direction", "input"}, {"word", printable(word)}, {"question", question}}));
     } else if (row->read == nullptr) {
-        report.addAt("inputformat", finding("V041", {{"word", word}}));
+        report.addAt("inputformat", writtenOnly(word));
     }
 }
 
@@ -501,6 +502,12 @@ void findMissingObject(Report& report, const Plan* plan)
 bool isReport(const TConvMea& task)
 {
     return task.inputformat == "vomar";
+}
+
+Finding writtenOnly(const std::string& word)
+{
+    const char* const hint = isOfBrightness(word) ? "" : "; tavelin ready reads it";
+    return finding("V041", {{"word", word}, {"hint", hint}});
 }
 
 std::vector<Finding> taskFindings(const TaskDocument& document, const TConvMea& task)

@@ -13,6 +13,9 @@ namespace companion {
 /// Whether a task is a multi-series report; any other is a conversion.
 bool isReport(const tavelinUtils::TConvMea& task);
 
+/// That a format can be written but not read (V041), with what reads it nevertheless.
+Finding writtenOnly(const std::string& word);
+
 /// The findings of a task's keys and values: V020 to V029, V040 to V045, V231 to V233, V235 to V239, V242 and
 /// V252. The task is as it was read from the document. Nothing for a document that does not go on.
 std::vector<Finding> taskFindings(const TaskDocument& document, const tavelinUtils::TConvMea& task);

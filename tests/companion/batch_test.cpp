@@ -323,6 +323,168 @@ TEST(Batch, ConfigurationThatComesRunsAReportAgain)
     EXPECT_EQ(receipt(1).configurations.at(0).stamp.path, "s1/s1.conf");
 }
 
+TEST(Batch, NothingIsLeftWhereNothingWasMade)
+{
+    const Archive archive({"n1", "n2"});
+    const Names before = namesIn(".");
+    const auto made = [](const std::string& pattern, std::vector<std::string> options = {}) {
+        options.insert(options.begin(), {"batch", "t.xml", "--over", pattern, "--into", "new/work", "--vomar",
+                                         VOMAR_STAND_IN});
+        return callCommand(options);
+    };
+    EXPECT_EQ(made("none/{night}.mea").err,
+              "tavelin: the pattern \"none/{night}.mea\" matches nothing [V450]\n");
+    EXPECT_EQ(namesIn("."), before);
+    EXPECT_THAT(made("archive/{nite}/*.mea").err, HasSubstr("no field \"night\""));
+    EXPECT_EQ(namesIn("."), before);
+    EXPECT_THAT(made("archive/{night}/*.mea", {"--group=nite"}).err, EndsWith("[V001]\n"));
+    EXPECT_EQ(namesIn("."), before);
+    EXPECT_THAT(made("archive/{night}/*.mea", {"--set=unknown=x"}).err, EndsWith("[V002]\n"));
+    EXPECT_EQ(namesIn("."), before);
+    makeFile("t.xml", std::string(conversion).replace(std::string(conversion).find("{night}"), 7, "all"));
+    EXPECT_THAT(made("archive/{night}/*.mea").out, HasSubstr("[V050]"));
+    EXPECT_EQ(namesIn("."), before);
+}
+
+TEST(Batch, RefusedPlanLeavesTheOneBefore)
+{
+    const Archive archive({"n1"});
+    archive.make();
+    const Names before = namesIn("work/tasks");
+    const std::string plan = bytesOf("work/plan.json");
+    makeFile("t.xml", std::string(conversion).replace(std::string(conversion).find("{night}"), 7, "all"));
+    Archive::add("n2");
+    EXPECT_THAT(archive.make().out, HasSubstr("[V050]"));
+    EXPECT_EQ(namesIn("work/tasks"), before);
+    EXPECT_EQ(bytesOf("work/plan.json"), plan);
+    EXPECT_EQ(namesIn("reports"), Names{"n1"});
+}
+
+TEST(Batch, TemplateThatIsAFolderIsToldAsOne)
+{
+    const Archive archive({"n1"});
+    const CommandEnd end = callCommand({"batch", "archive", "--over", "x", "--into", "work"});
+    EXPECT_EQ(end.status, 2);
+    EXPECT_EQ(end.err, "tavelin: archive: is a folder [V003]\n");
+}
+
+// A name that stands where numbers of minor planets stand is an error of what is in the file.
+void writeReports()
+{
+    std::string text = conversion;
+    text.replace(text.find("<outputformat>mea"), 17, "<outputformat>mpc");
+    makeFile("t.xml", text);
+}
+
+TEST(Batch, TaskWithFindingsAloneIsNotRunAgain)
+{
+    const Archive archive({"n1"});
+    writeReports();
+    makeFile("tool", "#!/bin/sh\necho \"$1\" >>runs\nexec " + std::string(VOMAR_STAND_IN) + " \"$1\"\n");
+    fs::permissions("tool", fs::perms::owner_all);
+    EXPECT_EQ(archive.make({"--only-make"}).status, 0);
+    EXPECT_THAT(archive.run({}, "./tool").out, EndsWith("batch: 1 task: 1 with findings; 1 of 1 mark\n"));
+    const CommandEnd again = archive.run({}, "./tool");
+    EXPECT_EQ(again.status, 1);
+    EXPECT_THAT(again.out, EndsWith("batch: 1 task: 1 with findings; 1 of 1 mark\n"));
+    EXPECT_EQ(bytesOf("runs"), "work/tasks/000001_T9.xml\n");
+    archive.run({"--again"}, "./tool");
+    fs::remove("reports/n1/T9.txt");
+    EXPECT_THAT(archive.run({"--summary"}, "./tool").out,
+                HasSubstr("to run: an output is not as it was written"));
+    archive.run({}, "./tool");
+    const std::string runs = bytesOf("runs");
+    EXPECT_EQ(std::count(runs.begin(), runs.end(), '\n'), 3);
+}
+
+TEST(Batch, AllowedFindingsAreTakenOutOfTheStatusOfAnOlderReceipt)
+{
+    const Archive archive({"n1"});
+    writeReports();
+    const std::string codes = "--allow=V302,V311,V315,V319";
+    EXPECT_EQ(archive.make().status, 1);
+    const CommandEnd end = archive.run({codes});
+    EXPECT_EQ(end.status, 0) << end.out;
+    EXPECT_EQ(end.out, "batch: 1 task: 1 up to date; 1 of 1 mark\n");
+    EXPECT_EQ(archive.run({codes, "--summary"}).status, 0);
+    EXPECT_EQ(archive.run({codes, "--failed"}).out, "batch: 0 tasks; 0 of 0 marks\n");
+    EXPECT_EQ(archive.run({codes, "--again"}).out, "batch: 1 task: 1 good; 1 of 1 mark\n");
+    EXPECT_EQ(receipt(1).status, "findings");
+    EXPECT_EQ(archive.run().status, 1);
+}
+
+// What a run did wrong is no matter of the files.
+TEST(Batch, FailuresCannotBeAllowed)
+{
+    const Archive archive({"n1"});
+    fs::rename("archive/n1/T9.mea", "archive/n1/exits-1.mea");
+    EXPECT_EQ(archive.make({"--allow=V410,V415"}).status, 1);
+    EXPECT_THAT(archive.run({"--allow=V410,V415"}).out, HasSubstr("1 failed"));
+}
+
+TEST(Batch, DocumentGoesWithALineInTheLogForEachTaskThatIsNotGood)
+{
+    const Archive archive({"n1", "n2", "n3"});
+    fs::rename("archive/n2/T9.mea", "archive/n2/exits-1.mea");
+    archive.make({"--only-make"});
+    fs::remove("archive/n3/T9.mea");
+    const CommandEnd end = archive.run({"--json"});
+    EXPECT_THAT(end.out, StartsWith("{\"schema\":\"tavelin.batch/1\""));
+    EXPECT_EQ(end.err, "work/tasks/000002_exits-1.xml: failed: the run died with status 3; it said \"no more "
+                       "room\" [V410] (work/receipts/000002.json)\n"
+                       "work/tasks/000003_T9.xml: warning: the input of task 3 is gone [V452]\n");
+}
+
+// Both sides of a sum come from different ways. A command that counts a mark too many in one of them has no
+// task that is good, nor one that is done.
+TEST(Batch, AccountsThatDisagreeAreAnError)
+{
+    const Archive archive({"n1"});
+    archive.make({"--only-make"});
+    const std::string command = VOMAR_MISCOUNTING_COMMAND " batch work --allow V490 --vomar " VOMAR_STAND_IN;
+    for (int start = 0; start < 2; ++start) {
+        EXPECT_EQ(WEXITSTATUS(std::system((command + " >shown").c_str())), 1);
+        EXPECT_EQ(bytesOf("shown"),
+                  "work/tasks/000001_T9.xml: findings: 1 of 2 marks in 1 file; 2 errors, see "
+                  "tavelin check work/tasks/000001_T9.xml\n"
+                  "batch: 1 task: 1 with findings; 1 of 2 marks\n");
+    }
+    EXPECT_THAT(bytesOf("work/receipts/000001.json"), HasSubstr("\"code\":\"V490\""));
+    EXPECT_EQ(archive.run().out, "batch: 1 task: 1 good; 1 of 1 mark\n");
+}
+
+std::size_t linesOf(const std::string& path)
+{
+    const std::string bytes = bytesOf(path);
+    return static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n'));
+}
+
+// Real nights, by the tool itself: a mark is a line, behind a head of one line.
+TEST(Batch, SummaryHasTheMarksOfEachNight)
+{
+    const Archive archive({});
+    const fs::path nights = fs::path(VOMAR_PROJECT) / "tests/fixtures/mea_nights";
+    fs::create_directory("archive");
+    for (const char* name : {"073_20240120", "K88_20240120", "568_20080516", "F51_20121223"}) {
+        fs::create_directory(std::string("archive/") + name);
+        fs::copy_file(nights / (std::string(name) + ".mea"), std::string("archive/") + name + "/T9.mea");
+    }
+    archive.make({"--only-make"});
+    archive.run({}, builtTool());
+    const CommandEnd end = archive.run({"--summary", "--json"}, builtTool());
+    const companion::ReadJson json(end.out);
+    const companion::JsonView tasks = json.root()["tasks"];
+    ASSERT_EQ(tasks.size(), 4U);
+    std::size_t number = 0;
+    for (const std::string& name : namesIn("archive")) {
+        const auto read = static_cast<std::size_t>(tasks[number]["read"].integer());
+        EXPECT_EQ(read, linesOf("archive/" + name + "/T9.mea") - 1) << name;
+        EXPECT_EQ(tasks[number]["found"].integer(), tasks[number]["read"].integer()) << name;
+        EXPECT_EQ(linesOf("reports/" + name + "/T9.txt") - 1, read) << name;
+        ++number;
+    }
+}
+
 TEST(Batch, WrongCallsAreUsage)
 {
     const Archive archive({"n1"});

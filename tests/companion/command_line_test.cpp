@@ -1,6 +1,11 @@
 #include "companion/golden.h"
+#include "out/text.h"
+#include "running/content_hash.h"
+#include "support/places.h"
 
 #include <gmock/gmock.h>
+
+#include <filesystem>
 
 namespace {
 
@@ -26,6 +31,16 @@ TEST(CommandLine, HelpOfASubcommandLeadsWithItsExamples)
 TEST(CommandLine, VersionIsOneLine)
 {
     EXPECT_EQ(callCommand({"--version"}).out, "tavelin 0.2.0\n");
+}
+
+// As receipts have it: the tool prints none.
+TEST(CommandLine, VersionOfTheToolIsItsSizeAndHash)
+{
+    const std::string tool = builtTool();
+    const std::string hash = companion::fileHash(tool).value();
+    EXPECT_THAT(callCommand({"--version", "-v"}).out,
+                HasSubstr("vomar " + tool + ", " + companion::counted(std::filesystem::file_size(tool)) +
+                          " bytes, XXH3 " + hash + "\n"));
 }
 
 TEST(CommandLine, UnknownSubcommandNamesTheNearest)

@@ -28,7 +28,7 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::vector<std::string> ownFiles{"call", "prepare",  "sockets", "entries", "text",
-                                        "json", "messages", "status",  "left"};
+                                        "json", "messages", "status",  "left",    "tool"};
 
 std::string textOf(const fs::path& path)
 {
@@ -351,7 +351,8 @@ void expectGoldenRun(const std::string& name, const std::string& tool, const std
 {
     const fs::path source = folderOf(group) / name;
     const int status = exists(source / "status") ? std::stoi(textOf(source / "status")) : 0;
-    const Call call = callOf(source / "call").with("--vomar").with(tool);
+    const std::string own = exists(source / "tool") ? textOf(source / "tool") : tool;
+    const Call call = callOf(source / "call").with("--vomar").with(own);
     const auto runWith = [&](const Call& wanted) {
         const CaseFolder folder(source);
         return ended(wanted);

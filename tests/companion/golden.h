@@ -9,6 +9,7 @@
 //   json      what it prints with --json; left out where the subcommand is not asked for it
 //   messages  what it prints to standard error; nothing where the file is missing
 //   status    the exit status; 0 where the file is missing
+//   tool      the tool of a case of runs, instead of the one of its test
 //   left      of a subcommand that writes files: the paths that it makes, changes or removes
 
 #pragma once

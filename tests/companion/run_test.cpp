@@ -148,6 +148,18 @@ TEST(Run, MemoryLimitIsToldByItsCode)
 }
 #endif
 
+TEST(Run, AccountsThatDisagreeAreAnError)
+{
+    const Tasks tasks({"night"});
+    const std::string command =
+        VOMAR_MISCOUNTING_COMMAND " run night.xml -v --vomar " VOMAR_STAND_IN " >shown";
+    EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
+    const std::string shown = bytesOf("shown");
+    EXPECT_THAT(shown, HasSubstr("night.xml: error: the accounts do not agree: the marks of the readers, 1, "
+                                 "and of the plan, 2 [V490]\n"));
+    EXPECT_THAT(shown, HasSubstr("night.xml: findings: 1 of 2 marks in 1 file; 2 errors"));
+}
+
 TEST(Run, WrongValuesOfOptionsAreUsage)
 {
     const Tasks tasks({"night"});

@@ -144,3 +144,10 @@ TEST(TaskChecks, NothingIsSaidOfADocumentThatDoesNotGoOn)
         taskDocumentOf("<root><task><path_in>a</path_in></task></root>", "task.xml");
     EXPECT_TRUE(taskFindings(document, taskOf(document)).empty());
 }
+
+TEST(TaskChecks, FormatThatIsOnlyWrittenNamesReadyWhereThatReadsIt)
+{
+    EXPECT_EQ(companion::writtenOnly("tdm.xml").text,
+              "the format \"tdm.xml\" can be written but not read; tavelin ready reads it");
+    EXPECT_EQ(companion::writtenOnly("mag").text, "the format \"mag\" can be written but not read");
+}

@@ -12,6 +12,7 @@
 //   lines of <file>     its lines stand in the file of a copy of examples/ in which all its tasks were run
 //   file: <path>        the block is a file for the commands of its page
 //   prints              the program prints the lines that follow in the comment
+//   builds              its commands build the programs
 //   in: <folder>        where the commands are run, below a copy of the project
 //   <what it is>        for XML, which document: it is read by that one's reader
 

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""The files for Snakemake, and the one-line forms for GNU parallel and Slurm, with real engines and an archive of 102 nights.
+"""The files for Snakemake, and the one-line forms for GNU parallel and Slurm, with real engines and 102 real nights.
 
-workflow_test.py snakemake|slurm TAVELIN VOMAR WORKFLOW [full]: WORKFLOW is the folder of the Snakefile. Ends with 77 where
-an engine is not installed (scripts/install_dependencies --workflow). Slurm runs on one node, its daemons in the foreground
-with a configuration of the test's own; "full" also sends it an array with a job for each night."""
+workflow_test.py snakemake|slurm TAVELIN VOMAR WORKFLOW [full]: WORKFLOW is the folder of the Snakefile. The nights are
+those of tests/fixtures, of which half have findings. Ends with 77 where an engine is not installed
+(scripts/install_dependencies --workflow). Slurm runs on one node, its daemons in the foreground with a configuration of
+the test's own; "full" also sends it an array with a job for each night."""
 
 import contextlib
 import getpass
@@ -18,15 +19,18 @@ import sys
 import tempfile
 import time
 
-NIGHTS = 102
+FIXTURES = pathlib.Path(__file__).resolve().parents[2] / "fixtures/mea_nights"
+FILES = sorted(FIXTURES.glob("*.mea"))
+NIGHTS = len(FILES)
+MARKS = sum(len(path.read_text(encoding="ascii").splitlines()) - 1 for path in FILES)  # a line each, behind a head
 PARTS = 8
+ALLOWED = "--allow=V311,V313,V319"  # what stands in these nights
 TEMPLATE = """<task>
     <path_in>{path}</path_in>
     <out_dir>reports/{night}</out_dir>
-    <outputextension>.tdm</outputextension>
+    <outputextension>.mpc.txt</outputextension>
     <inputformat>mea</inputformat>
-    <outputformat>tdm</outputformat>
-    <originator>K88</originator>
+    <outputformat>mpc</outputformat>
     <REFERENCE_FRAME>ICRF</REFERENCE_FRAME>
     <PARTICIPANT_1>{scope}</PARTICIPANT_1>
     <autoname>false</autoname>
@@ -35,29 +39,22 @@ TEMPLATE = """<task>
 """
 
 
-def mark_count(night):
-    return 20 + night * 7 % 25
-
-
 class Archive:
     """102 nights in a folder, with a command and a tool of their own."""
 
     def __init__(self, folder, tavelin, vomar):
         self.folder = folder
         (folder / "t.xml").write_text(TEMPLATE, encoding="ascii")
-        for night in range(1, NIGHTS + 1):
-            path = self.night(night)
-            path.parent.mkdir(parents=True)
-            lines = ["K88 2000.0 UTC"]
-            for mark in range(mark_count(night)):
-                lines.append(f"K24B01X 200124 21{mark:02}000000 0746286600 +4523283000 001 18.00")
-            path.write_text("\n".join(lines) + "\n", encoding="ascii")
+        for number, path in enumerate(FILES, 1):
+            self.night(number).parent.mkdir(parents=True)
+            shutil.copy(path, self.night(number))
         # On demand slower than the tool, so that there is a time to kill it in.
         self.script("vomar", f'[ ! -e {folder}/slow ] || sleep 0.1\nexec {vomar} "$1"\n')
         self.script("tavelin", f'exec {tavelin} "$@" --vomar {folder}/vomar\n')
 
     def night(self, number):
-        return self.folder / f"archive/n{number:03}/K88_night.mea"
+        """In the order of bytes, so that its task has the same number."""
+        return self.folder / f"archive/n{number:03}" / FILES[number - 1].name
 
     def script(self, name, text):
         path = self.folder / name
@@ -92,9 +89,8 @@ class Archive:
         return json.loads((self.folder / f"work/workflow/{number}-of-{PARTS}.json").read_text())["totals"]
 
     def expect_whole(self):
-        marks = sum(mark_count(night) for night in range(1, NIGHTS + 1))
-        end = self.tavelin("work", "--summary")
-        expect(end.stdout == f"batch: {NIGHTS} tasks: {NIGHTS} up to date; {marks:,} of {marks:,} marks\n", end.stdout)
+        end = self.tavelin("work", "--summary", ALLOWED)
+        expect(end.stdout == f"batch: {NIGHTS} tasks: {NIGHTS} up to date; {MARKS:,} of {MARKS:,} marks\n", end.stdout)
 
 
 def expect(statement, text):
@@ -118,7 +114,7 @@ def need(*programs):
 
 def snakemake_call(workflow, profile):
     return ["snakemake", "-s", f"{workflow}/Snakefile", "--profile", f"{profile}", "--config", "work=work",
-            f"parts={PARTS}", "tavelin=./tavelin"]
+            f"parts={PARTS}", f"tavelin=./tavelin {ALLOWED}"]
 
 
 def kill_when(archive, call, receipts):
@@ -141,10 +137,22 @@ def kill_when(archive, call, receipts):
 def on_this_machine(archive, workflow):
     call = snakemake_call(workflow, workflow / "profiles/local")
     archive.make()
-    parallel = ["parallel", "-j2", "--joblog", "log", "--resume-failed", "./tavelin", "batch", "work", "--part",
-                f"{{}}/{PARTS}", ":::", *map(str, range(1, PARTS + 1))]
+    parallel = ["parallel", "-j2", "--joblog", "log", "--resume-failed", "./tavelin", "batch", "work", ALLOWED,
+                "--part", f"{{}}/{PARTS}", ":::", *map(str, range(1, PARTS + 1))]
     end = timed(f"GNU parallel, {PARTS} parts", archive.call, *parallel)
     expect(end.returncode == 0, end.stdout)
+    archive.expect_whole()
+
+    archive.make()
+    strict = [word.replace(f" {ALLOWED}", "") for word in call]
+    end = timed("Snakemake, findings are not allowed", archive.call, *strict)
+    expect(end.returncode == 1, end.stdout)
+    log = (archive.folder / f"work/workflow/1-of-{PARTS}.log").read_text()
+    expect(": findings: " in log and "[V311]" in log, log)
+    receipts = archive.receipts()
+    end = timed("Snakemake, the findings are allowed now", archive.call, *call)
+    expect(end.returncode == 0 and archive.receipts() == receipts, end.stdout)
+    expect(archive.part(1)["good"] == 0, archive.part(1))
     archive.expect_whole()
 
     archive.make()
@@ -244,7 +252,7 @@ def wait_for_node(state):
 
 def array(archive, parts):
     archive.make()
-    wrapped = f"{archive.folder}/tavelin batch {archive.folder}/work --part $SLURM_ARRAY_TASK_ID/{parts}"
+    wrapped = f"{archive.folder}/tavelin batch {archive.folder}/work {ALLOWED} --part $SLURM_ARRAY_TASK_ID/{parts}"
     timed(f"Slurm array, {parts} parts", sent_and_ended, archive, f"--array=1-{parts}", "--wrap", wrapped)
     archive.expect_whole()
 
