@@ -300,7 +300,21 @@ TEST_F(Profile, OneThatIsNoneIsRefused)
     EXPECT_THAT(fault("{}"), HasSubstr("has no \"schema\": \"tavelin.profile/1\""));
     EXPECT_THAT(fault(R"({"schema": "tavelin.profile/2"})"), HasSubstr("has no \"schema\""));
     EXPECT_THAT(fault(R"({"schema": "tavelin.profile/1", "stations": "K88"})"), StartsWith("V002 "));
-    EXPECT_THROW(companion::profileOf(folder / "missing.json"), companion::WrongUsage);
+    EXPECT_THAT(fault(R"({"schema": "tavelin.profile/1", "contact": "Road\nTown"})"),
+                HasSubstr("has a line feed or another control character in \"contact\""));
+}
+
+TEST_F(Profile, OneThatIsNotThereIsNotEmpty)
+{
+    try {
+        companion::profileOf(folder / "missing.json");
+        FAIL() << "is read";
+    } catch (const companion::WrongUsage& usage) {
+        EXPECT_EQ(usage.why.code.text(), "V003");
+        EXPECT_EQ(usage.why.text, folder.path() + "/missing.json: No such file or directory");
+    }
+    EXPECT_THAT(fault(""), HasSubstr("V003 "));
+    EXPECT_THAT(fault(""), HasSubstr(": is empty"));
 }
 
 TEST_F(Profile, ATelescopeOfPartsReplacesALine)
