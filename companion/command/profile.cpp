@@ -47,9 +47,9 @@ constexpr std::string Observatory::*otherTexts[] = {&Observatory::telescope, &Ob
 
 std::string bytesOf(const std::string& path)
 {
+    errno = 0;
     std::ifstream file(path, std::ios::binary);
     std::ostringstream bytes;
-    errno = 0;
     if (!file || !(bytes << file.rdbuf())) {
         throw WrongUsage{
             finding("V003", {{"file", path}, {"what", errno == 0 ? "is empty" : std::strerror(errno)}})};
@@ -60,6 +60,14 @@ std::string bytesOf(const std::string& path)
 WrongUsage noProfile(const std::string& path, const std::string& why)
 {
     return wrongCall("--profile", path + ' ' + why);
+}
+
+// What is said takes one line of a report.
+void expectOneLine(const std::string& path, const JsonLeaf& leaf)
+{
+    if (std::any_of(leaf.text.begin(), leaf.text.end(), [](char c) { return c >= 0 && c < ' '; })) {
+        throw noProfile(path, "has a line feed or another control character in \"" + leaf.path + '"');
+    }
 }
 
 void take(Observatory& observatory, const JsonLeaf& leaf)
@@ -95,6 +103,7 @@ Observatory profileOf(const std::string& path)
         if (leaf.path == "schema") {
             isProfile = leaf.text == schema;
         } else {
+            expectOneLine(path, leaf);
             take(observatory, leaf);
         }
     }

@@ -1,19 +1,15 @@
-#include "base/tokens.h"
 #include "command/finding_codes.h"
-#include "command/measurement_files.h"
+#include "command/ready_input.h"
+#include "command/ready_marks.h"
 #include "command/ready_names.h"
 #include "command/ready_settings.h"
 #include "command/subcommands.h"
-#include "out/characters.h"
 #include "out/finding_json.h"
 #include "out/json.h"
 #include "out/safe_file.h"
-#include "reading/input_files.h"
+#include "reading/signatures.h"
 #include "receivers/aavso_rules.h"
-#include "running/counting.h"
-#include "task/checked_task.h"
 
-#include <algorithm>
 #include <map>
 #include <optional>
 #include <ostream>
@@ -45,7 +41,10 @@ constexpr OptionRow options[] = {
     {"leave-out", 0, nullptr, "write the copy without the marks that are refused"},
     {"dry-run", 0, nullptr, "write nothing"},
     {"how-to-send", 0, nullptr, "also show how the receiver takes files; nothing is sent"},
-    mostPlacesRow,
+    {"max", 0, "N",
+     "show at most so many places of each code; the others are counted. Default: all that is refused or "
+     "named "
+     "anew, 100 of the rest"},
 };
 
 // What the options say about input and output.
@@ -68,10 +67,9 @@ struct ReadyCall
             throw wrongCall("--output", "is missing: the name of the copy");
         }
         most = mostPlaces(arguments);
-        const bool isNamedForUpload = output.empty() || output == standardInput || isAavsoFileName(output);
-        if (receiver.format == std::string("aavso") && !isNamedForUpload) {
-            throw wrongCall("--output",
-                            "\"" + output + "\" ends in none of .txt, .csv and .tsv, which the upload takes");
+        isCutByCall = arguments.has("max");
+        if (receiver.format == std::string("aavso")) {
+            expectAavso(arguments);
         }
     }
 
@@ -81,17 +79,42 @@ struct ReadyCall
     bool isDry;
     bool leavesOut;
     bool showsAddresses;
-    std::size_t most = 0; // places of each code
+    std::size_t most = 0;     // places of each code
+    bool isCutByCall = false; // also where they tell of what is refused
+
+private:
+    void expectAavso(const Arguments& arguments) const
+    {
+        const bool isNamedForUpload = output.empty() || output == standardInput || isAavsoFileName(output);
+        if (!isNamedForUpload) {
+            throw wrongCall("--output",
+                            "\"" + output + "\" ends in none of .txt, .csv and .tsv, which the upload takes");
+        }
+        if (arguments.has("no-magnitudes")) {
+            throw wrongCall("--no-magnitudes", "a report to the AAVSO is made of magnitudes");
+        }
+    }
 };
 
-// How it ended.
+// How it ended. What is in is out, refused or held back.
 struct ReadyEnd
 {
-    std::string format{}; ///< of the input
+    std::string format{}; // of the input
     std::size_t marks = 0;
-    std::size_t refused = 0; ///< with those that are not written because others are refused
+    std::size_t refused = 0;
+    std::size_t heldBack = 0; // not written because of others, or of a fault of the whole
     bool isWritten = false;
     bool isRead = true;
+
+    std::size_t out() const
+    {
+        return marks - refused - heldBack;
+    }
+
+    void holdBack()
+    {
+        heldBack = marks - refused;
+    }
 };
 
 // Shows what is found, and the totals.
@@ -112,9 +135,37 @@ public:
     {
         for (const Finding& each : findings) {
             totals.add(each);
-            if (++counts[each.code] <= call.most) {
+            if (isListed(each)) {
                 kept.push_back(each);
+            } else {
+                ++cut[each.code];
             }
+        }
+    }
+
+    // What was looked at.
+    void tellRead(const ReadyInput& read, const SettledObservatories& settled) const
+    {
+        if (!console.look.verbose) {
+            return;
+        }
+        std::ostream& err = console.err;
+        err << "ready: read " << printable(call.input) << " as " << formatTitle(read.format) << ": "
+            << counted(marksOf(read.copy), "mark") << ", " << counted(read.copy.tracks.size(), "track")
+            << '\n';
+        for (const std::string& file : read.copy.files) {
+            if (file != call.input) {
+                err << "ready: read " << printable(file) << '\n';
+            }
+        }
+        for (std::size_t number = 0; number < read.copy.tracks.size(); ++number) {
+            const CopyTrack& track = read.copy.tracks[number];
+            const std::string& source = settled.sources[number];
+            err << "ready: track " << printable(track.track.QRVName) << ": "
+                << counted(track.marks.size(), "mark")
+                << (source.empty() ? ", no station"
+                                   : ", station " + printable(track.observatory->station) + " by " + source)
+                << '\n';
         }
     }
 
@@ -136,6 +187,14 @@ public:
     }
 
 private:
+    // All that is refused and each new name, unless the call says otherwise.
+    bool isListed(const Finding& each)
+    {
+        const bool isWithinMost = ++counts[each.code] <= call.most;
+        const bool isOfRecord = each.severity == Severity::error || each.code == FindingCode("V424");
+        return isWithinMost || (isOfRecord && !call.isCutByCall);
+    }
+
     void showJson(const ReadyEnd& end, int status) const
     {
         JsonDocument document(out, "tavelin.ready/1");
@@ -151,8 +210,9 @@ private:
         document.set("output", textOrNull(end.isWritten ? call.output : ""));
         document.set("marks", Json::object()
                                   .set("in", end.marks)
-                                  .set("out", end.marks - end.refused)
-                                  .set("refused", end.refused));
+                                  .set("out", end.out())
+                                  .set("refused", end.refused)
+                                  .set("heldBack", end.heldBack));
         document.set("howToSend", addresses());
         document.set("totals", totalsJson(totals));
         document.set("exit", status);
@@ -167,10 +227,8 @@ private:
     Json more() const
     {
         Json list = Json::list();
-        for (const auto& [code, count] : counts) {
-            if (count > call.most) {
-                list.push(Json::object().set("code", code.text()).set("count", count - call.most));
-            }
+        for (const auto& [code, count] : cut) {
+            list.push(Json::object().set("code", code.text()).set("count", count));
         }
         return list;
     }
@@ -202,18 +260,15 @@ private:
 
     void showRest(const ReadyEnd& end) const
     {
-        for (const auto& [code, count] : counts) {
-            if (count > call.most) {
-                out << printable(call.input) << ": " << counted(count - call.most) << " more of "
-                    << code.text() << '\n';
-            }
+        for (const auto& [code, count] : cut) {
+            out << printable(call.input) << ": " << counted(count) << " more of " << code.text() << '\n';
         }
         for (const std::string& line : addressLines()) {
             out << line << '\n';
         }
         if (!call.input.empty()) {
-            out << "ready: " << counted(end.marks, "mark") << " in, " << counted(end.marks - end.refused)
-                << " out, " << counted(end.refused) << " refused\n";
+            out << "ready: " << counted(end.marks, "mark") << " in, " << counted(end.out()) << " out, "
+                << counted(end.refused) << " refused\n";
         }
     }
 
@@ -222,105 +277,9 @@ private:
     std::ostream& out;
     std::vector<Finding> kept{};
     std::map<FindingCode, std::size_t> counts{};
+    std::map<FindingCode, std::size_t> cut{}; // not listed
     FindingTotals totals{};
 };
-
-// The input's tracks; what cannot be read is told.
-struct ReadInputTracks
-{
-    std::string format{};
-    CopyInput input{};
-    bool goesOn = true;
-    bool isRead = true;
-};
-
-ReadInputTracks taskTracks(const std::string& path, Presentation& shown)
-{
-    ReadInputTracks read;
-    read.format = "task";
-    CheckSettings settings;
-    settings.quick = true;
-    TaskChecker checker(settings);
-    const CheckedTask checked = checker.check(path);
-    if (checked.isLoaded) {
-        read.input = copyTracksOfTask(checked);
-        return read;
-    }
-    shown.add(checked.findings);
-    read.goesOn = false;
-    read.isRead = false;
-    return read;
-}
-
-ReadInputTracks tracksOf(const Arguments& arguments, const std::string& name, InputFiles& files,
-                         Presentation& shown)
-{
-    ReadInputTracks read;
-    read.format = givenFormat(arguments);
-    const std::string path = files.pathOf(name);
-    if (read.format.empty()) {
-        const Recognition recognition = recognisedFile(path);
-        if (!recognition.isSure()) {
-            shown.add({uncertainFormat(name, recognition)});
-            read.goesOn = false;
-            return read;
-        }
-        read.format = recognition.format;
-    }
-    if (read.format == "task") {
-        return taskTracks(path, shown);
-    }
-    read.input = copyTracksOfFile(path, read.format, name);
-    return read;
-}
-
-std::size_t marksOf(const CopyInput& input)
-{
-    std::size_t marks = input.leftOut;
-    for (const CopyTrack& track : input.tracks) {
-        marks += track.marks.size();
-    }
-    return marks;
-}
-
-// Observations in 80 columns: the date is in columns 16 to 25, and a point follows it.
-std::size_t observationsIn(const std::string& text)
-{
-    constexpr std::size_t length = 80;
-    constexpr std::size_t date = 15;
-    constexpr std::string_view form = "dddd dd dd.";
-    std::size_t count = 0;
-    tavelinUtils::forEachToken(text, '\n', [&](std::string_view line) {
-        bool isObservation = line.size() == length;
-        for (std::size_t i = 0; isObservation && i < form.size(); ++i) {
-            const char c = line[date + i];
-            isObservation = form[i] == 'd' ? isDigit(c) : c == form[i];
-        }
-        count += isObservation ? 1U : 0U;
-    });
-    return count;
-}
-
-std::size_t timesIn(const std::string& text, std::string_view word)
-{
-    std::size_t count = 0;
-    for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1)) {
-        ++count;
-    }
-    return count;
-}
-
-// How many marks a copy holds, by its text.
-std::size_t marksIn(const std::string& text, const std::string& format)
-{
-    if (format == "tdm" || format == "tdm.xml") {
-        return timesIn(text, format == "tdm" ? "\nANGLE_1 = " : "<ANGLE_1>");
-    }
-    if (format == "ades.xml" || format == "ades.psv") {
-        return timesIn(text, format == "ades.xml" ? "<optical>" : "Z|");
-    }
-    return format == "mpc" ? observationsIn(text) : heldMarksOf(text, format)->marks;
-}
 
 std::string linesOf(const NewNames& names)
 {
@@ -373,39 +332,51 @@ void write(const Arguments& arguments, const Console& console, const ReadyCall& 
 }
 
 // What is against writing a copy; nothing where it may be written.
-std::optional<Finding> obstacle(const ReadyCall& call, const Copy& copy, ReadyEnd& end)
+std::optional<Finding> obstacle(const ReadyCall& call, const Copy& copy, const ReadyEnd& end)
 {
     if (end.refused > 0 && !call.leavesOut) {
         const std::string marks = counted(end.refused, "mark");
         return finding("V422", {{"marks", marks}}).in(call.input).times(end.refused);
     }
-    if (marksIn(copy.text, call.receiver.format) != end.marks - end.refused) {
-        end.refused = end.marks;
-        return finding("V490", {{"sum", "the marks of the input and of the copy"}}).in(call.input);
+    if (auto fault = disagreement(copy.text, call.receiver.format, end.out())) {
+        return std::move(*fault).in(call.input);
     }
     return std::nullopt;
 }
 
-// Makes the copy of what was read, and writes it where nothing is against it.
-ReadyEnd makeCopy(const Arguments& arguments, const Console& console, const ReadyCall& call,
-                  ReadInputTracks& read, Presentation& shown)
+// The files of the options are inputs too.
+void addFilesOfOptions(const Arguments& arguments, CopyInput& input)
 {
-    CopyInput& input = read.input;
-    shown.add(input.findings);
+    for (const char* option : {"profile", "rename"}) {
+        if (arguments.has(option)) {
+            input.files.push_back(arguments.value(option));
+        }
+    }
+}
+
+// Makes the copy of what was read, and writes it where nothing is against it.
+ReadyEnd makeCopy(const Arguments& arguments, const Console& console, const ReadyCall& call, ReadyInput& read,
+                  Presentation& shown)
+{
+    CopyInput& input = read.copy;
+    addFilesOfOptions(arguments, input);
     const NewNames names = renamed(arguments, input, shown);
-    const std::vector<Finding> contradictions = settleObservatories(arguments, input, call.input);
-    shown.add(contradictions);
-    const std::size_t marks = marksOf(input);
-    ReadyEnd end{read.format, marks, marks, false, true};
-    if (!contradictions.empty()) {
+    const SettledObservatories settled = settleObservatories(arguments, input, read.file);
+    shown.tellRead(read, settled);
+    shown.add(settled.contradictions);
+    ReadyEnd end{read.format, marksOf(input)};
+    if (!settled.contradictions.empty()) {
+        end.refused = settled.refused + input.leftOut;
+        end.holdBack();
         return end;
     }
-    const Copy copy = call.receiver.copy(input.tracks, copySettings(arguments, call.input));
+    const Copy copy = call.receiver.copy(input.tracks, copySettings(arguments, read.file));
     end.refused = copy.refused + input.leftOut;
     shown.add(copy.reasons);
     shown.add(copy.mended);
     if (const auto found = obstacle(call, copy, end)) {
         shown.add({*found});
+        end.holdBack();
         return end;
     }
     end.isWritten = !call.isDry && !copy.text.empty();
@@ -423,9 +394,11 @@ int ready(const Arguments& arguments, const Console& console)
         return shown.finish({});
     }
     InputFiles files;
-    ReadInputTracks read = tracksOf(arguments, call.input, files, shown);
-    return shown.finish(read.goesOn ? makeCopy(arguments, console, call, read, shown)
-                                    : ReadyEnd{read.format, 0, 0, false, read.isRead});
+    ReadyInput read = readyInput(arguments, call.input, files);
+    shown.add(read.copy.findings);
+    ReadyEnd end{read.format};
+    end.isRead = read.isRead;
+    return shown.finish(read.goesOn ? makeCopy(arguments, console, call, read, shown) : end);
 }
 
 } // namespace

@@ -100,6 +100,12 @@ bool needsName(const CopyInput& input, const CopyTrack& track)
     return input.unidentified.contains(name) || !isNameOfObject(name) || (isOdd && !track.isSatellite);
 }
 
+Finding unused(const std::string& name)
+{
+    const std::string what = "nothing for \"" + name + "\" of --rename, which no object is called";
+    return finding("V423", {{"what", what}, {"marks", counted(0, "mark")}});
+}
+
 } // namespace
 
 NewNames namesOfFile(const std::string& path)
@@ -139,9 +145,8 @@ std::vector<Finding> rename(CopyInput& input, const NewNames& names, const std::
     }
     std::vector<Finding> notes;
     for (const auto& [old, other] : names) {
-        if (renamed.contains(old)) {
-            notes.push_back(finding("V424", {{"old", old}, {"new", other}}).in(file));
-        }
+        notes.push_back(
+            (renamed.contains(old) ? finding("V424", {{"old", old}, {"new", other}}) : unused(old)).in(file));
     }
     return notes;
 }

@@ -23,7 +23,8 @@ NewNames namesOfFile(const std::string& path);
 /// (V001) for a base that no name can begin with, or that leaves no room for the numbers.
 NewNames newNames(const CopyInput& input, const std::string& base);
 
-/// Renames objects. Gives a note for each name that is another one now.
+/// Renames objects. Gives a note for each name that is another one now (V424), and for each that no object
+/// has (V423).
 std::vector<Finding> rename(CopyInput& input, const NewNames& names, const std::string& file);
 
 } // namespace companion

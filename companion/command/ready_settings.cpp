@@ -13,7 +13,9 @@
 #include <ctime>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
+#include <utility>
 
 namespace companion {
 namespace {
@@ -75,7 +77,22 @@ std::string utcText(std::time_t time)
     return {text, length};
 }
 
-// The time of the call, of the option, or of the environment.
+// The time of the environment, where it has one, or of the call.
+std::time_t timeOfEnvironment()
+{
+    constexpr std::size_t mostDigits = 11;
+    const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
+    const std::string seconds = epoch == nullptr ? "" : epoch;
+    if (seconds.empty()) {
+        return std::time(nullptr);
+    }
+    if (seconds.size() > mostDigits || seconds.find_first_not_of("0123456789") != std::string::npos) {
+        throw wrongCall("SOURCE_DATE_EPOCH", '"' + seconds + "\" is no number of seconds since 1970");
+    }
+    return static_cast<std::time_t>(std::stoll(seconds));
+}
+
+// The time of the option, of the environment, or of the call.
 std::string creationDate(const Arguments& arguments)
 {
     if (arguments.has("creation-date")) {
@@ -87,11 +104,7 @@ std::string creationDate(const Arguments& arguments)
         }
         return date;
     }
-    const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
-    const std::string seconds = epoch == nullptr ? "" : epoch;
-    const bool isNumber = !seconds.empty() && seconds.size() < 12 &&
-                          seconds.find_first_not_of("0123456789") == std::string::npos;
-    return utcText(isNumber ? static_cast<std::time_t>(std::atoll(seconds.c_str())) : std::time(nullptr));
+    return utcText(timeOfEnvironment());
 }
 
 int decimals(const Arguments& arguments, const char* option)
@@ -118,14 +131,23 @@ Observatory optionsSay(const Arguments& arguments)
     return observatory;
 }
 
-Finding stationTwice(const std::string& ofInput, const std::string& ofProfile)
+Finding stationTwice(const StationsOfTrack& stations)
 {
     return finding("V421", {{"field", "the station"},
-                            {"first", ofInput},
-                            {"source", "the input"},
-                            {"second", ofProfile},
-                            {"other", "the profile"},
+                            {"first", stations.first},
+                            {"source", stations.source},
+                            {"second", stations.second},
+                            {"other", stations.other},
                             {"option", "--station"}});
+}
+
+// Who says the station of a track.
+const char* sourceOf(const std::string& ownStation, const Observatory& profile, const Observatory& options)
+{
+    if (!options.station.empty()) {
+        return "--station";
+    }
+    return !profile.station.empty() ? "the profile" : ownStation.empty() ? "" : "the input";
 }
 
 void settle(CopyTrack& track, const Observatory& profile, const Observatory& options)
@@ -139,6 +161,21 @@ void settle(CopyTrack& track, const Observatory& profile, const Observatory& opt
         track.track.telescope = options.station;
     }
     track.observatory = std::move(settled);
+}
+
+// The two stations of a track between which nothing decides.
+std::optional<StationsOfTrack> contradiction(const CopyInput& input, std::size_t track,
+                                             const std::string& ofProfile)
+{
+    const auto twice = input.contradictions.find(track);
+    if (twice != input.contradictions.end()) {
+        return twice->second;
+    }
+    const std::string& own = input.tracks[track].observatory->station;
+    if (own.empty() || ofProfile.empty() || own == ofProfile) {
+        return std::nullopt;
+    }
+    return StationsOfTrack{own, "the input", ofProfile, "the profile", 0};
 }
 
 } // namespace
@@ -170,23 +207,27 @@ CopySettings copySettings(const Arguments& arguments, const std::string& input)
     return settings;
 }
 
-std::vector<Finding> settleObservatories(const Arguments& arguments, CopyInput& input,
+SettledObservatories settleObservatories(const Arguments& arguments, CopyInput& input,
                                          const std::string& file)
 {
     const Observatory options = optionsSay(arguments);
     const Observatory profile =
         arguments.has("profile") ? profileOf(arguments.value("profile")) : Observatory();
-    std::vector<Finding> contradictions;
-    std::set<std::string> told;
-    for (CopyTrack& track : input.tracks) {
-        const std::string own = track.observatory->station;
-        const bool isTwice = !own.empty() && !profile.station.empty() && own != profile.station;
-        if (isTwice && options.station.empty() && told.insert(own).second) {
-            contradictions.push_back(stationTwice(own, profile.station).in(file));
+    SettledObservatories settled;
+    std::set<std::pair<std::string, std::string>> told;
+    for (std::size_t number = 0; number < input.tracks.size(); ++number) {
+        CopyTrack& track = input.tracks[number];
+        const auto twice = contradiction(input, number, profile.station);
+        if (twice && options.station.empty()) {
+            settled.refused += track.marks.size();
+            if (told.emplace(twice->first, twice->second).second) {
+                settled.contradictions.push_back(stationTwice(*twice).in(file).at(twice->line, 0));
+            }
         }
+        settled.sources.emplace_back(sourceOf(track.observatory->station, profile, options));
         settle(track, profile, options);
     }
-    return contradictions;
+    return settled;
 }
 
 } // namespace companion

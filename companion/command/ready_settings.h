@@ -7,6 +7,7 @@
 #include "receivers/copy_tally.h"
 #include "task/copy_tracks.h"
 
+#include <cstddef>
 #include <span>
 #include <string>
 #include <vector>
@@ -28,9 +29,17 @@ const Receiver& receiverNamed(const std::string& word);
 /// What the options say about the form of the copy. Throws WrongUsage (V001) for a value that is not taken.
 CopySettings copySettings(const Arguments& arguments, const std::string& input);
 
+/// What settling the observatories came to.
+struct SettledObservatories
+{
+    std::vector<Finding> contradictions{}; ///< V421: of stations
+    std::size_t refused = 0;               ///< marks of tracks whose stations contradict each other
+    std::vector<std::string> sources{};    ///< who says the station, of each track; empty where nobody does
+};
+
 /// Gives each track the observatory that options, profile and its own source say, in this order of weight.
-/// Gives findings (V421) of stations that contradict each other.
-std::vector<Finding> settleObservatories(const Arguments& arguments, CopyInput& input,
+/// Contradictions are in the given file.
+SettledObservatories settleObservatories(const Arguments& arguments, CopyInput& input,
                                          const std::string& file);
 
 } // namespace companion

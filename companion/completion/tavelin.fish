@@ -79,7 +79,7 @@ complete -c tavelin -n '__fish_seen_subcommand_from ready' -l creation-date -x -
 complete -c tavelin -n '__fish_seen_subcommand_from ready' -l leave-out -d 'write the copy without the marks that are refused'
 complete -c tavelin -n '__fish_seen_subcommand_from ready' -l dry-run -d 'write nothing'
 complete -c tavelin -n '__fish_seen_subcommand_from ready' -l how-to-send -d 'also show how the receiver takes files; nothing is sent'
-complete -c tavelin -n '__fish_seen_subcommand_from ready' -l max -x -d 'show at most so many places of each code; the others are counted. Default 100'
+complete -c tavelin -n '__fish_seen_subcommand_from ready' -l max -x -d 'show at most so many places of each code; the others are counted. Default: all that is refused or named anew, 100 of the rest'
 
 complete -c tavelin -n 'not __fish_seen_subcommand_from check run explain info lint schema ready normalise batch diff convert report plot page help' -f -a normalise -d 'a file of another maker in the form that the tool reads right'
 complete -c tavelin -n '__fish_seen_subcommand_from normalise' -s o -l output -r -F -d 'where the copy goes; - is the standard output'

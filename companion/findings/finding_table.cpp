@@ -119,7 +119,8 @@ constexpr FindingRow rows[] = {
     {"V041", Severity::error, true, "c",
      "the format \"{word}\" can be written but not read{hint}",
      "The input is not opened, so there are no tracks: code 0 and no file, or code -1 with autoname.",
-     "Convert from the file that this one was made from, or make a copy for a receiver by tavelin ready."},
+     "Convert from the file that this one was made from. MPC reports and TDM XML are read by tavelin ready, "
+     "given the file itself, and it makes copies that receivers take."},
     {"V042", Severity::error, true, "c", "\"vomar\" is a word for inputformat, not for outputformat",
      "The run says code 0 and writes no file.", "Give outputformat the format that is wanted, such as tdm."},
     {"V043", Severity::warning, false, "c", "outputextension \"{extension}\" does not begin with a point",
@@ -168,9 +169,9 @@ constexpr FindingRow rows[] = {
      "reading ends at line {line}: \"{token}\" is too short to be {field}",
      "The result says code -1 with the path of the input, and nothing of the file is taken.",
      "Mend the line; tavelin lint shows it."},
-    {"V062", Severity::error, true, "c", "no tracks can be read from {path}",
+    {"V062", Severity::error, true, "cy", "no tracks can be read from {path}",
      "The result says code 0 and there is no file, or for tdm.xml and mag one without marks; with autoname "
-     "it says code -1.",
+     "it says code -1. tavelin ready makes no copy.",
      "See what tavelin lint says about the lines, and check inputformat."},
     {"V063", Severity::warning, false, "c", "the input looks like {format}, but inputformat is \"{word}\"",
      "The reader of the given word skips what it does not know and may read the rest wrongly.",

@@ -3,6 +3,7 @@
 #include "base/lines.h"
 #include "base/tokens.h"
 #include "formats/track_table.h"
+#include "out/characters.h"
 #include "reading/format_facts.h"
 #include "reading/report_details.h"
 #include "reading/tdm_segment.h"
@@ -74,7 +75,7 @@ char noteOf(const ReportDetail& detail)
     return detail.line.empty() ? 'C' : detail.line[place]; // without a line it is one of the tool's
 }
 
-// Two stations that a line and its header name are told by who asks for the copy.
+// The station is that of the line.
 std::shared_ptr<const Observatory> observatoryOf(const ReportDetail& detail)
 {
     auto observatory = std::make_shared<Observatory>(*detail.header);
@@ -180,11 +181,22 @@ private:
                 copy.isIdentified = details.isOfAnother;
                 copy.isOf80Columns = true;
                 copy.note2 = noteOf(detail);
+                holdAgainstHeader(detail, track.marks[mark].line);
                 input.tracks.push_back(std::move(copy));
             }
             const ValueSteps& fine = line == details.lines.end() ? steps : detail.steps;
             addMark(input.tracks[place->second], track, mark, fine);
             input.tracks[place->second].marks.back().line80 = detail.line;
+        }
+    }
+
+    // The next track has the people and the telescope of its header, but the station of its lines.
+    void holdAgainstHeader(const ReportDetail& detail, std::size_t line)
+    {
+        const std::string& header = detail.header->station;
+        if (isStationCode(header) && isStationCode(detail.station) && header != detail.station) {
+            input.contradictions[input.tracks.size()] = {header, "the header", detail.station, "the line",
+                                                         line};
         }
     }
 
@@ -291,10 +303,22 @@ private:
     std::vector<KeptMark> kept{};                 // in the order of reading
 };
 
+// The word of a task may be the name of a telescope: a code of a station has two digits at its end.
+bool namesStation(const std::string& word)
+{
+    return isStationCode(word) && isDigit(word[1]) && isDigit(word[2]);
+}
+
 // The task's words replace those of the file.
 void stamp(const TConvMea& task, CopyInput& input)
 {
-    for (CopyTrack& copy : input.tracks) {
+    for (std::size_t number = 0; number < input.tracks.size(); ++number) {
+        CopyTrack& copy = input.tracks[number];
+        const std::string& own = copy.observatory->station;
+        if (namesStation(task.PARTICIPANT_1) && !own.empty() && own != task.PARTICIPANT_1) {
+            input.contradictions.try_emplace(number, StationsOfTrack{own, "the input", task.PARTICIPANT_1,
+                                                                     "PARTICIPANT_1 of the task", 0});
+        }
         copy.track.REFERENCE_FRAME = task.REFERENCE_FRAME;
         copy.track.telescope = task.PARTICIPANT_1;
         copy.track.originator = task.originator;
@@ -339,6 +363,7 @@ CopyInput copyTracksOfTask(const CheckedTask& checked)
         stamp(task, input);
     }
     input.files.push_back(checked.path);
+    input.files.insert(input.files.end(), checked.configurations.begin(), checked.configurations.end());
     return input;
 }
 

@@ -8,11 +8,22 @@
 #include "task/checked_task.h"
 
 #include <cstddef>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
 
 namespace companion {
+
+/// Two stations that the source of a track says.
+struct StationsOfTrack
+{
+    std::string first{};
+    std::string source{}; ///< who says the first: "the header"
+    std::string second{};
+    std::string other{};  ///< who says the second
+    std::size_t line = 0; ///< of the second, from 1; 0 where it has none
+};
 
 /// The tracks of an input.
 struct CopyInput
@@ -22,6 +33,7 @@ struct CopyInput
     std::size_t leftOut = 0;              ///< marks of the input that are in no track
     std::set<std::string> unidentified{}; ///< running names of objects without an answer of the checker
     std::vector<std::string> files{};     ///< what was read
+    std::map<std::size_t, StationsOfTrack> contradictions{}; ///< by the number of the track, from 0
 };
 
 /// The tracks of a file; the observatory of each says what the file says. Findings are in the file's name.

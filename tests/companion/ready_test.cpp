@@ -59,6 +59,15 @@ protected:
         return bytesOf(folder / "out.txt");
     }
 
+    static int timesIn(const std::string& text, const std::string& word)
+    {
+        int count = 0;
+        for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1)) {
+            ++count;
+        }
+        return count;
+    }
+
     TemporaryFolder folder;
 };
 
@@ -93,7 +102,7 @@ TEST_F(Ready, WritesNothingWhereAMarkIsRefused)
     EXPECT_FALSE(exists(folder / "out.txt"));
     EXPECT_THAT(end.out, AllOf(HasSubstr("night.mea:4: error: the name \"AST10000\" has 8 characters"),
                                HasSubstr("error: 1 mark refused, nothing written [V422]"),
-                               HasSubstr("ready: 3 marks in, 2 out, 1 refused")));
+                               HasSubstr("ready: 3 marks in, 0 out, 1 refused")));
 }
 
 TEST_F(Ready, LeavesRefusedMarksOutWhereTheCallSaysSo)
@@ -104,6 +113,41 @@ TEST_F(Ready, LeavesRefusedMarksOutWhereTheCallSaysSo)
     EXPECT_EQ(end.status, 1);
     EXPECT_THAT(end.out, AllOf(HasSubstr("[V312]"), Not(HasSubstr("[V422]"))));
     EXPECT_EQ(copies::linesOf(written()).size(), 7U);
+}
+
+TEST_F(Ready, MarksOfJsonAreOutRefusedOrHeldBack)
+{
+    makeFile(folder / "night.mea",
+             std::string(night) + "AST10000 250223 1400000000 0100000000 +0030000000 001 09.50\n");
+    EXPECT_THAT(copy({"--json"}).out,
+                HasSubstr(R"("output":null,"marks":{"in":3,"out":0,"refused":1,"heldBack":2})"));
+    EXPECT_THAT(copy({"--json", "--dry-run"}).out,
+                HasSubstr(R"("marks":{"in":3,"out":0,"refused":1,"heldBack":2})"));
+    EXPECT_THAT(copy({"--json", "--leave-out", "--dry-run"}).out,
+                HasSubstr(R"("marks":{"in":3,"out":2,"refused":1,"heldBack":0})"));
+    EXPECT_THAT(copy({"--json", "--leave-out"}).out,
+                HasSubstr(R"("marks":{"in":3,"out":2,"refused":1,"heldBack":0})"));
+}
+
+TEST_F(Ready, AllThatIsRefusedOrNamedAnewIsListedUnlessTheCallSaysHowMuch)
+{
+    std::string marks = "K88 2000.0 UTC\n";
+    std::string names;
+    for (int number = 100; number < 230; ++number) {
+        const std::string name = "AST" + std::to_string(number);
+        marks += name + "OLD 250223 1200000000 0100000000 +0030000000 001 09.50\n";
+        names += name + "OLD\t" + name + "_\n";
+    }
+    makeFile(folder / "night.mea", marks);
+    makeFile(folder / "names", names);
+    const CommandEnd whole = copy({"--leave-out", "--rename", folder / "names"});
+    EXPECT_EQ(timesIn(whole.out, "[V312]"), 130);
+    EXPECT_EQ(timesIn(whole.out, "[V424]"), 130);
+    EXPECT_THAT(whole.out, Not(HasSubstr(" more of ")));
+    const CommandEnd cut = copy({"--leave-out", "--rename", folder / "names", "--max", "100"});
+    EXPECT_EQ(timesIn(cut.out, "[V312]"), 100);
+    EXPECT_THAT(cut.out,
+                AllOf(HasSubstr("night.mea: 30 more of V312\n"), HasSubstr("night.mea: 30 more of V424\n")));
 }
 
 TEST_F(Ready, ADryRunWritesNothing)
@@ -127,6 +171,35 @@ TEST_F(Ready, AnInputIsNeverWrittenOverAndAFileOnlyByForce)
     EXPECT_EQ(bytesOf(folder / "night.mea"), night);
 }
 
+TEST_F(Ready, ProfileAndNamesAreInputsToo)
+{
+    const std::string names = "AST1000\tAST1\n";
+    makeFile(folder / "names", names);
+    for (const char* target : {"profile.json", "names"}) {
+        const CommandEnd end = call({"--profile", folder / "profile.json", "--rename", folder / "names",
+                                     "--band", "V", "--force", "-o", folder / target});
+        EXPECT_EQ(end.status, 2) << target;
+        EXPECT_THAT(end.err, HasSubstr(std::string(target) + " is the input itself [V005]"));
+    }
+    EXPECT_EQ(bytesOf(folder / "profile.json"), profile);
+    EXPECT_EQ(bytesOf(folder / "names"), names);
+}
+
+TEST_F(Ready, AListOfNamesThatExistsIsReplacedByForceAlone)
+{
+    makeFile(folder / "night.mea",
+             "K88 2000.0 UTC\nAST10000 250223 1200000000 0100000000 +0030000000 001 09.50\n");
+    makeFile(folder / "out.txt.names", "old");
+    const CommandEnd end = copy({"--new-names", "X"});
+    EXPECT_EQ(end.status, 2);
+    EXPECT_THAT(end.err, HasSubstr("out.txt.names exists; --force would replace it [V004]"));
+    EXPECT_FALSE(exists(folder / "out.txt"));
+    EXPECT_EQ(bytesOf(folder / "out.txt.names"), "old");
+    EXPECT_EQ(copy({"--new-names", "X", "--force"}).status, 0);
+    EXPECT_EQ(bytesOf(folder / "out.txt.names"), "AST10000\tX1\n");
+    EXPECT_THAT(written(), HasSubstr("\n     X1       C2023 02 25.50000 "));
+}
+
 TEST_F(Ready, AStationOfTheInputThatTheProfileContradictsIsRefused)
 {
     makeFile(folder / "night.mea", "A77" + std::string(night).substr(3));
@@ -148,6 +221,18 @@ TEST_F(Ready, NamesAreReplacedByAFile)
     const CommandEnd end = copy({"--rename", folder / "names"});
     EXPECT_THAT(end.out, HasSubstr("note: AST1000 is now 2024 YR4 [V424]"));
     EXPECT_THAT(written(), HasSubstr("\n     K24Y04R  C2023"));
+}
+
+TEST_F(Ready, ANameThatNoObjectHasIsTold)
+{
+    makeFile(folder / "names", "AST1000\tAST1\nAST999\tAST2\n");
+    const CommandEnd end = copy({"--rename", folder / "names"});
+    EXPECT_EQ(end.status, 0);
+    EXPECT_THAT(end.out,
+                AllOf(HasSubstr("note: AST1000 is now AST1 [V424]\n"),
+                      HasSubstr("note: mended: nothing for \"AST999\" of --rename, which no object is "
+                                "called, 0 marks [V423]\n"),
+                      Not(HasSubstr("AST999 is now"))));
 }
 
 TEST_F(Ready, AFileOfNamesOfAnotherFormIsRefused)
@@ -194,6 +279,75 @@ TEST_F(Ready, TheCreationDateIsThatOfTheCallOrOfTheEnvironment)
     unsetenv("SOURCE_DATE_EPOCH");
     EXPECT_THAT(written(), HasSubstr("CREATION_DATE = 2025-01-01T00:00:00\n"));
     EXPECT_EQ(copy({"--force", "--creation-date", "yesterday"}, "night.mea", "ccsds").status, 2);
+}
+
+TEST_F(Ready, AnEpochOfTheEnvironmentThatIsNoNumberIsWrong)
+{
+    for (const char* epoch : {"yesterday", "-1", "1735689600.5", "123456789012"}) {
+        setenv("SOURCE_DATE_EPOCH", epoch, 1);
+        const CommandEnd end = copy({}, "night.mea", "ccsds");
+        const CommandEnd dated =
+            copy({"--dry-run", "--creation-date", "2025-01-01T00:00:00"}, "night.mea", "ccsds");
+        unsetenv("SOURCE_DATE_EPOCH");
+        EXPECT_EQ(end.status, 2);
+        EXPECT_THAT(end.err, HasSubstr("SOURCE_DATE_EPOCH: \"" + std::string(epoch) +
+                                       "\" is no number of seconds since 1970 [V001]"));
+        EXPECT_EQ(dated.status, 0);
+    }
+    EXPECT_FALSE(exists(folder / "out.txt"));
+}
+
+TEST_F(Ready, AReportToTheAavsoIsMadeOfMagnitudes)
+{
+    const CommandEnd end = copy({"--no-magnitudes", "--observer", "TST"}, "night.mea", "aavso");
+    EXPECT_EQ(end.status, 2);
+    EXPECT_THAT(end.err, HasSubstr("--no-magnitudes: a report to the AAVSO is made of magnitudes [V001]"));
+    EXPECT_FALSE(exists(folder / "out.txt"));
+}
+
+TEST_F(Ready, VerboseCallsTellWhatWasLookedAt)
+{
+    EXPECT_EQ(copy({"--verbose"}).err, "ready: read " + folder.path() +
+                                           "/night.mea as MEA: 2 marks, 1 track\n" + "ready: read " +
+                                           folder.path() + "/profile.json\n" +
+                                           "ready: track AST1000: 2 marks, station K88 by the profile\n");
+    EXPECT_THAT(call({"--dry-run", "--verbose"}, "night.mea", "ccsds").err,
+                HasSubstr("ready: track AST1000: 2 marks, station K88 by the input\n"));
+    EXPECT_THAT(copy({"--dry-run", "--verbose", "--station", "Z99"}).err,
+                HasSubstr(", station Z99 by --station\n"));
+    makeFile(folder / "night.mea", "500" + std::string(night).substr(3));
+    EXPECT_THAT(call({"--dry-run", "--verbose"}, "night.mea", "ccsds").err,
+                HasSubstr("ready: track AST1000: 2 marks, no station\n"));
+    EXPECT_EQ(copy({"--dry-run"}).err, "");
+}
+
+TEST_F(Ready, ADelimiterOtherThanTheCommaKeepsTheCopy)
+{
+    makeFile(folder / "night.mea",
+             "K88 2000.0 UTC\nAST,1000 250223 1200000000 0100000000 +0030000000 001 09.50\n");
+    const CommandEnd end = copy({"--observer", "TST01", "--magnitude", "apparent"}, "night.mea", "aavso");
+    EXPECT_EQ(end.status, 0) << end.out;
+    EXPECT_THAT(end.out, HasSubstr("ready: 1 mark in, 1 out, 0 refused\n"));
+    EXPECT_THAT(written(),
+                HasSubstr("\nAST,1000;2460001.00000000;9.500;na;V;NO;DIF;ENSEMBLE;na;na;na;na;na;na;na\n"));
+}
+
+TEST_F(Ready, RowsOfBarsAreMarksWhateverTheWidthsOfTimesAndNames)
+{
+    makeFile(folder / "in.txt",
+             "COD K88\nOBS A. First\nMEA A. First\nTEL 0.5-m reflector + CCD\nNET Gaia-DR3\n"
+             "     AST100Z  C2023 02 25.50000 01 00 00.00 +00 30 00.0           9.5 V      K88\n"
+             "     AST100Z  C2023 02 25.600   01 00 00.00 +00 30 00.0           9.5 V      K88\n");
+    makeFile(folder / "ades.json",
+             R"({"schema": "tavelin.profile/1", "submitter": "A. First", "mode": "CCD"})");
+    const CommandEnd end =
+        call({"--profile", folder / "ades.json", "-o", folder / "out.txt"}, "in.txt", "ades.psv");
+    EXPECT_EQ(end.status, 0) << end.out;
+    EXPECT_THAT(end.out, HasSubstr("ready: 2 marks in, 2 out, 0 refused\n"));
+    EXPECT_THAT(written(),
+                testing::EndsWith("trkSub |mode|stn|obsTime               |      ra|    dec|astCat|mag|band\n"
+                                  "AST100Z|CCD |K88|2023-02-25T12:00:00.0Z|15.00000|0.50000|Gaia3 |9.5|V\n"
+                                  "AST100Z|CCD |K88|2023-02-25T14:24:00Z  |15.00000|0.50000|Gaia3 |9.5|V\n"));
 }
 
 TEST_F(Ready, ACallThatLacksSomethingIsWrong)
@@ -391,7 +545,21 @@ TEST_F(Profile, OneThatIsNoneIsRefused)
     EXPECT_THAT(fault("{}"), HasSubstr("has no \"schema\": \"tavelin.profile/1\""));
     EXPECT_THAT(fault(R"({"schema": "tavelin.profile/2"})"), HasSubstr("has no \"schema\""));
     EXPECT_THAT(fault(R"({"schema": "tavelin.profile/1", "stations": "K88"})"), StartsWith("V002 "));
-    EXPECT_THROW(companion::profileOf(folder / "missing.json"), companion::WrongUsage);
+    EXPECT_THAT(fault(R"({"schema": "tavelin.profile/1", "contact": "Road\nTown"})"),
+                HasSubstr("has a line feed or another control character in \"contact\""));
+}
+
+TEST_F(Profile, OneThatIsNotThereIsNotEmpty)
+{
+    try {
+        companion::profileOf(folder / "missing.json");
+        FAIL() << "is read";
+    } catch (const companion::WrongUsage& usage) {
+        EXPECT_EQ(usage.why.code.text(), "V003");
+        EXPECT_EQ(usage.why.text, folder.path() + "/missing.json: No such file or directory");
+    }
+    EXPECT_THAT(fault(""), HasSubstr("V003 "));
+    EXPECT_THAT(fault(""), HasSubstr(": is empty"));
 }
 
 TEST_F(Profile, ATelescopeOfPartsReplacesALine)
