@@ -53,7 +53,7 @@ struct Conversion
 
     bool isPiped() const
     {
-        return input == standardInput;
+        return readable != input;
     }
 
     bool isPrinted() const
