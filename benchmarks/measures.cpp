@@ -21,7 +21,7 @@ constexpr double largeRecord = 709;
 constexpr Asked startRatio{0.7, 0.6};
 // Of a comparison by the command to the reading of both files, and its room for each of their marks.
 constexpr Asked diffRatio{2.5, 2.5};
-constexpr Asked diffBytes{200, 200};
+constexpr Asked diffBytes{300, 300};
 constexpr Asked smallTaskRatio{1.5, 1.2, 1.8};
 
 std::string milliseconds(double seconds)
