@@ -19,6 +19,9 @@ namespace {
 constexpr double largeRecord = 709;
 
 constexpr Asked startRatio{0.7, 0.6};
+// Of a comparison by the command to the reading of both files, and its room for each of their marks.
+constexpr Asked diffRatio{2.5, 2.5};
+constexpr Asked diffBytes{300, 300};
 constexpr Asked smallTaskRatio{1.5, 1.2, 1.8};
 
 std::string milliseconds(double seconds)
@@ -169,6 +172,24 @@ Row comparedStart(const Bench& bench, const std::string& name, int rounds)
             milliseconds(pair.first.seconds),
             milliseconds(pair.second.seconds),
             {{"time to empty program's", pair.ratio, startRatio}}};
+}
+
+Row comparedDiff(Bench& bench, const std::string& name, const std::string& command,
+                 const std::string& reading, long marks, int rounds)
+{
+    const std::string input = bench.inputs.folder("diff " + std::to_string(marks),
+                                                  [marks](const fs::path& folder) {
+                                                      makeInput(folder / "in.mea", "mea", marks, 1000);
+                                                  }) /
+                              "in.mea";
+    const Command diff{"/bin/sh", "-c", "exec \"$0\" diff -s \"$1\" \"$1\" >/dev/null", command, input};
+    const auto pair = runInTurn(always(diff), always({reading, input, input}), rounds);
+    const auto all = static_cast<double>(2 * marks);
+    return {name,
+            microseconds(pair.first.seconds / all),
+            microseconds(pair.second.seconds / all),
+            {{"time to the reading's", pair.ratio, diffRatio},
+             {"bytes of a mark", pair.first.bytes / all, diffBytes}}};
 }
 
 Row comparedSmallTasks(Bench& bench, const std::string& name, int tasks, int rounds)

@@ -30,6 +30,10 @@ Row grown(const Bench& bench, const std::string& name, const Work& small, const 
 /// The start of the tool against that of an empty program.
 Row comparedStart(const Bench& bench, const std::string& name, int rounds);
 
+/// A comparison of two files of so many marks by the command, against another program that reads both.
+Row comparedDiff(Bench& bench, const std::string& name, const std::string& command,
+                 const std::string& reading, long marks, int rounds);
+
 /// At least so many small tasks, each its own run, against starts of a static program that reads and writes
 /// as many bytes.
 Row comparedSmallTasks(Bench& bench, const std::string& name, int tasks, int rounds);

@@ -123,6 +123,20 @@ void planReports(Plan& rows)
                10, growthOverTracks);
 }
 
+// Where the command is built.
+void planDiff(Plan& rows, long marks)
+{
+#ifdef COMMAND_PROGRAM
+    const std::string name = "diff of files of " + grouped(marks) + " marks";
+    rows.push_back({name, usualRounds, [name, marks](Bench& bench, int count) {
+                        return comparedDiff(bench, name, COMMAND_PROGRAM, READING_PROGRAM, marks, count);
+                    }});
+#else
+    static_cast<void>(rows);
+    static_cast<void>(marks);
+#endif
+}
+
 Plan fullPlan()
 {
     Plan rows;
@@ -130,6 +144,7 @@ Plan fullPlan()
     planConversions(rows, 100'000, true);
     planConversions(rows, 1'000'000, true);
     planMainWork(rows);
+    planDiff(rows, 1'000'000);
     planReports(rows);
     return rows;
 }
@@ -139,6 +154,7 @@ Plan shortPlan()
     Plan rows;
     planStarts(rows, 101, 200);
     planConversions(rows, 100'000, false);
+    planDiff(rows, 100'000);
     plan(rows, Conversion{"mea", "mpc", 100'000, 50'000});
     plan(rows, Conversion{"mea", "mpc", 100'000, 1000, true});
     plan(rows, Report{"allobjects", "mpc", 10, 500, 20, 5000});

@@ -43,7 +43,10 @@ void mustBeKnown(const OptionRow& row, const std::string& value)
 {
     const std::vector<std::string> words = wordsOf(row);
     if (!words.empty() && std::find(words.begin(), words.end(), value) == words.end()) {
-        throw unknownWord(std::string("word of --") + row.name, value, words);
+        WrongUsage unknown = unknownWord(std::string("word of --") + row.name, value, words);
+        const bool isAsked = unknown.why.text.ends_with('?');
+        unknown.why.text += (isAsked ? " It takes " : "; it takes ") + joined(words, ", ");
+        throw unknown;
     }
 }
 

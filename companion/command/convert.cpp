@@ -54,7 +54,7 @@ struct Conversion
 
     bool isPiped() const
     {
-        return input == standardInput;
+        return readable != input;
     }
 
     bool isPrinted() const

@@ -10,6 +10,7 @@
 #include "reading/mark_comparison.h"
 #include "reading/signatures.h"
 
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <ostream>
@@ -26,6 +27,8 @@ constexpr OptionRow options[] = {
     {"magnitude", 0, "VALUE", "they are the same up to this difference of magnitudes"},
     {"by", 0, "object|position",
      "marks of equal objects belong together, or those that are nearest on the sky"},
+    {"as", 0, "FORMAT",
+     "the format of both files, instead of those that their contents show; given again, that of the second"},
     {"changes", 'c', nullptr, "leave out the marks that are the same"},
     {"sums", 's', nullptr, "show the sums only"},
 };
@@ -64,7 +67,18 @@ struct DiffSums
     }
 };
 
-DiffFile diffFile(const std::string& name, const std::string& path)
+// The formats that a call gives to the two files; empty where their contents are to tell.
+std::pair<std::string, std::string> givenFormats(const Arguments& arguments)
+{
+    std::vector<std::string> given = arguments.values("as");
+    if (given.size() > 2) {
+        throw wrongCall("--as", "is taken twice at most: there are two files");
+    }
+    std::transform(given.begin(), given.end(), given.begin(), knownFormat);
+    return given.empty() ? std::pair<std::string, std::string>() : std::pair(given.front(), given.back());
+}
+
+std::string formatOf(const std::string& name, const std::string& path)
 {
     const Recognition recognition = recognisedFile(path);
     if (!recognition.isSure()) {
@@ -72,13 +86,26 @@ DiffFile diffFile(const std::string& name, const std::string& path)
         why.text = name + ": " + why.text;
         throw WrongUsage{why};
     }
-    DiffFile file{name, path, formatFacts(recognition.format), comparedForm(recognition.format)};
+    return recognition.format;
+}
+
+DiffFile diffFile(const std::string& name, const std::string& path, const std::string& given)
+{
+    const std::string format = given.empty() ? formatOf(name, path) : given;
+    DiffFile file{name, path, formatFacts(format), comparedForm(format)};
     if (file.form == nullptr) {
-        const std::string what =
-            "the format is " + formatTitle(recognition.format) + ", which has no marks to compare";
+        const std::string what = "the format is " + formatTitle(format) + ", which has no marks to compare";
         throw WrongUsage{finding("V003", {{"file", name}, {"what", what}})};
     }
     return file;
+}
+
+void mustHavePlaces(const DiffFile& file)
+{
+    if (!file.form->hasPlaces) {
+        throw wrongCall("--by position", file.name + " is of the format " + formatTitle(file.form->format) +
+                                             ", which has no places");
+    }
 }
 
 // Reads the marks of a file; gives what was found.
@@ -241,10 +268,16 @@ std::pair<std::string, std::string> twoFiles(const Arguments& arguments)
 int diff(const Arguments& arguments, const Console& console)
 {
     const auto [nameOfA, nameOfB] = twoFiles(arguments);
+    const auto [formatOfA, formatOfB] = givenFormats(arguments);
+    const bool isByPosition = arguments.value("by") == "position";
     InputFiles files;
-    DiffFile a = diffFile(nameOfA, files.pathOf(nameOfA));
-    DiffFile b = diffFile(nameOfB, files.pathOf(nameOfB));
-    const MarkTolerance tolerance = wantedTolerance(arguments, *a.facts, *b.facts);
+    DiffFile a = diffFile(nameOfA, files.pathOf(nameOfA), formatOfA);
+    DiffFile b = diffFile(nameOfB, files.pathOf(nameOfB), formatOfB);
+    if (isByPosition) {
+        mustHavePlaces(a);
+        mustHavePlaces(b);
+    }
+    const MarkTolerance tolerance = wantedTolerance(arguments, *a.facts, *b.facts, files);
 
     ComparedTexts texts;
     Progress progress(console, "files", 2);
@@ -260,11 +293,7 @@ int diff(const Arguments& arguments, const Console& console)
     shown.begin(a, b, lines);
     const MarkComparison comparison(*a.form, *b.form, tolerance, texts);
     const auto use = [&shown, &lines](const ComparedPair& pair) { shown.add(pair, lines); };
-    if (arguments.value("by", "object") == "position") {
-        comparison.byPosition(a.marks, b.marks, use);
-    } else {
-        comparison.byObject(a.marks, b.marks, use);
-    }
+    isByPosition ? comparison.byPosition(a.marks, b.marks, use) : comparison.byObject(a.marks, b.marks, use);
     return shown.finish(a, b);
 }
 

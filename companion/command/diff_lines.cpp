@@ -104,7 +104,8 @@ DiffLines::DiffLines(const FormatFacts& a, const FormatFacts& b, const MarkToler
                      const ComparedTexts& sharedTexts)
     : tolerance(allowed), texts(sharedTexts), width(widthOf(texts.objects)),
       timeDecimals(decimalsOf(tolerance.time, finer(a.timeStep, b.timeStep))),
-      angleDecimals(decimalsOf(tolerance.angleAt(0), finer(a.declinationStep, b.declinationStep))),
+      angleDecimals(
+          decimalsOf(tolerance.angleAt(0), finer(writtenDeclinationStep(a), writtenDeclinationStep(b)))),
       magnitudeDecimals(decimalsOf(tolerance.magnitude, finer(a.magnitudeStep, b.magnitudeStep)))
 {
 }

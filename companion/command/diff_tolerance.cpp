@@ -1,6 +1,7 @@
 #include "command/diff_tolerance.h"
 
 #include "base/lines.h"
+#include "out/text.h"
 #include "out/units.h"
 #include "reading/text_front.h"
 
@@ -8,8 +9,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <filesystem>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -64,7 +67,11 @@ public:
 
     void add(std::string_view line)
     {
+        constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
         ++number;
+        if (number == 1 && line.starts_with(byteOrderMark)) {
+            line.remove_prefix(byteOrderMark.size());
+        }
         const std::vector<std::string> words = wordsOf(line.substr(0, line.find('#')));
         if (words.empty()) {
             return;
@@ -114,16 +121,34 @@ MarkTolerance exactTolerance()
     return tolerance;
 }
 
+// What is neither a word nor a file is more likely a word.
+void mustBeThere(const std::string& wanted)
+{
+    std::error_code ignored;
+    const std::vector<std::string> words{"auto", "exact"};
+    if (!std::filesystem::exists(wanted, ignored) && !nearestWord(wanted, words).empty()) {
+        throw unknownWord("tolerance", wanted, words);
+    }
+}
+
+void takeFile(const std::string& name, InputFiles& files, MarkTolerance& tolerance)
+{
+    mustBeThere(name);
+    const std::string path = files.pathOf(name);
+    frontOfFile(path); // throws for one that cannot be read
+    ToleranceLines lines(name, tolerance);
+    tavelinUtils::readLines(path, lines);
+}
+
 } // namespace
 
-MarkTolerance wantedTolerance(const Arguments& arguments, const FormatFacts& a, const FormatFacts& b)
+MarkTolerance wantedTolerance(const Arguments& arguments, const FormatFacts& a, const FormatFacts& b,
+                              InputFiles& files)
 {
     const std::string wanted = arguments.value("tolerance", "auto");
     MarkTolerance tolerance = wanted == "exact" ? exactTolerance() : toleranceOf(a, b);
     if (wanted != "exact" && wanted != "auto") {
-        frontOfFile(wanted); // throws for one that cannot be read
-        ToleranceLines lines(wanted, tolerance);
-        tavelinUtils::readLines(wanted, lines);
+        takeFile(wanted, files, tolerance);
     }
     for (const ToleranceValue& value : values) {
         if (arguments.has(value.name)) {

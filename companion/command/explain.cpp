@@ -81,7 +81,8 @@ Explanation resultIn(const std::string& name, InputFiles& files)
 Explanation taskIn(const std::string& name, InputFiles& files)
 {
     tavelinUtils::FileBytes input;
-    const bool isCopied = name == standardInput && readBytes(files.pathOf(name), input);
+    const std::string path = files.pathOf(name);
+    const bool isCopied = path != name && readBytes(path, input);
     TaskDocument document = isCopied ? taskDocumentOf(input.view(), name) : readTaskDocument(name);
     const CheckedTask checked = TaskChecker({}).check(std::move(document));
     if (!checked.isLoaded) {

@@ -1,5 +1,7 @@
 #include "command/measurement_files.h"
 
+#include <utility>
+
 namespace companion {
 namespace {
 
@@ -20,10 +22,13 @@ constexpr OwnReceiver ownReceivers[] = {
 std::string givenFormat(const Arguments& arguments, std::string_view option)
 {
     std::string word = arguments.value(option);
-    if (!word.empty() && !isFormatName(word)) {
-        const std::string near = nearestWord(word, formatNames());
-        const std::string question = near.empty() ? "" : "; did you mean \"" + near + "\"?";
-        throw WrongUsage{finding("V002", {{"kind", "format"}, {"word", word}, {"question", question}})};
+    return word.empty() ? word : knownFormat(std::move(word));
+}
+
+std::string knownFormat(std::string word)
+{
+    if (!isFormatName(word)) {
+        throw unknownWord("format", word, formatNames());
     }
     return word;
 }

@@ -15,6 +15,9 @@ namespace companion {
 /// no format.
 std::string givenFormat(const Arguments& arguments, std::string_view option = "as");
 
+/// The word itself. Throws WrongUsage (V002) for one that is no format.
+std::string knownFormat(std::string word);
+
 /// The receiver that alone takes files of a format: "mpc", "ccsds", "aavso" or "ades"; empty where there is
 /// none.
 std::string ownReceiver(std::string_view format);

@@ -2,16 +2,19 @@
 #include "command/measurement_files.h"
 #include "command/subcommands.h"
 #include "out/characters.h"
+#include "out/finding_json.h"
 #include "out/gnuplot_script.h"
 #include "out/json.h"
 #include "out/safe_file.h"
 #include "reading/input_files.h"
+#include "reading/lint.h"
 #include "reading/measured_points.h"
 #include "reading/residuals.h"
 #include "running/gnuplot.h"
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <optional>
 #include <ostream>
 #include <utility>
@@ -187,39 +190,72 @@ Chart residualChart(const std::vector<MeasuredSeries>& all, ResidualsOf&& residu
     return chart;
 }
 
-MeasuredSeries ephemerisOf(const std::string& path)
+// What is drawn, and of what.
+struct Subject
 {
-    std::vector<MeasuredSeries> paths = pathsIn(path, "horizons");
+    std::string name; // of the file, as the call has it
+    std::string path;
+    std::string format;
+    std::string kind;
+    std::string ephemeris; // its path; empty where there is none
+};
+
+MeasuredSeries ephemerisOf(const Subject& subject, const Arguments& arguments)
+{
+    std::vector<MeasuredSeries> paths = pathsIn(subject.ephemeris, "horizons");
     if (paths.empty()) {
-        throw wrongCall("--against", path + " has no position");
+        throw wrongCall("--against", arguments.value("against") + " has no position");
     }
     return std::move(paths.front());
 }
 
-Chart residualChart(const std::vector<MeasuredSeries>& all, const Arguments& arguments)
+Chart residualChart(const std::vector<MeasuredSeries>& all, const Subject& subject,
+                    const Arguments& arguments)
 {
-    if (!arguments.has("against")) {
+    if (subject.ephemeris.empty()) {
         const int degree = degreeOf(arguments);
         return residualChart(all, [degree](const MeasuredSeries& path) { return residualsOf(path, degree); });
     }
-    const MeasuredSeries ephemeris = ephemerisOf(arguments.value("against"));
+    const MeasuredSeries ephemeris = ephemerisOf(subject, arguments);
     return residualChart(all, [&](const MeasuredSeries& path) { return residualsOf(path, ephemeris); });
 }
 
-Drawing drawingOf(const std::string& path, const std::string& format, const std::string& kind,
-                  const Arguments& arguments)
+std::vector<MeasuredSeries> seriesOf(const Subject& subject, bool isLight)
+{
+    return isLight ? lightCurvesIn(subject.path, subject.format) : pathsIn(subject.path, subject.format);
+}
+
+// Why a picture would be empty: for the ephemeris, for what the file has nothing of, or for the file itself.
+WrongUsage nothingToDraw(const Subject& subject, bool hasSeries, const Arguments& arguments)
+{
+    if (hasSeries && !subject.ephemeris.empty()) {
+        return wrongCall("--against",
+                         arguments.value("against") + " has no positions at the times of " + subject.name);
+    }
+    if (hasSeries || !seriesOf(subject, subject.kind != "light").empty()) {
+        return wrongCall("--kind", std::string("there is nothing to draw for \"") + subject.kind + '"');
+    }
+    return wrongCall("FILE", subject.name + " has no marks to draw");
+}
+
+Chart chartOf(const std::vector<MeasuredSeries>& all, const Subject& subject, const Arguments& arguments)
+{
+    return subject.kind == "light" ? lightChart(all)
+           : subject.kind == "sky" ? skyChart(all)
+                                   : residualChart(all, subject, arguments);
+}
+
+Drawing drawingOf(const Subject& subject, const Arguments& arguments)
 {
     Drawing drawing;
-    const std::vector<MeasuredSeries> all =
-        chosen(kind == "light" ? lightCurvesIn(path, format) : pathsIn(path, format),
-               arguments.values("object"), drawing);
-    if (!all.empty()) {
-        drawing.chart = kind == "light" ? lightChart(all)
-                        : kind == "sky" ? skyChart(all)
-                                        : residualChart(all, arguments);
+    std::vector<MeasuredSeries> found = seriesOf(subject, subject.kind == "light");
+    const bool hasSeries = !found.empty();
+    if (hasSeries) {
+        const auto all = chosen(std::move(found), arguments.values("object"), drawing);
+        drawing.chart = chartOf(all, subject, arguments);
     }
     if (drawing.chart.series.empty()) {
-        throw wrongCall("--kind", std::string("there is nothing to draw for \"") + kind + '"');
+        throw nothingToDraw(subject, hasSeries, arguments);
     }
     for (const ChartSeries& series : drawing.chart.series) {
         drawing.points += series.points.size();
@@ -246,8 +282,62 @@ std::string pictureOf(const Arguments& arguments)
     return picture;
 }
 
+// What the reader of the file lost or misread. Findings are messages here: the data are the picture.
+class Losses
+{
+public:
+    Losses(const Subject& subject, const Console& theConsole) : console(theConsole)
+    {
+        const LintSettings settings;
+        lintFile(subject.path, subject.format, settings, [&](Finding found) {
+            if (found.severity == Severity::error) {
+                add(std::move(found).in(subject.name));
+            }
+        });
+        for (const auto& [code, count] : counts) {
+            if (count > most && !console.look.json && !console.look.quiet) {
+                console.err << printable(subject.name) << ": " << counted(count - most) << " more of "
+                            << code.text() << '\n';
+            }
+        }
+    }
+
+    int status() const
+    {
+        return exitStatus(totals);
+    }
+
+    void show(JsonDocument& document) const
+    {
+        document.set("findings", list);
+        document.set("totals", totalsJson(totals));
+        document.set("exit", status());
+    }
+
+private:
+    static constexpr std::size_t most = 3;
+
+    void add(const Finding& found)
+    {
+        totals.add(found);
+        if (++counts[found.code] > most) {
+            return;
+        }
+        if (console.look.json) {
+            list.push(findingJson(found));
+        } else {
+            showFinding({console.err, console.err, console.look}, found);
+        }
+    }
+
+    const Console& console;
+    std::map<FindingCode, std::size_t> counts{};
+    FindingTotals totals{};
+    Json list = Json::list();
+};
+
 void showJson(std::ostream& out, const std::string& kind, const std::string& picture,
-              const std::string& script, const Drawing& drawing)
+              const std::string& script, const Drawing& drawing, const Losses& losses)
 {
     JsonDocument document(out, "tavelin.plot/1");
     document.set("picture", script.empty() ? Json(picture) : Json());
@@ -256,7 +346,7 @@ void showJson(std::ostream& out, const std::string& kind, const std::string& pic
     document.set("objects", drawing.objects);
     document.set("drawn", drawing.drawn);
     document.set("points", drawing.points);
-    document.set("exit", 0);
+    losses.show(document);
     document.finish();
 }
 
@@ -278,6 +368,17 @@ void draw(const Chart& chart, const std::string& picture, const std::vector<std:
     file.commit();
 }
 
+Subject subjectOf(const Arguments& arguments, InputFiles& files)
+{
+    Subject subject;
+    subject.name = arguments.operands().front();
+    subject.path = files.pathOf(subject.name);
+    subject.format = formatOf(subject.name, subject.path, arguments);
+    subject.kind = kindOf(arguments, subject.format);
+    subject.ephemeris = arguments.has("against") ? files.pathOf(arguments.value("against")) : "";
+    return subject;
+}
+
 int plot(const Arguments& arguments, const Console& console)
 {
     const std::vector<std::string>& operands = arguments.operands();
@@ -287,25 +388,24 @@ int plot(const Arguments& arguments, const Console& console)
     const std::string picture = pictureOf(arguments);
     degreeOf(arguments); // a wrong number is told before anything else
     InputFiles files;
-    const std::string path = files.pathOf(operands.front());
-    const std::string format = formatOf(operands.front(), path, arguments);
-    const std::string kind = kindOf(arguments, format);
-    Drawing drawing = drawingOf(path, format, kind, arguments);
+    const Subject subject = subjectOf(arguments, files);
+    Drawing drawing = drawingOf(subject, arguments);
     const std::vector<ChartSeries>& series = drawing.chart.series;
-    drawing.chart.title =
-        fileName(operands.front()) + (series.size() == 1 ? ": " + series.front().title : "");
+    drawing.chart.title = fileName(subject.name) + (series.size() == 1 ? ": " + series.front().title : "");
     const std::string script = arguments.has("script") ? gnuplotScript(drawing.chart, picture) : "";
     if (script.empty()) {
-        draw(drawing.chart, picture, {path, arguments.value("against", path)}, arguments.has("force"));
+        const std::string against = subject.ephemeris.empty() ? subject.path : subject.ephemeris;
+        draw(drawing.chart, picture, {subject.path, against}, arguments.has("force"));
     }
+    const Losses losses(subject, console);
     if (console.look.json) {
-        showJson(console.out, kind, picture, script, drawing);
+        showJson(console.out, subject.kind, picture, script, drawing, losses);
     } else if (!script.empty()) {
         console.out << script;
     } else if (!console.look.quiet) {
-        showText(console.out, kind, picture, drawing);
+        showText(console.out, subject.kind, picture, drawing);
     }
-    return 0;
+    return losses.status();
 }
 
 } // namespace

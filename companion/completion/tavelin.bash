@@ -17,7 +17,7 @@ _tavelin_options()
     ready) echo '--for -o --output -f --force --as --profile --station --observer --band --magnitude --no-magnitudes --zero-is-a-magnitude --numbers --allow-artificial --rename --new-names --time-decimals --ra-decimals --dec-decimals --creation-date --leave-out --dry-run --how-to-send --max --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     normalise) echo '-o --output --from --time-system --accept-frame --apply-corrections --magnitude -f --force --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     batch) echo '--over --into --group --set --only-make -j --jobs --part --again --by-content --summary --failed --forget --time-limit --memory-limit --allow --anyway --verify --vomar --stop-after --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
-    diff) echo '--tolerance --time --angle --magnitude --by -c --changes -s --sums --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
+    diff) echo '--tolerance --time --angle --magnitude --by --as -c --changes -s --sums --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     convert) echo '--from --to --telescope --originator --frame --autoname --keep-task -f --force --allow --time-limit --memory-limit --verify --vomar --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     report) echo '--to --by --short-names --filter --telescope --originator --gap --exclude --only-track --make --keep-task -f --force --allow --time-limit --memory-limit --verify --vomar --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
     plot) echo '-o --output --kind --object --degree --against --script --as -f --force --json -q --quiet -v --verbose --color --progress --times -h --help' ;;
@@ -104,6 +104,7 @@ _tavelin_values()
     "diff --angle") echo '' ;;
     "diff --magnitude") echo '' ;;
     "diff --by") echo 'object position' ;;
+    "diff --as") echo '' ;;
     "diff --color") echo 'auto always never' ;;
     "diff --progress") echo 'auto plain none' ;;
     "convert --from") echo '' ;;

@@ -117,6 +117,7 @@ complete -c tavelin -n '__fish_seen_subcommand_from diff' -l time -x -d 'two mar
 complete -c tavelin -n '__fish_seen_subcommand_from diff' -l angle -x -d 'they are the same up to this angle: 0.5, 500mas, 1arcmin'
 complete -c tavelin -n '__fish_seen_subcommand_from diff' -l magnitude -x -d 'they are the same up to this difference of magnitudes'
 complete -c tavelin -n '__fish_seen_subcommand_from diff' -l by -x -a 'object position' -d 'marks of equal objects belong together, or those that are nearest on the sky'
+complete -c tavelin -n '__fish_seen_subcommand_from diff' -l as -x -d 'the format of both files, instead of those that their contents show; given again, that of the second'
 complete -c tavelin -n '__fish_seen_subcommand_from diff' -s c -l changes -d 'leave out the marks that are the same'
 complete -c tavelin -n '__fish_seen_subcommand_from diff' -s s -l sums -d 'show the sums only'
 

@@ -583,7 +583,7 @@ constexpr FindingRow rows[] = {
      "Use tavelin ready to make a copy for the receiver; tavelin check --for lists each place."},
     {"V302", Severity::error, false, "cl", "the format is not certain: {guess}",
      "No format is recognised with certainty, and the file is not read further.",
-     "Say which it is with --as, or in tavelin convert with --from."},
+     "Say which it is with --as, or in tavelin convert and tavelin normalise with --from."},
     {"V310", Severity::error, false, "cly", "a line of {n} columns, where 80 are wanted",
      "The receiver refuses the line, or reads its columns in the wrong places.",
      "Use tavelin ready --for mpc: it makes lines of 80 columns."},

@@ -73,6 +73,15 @@ std::size_t distance(std::string_view a, std::string_view b)
     return row.back();
 }
 
+// The first word that begins with another one, which is not too short to tell; empty where there is none.
+std::string longerWord(std::string_view word, const std::vector<std::string>& known)
+{
+    constexpr std::size_t enough = 3;
+    const auto longer = std::find_if(known.begin(), known.end(),
+                                     [word](const std::string& each) { return each.starts_with(word); });
+    return word.size() < enough || longer == known.end() ? "" : *longer;
+}
+
 } // namespace
 
 bool isUtf8(std::string_view bytes)
@@ -201,16 +210,16 @@ void showFinding(const Console& console, const Finding& found)
 
 std::string nearestWord(std::string_view word, const std::vector<std::string>& known)
 {
-    std::string nearest;
+    const std::string* nearest = nullptr;
     std::size_t least = std::max<std::size_t>(1, word.size() / 3) + 1;
     for (const std::string& each : known) {
         const std::size_t steps = distance(word, each);
         if (steps < least) {
             least = steps;
-            nearest = each;
+            nearest = &each;
         }
     }
-    return nearest;
+    return nearest == nullptr ? longerWord(word, known) : *nearest;
 }
 
 std::string nearestQuestion(std::string_view word, const std::vector<std::string>& known)

@@ -79,7 +79,8 @@ std::string momentText(double mjd);
 void showFinding(const Console& console, const Finding& found);
 
 /// The word of the known ones that is nearest to a word, empty where none is near: at most a third of its
-/// letters, and one at least, are other, missing or too many. Case does not count.
+/// letters, and one at least, are other, missing or too many, where case does not count; else one that begins
+/// with it.
 std::string nearestWord(std::string_view word, const std::vector<std::string>& known);
 
 /// The end of a sentence about an unknown word: "; did you mean "check"?", empty where none is near.

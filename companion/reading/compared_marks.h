@@ -101,6 +101,13 @@ struct ComparedMark
     }
 };
 
+/// By how many seconds the second of two marks is later.
+inline double secondsBetween(const ComparedMark& a, const ComparedMark& b)
+{
+    constexpr double secondsOfDay = 86400;
+    return (static_cast<double>(b.day - a.day) + (b.fraction - a.fraction)) * secondsOfDay;
+}
+
 /// What the stations of a format are.
 enum class StationKind
 {

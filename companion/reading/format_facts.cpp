@@ -99,4 +99,10 @@ const FormatFacts* formatFacts(std::string_view name)
     return row == std::end(rows) ? nullptr : row;
 }
 
+double writtenDeclinationStep(const FormatFacts& facts)
+{
+    constexpr double stepOfSsmas = 0.01;
+    return facts.name == "ssmas" ? stepOfSsmas : facts.declinationStep;
+}
+
 } // namespace companion

@@ -33,4 +33,8 @@ std::span<const FormatFacts> formatFactsTable();
 /// The row of a format's name; a null pointer where there is none.
 const FormatFacts* formatFacts(std::string_view name);
 
+/// The step of declinations that stand in a file, in arcseconds: of SSMAS the reader drops digits which are
+/// there.
+double writtenDeclinationStep(const FormatFacts& facts);
+
 } // namespace companion

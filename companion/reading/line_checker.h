@@ -80,6 +80,18 @@ public:
     /// A finding of the file as a whole, without a line.
     void addOfFile(FindingCode code, FindingValues values = {});
 
+    /// So many marks that the file has are in no track. A finding is to tell of them.
+    void lose(std::size_t marks)
+    {
+        lostMarks += marks;
+    }
+
+    /// How many marks are lost.
+    std::size_t lost() const
+    {
+        return lostMarks;
+    }
+
     /// From now on findings wait for the end of the file and are put in the order of lines there: for what
     /// only the end of the file tells.
     void hold();
@@ -128,6 +140,7 @@ private:
     const TrackTimes& timesOfTracks;
     std::function<void(Finding)> found;
     CheckedLine present{};
+    std::size_t lostMarks = 0;
     bool isHolding = false;
     std::vector<Finding> held{};
 };

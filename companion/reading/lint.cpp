@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -110,6 +111,17 @@ private:
     std::size_t count = 0;
 };
 
+// Gives each line of a text, with what stands before its line feed, and whether it has one.
+template <class Use>
+void forEachWholeLine(std::string_view rest, Use use)
+{
+    while (!rest.empty()) {
+        const std::size_t end = rest.find('\n');
+        use(rest.substr(0, end), end != std::string_view::npos);
+        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+    }
+}
+
 // The lines are those of tavelinUtils::readLines, here with their ends.
 std::size_t walk(const std::string& path, LintedLines& lines)
 {
@@ -117,12 +129,8 @@ std::size_t walk(const std::string& path, LintedLines& lines)
     if (stream != nullptr) {
         LinePieces pieces(stream.get());
         while (pieces.next()) {
-            std::string_view rest = pieces.lines();
-            while (!rest.empty()) {
-                const std::size_t end = rest.find('\n');
-                lines.add(rest.substr(0, end), end != std::string_view::npos);
-                rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-            }
+            forEachWholeLine(pieces.lines(),
+                             [&lines](std::string_view line, bool isEnded) { lines.add(line, isEnded); });
         }
     }
     return lines.finish();
@@ -159,7 +167,59 @@ void mustAgree(const FileAccount& account, LintOutput& out)
     }
 }
 
+struct CodeRange
+{
+    FindingCode first;
+    FindingCode last;
+};
+
+// Marks that are lost, and values that are read as others than stand there.
+constexpr CodeRange lossCodes[] = {
+    {"V061", "V061"}, {"V121", "V127"}, {"V129", "V129"}, {"V150", "V151"},
+    {"V160", "V161"}, {"V163", "V167"}, {"V180", "V180"}, {"V185", "V189"},
+    {"V195", "V195"}, {"V197", "V197"}, {"V201", "V201"}, {"V205", "V206"},
+};
+
+bool isLoss(FindingCode code)
+{
+    return std::any_of(std::begin(lossCodes), std::end(lossCodes), [code](const CodeRange& range) {
+        return !(code < range.first) && !(range.last < code);
+    });
+}
+
 } // namespace
+
+std::size_t tellLosses(const ReadText& read, const std::function<void(Finding)>& found)
+{
+    const LintSettings settings;
+    const TrackTimes times(false); // what the times of neighbours are like is no loss
+    LintOutput out("", settings, read.fates, times, [&found](Finding each) {
+        if (isLoss(each.code)) {
+            found(std::move(each));
+        }
+    });
+    const auto checkers = checkersOf(read.format, "");
+    std::size_t count = 0;
+    forEachWholeLine(read.text, [&](std::string_view bytes, bool isEnded) {
+        ++count;
+        const CheckedLine line{read.numberOf ? read.numberOf(count) : count,
+                               tavelinUtils::withoutLineEnd(bytes),
+                               bytes,
+                               isEnded,
+                               read.fates.fate(count),
+                               read.fates.reason(count)};
+        out.begin(line);
+        for (const auto& checker : checkers) {
+            checker->line(line, out);
+        }
+    });
+    out.begin({});
+    for (const auto& checker : checkers) {
+        checker->end(out);
+    }
+    out.finish();
+    return out.lost();
+}
 
 LintLayer layerOf(FindingCode code)
 {

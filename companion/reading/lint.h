@@ -5,9 +5,12 @@
 
 #include "findings/finding.h"
 #include "reading/file_account.h"
+#include "reading/line_fates.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace companion {
 
@@ -20,6 +23,20 @@ struct LintSettings
     bool forCheck = false;  ///< only findings that the check of a task takes over
     std::string columns{};  ///< of a track table: only these are looked at, with a blank between; empty: all
 };
+
+/// A text whose reader has told the fates of its lines.
+struct ReadText
+{
+    std::string_view text;
+    const std::string& format; ///< a name of reading/signatures.h
+    const LineFates& fates;
+    std::function<std::size_t(std::size_t)>
+        numberOf{}; ///< what a line of the text is called; empty: its number
+};
+
+/// Hands out what the reader of a text makes no mark of and what it misreads, in the order of lines, as
+/// lintFile does for a file. Gives how many marks are in no track.
+std::size_t tellLosses(const ReadText& read, const std::function<void(Finding)>& found);
 
 /// Reads a file as the format and hands out a finding for each place, in the order of lines; each has one
 /// place with line, column, length, snippet, field and value. Gives the account of its lines. The format is a

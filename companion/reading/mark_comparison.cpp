@@ -1,15 +1,14 @@
 #include "reading/mark_comparison.h"
 
 #include "out/characters.h"
+#include "reading/near_places.h"
 #include "reading/sky_angle.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <iterator>
 #include <limits>
 #include <numbers>
-#include <set>
 #include <span>
 #include <string>
 #include <tuple>
@@ -18,18 +17,11 @@
 namespace companion {
 namespace {
 
-constexpr double secondsOfDay = 86400;
-
 // What calculation with doubles leaves: a value that is read in one unit and compared in another is off by a
 // hair.
 constexpr double hairOfTime = 2e-8;  // seconds
 constexpr double hairOfAngle = 1e-7; // arcseconds
 constexpr double hairOfMagnitude = 1e-9;
-
-double secondsBetween(const ComparedMark& a, const ComparedMark& b)
-{
-    return (static_cast<double>(b.day - a.day) + (b.fraction - a.fraction)) * secondsOfDay;
-}
 
 bool isSameNumber(double a, double b)
 {
@@ -82,7 +74,7 @@ bool isObservatoryCode(const std::string& text)
            isDigit(text[2]);
 }
 
-// Marks of one object in the order of time, matched by two pointers.
+// Marks of one object in the order of time.
 class TimeMatching
 {
 public:
@@ -95,46 +87,143 @@ public:
 
     std::vector<ComparedPair> pairs()
     {
-        while (i < a.size() || j < b.size()) {
-            if (i < a.size() && isTakenOfA[i]) {
-                ++i;
-            } else if (j < b.size() && isTakenOfB[j]) {
-                ++j;
-            } else if (j == b.size() || (i < a.size() && secondsBetween(a[i], b[j]) > tolerance)) {
-                found.push_back({&a[i++], nullptr, {}});
-            } else if (i == a.size() || secondsBetween(a[i], b[j]) < -tolerance) {
-                found.push_back({nullptr, &b[j++], {}});
-            } else {
-                matchAtOnce();
-            }
+        matchEqualTimes();
+        restOfA = untaken(isTakenOfA);
+        restOfB = untaken(isTakenOfB);
+        constexpr int rounds = 2;
+        for (int round = 0; round < rounds && !restOfA.empty() && !restOfB.empty(); ++round) {
+            matchNearest();
+            restOfA = untaken(isTakenOfA);
+            restOfB = untaken(isTakenOfB);
         }
+        matchRest();
         sortPairs(found);
         return std::move(found);
     }
 
 private:
-    // Where several marks are within the tolerance, those that agree belong together.
-    void matchAtOnce()
+    // Two marks that may belong together.
+    struct Candidate
     {
-        constexpr std::size_t farthest = 16;
-        for (std::size_t step = 0; step <= farthest; ++step) {
-            if (agree(i, j + step)) {
-                match(i, j + step);
-                return;
-            }
-            if (agree(i + step, j)) {
-                match(i + step, j);
-                return;
+        double distance; // seconds
+        std::size_t a;
+        std::size_t b;
+        bool isEqual;
+
+        friend bool operator<(const Candidate& one, const Candidate& other)
+        {
+            return std::tuple(other.isEqual, one.distance, one.a, one.b) <
+                   std::tuple(one.isEqual, other.distance, other.a, other.b);
+        }
+    };
+
+    static std::vector<std::size_t> untaken(const std::vector<bool>& isTaken)
+    {
+        std::vector<std::size_t> rest;
+        for (std::size_t i = 0; i < isTaken.size(); ++i) {
+            if (!isTaken[i]) {
+                rest.push_back(i);
             }
         }
-        match(i, j);
+        return rest;
     }
 
-    bool agree(std::size_t ofA, std::size_t ofB) const
+    // Marks of one time that agree are each other's, whatever is near them.
+    void matchEqualTimes()
     {
-        return ofA < a.size() && ofB < b.size() && !isTakenOfA[ofA] && !isTakenOfB[ofB] &&
-               std::abs(secondsBetween(a[ofA], b[ofB])) <= tolerance &&
-               !comparison.difference(a[ofA], b[ofB]).any();
+        constexpr std::size_t farthest = 16;
+        std::size_t j = 0;
+        for (std::size_t i = 0; i < a.size(); ++i) {
+            while (j < b.size() && (isTakenOfB[j] || secondsBetween(a[i], b[j]) < -hairOfTime)) {
+                ++j;
+            }
+            const std::size_t end = std::min(b.size(), j + farthest);
+            for (std::size_t other = j; other < end && secondsBetween(a[i], b[other]) <= hairOfTime; ++other)
+            {
+                if (!isTakenOfB[other] && !comparison.difference(a[i], b[other]).any()) {
+                    match(i, other);
+                    break;
+                }
+            }
+        }
+    }
+
+    // Of the marks that are left those belong together that agree, and then those whose times are nearest.
+    void matchNearest()
+    {
+        constexpr std::size_t most = std::size_t{1} << 20;
+        std::size_t middle = 0; // the first of the second file that is not before the present one
+        for (std::size_t i = 0; i < restOfA.size(); ++i) {
+            const ComparedMark& mark = a[restOfA[i]];
+            while (middle < restOfB.size() && secondsBetween(mark, b[restOfB[middle]]) < 0) {
+                ++middle;
+            }
+            addCandidates(restOfA[i], middle);
+            const bool isLast =
+                i + 1 == restOfA.size() || secondsBetween(mark, a[restOfA[i + 1]]) > 2 * tolerance;
+            if (isLast || candidates.size() > most) {
+                settle();
+            }
+        }
+    }
+
+    void addCandidates(std::size_t ofA, std::size_t middle)
+    {
+        constexpr std::size_t farthest = 16;
+        for (std::size_t place = middle; place-- > middle - std::min(middle, farthest);) {
+            if (!addCandidate(ofA, restOfB[place])) {
+                break;
+            }
+        }
+        for (std::size_t place = middle; place < std::min(restOfB.size(), middle + farthest); ++place) {
+            if (!addCandidate(ofA, restOfB[place])) {
+                break;
+            }
+        }
+    }
+
+    // False for one that is too far away in time.
+    bool addCandidate(std::size_t ofA, std::size_t ofB)
+    {
+        const double distance = std::abs(secondsBetween(a[ofA], b[ofB]));
+        if (distance > tolerance) {
+            return false;
+        }
+        if (!isTakenOfB[ofB]) {
+            candidates.push_back({distance, ofA, ofB, !comparison.difference(a[ofA], b[ofB]).any()});
+        }
+        return true;
+    }
+
+    void settle()
+    {
+        if (candidates.size() > 1) {
+            std::sort(candidates.begin(), candidates.end());
+        }
+        for (const Candidate& each : candidates) {
+            if (!isTakenOfA[each.a] && !isTakenOfB[each.b]) {
+                match(each.a, each.b);
+            }
+        }
+        candidates.clear();
+    }
+
+    // Where very many are near each other, those that are left belong together in their order.
+    void matchRest()
+    {
+        auto i = restOfA.begin();
+        auto j = restOfB.begin();
+        while (i != restOfA.end() || j != restOfB.end()) {
+            const bool hasBoth = i != restOfA.end() && j != restOfB.end();
+            const double seconds = hasBoth ? secondsBetween(a[*i], b[*j]) : 0;
+            if (j == restOfB.end() || seconds > tolerance) {
+                found.push_back({&a[*i++], nullptr, {}});
+            } else if (i == restOfA.end() || seconds < -tolerance) {
+                found.push_back({nullptr, &b[*j++], {}});
+            } else {
+                match(*i++, *j++);
+            }
+        }
     }
 
     void match(std::size_t ofA, std::size_t ofB)
@@ -150,147 +239,129 @@ private:
     std::span<const ComparedMark> b;
     std::vector<bool> isTakenOfA;
     std::vector<bool> isTakenOfB;
-    std::size_t i = 0;
-    std::size_t j = 0;
+    std::vector<std::size_t> restOfA{};
+    std::vector<std::size_t> restOfB{};
+    std::vector<Candidate> candidates{};
     std::vector<ComparedPair> found{};
 };
 
-// A direction as a point of the unit sphere: the nearest point is the nearest place.
-std::array<double, 3> directionOf(const ComparedMark& mark)
-{
-    constexpr double degree = std::numbers::pi / 180;
-    const double cosine = std::cos(mark.DE * degree);
-    return {cosine * std::cos(mark.RA * degree), cosine * std::sin(mark.RA * degree),
-            std::sin(mark.DE * degree)};
-}
-
-// Marks that may be near a place: those within the time tolerance, by their declinations.
-class NearPlaces
+// Marks of all objects by their places: pairs of which neither has a nearer one.
+class PlaceMatching
 {
 public:
-    explicit NearPlaces(std::span<const ComparedMark> sorted) : marks(sorted)
+    PlaceMatching(const MarkTolerance& allowed, std::span<const ComparedMark> ofA,
+                  std::span<const ComparedMark> ofB)
+        : tolerance(allowed), a(ofA), b(ofB), partners(ofA.size(), none), isTakenOfB(ofB.size())
     {
-        directions.reserve(marks.size());
-        std::transform(marks.begin(), marks.end(), std::back_inserter(directions), directionOf);
     }
 
-    // Keeps the marks that are within so many seconds of a mark; times never go back.
-    void moveTo(const ComparedMark& mark, double seconds)
+    // For each mark of the first file its partner in the second one; `none` where it has none.
+    const std::vector<std::size_t>& match()
     {
-        for (; last < marks.size() && secondsBetween(mark, marks[last]) <= seconds; ++last) {
-            if (hasPlace(marks[last])) {
-                places.insert(placeOf(last));
+        for (std::size_t i = 0; i < a.size(); ++i) {
+            rest.push_back(i);
+        }
+        constexpr int rounds = 8;
+        for (int round = 0; round < rounds && !rest.empty(); ++round) {
+            if (!matchMutual()) {
+                return partners;
             }
         }
-        for (; first < last && secondsBetween(mark, marks[first]) < -seconds; ++first) {
-            if (hasPlace(marks[first])) {
-                places.erase(placeOf(first));
-            }
-        }
+        matchInOrder();
+        return partners;
     }
 
-    // Takes the nearest mark within an angle; a null pointer where there is none.
-    const ComparedMark* take(const ComparedMark& mark, double angle)
-    {
-        if (!hasPlace(mark)) {
-            return nullptr;
-        }
-        const Search search{mark.DE, directionOf(mark)};
-        nearest = places.end();
-        best = chordOf(angle);
-        looks = 0;
-        const auto middle = places.lower_bound({mark.DE, 0, 0});
-        lookUp(search, middle);
-        lookDown(search, middle);
-        if (nearest == places.end()) {
-            return nullptr;
-        }
-        const ComparedMark* const found = &marks[nearest->index];
-        places.erase(nearest);
-        return found;
-    }
+    static constexpr std::size_t none = NearPlaces::none;
 
 private:
-    struct Place
+    // One that wants to be the partner of a mark of the second file.
+    struct Suitor
     {
-        double DE;
-        double RA;
-        std::size_t index;
-
-        friend bool operator<(const Place& a, const Place& b)
-        {
-            return std::tie(a.DE, a.RA, a.index) < std::tie(b.DE, b.RA, b.index);
-        }
-    };
-    using Places = std::set<Place>;
-
-    struct Search
-    {
-        double DE;
-        std::array<double, 3> direction;
+        std::size_t mark = none;
+        double chord = 0;
     };
 
-    static bool hasPlace(const ComparedMark& mark)
+    double seconds() const
     {
-        return std::isfinite(mark.RA) && std::isfinite(mark.DE);
+        return tolerance.time + hairOfTime;
     }
 
-    Place placeOf(std::size_t index) const
+    double chordAt(double DE) const
     {
-        return {marks[index].DE, marks[index].RA, index};
+        return chordOf(tolerance.angleAt(DE) + hairOfAngle);
     }
 
-    // The distance through the sphere of an angle along it, squared.
-    static double chordOf(double angle)
+    NearPlaces freePlaces() const
     {
-        constexpr double arcsecond = std::numbers::pi / 180 / 3600;
-        const double sine = std::sin(std::min(angle * arcsecond, std::numbers::pi) / 2);
-        return 4 * sine * sine;
+        return {b, [this](std::size_t mark) { return !isTakenOfB[mark]; }};
     }
 
-    // Of several marks at one place one look is enough.
-    void lookUp(const Search& search, Places::iterator place)
+    // False where no mark that is left has one near it.
+    bool matchMutual()
     {
-        while (place != places.end() && look(search, place)) {
-            place = places.upper_bound({place->DE, place->RA, marks.size()});
+        std::vector<Suitor> suitors(b.size());
+        std::vector<std::size_t> wooing;
+        NearPlaces places = freePlaces();
+        for (const std::size_t mark : rest) {
+            places.moveTo(a[mark], seconds());
+            const NearPlaces::Near near = places.nearest(a[mark], chordAt(a[mark].DE));
+            if (near.mark == none) {
+                continue;
+            }
+            wooing.push_back(mark);
+            Suitor& suitor = suitors[near.mark];
+            if (suitor.mark == none || near.chord < suitor.chord) {
+                suitor = {mark, near.chord};
+            }
+        }
+        accept(suitors, wooing);
+        rest.clear();
+        std::copy_if(wooing.begin(), wooing.end(), std::back_inserter(rest),
+                     [this](std::size_t mark) { return partners[mark] == none; });
+        return !wooing.empty();
+    }
+
+    void accept(const std::vector<Suitor>& suitors, const std::vector<std::size_t>& wooing)
+    {
+        std::vector<bool> isWooing(a.size());
+        for (const std::size_t mark : wooing) {
+            isWooing[mark] = true;
+        }
+        NearPlaces places(a, [&isWooing](std::size_t mark) { return isWooing[mark]; });
+        for (std::size_t mark = 0; mark < b.size(); ++mark) {
+            const Suitor& suitor = suitors[mark];
+            if (suitor.mark == none) {
+                continue;
+            }
+            bool isNearest = suitor.chord == 0;
+            if (!isNearest) {
+                places.moveTo(b[mark], seconds());
+                isNearest = !(places.nearest(b[mark], suitor.chord).chord < suitor.chord);
+            }
+            if (isNearest) {
+                partners[suitor.mark] = mark;
+                isTakenOfB[mark] = true;
+            }
         }
     }
 
-    void lookDown(const Search& search, Places::iterator place)
+    // Each that is left, in the order of time, with the nearest that is left.
+    void matchInOrder()
     {
-        while (place != places.begin() && look(search, std::prev(place))) {
-            --place;
-            place = places.lower_bound({place->DE, place->RA, 0});
+        NearPlaces places = freePlaces();
+        for (const std::size_t mark : rest) {
+            places.moveTo(a[mark], seconds());
+            partners[mark] = places.nearest(a[mark], chordAt(a[mark].DE)).mark;
+            places.take(partners[mark]);
         }
     }
 
-    // Looks at a place; false where those behind it are no nearer. Of very many in one strip of the sky not
-    // all are looked at.
-    bool look(const Search& search, Places::iterator place)
-    {
-        constexpr std::size_t most = 1000;
-        constexpr double arcseconds = 3600;
-        if (chordOf(std::abs(place->DE - search.DE) * arcseconds) > best || ++looks > most) {
-            return false;
-        }
-        const auto& [x, y, z] = directions[place->index];
-        const auto& [toX, toY, toZ] = search.direction;
-        const double chord = (x - toX) * (x - toX) + (y - toY) * (y - toY) + (z - toZ) * (z - toZ);
-        if (chord < best || (chord == best && nearest == places.end())) {
-            best = chord;
-            nearest = place;
-        }
-        return best > 0;
-    }
-
-    std::span<const ComparedMark> marks;
-    std::vector<std::array<double, 3>> directions{};
-    std::size_t first = 0;
-    std::size_t last = 0;
-    Places places{};
-    Places::iterator nearest{};
-    double best = 0;
-    std::size_t looks = 0;
+    const MarkTolerance& tolerance;
+    std::span<const ComparedMark> a;
+    std::span<const ComparedMark> b;
+    std::vector<std::size_t> partners;
+    std::vector<bool> isTakenOfB;
+    std::vector<std::size_t> rest{}; // of the first file: those that have no partner yet
 };
 
 // Sorts marks by the places of their objects, then by time.
@@ -322,7 +393,8 @@ MarkTolerance toleranceOf(const FormatFacts& a, const FormatFacts& b)
     MarkTolerance tolerance;
     tolerance.time = half(&FormatFacts::timeStep);
     tolerance.rightAscension = half(&FormatFacts::rightAscensionStep);
-    tolerance.declination = half(&FormatFacts::declinationStep);
+    tolerance.declination =
+        std::max(writtenDeclinationStep(a), writtenDeclinationStep(b)) / 2; // as they are meant
     tolerance.magnitude = half(&FormatFacts::magnitudeStep);
     return tolerance;
 }
@@ -390,15 +462,17 @@ void MarkComparison::byPosition(std::vector<ComparedMark>& ofA, std::vector<Comp
 {
     sortMarks(ofA, isEarlier);
     sortMarks(ofB, isEarlier);
-    NearPlaces places(ofB);
+    PlaceMatching matching(tolerance, ofA, ofB);
+    const std::vector<std::size_t>& partners = matching.match();
     std::vector<ComparedPair> pairs;
     std::vector<bool> isTaken(ofB.size());
-    for (const ComparedMark& mark : ofA) {
-        places.moveTo(mark, tolerance.time + hairOfTime);
-        const ComparedMark* const near = places.take(mark, tolerance.angleAt(mark.DE) + hairOfAngle);
-        pairs.push_back({&mark, near, near == nullptr ? MarkDifference() : difference(mark, *near)});
-        if (near != nullptr) {
-            isTaken[static_cast<std::size_t>(near - ofB.data())] = true;
+    for (std::size_t i = 0; i < ofA.size(); ++i) {
+        if (partners[i] == PlaceMatching::none) {
+            pairs.push_back({&ofA[i], nullptr, {}});
+        } else {
+            const ComparedMark& near = ofB[partners[i]];
+            pairs.push_back({&ofA[i], &near, difference(ofA[i], near)});
+            isTaken[partners[i]] = true;
         }
     }
     for (std::size_t i = 0; i < ofB.size(); ++i) {

@@ -81,12 +81,13 @@ public:
 
     using Use = std::function<void(const ComparedPair&)>;
 
-    /// Marks of equal objects, in the order of time. Gives each pair to a user, by objects in the order of
-    /// their bytes, then by time. The marks are sorted for it.
+    /// Marks of equal objects within the time tolerance: of several those that agree, then those of the
+    /// nearest times. Gives each pair to a user, by objects in the order of their bytes, then by time. The
+    /// marks are sorted for it.
     void byObject(std::vector<ComparedMark>& ofA, std::vector<ComparedMark>& ofB, const Use& use) const;
 
-    /// Marks of any objects: each of the first file, in the order of time, with the nearest place of the
-    /// second that is left. Gives each pair to a user by time.
+    /// Marks of any objects within the tolerances of time and angle: pairs of which neither has a nearer
+    /// place, then such pairs of those that are left. Gives each pair to a user by time.
     void byPosition(std::vector<ComparedMark>& ofA, std::vector<ComparedMark>& ofB, const Use& use) const;
 
     /// In what two marks differ.

@@ -44,11 +44,13 @@ public:
         case LineFate::mark: checkMark(line, out); break;
         case LineFate::passed:
             out.add("V150", {1, line.text.size()}, {{"words", counted(countWords(line.text), "word")}});
+            out.lose(1);
             break;
         case LineFate::refused: tellShortField(line, out); break;
         case LineFate::head:
             if (hasManyNumbers(line.text)) {
                 out.add("V151", {1, line.text.size()});
+                out.lose(1);
             }
             break;
         default: break;
@@ -74,6 +76,7 @@ private:
 
     void tellShortField(const CheckedLine& line, LintOutput& out)
     {
+        out.lose(1);
         tavelinUtils::cutRuns(line.text, ' ', tokens);
         for (std::size_t i = date; i < magnitude; ++i) {
             if (tokens[i].size() < shortestFields[i]) {

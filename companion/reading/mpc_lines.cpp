@@ -79,6 +79,7 @@ private:
             out.add("V197", {1, line.text.size()},
                     {{"what",
                       "an observation that begins with the keyword " + std::string(line.text.substr(0, 3))}});
+            out.lose(1);
             return;
         }
         if (!line.text.starts_with(stationKeyword)) {
@@ -96,6 +97,7 @@ private:
     {
         if (looksLikeObservation(line.text)) {
             out.add("V195", {1, line.text.size()}, {{"n", std::to_string(line.text.size())}});
+            out.lose(1);
         } else {
             ++skipped;
         }

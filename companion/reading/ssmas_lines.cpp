@@ -66,6 +66,7 @@ public:
                 lose(line, "V185", out);
             } else if (looksLikeMark(line.text)) {
                 out.add("V164", {1, line.text.size()});
+                out.lose(1);
             }
             return;
         }
@@ -106,6 +107,7 @@ private:
         if (isLosing && !isHarmless) {
             const CheckedLine line{lostLine, lostText, lostText};
             out.addAt(line, lostBy, {1, lostText.size()}, {{"marks", counted(lostMarks, "mark")}});
+            out.lose(lostMarks);
         }
         isLosing = false;
     }
@@ -163,8 +165,10 @@ private:
             ++lostMarks;
         } else if (isOpen) {
             out.add("V166", {1, line.text.size()}, {{"words", counted(count, "word")}});
+            out.lose(1);
         } else {
             out.add("V164", {1, line.text.size()});
+            out.lose(1);
         }
     }
 

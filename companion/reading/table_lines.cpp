@@ -245,6 +245,7 @@ private:
             toldLost = true;
             const std::size_t lost = out.fates().count(LineFate::lost);
             out.add("V201", {1, line.text.size()}, {{"marks", counted(lost, "mark")}});
+            out.lose(lost);
         }
     }
 

@@ -80,6 +80,7 @@ public:
         if (isLost) {
             const CheckedLine line{headLine, headText, headText};
             out.addAt(line, "V160", {1, headText.size()}, {{"marks", counted(marks, "mark")}});
+            out.lose(marks);
         }
     }
 
@@ -136,11 +137,14 @@ private:
         const Stretch whole{1, line.text.size()};
         if (line.reason == PassedReason::outsideBlock) {
             out.add("V164", whole);
+            out.lose(1);
         } else if (isOnlyEnd(line.text)) {
             out.add("V163", whole);
         } else {
-            out.add(looksLikeMark(line.text) || inBlock ? FindingCode("V166") : FindingCode("V165"), whole,
+            const bool isMark = looksLikeMark(line.text) || inBlock;
+            out.add(isMark ? FindingCode("V166") : FindingCode("V165"), whole,
                     {{"words", counted(count, "word")}});
+            out.lose(isMark ? 1 : 0);
         }
     }
 
@@ -172,6 +176,7 @@ private:
 
     void tellShortField(const CheckedLine& line, LintOutput& out)
     {
+        out.lose(1);
         for (std::size_t i = 0; i < wordsOfMark; ++i) {
             if (words[i].size() < shortestFields[i]) {
                 const std::string_view field = telegramFields()[i].name;

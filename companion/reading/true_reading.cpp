@@ -5,6 +5,7 @@
 #include "reading/file_info.h"
 #include "reading/line_fates.h"
 #include "reading/mark_lines.h"
+#include "reading/meant_losses.h"
 #include "reading/meant_text.h"
 #include "reading/memory_file.h"
 #include "reading/plain_text.h"
@@ -207,6 +208,7 @@ TrueOutcome readByReader(const PlainText& plain, const std::string& path, const 
     });
     readWithFates({source, format, {}, [&tracks](const TrackVtorichka& track) { tracks.take(track); }},
                   fates);
+    addLosses(plain.text, format, fates, meant);
     return {std::move(meant.findings), meant.leftOut};
 }
 

@@ -29,8 +29,8 @@ ValueSteps stepsOf(const std::string& format)
 {
     const FormatFacts* const facts = formatFacts(format);
     return facts == nullptr ? ValueSteps{}
-                            : ValueSteps{facts->timeStep, facts->rightAscensionStep, facts->declinationStep,
-                                         facts->magnitudeStep};
+                            : ValueSteps{facts->timeStep, facts->rightAscensionStep,
+                                         writtenDeclinationStep(*facts), facts->magnitudeStep};
 }
 
 // A message writes its numbers with any decimals.

@@ -93,13 +93,6 @@ std::vector<double Mark::*> magnitudesOf(std::string_view word)
     return {&Mark::m};
 }
 
-// The reader of SSMAS drops what is behind the whole seconds, but a file of it has more.
-double declinationStep(const FormatFacts& facts)
-{
-    constexpr double stepOfSsmas = 0.01;
-    return facts.name == "ssmas" ? stepOfSsmas : facts.declinationStep;
-}
-
 // Angles in degrees may have any number of digits, those in hours and degrees of seconds have that of the
 // format.
 std::vector<Value> valuesOf(const FormatFacts& input, const FormatFacts& output)
@@ -119,7 +112,7 @@ std::vector<Value> valuesOf(const FormatFacts& input, const FormatFacts& output)
     std::vector<Value> values{
         {"time", &Mark::time, secondsOfDay, input.timeStep, output.timeStep, 7, 2e-8},
         angle("right ascension", &Mark::RA, timeSeconds, input.rightAscensionStep, output.rightAscensionStep),
-        angle("declination", &Mark::DE, arcseconds, input.declinationStep, declinationStep(output)),
+        angle("declination", &Mark::DE, arcseconds, input.declinationStep, writtenDeclinationStep(output)),
     };
     for (double Mark::*const field : magnitudesOf(output.name)) {
         values.push_back({"magnitude", field, 1, input.magnitudeStep, output.magnitudeStep, 8, 1e-9});

@@ -67,7 +67,8 @@ TEST(CommandLine, OptionsAreNotAbbreviated)
 TEST(CommandLine, UnknownWordOfAnOptionNamesTheNearest)
 {
     EXPECT_EQ(callCommand({"explain", "--color=alwys", "V005"}).err,
-              "tavelin: no word of --color \"alwys\"; did you mean \"always\"? [V002]\n");
+              "tavelin: no word of --color \"alwys\"; did you mean \"always\"? It takes auto, always, never "
+              "[V002]\n");
 }
 
 TEST(CommandLine, OptionsMayStandAnywhere)

@@ -145,6 +145,46 @@ TEST(MarkComparison, TimesThatAreRoundedToOneKeepTheirOrder)
     EXPECT_EQ(std::count_if(pairs.begin(), pairs.end(), [](const auto& each) { return each[0] != '='; }), 0);
 }
 
+TEST(MarkComparison, MarksThatDifferBelongToTheNearestTime)
+{
+    Comparison files;
+    files.tolerance.time = 6;
+    files.a = {files.mark(10), files.mark(15), files.mark(20)};
+    files.b = {files.mark(15, 100, 20, 18.03), files.mark(20, 100, 20, 18.03)};
+    EXPECT_THAT(files.byObject(), ElementsAre("!10-", "*15-15", "*20-20"));
+    std::swap(files.a, files.b);
+    EXPECT_THAT(files.byObject(), ElementsAre("!-10", "*15-15", "*20-20"));
+}
+
+TEST(MarkComparison, MarksThatAgreeBelongToTheNearestTime)
+{
+    Comparison files;
+    files.tolerance.time = 6;
+    files.a = {files.mark(10), files.mark(15), files.mark(20)};
+    files.b = {files.mark(16), files.mark(21)};
+    EXPECT_THAT(files.byObject(), ElementsAre("!10-", "=15-16", "=20-21"));
+}
+
+TEST(MarkComparison, OneThatAgreesComesBeforeOneThatIsNearer)
+{
+    Comparison files;
+    files.tolerance.time = 6;
+    files.a = {files.mark(10), files.mark(14, 101)};
+    files.b = {files.mark(11, 101), files.mark(15)};
+    EXPECT_THAT(files.byObject(), ElementsAre("=10-15", "=14-11"));
+}
+
+TEST(MarkComparison, NoMarkIsAloneBesideOneOfItsTimeThatIsAloneToo)
+{
+    Comparison files;
+    files.tolerance.time = 1000;
+    for (int i = 0; i < 200; ++i) {
+        files.a.push_back(files.mark(i));
+        files.b.push_back(files.mark(i % 7, 100, 20, 18.03));
+    }
+    EXPECT_THAT(files.byObject(), testing::Each(testing::StartsWith("*")));
+}
+
 TEST(MarkComparison, TimesMeetAcrossMidnight)
 {
     Comparison files;
@@ -244,6 +284,38 @@ TEST(MarkComparison, TheNearestPlaceCountsWhateverTheObject)
     EXPECT_EQ(files.texts.objects.text(files.b[1].object), "F");
 }
 
+// One that is exactly there is not left alone for an earlier one that is near.
+TEST(MarkComparison, CompetingMarksGoToTheNearest)
+{
+    constexpr double arcsecond = 1.0 / 3600;
+    Comparison files;
+    files.tolerance.angle = 5;
+    files.a = {files.mark(1, 100, arcsecond, 18, "A1"), files.mark(1, 100, 0, 18, "A2")};
+    files.b = {files.mark(1, 100, 0, 18, "B2")};
+    const auto objects = [&files] {
+        std::vector<std::string> all;
+        const auto add = [&](const ComparedPair& pair) {
+            const auto name = [&files](const ComparedMark* mark) {
+                return mark == nullptr ? "" : files.texts.objects.text(mark->object);
+            };
+            all.push_back(name(pair.a) + "-" + name(pair.b));
+        };
+        MarkComparison(files.form, files.form, files.tolerance, files.texts)
+            .byPosition(files.a, files.b, add);
+        return all;
+    };
+    EXPECT_THAT(objects(), ElementsAre("A1-", "A2-B2"));
+    // A1 would take B2, which A2 has; A2 is nearer to B3, which A3 is on.
+    files.a.push_back(files.mark(1, 100, -2.5 * arcsecond, 18, "A3"));
+    files.a[1].DE = -1 * arcsecond;
+    files.a[0].DE = 2 * arcsecond;
+    files.b.push_back(files.mark(1, 100, -1.5 * arcsecond, 18, "B3"));
+    files.b.push_back(files.mark(1, 100, -2.5 * arcsecond, 18, "B4"));
+    EXPECT_THAT(objects(), testing::UnorderedElementsAre("A1-B2", "A2-B3", "A3-B4"));
+    files.b.pop_back();
+    EXPECT_THAT(objects(), testing::UnorderedElementsAre("A1-B2", "A2-B3", "A3-"));
+}
+
 TEST(MarkComparison, ManyMarksAtOnePlaceAndTimeEachFindOne)
 {
     constexpr std::size_t count = 20000;
@@ -305,6 +377,8 @@ TEST(Tolerance, IsHalfOfTheLastDigitOfTheCoarserFormat)
     EXPECT_DOUBLE_EQ(tolerance.magnitude, 0.05);
     EXPECT_DOUBLE_EQ(tolerance.angleAt(90), 0.05);
     EXPECT_DOUBLE_EQ(toleranceOf(*formatFacts("ades.psv"), *formatFacts("mpc")).time, 0.432);
+    EXPECT_DOUBLE_EQ(toleranceOf(*formatFacts("ssmas"), *formatFacts("ssmas")).declination, 0.005);
+    EXPECT_DOUBLE_EQ(toleranceOf(*formatFacts("ssmas"), *formatFacts("mpc")).declination, 0.05);
     EXPECT_DOUBLE_EQ(toleranceOf(*formatFacts("ades.psv"), *formatFacts("ades.xml")).time, 0);
 }
 

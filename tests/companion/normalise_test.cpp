@@ -186,3 +186,61 @@ TEST(NormaliseMessages, ANormalFormIsItsOwn)
         }
     }
 }
+
+namespace {
+
+struct OddName
+{
+    const char* kind;
+    const char* name;
+    const char* shown;
+    const char* inJson;
+};
+
+constexpr OddName oddNames[] = {
+    {"blank", "a night.mea", "a night.mea", "{\"file\":\"a night.mea\"}"},
+    {"umlaut",
+     "n\xC3\xA4"
+     "chte.mea",
+     "n\xC3\xA4"
+     "chte.mea",
+     "{\"file\":\"n\xC3\xA4"
+     "chte.mea\"}"},
+    {"newline", "a\nb.mea", "a\\x0Ab.mea", "{\"file\":\"a\\nb.mea\"}"},
+    {"minus", "-night.mea", "-night.mea", "{\"file\":\"-night.mea\"}"},
+    {"latin1",
+     "n\xE4"
+     "chte.mea",
+     "n\\xE4"
+     "chte.mea",
+     "{\"file\":\"n\xEF\xBF\xBD"
+     "chte.mea\",\"bytes\":\"6ee4636874652e6d6561\"}"},
+};
+
+class NormaliseNames : public testing::TestWithParam<OddName>
+{
+};
+
+TEST_P(NormaliseNames, AreTakenAndShown)
+{
+    const auto& [kind, name, shown, inJson] = GetParam();
+    const std::string night = "K88 2000.0 UTC\nX1 061110 0430138240 0255387401 -0313126984 001 18.87\n";
+    const TemporaryFolder folder;
+    const PresentFolder present(folder.path());
+    makeFile(name, night);
+    fs::create_directory("copies");
+    const std::string copy = std::string("copies/") + name;
+    const CommandEnd plain = callCommand({"normalise", "-o", copy, "--", name});
+    EXPECT_EQ(plain.out, std::string(shown) + ": 1 mark in, 1 out, 0 left out; nothing found; unchanged\n");
+    EXPECT_EQ(plain.err, "");
+    EXPECT_EQ(plain.status, 0);
+    EXPECT_EQ(bytesOf(copy), night);
+    const CommandEnd json = callCommand({"normalise", "--json", "-f", "-o", copy, "--", name});
+    EXPECT_NE(json.out.find(std::string("\"input\":") + inJson), std::string::npos) << json.out;
+    EXPECT_EQ(json.status, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, NormaliseNames, testing::ValuesIn(oddNames),
+                         [](const auto& each) { return std::string(each.param.kind); });
+
+} // namespace

@@ -127,8 +127,8 @@ TEST(TrueReading, MarksOfAnObjectKnowTheirLinesWhereverTheyAre)
     EXPECT_EQ(file.tracks[0].marks[1].line, 5U);
     EXPECT_EQ(file.tracks[1].marks[0].line, 3U);
     EXPECT_EQ(file.tracks[1].marks[1].line, 7U); // behind one that is left out
-    EXPECT_EQ(file.leftOut, 1U);
-    EXPECT_THAT(codesOf(file), ElementsAre("6 V121"));
+    EXPECT_EQ(file.leftOut, 2U);
+    EXPECT_THAT(codesOf(file), ElementsAre("4 V150", "6 V121"));
 }
 
 TEST(TrueReading, SecondsThatRoundUpToTenAreTen)
