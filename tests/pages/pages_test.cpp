@@ -12,12 +12,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
 
 namespace {
+
+namespace fs = std::filesystem;
 
 const std::vector<PageBlock>& blocks()
 {
@@ -111,6 +115,37 @@ TEST(Pages, EveryBlockIsOfAKindThatIsCheckedOrSaysWhyNot)
         EXPECT_TRUE(isExcused || isChecked) << block.place() << ": nothing checks a block of the kind \""
                                             << block.kind << "\" with the note \"" << block.note << "\"";
     }
+}
+
+// To a file of the project, and among the findings to a heading, which is named in small letters.
+// named v001.
+TEST(Pages, LinksLeadToFilesAndHeadings)
+{
+    const std::string project = VOMAR_PROJECT;
+    const std::regex link(R"(\]\(([^)#\s]*)(?:#([^)\s]*))?\))");
+    int count = 0;
+    for (const std::string& page : pagesOf(project)) {
+        const std::string text = bytesOf(project + '/' + page);
+        for (std::sregex_iterator at(text.begin(), text.end(), link), end; at != end; ++at) {
+            const std::string path = (*at)[1];
+            if (path.find("://") != std::string::npos || path.starts_with("mailto:")) {
+                continue;
+            }
+            const fs::path target =
+                path.empty() ? fs::path(project) / page : (fs::path(project) / page).parent_path() / path;
+            EXPECT_TRUE(fs::exists(target)) << page << " leads to " << path;
+            const std::string finding = (*at)[2];
+            if (fs::exists(target) && target.filename() == "findings.md") {
+                std::string heading = "## " + finding;
+                std::transform(heading.begin(), heading.end(), heading.begin(),
+                               [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+                EXPECT_TRUE(finding.empty() || bytesOf(target).find('\n' + heading) != std::string::npos)
+                    << page << " leads to " << finding;
+            }
+            ++count;
+        }
+    }
+    EXPECT_GT(count, 100);
 }
 
 TEST(Pages, SamplesAreReadByTheirReader)
