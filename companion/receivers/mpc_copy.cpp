@@ -33,9 +33,10 @@ constexpr std::size_t stationPlace = 77;
 constexpr std::size_t lineLength = 80;
 constexpr std::size_t magnitudeWidth = 5;
 constexpr int usualTimeDecimals = 5;
+constexpr int mostTimeDecimals = 6;
 constexpr const char* twice = "another position of the object has this time";
 constexpr const char* twiceByRounding = "another position of the object has this time, rounded; "
-                                        "--time-decimals 6 or --for ades may tell them apart";
+                                        "--for ades may tell them apart";
 
 void put(std::string& line, std::size_t place, std::string_view text)
 {
@@ -198,11 +199,19 @@ private:
         std::string line(lineLength, ' ');
         put(line, 0, name);
         line[note2Place] = *letterOf(tracks[place.track]);
-        const RoundedMoment moment = putMoment(line, mark);
+        const RoundedMoment moment = putMoment(line, mark, timeDecimals());
+        const bool isFiner = settings.timeDecimals == 0 && isRoundedOnto(place, name, line);
+        if (isFiner) {
+            putMoment(line, mark, mostTimeDecimals);
+        }
         putAngles(line, place, mark);
         put(line, stationPlace, block.observatory->station);
         if (putMagnitude(line, place) && !isTwice(place, name, line)) {
             tellMended(place, mark, line, moment);
+            if (isFiner) {
+                tally.mend(
+                    "the time has six decimals: with five, two positions of the object would have one");
+            }
             block.rows.push_back({name, moment, std::move(line), place});
         }
     }
@@ -230,25 +239,48 @@ private:
         return true;
     }
 
-    // Of a station, whatever its headers say.
     bool isTwice(const CopyPlace& place, const std::string& name, const std::string& line)
     {
         const std::string time = line.substr(datePlace, timeWidth);
-        const std::string& station = tracks[place.track].observatory->station;
         const DayAndFraction moment = momentOf(tracks[place.track].track.Marks[place.mark]);
-        const auto [known, isNew] = times.try_emplace({station + name, time}, moment);
+        const auto [known, isNew] = times.try_emplace(keyOf(place, name, line), moment);
         if (isNew) {
             return false;
         }
-        const bool isSame = known->second.day == moment.day && known->second.fraction == moment.fraction;
         tally.refuse(place, columnsFault("columns 16 to 32", std::string(trimmed(time)),
-                                         isSame ? twice : twiceByRounding));
+                                         isSame(known->second, moment) ? twice : twiceByRounding));
         return true;
     }
 
-    RoundedMoment putMoment(std::string& line, const TRecLabelPervichka_File& mark) const
+    // Whether the time of a line is that of another position of the object, and the moment is not.
+    bool isRoundedOnto(const CopyPlace& place, const std::string& name, const std::string& line) const
     {
-        const int decimals = settings.timeDecimals == 0 ? usualTimeDecimals : settings.timeDecimals;
+        const auto known = times.find(keyOf(place, name, line));
+        return known != times.end() &&
+               !isSame(known->second, momentOf(tracks[place.track].track.Marks[place.mark]));
+    }
+
+    // Five decimals and six of one time are the same. Of a station, whatever its headers say.
+    std::pair<std::string, std::string> keyOf(const CopyPlace& place, const std::string& name,
+                                              const std::string& line) const
+    {
+        std::string time = line.substr(datePlace, timeWidth);
+        time.back() = time.back() == ' ' ? '0' : time.back();
+        return {tracks[place.track].observatory->station + name, std::move(time)};
+    }
+
+    static bool isSame(const DayAndFraction& one, const DayAndFraction& other)
+    {
+        return one.day == other.day && one.fraction == other.fraction;
+    }
+
+    int timeDecimals() const
+    {
+        return settings.timeDecimals == 0 ? usualTimeDecimals : settings.timeDecimals;
+    }
+
+    static RoundedMoment putMoment(std::string& line, const TRecLabelPervichka_File& mark, int decimals)
+    {
         const RoundedMoment moment = roundedMoment(momentOf(mark), powerOfTen(decimals));
         put(line, datePlace, dayText(moment.day, ' ') + decimalText(moment.units, decimals).substr(1));
         return moment;

@@ -204,16 +204,32 @@ TEST(MpcCopy, RefusesTwoPositionsOfAnObjectAtOneTime)
                             "object has this time"));
 }
 
-TEST(MpcCopy, RefusesTwoTimesThatRoundingMakesOne)
+TEST(MpcCopy, MendsATimeThatFiveDecimalsMakeAnotherOneByASixth)
 {
     const CopyTrack track = trackOf("AST1000", {markAt(0.5, 15, -0.5), markAt(0.500004, 15, 0.5)});
-    EXPECT_THAT(copies::textsOf(copied({track}).reasons),
-                ElementsAre("V316 columns 16 to 32 hold \"2025 02 23.50000\": another position of the "
-                            "object has this time, rounded; --time-decimals 6 or --for ades may tell them "
-                            "apart"));
+    const Copy copy = copied({track});
+    EXPECT_THAT(observations(copy), ElementsAre(HasSubstr("23.50000 01"), HasSubstr("23.50000401")));
+    EXPECT_THAT(
+        copies::textsOf(copy.mended),
+        Contains("V423 mended: the time has six decimals: with five, two positions of the object would "
+                 "have one, 1 mark"));
     CopySettings settings = usualSettings();
     settings.timeDecimals = 6;
     EXPECT_THAT(observationsOf(track, settings), ElementsAre(HasSubstr("23.500000"), HasSubstr("23.500004")));
+}
+
+TEST(MpcCopy, RefusesTwoTimesThatRoundingMakesOne)
+{
+    const CopyTrack near = trackOf("AST1000", {markAt(0.5, 15, -0.5), markAt(0.5000002, 15, 0.5)});
+    EXPECT_THAT(copies::textsOf(copied({near}).reasons),
+                ElementsAre("V316 columns 16 to 32 hold \"2025 02 23.500000\": another position of the "
+                            "object has this time, rounded; --for ades may tell them apart"));
+    CopySettings settings = usualSettings();
+    settings.timeDecimals = 5;
+    const CopyTrack track = trackOf("AST1000", {markAt(0.5, 15, -0.5), markAt(0.500004, 15, 0.5)});
+    EXPECT_THAT(copies::textsOf(copied({track}, settings).reasons),
+                ElementsAre("V316 columns 16 to 32 hold \"2025 02 23.50000\": another position of the "
+                            "object has this time, rounded; --for ades may tell them apart"));
 }
 
 TEST(MpcCopy, MendsNumbersAndDesignationsByPackingThem)

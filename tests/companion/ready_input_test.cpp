@@ -82,8 +82,9 @@ TEST_F(ReadyInput, ATaskWhoseWordHasNoReaderCannotBeRead)
     makeFile("task.xml", conversion("<inputformat>mpc</inputformat>\n"));
     const CommandEnd written = ready("task.xml");
     EXPECT_EQ(written.status, 2);
-    EXPECT_THAT(written.out, StartsWith("task.xml:5:1: error: the format \"mpc\" can be written but not read "
-                                        "[V041]\n"));
+    EXPECT_THAT(written.out,
+                StartsWith("task.xml:5:1: error: the format \"mpc\" can be written but not read; "
+                           "tavelin ready reads it [V041]\n"));
     EXPECT_FALSE(exists("out.txt"));
 }
 
@@ -102,8 +103,10 @@ TEST_F(ReadyInput, AWordOfAnotherFormatIsTold)
     const CommandEnd end = ready("task.xml");
     EXPECT_EQ(end.status, 1);
     EXPECT_EQ(end.out, "task.xml: warning: the input looks like MEA, but inputformat is \"telegram\" [V063]\n"
-                       "night.mea: error: no tracks can be read from night.mea [V062]\n"
-                       "ready: 0 marks in, 0 out, 0 refused\n");
+                       "night.mea:1:1: error: block without END: 0 marks lost [V160]\n"
+                       "night.mea:2:1: error: line of 7 words: skipped [V166]\n"
+                       "task.xml: error: 1 mark refused, nothing written [V422]\n"
+                       "ready: 1 mark in, 0 out, 1 refused\n");
     EXPECT_FALSE(exists("out.txt"));
 }
 

@@ -329,7 +329,7 @@ TEST_F(Ready, ADelimiterOtherThanTheCommaKeepsTheCopy)
     EXPECT_EQ(end.status, 0) << end.out;
     EXPECT_THAT(end.out, HasSubstr("ready: 1 mark in, 1 out, 0 refused\n"));
     EXPECT_THAT(written(),
-                HasSubstr("\nAST,1000;2460001.00000000;9.500;na;V;NO;DIF;ENSEMBLE;na;na;na;na;na;na;na\n"));
+                HasSubstr("\nAST,1000;2460001.00000000;9.500;na;V;NO;STD;na;na;na;na;na;na;na;na\n"));
 }
 
 TEST_F(Ready, RowsOfBarsAreMarksWhateverTheWidthsOfTimesAndNames)
