@@ -116,8 +116,7 @@ constexpr FindingRow rows[] = {
      "With an unknown input word the run ends with code -1. With an unknown output word it says code 0 and "
      "writes no file.",
      "Take one of the format words exactly as docs/task_file.md gives them, in small letters."},
-    {"V041", Severity::error, true, "c",
-     "the format \"{word}\" can be written but not read{hint}",
+    {"V041", Severity::error, true, "c", "the format \"{word}\" can be written but not read{hint}",
      "The input is not opened, so there are no tracks: code 0 and no file, or code -1 with autoname.",
      "Convert from the file that this one was made from. MPC reports and TDM XML are read by tavelin ready, "
      "given the file itself, and it makes copies that receivers take."},
