@@ -280,10 +280,11 @@ TEST(Batch, PlanOfAnotherFolderIsNotGrown)
     fs::create_directory("below");
     const PresentFolder below("below");
     fs::create_directory_symlink("../archive", "archive");
+    fs::create_directory_symlink("../work", "first");
     const CommandEnd end = callCommand({"batch", "../t.xml", "--over", "archive/{night}/*.mea", "--into",
-                                        "../work", "--vomar", VOMAR_STAND_IN});
+                                        "first", "--vomar", VOMAR_STAND_IN});
     EXPECT_EQ(end.status, 2);
-    EXPECT_EQ(end.err, "tavelin: the plan ../work/plan.json was made from another folder [V454]\n");
+    EXPECT_EQ(end.err, "tavelin: the plan first/plan.json was made from another folder [V454]\n");
 }
 
 // A name that comes from the contents of two nights is found before anything runs, also when one is new.

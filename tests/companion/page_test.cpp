@@ -205,12 +205,12 @@ TEST(Page, NothingOfABatchIsWrittenOver)
 {
     const ArchiveOfCase archive("batch_of_another_folder");
     for (const char* path :
-         {"survey/work/plan.json", "survey/work/tasks/000001_T9.xml", "survey/work/receipts/000001.json",
+         {"survey/first/plan.json", "survey/first/tasks/000001_T9.xml", "survey/first/receipts/000001.json",
           "survey/archive/2025-02-23/T9.mea", "survey/reports/2025-02-23/T9.txt"})
     {
         const std::string before = bytesOf(path);
         ASSERT_NE(before, "") << path;
-        const CommandEnd end = callCommand({"page", "survey/work", "-o", path, "--force"});
+        const CommandEnd end = callCommand({"page", "survey/first", "-o", path, "--force"});
         EXPECT_EQ(end.status, 2) << path;
         EXPECT_THAT(end.err, HasSubstr("[V005]")) << path;
         EXPECT_EQ(bytesOf(path), before) << path;
@@ -231,8 +231,8 @@ TEST(Page, ABatchMayStandBesideItsFiles)
 TEST(Page, ABatchWithoutTasksIsAPage)
 {
     const ArchiveOfCase archive("batch_of_another_folder");
-    ASSERT_EQ(callCommand({"batch", "survey/work", "--forget", "1"}).status, 0);
-    const CommandEnd end = callCommand({"page", "survey/work", "-o", "-"});
+    ASSERT_EQ(callCommand({"batch", "survey/first", "--forget", "1"}).status, 0);
+    const CommandEnd end = callCommand({"page", "survey/first", "-o", "-"});
     EXPECT_EQ(end.status, 0);
     EXPECT_THAT(end.out, HasSubstr("The batch has no tasks."));
 }

@@ -120,15 +120,24 @@ TEST_F(Plot, JsonNamesThePicture)
               "\"totals\":{\"errors\":0,\"warnings\":0,\"notes\":0},\"exit\":0}\n");
 }
 
-// Other versions draw the same in other bytes.
-TEST(PlottedSvg, IsByteForByteThatOfItsVersion)
+// What a picture says: its texts, one after the other.
+std::string textsOf(const std::string& picture)
+{
+    std::string texts;
+    for (std::size_t at = picture.find("<text>"); at != std::string::npos;
+         at = picture.find("<text>", at + 1)) {
+        texts += picture.substr(at, picture.find("</text>", at) - at);
+    }
+    return texts;
+}
+
+// Other versions draw the same in other bytes: of these the texts are compared.
+TEST(PlottedSvg, IsByteForByteThatOfItsVersionAndSaysTheSameInOthers)
 {
     const TemporaryFolder folder;
     const PresentFolder present(folder.path());
     ASSERT_EQ(std::system("gnuplot --version > version"), 0);
-    if (bytesOf("version") != "gnuplot 5.4 patchlevel 4\n") {
-        GTEST_SKIP() << "not run: pictures are kept of gnuplot 5.4.4, and here is " << bytesOf("version");
-    }
+    const bool isKeptVersion = bytesOf("version") == "gnuplot 5.4 patchlevel 4\n";
     const fs::path cases = fs::path(VOMAR_PROJECT) / "tests/companion";
     for (const std::string name : {"light_curve", "paths_on_the_sky", "residuals"}) {
         std::istringstream words(bytesOf(cases / "plot" / name / "call"));
@@ -143,7 +152,11 @@ TEST(PlottedSvg, IsByteForByteThatOfItsVersion)
         }
         arguments.insert(arguments.end(), {"-o", name + ".svg"});
         EXPECT_EQ(callCommand(arguments).status, 0) << name;
-        EXPECT_EQ(bytesOf(name + ".svg"), bytesOf(cases / "plotted" / (name + ".svg"))) << name;
+        const std::string picture = bytesOf(name + ".svg");
+        const std::string kept = bytesOf(cases / "plotted" / (name + ".svg"));
+        EXPECT_NE(textsOf(kept), "") << name;
+        EXPECT_EQ(textsOf(picture), textsOf(kept)) << name;
+        EXPECT_TRUE(!isKeptVersion || picture == kept) << name;
     }
 }
 
