@@ -43,10 +43,11 @@ void mustBeKnown(const OptionRow& row, const std::string& value)
 {
     const std::vector<std::string> words = wordsOf(row);
     if (!words.empty() && std::find(words.begin(), words.end(), value) == words.end()) {
-        WrongUsage unknown = unknownWord(std::string("word of --") + row.name, value, words);
-        const bool isAsked = unknown.why.text.ends_with('?');
-        unknown.why.text += (isAsked ? " It takes " : "; it takes ") + joined(words, ", ");
-        throw unknown;
+        const std::string question = nearestQuestion(value, words);
+        const std::string all = (question.empty() ? "; it takes " : " It takes ") + joined(words, ", ");
+        throw WrongUsage{finding(
+            "V002",
+            {{"kind", std::string("word of --") + row.name}, {"word", value}, {"question", question + all}})};
     }
 }
 

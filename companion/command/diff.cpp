@@ -1,5 +1,6 @@
 #include "command/diff_lines.h"
 #include "command/diff_tolerance.h"
+#include "command/finding_codes.h"
 #include "command/measurement_files.h"
 #include "command/subcommands.h"
 #include "out/finding_json.h"
@@ -219,7 +220,7 @@ private:
             setBytes(object, "file", name);
             more.push_back(object.set("code", code.text()).set("count", count));
         } else if (!console.look.quiet) {
-            console.err << printable(name) << ": " << counted(count) << " more of " << code.text() << '\n';
+            showMore(console.err, name, count, code);
         }
     }
 

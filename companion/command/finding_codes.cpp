@@ -2,7 +2,9 @@
 
 #include "base/tokens.h"
 #include "findings/finding_table.h"
+#include "out/text.h"
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -47,6 +49,11 @@ std::size_t mostPlaces(const Arguments& arguments)
         throw wrongCall("--max", '"' + text + "\" is no number");
     }
     return std::stoul(text);
+}
+
+void showMore(std::ostream& out, const std::string& file, std::size_t count, FindingCode code)
+{
+    out << printable(file) << ": " << counted(count) << " more of " << code.text() << '\n';
 }
 
 } // namespace companion

@@ -6,7 +6,9 @@
 #include "findings/finding.h"
 
 #include <cstddef>
+#include <iosfwd>
 #include <set>
+#include <string>
 #include <string_view>
 
 namespace companion {
@@ -20,5 +22,8 @@ inline constexpr OptionRow mostPlacesRow{
 
 /// How many places of each code are shown. Throws WrongUsage for a value that is no whole number.
 std::size_t mostPlaces(const Arguments& arguments);
+
+/// Says in a line how many more findings of a code a file has than are shown.
+void showMore(std::ostream& out, const std::string& file, std::size_t count, FindingCode code);
 
 } // namespace companion

@@ -96,8 +96,7 @@ public:
             if (count > most) {
                 more.push(Json::object().set("code", code.text()).set("count", count - most));
                 if (!document) {
-                    console.out << printable(path) << ": " << counted(count - most) << " more of "
-                                << code.text() << '\n';
+                    showMore(console.out, path, count - most, code);
                 }
             }
         }

@@ -1,4 +1,5 @@
 #include "base/numbers.h"
+#include "command/finding_codes.h"
 #include "command/measurement_files.h"
 #include "command/subcommands.h"
 #include "out/characters.h"
@@ -296,8 +297,7 @@ public:
         });
         for (const auto& [code, count] : counts) {
             if (count > most && !console.look.json && !console.look.quiet) {
-                console.err << printable(subject.name) << ": " << counted(count - most) << " more of "
-                            << code.text() << '\n';
+                showMore(console.err, subject.name, count - most, code);
             }
         }
     }

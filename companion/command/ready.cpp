@@ -261,7 +261,7 @@ private:
     void showRest(const ReadyEnd& end) const
     {
         for (const auto& [code, count] : cut) {
-            out << printable(call.input) << ": " << counted(count) << " more of " << code.text() << '\n';
+            showMore(out, call.input, count, code);
         }
         for (const std::string& line : addressLines()) {
             out << line << '\n';

@@ -16,12 +16,6 @@ namespace {
 // The standard input as a file of the system, whatever the call has redirected there.
 constexpr const char* standardInputFile = "/dev/stdin";
 
-struct CodeRange
-{
-    FindingCode first;
-    FindingCode last;
-};
-
 // What a task's document, its inputs and the choice of marks in them have. The station and the observer's
 // code are the copy's own to tell.
 constexpr CodeRange ofInputs[] = {
@@ -32,14 +26,6 @@ constexpr CodeRange ofInputs[] = {
 
 // An input that cannot be read: missing, or of a word without a reader.
 constexpr CodeRange unreadable[] = {{"V040", "V041"}, {"V060", "V060"}};
-
-template <std::size_t size>
-bool isAmong(const CodeRange (&ranges)[size], const Finding& found)
-{
-    return std::any_of(std::begin(ranges), std::end(ranges), [&found](const CodeRange& each) {
-        return each.first <= found.code && found.code <= each.last;
-    });
-}
 
 // V040 is told of the word of the input and of that of the output.
 bool isOfOutputWord(const CheckedTask& checked, const Finding& found)
@@ -53,18 +39,12 @@ std::vector<Finding> findingsOfInputs(CheckedTask& checked)
 {
     std::vector<Finding> kept;
     for (Finding& each : checked.findings) {
-        const bool isKept = isAmong(ofInputs, each) && !isOfOutputWord(checked, each);
+        const bool isKept = isAmong(ofInputs, each.code) && !isOfOutputWord(checked, each);
         if (isKept || !checked.isLoaded) {
             kept.push_back(std::move(each));
         }
     }
     return kept;
-}
-
-bool hasErrors(const std::vector<Finding>& findings)
-{
-    return std::any_of(findings.begin(), findings.end(),
-                       [](const Finding& each) { return each.severity == Severity::error; });
 }
 
 // Tables are read as the tool reads them, and a check tells what it makes of their lines; the file of a
@@ -96,9 +76,9 @@ ReadyInput readTask(const std::string& path)
     std::vector<Finding> findings = findingsOfInputs(checked);
     if (!checked.isLoaded || hasErrors(findings)) {
         read.goesOn = false;
-        read.isRead =
-            checked.isLoaded && std::none_of(findings.begin(), findings.end(),
-                                             [](const Finding& each) { return isAmong(unreadable, each); });
+        read.isRead = checked.isLoaded &&
+                      std::none_of(findings.begin(), findings.end(),
+                                   [](const Finding& each) { return isAmong(unreadable, each.code); });
         read.copy.findings = std::move(findings);
         return read;
     }

@@ -88,6 +88,18 @@ Finding finding(FindingCode code, FindingValues values)
     return {code, row->severity, filled(row->text, values), {}};
 }
 
+bool hasErrors(std::span<const Finding> findings)
+{
+    return std::any_of(findings.begin(), findings.end(),
+                       [](const Finding& each) { return each.severity == Severity::error; });
+}
+
+bool isAmong(std::span<const CodeRange> ranges, FindingCode code)
+{
+    return std::any_of(ranges.begin(), ranges.end(),
+                       [code](const CodeRange& each) { return each.first <= code && code <= each.last; });
+}
+
 WrongUsage wrongCall(std::string_view name, std::string_view problem)
 {
     return {finding("V001", {{"option", std::string(name)}, {"problem", std::string(problem)}})};

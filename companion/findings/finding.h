@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -108,6 +109,19 @@ struct Finding
 /// A finding of the table. Fields of the row's text are in braces, "{n}": each takes the value of its name.
 /// Throws std::logic_error for a code without a row and for a field without a value.
 Finding finding(FindingCode code, FindingValues values = {});
+
+/// Whether one of the findings is an error.
+bool hasErrors(std::span<const Finding> findings);
+
+/// Codes that follow each other in the table.
+struct CodeRange
+{
+    FindingCode first;
+    FindingCode last;
+};
+
+/// Whether a code is in one of the ranges.
+bool isAmong(std::span<const CodeRange> ranges, FindingCode code);
 
 /// A call that cannot be carried out: the program ends with status 2 and this finding.
 struct WrongUsage

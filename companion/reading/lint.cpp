@@ -167,25 +167,12 @@ void mustAgree(const FileAccount& account, LintOutput& out)
     }
 }
 
-struct CodeRange
-{
-    FindingCode first;
-    FindingCode last;
-};
-
 // Marks that are lost, and values that are read as others than stand there.
 constexpr CodeRange lossCodes[] = {
     {"V061", "V061"}, {"V121", "V127"}, {"V129", "V129"}, {"V150", "V151"},
     {"V160", "V161"}, {"V163", "V167"}, {"V180", "V180"}, {"V185", "V189"},
     {"V195", "V195"}, {"V197", "V197"}, {"V201", "V201"}, {"V205", "V206"},
 };
-
-bool isLoss(FindingCode code)
-{
-    return std::any_of(std::begin(lossCodes), std::end(lossCodes), [code](const CodeRange& range) {
-        return !(code < range.first) && !(range.last < code);
-    });
-}
 
 } // namespace
 
@@ -194,7 +181,7 @@ std::size_t tellLosses(const ReadText& read, const std::function<void(Finding)>&
     const LintSettings settings;
     const TrackTimes times(false); // what the times of neighbours are like is no loss
     LintOutput out("", settings, read.fates, times, [&found](Finding each) {
-        if (isLoss(each.code)) {
+        if (isAmong(lossCodes, each.code)) {
             found(std::move(each));
         }
     });

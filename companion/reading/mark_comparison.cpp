@@ -1,8 +1,8 @@
 #include "reading/mark_comparison.h"
 
-#include "out/characters.h"
 #include "reading/near_places.h"
 #include "reading/sky_angle.h"
+#include "receivers/mpc_copy.h"
 
 #include <algorithm>
 #include <cmath>
@@ -65,13 +65,6 @@ void sortPairs(std::vector<ComparedPair>& pairs)
     std::stable_sort(pairs.begin(), pairs.end(), [](const ComparedPair& a, const ComparedPair& b) {
         return isEarlier(a.mark(), b.mark());
     });
-}
-
-// "K88": the code of an observatory, which cannot be mistaken for the name of a telescope.
-bool isObservatoryCode(const std::string& text)
-{
-    return text.size() == 3 && (isDigit(text[0]) || (text[0] >= 'A' && text[0] <= 'Z')) && isDigit(text[1]) &&
-           isDigit(text[2]);
 }
 
 // Marks of one object in the order of time.
@@ -411,7 +404,7 @@ bool MarkComparison::stationsDiffer(const ComparedMark& ofA, const ComparedMark&
     }
     const std::string& first = texts.others.text(ofA.station);
     const std::string& second = texts.others.text(ofB.station);
-    return isObservatoryCode(first) && isObservatoryCode(second) && first != "500" && second != "500";
+    return isOnlyStationCode(first) && isOnlyStationCode(second);
 }
 
 MarkDifference MarkComparison::difference(const ComparedMark& ofA, const ComparedMark& ofB) const

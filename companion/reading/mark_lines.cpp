@@ -3,6 +3,7 @@
 #include "base/lines.h"
 #include "formats/track_table_columns.h"
 #include "reading/meant_text.h"
+#include "receivers/report_columns.h"
 
 #include <algorithm>
 
@@ -12,11 +13,6 @@ using tavelinUtils::cutIfThere;
 using tavelinUtils::Field;
 
 namespace {
-
-constexpr Field reportMagnitude{66, 5};
-constexpr Field reportBand{71, 7};
-constexpr Field reportStation{78, 3};
-constexpr Field reportName{1, 12};
 
 bool isBlank(std::string_view text)
 {
@@ -57,7 +53,7 @@ std::string_view MarkLines::objectOf(std::string_view line) const
         line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
         return line.substr(0, line.find(' '));
     }
-    return isReport ? cutIfThere(line, reportName) : std::string_view();
+    return isReport ? cutIfThere(line, reportColumns::nameField) : std::string_view();
 }
 
 MarkLine MarkLines::readLine(std::string_view line, std::uint32_t number)
@@ -65,10 +61,10 @@ MarkLine MarkLines::readLine(std::string_view line, std::uint32_t number)
     if (!isReport) {
         return {number, 0, hasMagnitudes, hasBands};
     }
-    const std::string_view code = cutIfThere(line, reportStation);
+    const std::string_view code = cutIfThere(line, reportColumns::station);
     const auto station = isBlank(code) ? 0 : static_cast<std::uint32_t>(stations.numberOf(code));
-    return {number, station, !isBlank(cutIfThere(line, reportMagnitude)),
-            !isBlank(cutIfThere(line, reportBand))};
+    return {number, station, !isBlank(cutIfThere(line, reportColumns::magnitude)),
+            !isBlank(cutIfThere(line, reportColumns::bandAndBehind))};
 }
 
 void MarkLines::add(std::string_view line, std::uint32_t number)

@@ -5,6 +5,7 @@
 #include "out/characters.h"
 #include "reading/sexagesimal_fields.h"
 #include "reading/strict_fields.h"
+#include "receivers/report_columns.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
 
@@ -14,19 +15,12 @@
 namespace companion {
 
 using tavelinUtils::cut;
-using tavelinUtils::Field;
 using tavelinUtils::LineFate;
 using tavelinUtils::toDouble;
 
 namespace {
 
-// The columns that the reader takes.
-constexpr Field nameField{1, 12};
-constexpr Field dateField{16, 10};
-constexpr Field dayFraction{26, 7};
-constexpr Field rightAscension{33, 12};
-constexpr Field declination{45, 12};
-constexpr Field magnitude{66, 5};
+using namespace reportColumns;
 
 constexpr std::string_view stationKeyword = "COD";
 

@@ -6,6 +6,7 @@
 #include "reading/seen_texts.h"
 #include "receivers/designations.h"
 #include "receivers/mpc_rules.h"
+#include "receivers/report_columns.h"
 #include "receivers/tdm_keys.h"
 
 #include <algorithm>
@@ -21,18 +22,7 @@ using tavelinUtils::toDouble;
 
 namespace {
 
-// The columns of an observation.
-constexpr Field nameField{1, 12};
-constexpr Field note2{15, 1};
-constexpr Field dateField{16, 10};
-constexpr Field dayFraction{26, 7};
-constexpr Field rightAscension{33, 12};
-constexpr Field declination{45, 12};
-constexpr Field unset{57, 9};
-constexpr Field magnitude{66, 5};
-constexpr Field band{71, 7};
-constexpr Field station{78, 3};
-constexpr std::size_t lineLength = 80;
+using namespace reportColumns;
 
 constexpr std::string_view headerWords[] = {"COD", "CON", "OBS", "MEA", "TEL", "NET",
                                             "BND", "COM", "NUM", "ACK", "AC2"};
@@ -198,12 +188,12 @@ private:
     {
         const std::string_view text = cut(line, magnitude);
         const std::string_view value = trimmed(text);
-        const std::string_view bandText = cut(line, band);
+        const std::string_view bandText = cut(line, bandAndBehind);
         const std::string_view fault = faultOfBand(bandText);
         if (!fault.empty()) {
-            tell(band, std::string(fault));
+            tell(bandAndBehind, std::string(fault));
         } else if (value.empty() && bandText[0] != ' ') {
-            tell(band, "a band without a magnitude");
+            tell(bandAndBehind, "a band without a magnitude");
         }
         if (value.empty()) {
             return;
@@ -356,7 +346,7 @@ private:
         if (pairNote == 0 || cut(text, note2)[0] != pairNote - 'A' + 'a') {
             return false;
         }
-        const Field equal[] = {nameField, {16, 17}, station};
+        const Field equal[] = {nameField, dateAndFraction, station};
         return std::all_of(std::begin(equal), std::end(equal),
                            [&](Field field) { return cut(text, field) == cut(firstText, field); });
     }
@@ -402,7 +392,7 @@ private:
         const std::string date(cut(line.text, dateField));
         const double fraction = toDouble(trimmed(cut(line.text, dayFraction)));
         if (name == lastName && date == lastDate && fraction == 0.0 && lastFraction > 0.5) {
-            out.add("V317", {dateField.first, dateField.width + dayFraction.width}, {{"date", date}});
+            out.add("V317", {dateAndFraction.first, dateAndFraction.width}, {{"date", date}});
         }
         lastName = name;
         lastDate = date;
@@ -421,9 +411,9 @@ private:
         if (isBeside || times.insert(key + time)) {
             return;
         }
-        out.add("V316", {dateField.first, dateField.width + dayFraction.width},
+        out.add("V316", {dateAndFraction.first, dateAndFraction.width},
                 {{"columns", "columns 16 to 32"},
-                 {"text", std::string(trimmed(cut(line.text, {dateField.first, 17})))},
+                 {"text", std::string(trimmed(cut(line.text, dateAndFraction)))},
                  {"why", "another position of the object has this time"}});
     }
 

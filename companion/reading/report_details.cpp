@@ -3,6 +3,7 @@
 #include "base/lines.h"
 #include "out/characters.h"
 #include "reading/text_front.h"
+#include "receivers/report_columns.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,15 +17,8 @@ namespace {
 constexpr std::string_view blanks = " \t\r";
 
 using tavelinUtils::cut;
-using tavelinUtils::Field;
+using namespace reportColumns;
 
-constexpr std::size_t lineLength = 80;
-constexpr Field notes{13, 3};
-constexpr Field dayFraction{26, 7};
-constexpr Field rightAscension{33, 12};
-constexpr Field declination{45, 12};
-constexpr Field magnitude{66, 5};
-constexpr Field station{78, 3};
 constexpr double secondsOfADay = 86400.0;
 constexpr double arcsecondsOfTimeSecond = 15.0;
 

@@ -469,6 +469,11 @@ bool isStationCode(std::string_view text)
     return text.size() == 3 && text != "500" && std::all_of(text.begin(), text.end(), isTaken);
 }
 
+bool isOnlyStationCode(std::string_view text)
+{
+    return isStationCode(text) && isDigit(text[1]) && isDigit(text[2]);
+}
+
 Copy mpcCopy(const std::vector<CopyTrack>& tracks, const CopySettings& settings)
 {
     return MpcCopier(tracks, settings).make();

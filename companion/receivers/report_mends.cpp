@@ -2,6 +2,7 @@
 
 #include "base/lines.h"
 #include "out/characters.h"
+#include "receivers/report_columns.h"
 
 #include <cstddef>
 
@@ -10,18 +11,7 @@ namespace {
 
 using tavelinUtils::cut;
 using tavelinUtils::Field;
-
-constexpr std::size_t lineLength = 80;
-constexpr Field notesBefore{13, 2};
-constexpr Field note2{15, 1};
-constexpr Field day{16, 10};
-constexpr Field dayFraction{26, 7};
-constexpr Field rightAscension{33, 12};
-constexpr Field declination{46, 11};
-constexpr Field unset{57, 9};
-constexpr Field magnitude{66, 5};
-constexpr Field band{71, 1};
-constexpr Field ofReceiver{72, 6};
+using namespace reportColumns;
 
 bool isBlank(std::string_view text)
 {
@@ -58,16 +48,16 @@ std::vector<std::string_view> reportMends(std::string_view read, std::string_vie
     };
     tell(isDropped(notesBefore), "columns 13 and 14 are blank");
     tell(isOther(note2), "column 15 is that of the mode");
-    tell(isOther(day), "the time is carried into the next day");
+    tell(isOther(dateField), "the time is carried into the next day");
     tell(trimmed(cut(read, dayFraction)).size() > trimmed(cut(written, dayFraction)).size(),
          "the day has fewer decimals");
-    tell(hasSecondsOf60(cut(read, rightAscension)) || hasSecondsOf60(cut(read, declination)),
+    tell(hasSecondsOf60(cut(read, rightAscension)) || hasSecondsOf60(cut(read, declination).substr(1)),
          "seconds of 60 are carried");
     tell(isBroughtToZero(cut(read, rightAscension), cut(written, rightAscension)),
          "a right ascension of 24 h is 0 h");
     tell(isDropped(unset), "columns 57 to 65 are blank");
     tell(isDropped(magnitude), magnitudeMended);
-    tell(isBlank(cut(read, magnitude)) && isDropped(band), "a band without a magnitude is left blank");
+    tell(isBlank(cut(read, magnitude)) && isDropped(bandField), "a band without a magnitude is left blank");
     tell(fillsReceiverColumns(read), receiverColumnsMended);
     return mends;
 }

@@ -189,11 +189,11 @@ public:
         isPrepared = true;
         readOldPlan();
         makeTasks();
-        if (!hasErrors()) {
+        if (!hasErrors(made.findings)) {
             foreseeOutputs();
             holdOutputsAgainstEachOther();
         }
-        made.isRefused = hasErrors();
+        made.isRefused = hasErrors(made.findings);
         fillPlan();
         return !made.isRefused;
     }
@@ -433,12 +433,6 @@ private:
             waitForDisk(folder.tasks());
         }
         writePlan(folder, made.plan);
-    }
-
-    bool hasErrors() const
-    {
-        return std::any_of(made.findings.begin(), made.findings.end(),
-                           [](const Finding& each) { return each.severity == Severity::error; });
     }
 
     const BatchFolder& folder;

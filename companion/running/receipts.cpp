@@ -289,6 +289,7 @@ Receipt receiptOf(const ReceiptOf& run, const std::string& path, const FileRecor
     receipt.read = run.checked.plan.account.read;
     receipt.accounting = run.checked.hasPlan ? accountingJson(run.checked) : Json();
     receipt.findings = findingsOf(run);
+    // As they are read again later, where bytes that are not UTF-8 are gone.
     receipt.errors = errorsIn(ReadJson(receipt.findings.text()).root());
     if (run.evidence != nullptr) {
         addRun(receipt, run);

@@ -176,7 +176,7 @@ std::string otherThanConfiguration(const std::string& path)
     return isBackup ? "a backup" : "";
 }
 
-bool isStationCode(const std::string& text)
+bool looksLikeStation(const std::string& text)
 {
     return text.size() == 3 && std::all_of(text.begin(), text.end(), [](char c) {
                return std::isalnum(static_cast<unsigned char>(c)) != 0;
@@ -272,9 +272,9 @@ private:
         const std::string& station = settings.mpc.MPCHeader.COD;
         const std::string& observer = settings.curves.AAVSOCode;
         stations.insert(station);
-        if (task.outputformat == "mpc" && (!isStationCode(station) || station == TMPCReportHeader{}.COD)) {
+        if (task.outputformat == "mpc" && (!looksLikeStation(station) || station == TMPCReportHeader{}.COD)) {
             const std::string problem =
-                isStationCode(station) ? "is the default" : "is not three letters or digits";
+                looksLikeStation(station) ? "is the default" : "is not three letters or digits";
             add(finding("V224", {{"text", printable(station)}, {"problem", problem}}));
         }
         if (task.outputformat == "aavso" && observer == TCurves{}.AAVSOCode) {

@@ -303,19 +303,13 @@ private:
     std::vector<KeptMark> kept{};                 // in the order of reading
 };
 
-// The word of a task may be the name of a telescope: a code of a station has two digits at its end.
-bool namesStation(const std::string& word)
-{
-    return isStationCode(word) && isDigit(word[1]) && isDigit(word[2]);
-}
-
-// The task's words replace those of the file.
+// The task's words replace those of the file. One may be the name of a telescope.
 void stamp(const TConvMea& task, CopyInput& input)
 {
     for (std::size_t number = 0; number < input.tracks.size(); ++number) {
         CopyTrack& copy = input.tracks[number];
         const std::string& own = copy.observatory->station;
-        if (namesStation(task.PARTICIPANT_1) && !own.empty() && own != task.PARTICIPANT_1) {
+        if (isOnlyStationCode(task.PARTICIPANT_1) && !own.empty() && own != task.PARTICIPANT_1) {
             input.contradictions.try_emplace(number, StationsOfTrack{own, "the input", task.PARTICIPANT_1,
                                                                      "PARTICIPANT_1 of the task", 0});
         }
