@@ -17,4 +17,5 @@ function(vomar_find_library name header archive library package)
 endfunction()
 
 vomar_find_library(tinyxml tinyxml.h libtinyxml.a tinyxml libtinyxml-dev)
+include(cmake/tinyxml_check.cmake)
 vomar_find_library(erfa erfa.h liberfa.a erfa liberfa-dev)
