@@ -84,7 +84,7 @@ std::vector<TSeria2> GetSeriaAndObjects(TiXmlElement* parent, std::string key)
 bool ltaskconv(std::string path, TConvMea& task)
 {
     TtavelinXmlDocument document(path);
-    TiXmlBase::SetCondenseWhiteSpace(false);
+    keepWhiteSpace();
     if (!document.LoadFile()) {
         return false;
     }

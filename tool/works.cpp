@@ -5,6 +5,7 @@
 #include "files/paths.h"
 #include "format_words.h"
 #include "formats/track_table.h"
+#include "results/code_table.h"
 
 #include <utility>
 
@@ -26,14 +27,18 @@ NextTrack tableOf(const std::string& path, const std::string& columns)
     return anySource(TrackTableSource(path, columns));
 }
 
-// The settings of a series: those of the first configuration found below its folder. One that cannot be
-// loaded is not reported, and the defaults stay.
+// The settings of a series: those of the first configuration found below its folder. One that is broken is
+// not reported, and the defaults stay; what is in one that cannot be read nobody knows.
 TPorogs settingsOf(const std::string& table)
 {
     const std::vector<std::string> files = configurationsBelow(seriesFolder(table));
     TPorogs porogs;
     if (!files.empty()) {
-        LoadUserConfXML(files.front(), porogs, false); // the report does not mention a failure
+        TtavelinXmlDocument document(files.front());
+        LoadUserConfXML(document, porogs, false); // the report does not mention a failure
+        if (document.readFailed()) {
+            throwErrCode(resultCode::unopenedFile, document.fileName);
+        }
     }
     return porogs;
 }

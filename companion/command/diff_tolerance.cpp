@@ -1,6 +1,7 @@
 #include "command/diff_tolerance.h"
 
 #include "base/lines.h"
+#include "files/text_reading.h"
 #include "out/text.h"
 #include "out/units.h"
 #include "reading/text_front.h"
@@ -137,7 +138,7 @@ void takeFile(const std::string& name, InputFiles& files, MarkTolerance& toleran
     const std::string path = files.pathOf(name);
     frontOfFile(path); // throws for one that cannot be read
     ToleranceLines lines(name, tolerance);
-    tavelinUtils::readLines(path, lines);
+    tavelinUtils::readTextLines(path, lines);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "command/ready_names.h"
 
 #include "base/lines.h"
+#include "files/text_reading.h"
 #include "out/characters.h"
 #include "reading/text_front.h"
 #include "receivers/designation_forms.h"
@@ -112,7 +113,7 @@ NewNames namesOfFile(const std::string& path)
 {
     frontOfFile(path); // throws where it cannot be read
     NameLines lines(path);
-    tavelinUtils::readLines(path, lines);
+    tavelinUtils::readTextLines(path, lines);
     return lines.names;
 }
 

@@ -12,6 +12,17 @@ std::string temporaryFolder()
     return wanted == nullptr || *wanted == 0 ? "/tmp" : wanted;
 }
 
+std::string kindOf(const struct stat& state)
+{
+    switch (state.st_mode & S_IFMT) {
+    case S_IFREG: return "a file";
+    case S_IFDIR: return "a folder";
+    case S_IFSOCK: return "a socket";
+    case S_IFIFO: return "a pipe";
+    default: return "a device";
+    }
+}
+
 bool writeAll(int descriptor, std::string_view bytes)
 {
     while (!bytes.empty()) {

@@ -1,6 +1,7 @@
 #include "reading/file_info.h"
 
 #include "base/lines.h"
+#include "files/text_reading.h"
 #include "findings/finding.h"
 #include "out/text.h"
 #include "reading/line_fates.h"
@@ -282,7 +283,7 @@ FileInfo fileInfo(const std::string& path, const std::string& format, int confid
     info.account.marksRead = walk.count() > 0 || hasTracks(format) ? walk.count() : info.account.marks;
     if (format == "tdm" || format == "tdm.xml") {
         FrameLines frames(info.frames);
-        tavelinUtils::readLines(path, frames);
+        tavelinUtils::readTextLines(path, frames);
     }
     if (info.account.passed + info.account.lost + info.account.refused > 0) {
         info.passed = passedLines(path, format, fates);

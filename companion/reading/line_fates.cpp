@@ -2,6 +2,7 @@
 
 #include "base/lines.h"
 #include "base/tokens.h"
+#include "files/text_reading.h"
 #include "formats/horizons.h"
 #include "formats/mea.h"
 #include "formats/mpc_report.h"
@@ -127,7 +128,7 @@ template <LineFate (*fateByForm)(std::string_view line, bool& inData)>
 void countLines(const FileReading& reading, LineFates& fates)
 {
     CountedLines lines(fateByForm, fates);
-    tavelinUtils::readLines(reading.path, lines);
+    tavelinUtils::readTextLines(reading.path, lines);
 }
 
 // The lines of an ephemeris, of which the reader makes marks from the first on, or none where the columns are
@@ -227,7 +228,7 @@ std::size_t readHorizons(const FileReading& reading, LineFates& fates)
         // The marks of the lines before the one that is too short are there.
     }
     HorizonsLines lines(fates, track.Marks.size());
-    tavelinUtils::readLines(reading.path, lines);
+    tavelinUtils::readTextLines(reading.path, lines);
     if (reading.use) {
         reading.use(track);
     }

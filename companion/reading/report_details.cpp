@@ -1,6 +1,7 @@
 #include "reading/report_details.h"
 
 #include "base/lines.h"
+#include "files/text_reading.h"
 #include "out/characters.h"
 #include "reading/text_front.h"
 #include "receivers/report_columns.h"
@@ -152,7 +153,7 @@ ReportDetails reportDetails(const std::string& path)
 {
     frontOfFile(path); // throws where it cannot be read
     ReportLineReader reader;
-    tavelinUtils::readLines(path, reader);
+    tavelinUtils::readTextLines(path, reader);
     return reader.details;
 }
 

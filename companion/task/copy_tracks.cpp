@@ -2,6 +2,7 @@
 
 #include "base/lines.h"
 #include "base/tokens.h"
+#include "files/text_reading.h"
 #include "formats/track_table.h"
 #include "out/characters.h"
 #include "reading/format_facts.h"
@@ -113,7 +114,7 @@ public:
             details = reportDetails(path);
         } else if (format == "table") {
             TableHeader header;
-            readLines(path, header);
+            readTextLines(path, header);
             columns = knownOf(header.columns);
         }
     }
@@ -250,7 +251,7 @@ private:
     NextTrack wholeTable(const std::string& path)
     {
         TableHeader header;
-        readLines(path, header);
+        readTextLines(path, header);
         columns.push_back(std::move(header.columns));
         input.files.push_back(path);
         return [this, next = anySource(TrackTableSource(path))](TrackVtorichka& track) {

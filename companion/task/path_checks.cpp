@@ -3,6 +3,7 @@
 #include "file_names.h"
 #include "files/essentials.h"
 #include "format_words.h"
+#include "out/system_files.h"
 #include "out/text.h"
 #include "reading/result_entries.h"
 #include "results/code_table.h"
@@ -44,18 +45,6 @@ bool isLink(const std::string& path)
 {
     struct stat state = {};
     return lstat(path.c_str(), &state) == 0 && S_ISLNK(state.st_mode);
-}
-
-// What a path is, as people call it.
-std::string kindOf(const struct stat& state)
-{
-    switch (state.st_mode & S_IFMT) {
-    case S_IFREG: return "a file";
-    case S_IFDIR: return "a folder";
-    case S_IFSOCK: return "a socket";
-    case S_IFIFO: return "a pipe";
-    default: return "a device";
-    }
 }
 
 // Device and inode of a file.

@@ -1,5 +1,6 @@
 #include "task/pattern.h"
 
+#include "base/bytes.h"
 #include "findings/finding.h"
 #include "out/characters.h"
 
@@ -230,12 +231,6 @@ struct CloseFolder
     }
 };
 
-bool isRegularFile(const std::string& path)
-{
-    struct stat state = {};
-    return stat(path.c_str(), &state) == 0 && S_ISREG(state.st_mode);
-}
-
 bool isFolderItself(const std::string& path)
 {
     struct stat state = {};
@@ -339,7 +334,7 @@ std::vector<std::pair<std::string, FieldValues>> Pattern::files() const
 {
     std::vector<std::pair<std::string, FieldValues>> found;
     Walk(pieces, [&](const std::string& path) {
-        if (auto values = isRegularFile(path) ? match(path) : std::nullopt) {
+        if (auto values = tavelinUtils::isRegular(path) ? match(path) : std::nullopt) {
             found.emplace_back(path, std::move(*values));
         }
     }).run();

@@ -1,7 +1,9 @@
 #include "task/task_document.h"
 
 #include "base/bytes.h"
+#include "config/xml_document.h"
 #include "config/xml_nesting.h"
+#include "out/system_files.h"
 #include "out/text.h"
 #include "reading/input_files.h"
 #include "task/key_table.h"
@@ -246,7 +248,7 @@ private:
     // As TtavelinXmlDocument does it, but with places: a tab is one column.
     void parse()
     {
-        TiXmlBase::SetCondenseWhiteSpace(false);
+        tavelinUtils::keepWhiteSpace();
         parsed.SetTabSize(1);
         parsed.Parse(file.bytes.get(), nullptr, TIXML_ENCODING_UNKNOWN);
         document.canBeLoaded = !parsed.Error() && parsed.RootElement() != nullptr;
@@ -338,6 +340,14 @@ private:
     int descriptor;
 };
 
+// What a path leads to where it is no regular file; empty also where there is nothing.
+std::string otherThanFile(const std::string& path)
+{
+    struct stat state = {};
+    const bool isOther = stat(path.c_str(), &state) == 0 && !S_ISREG(state.st_mode);
+    return isOther ? companion::kindOf(state) : "";
+}
+
 } // namespace
 
 const DocumentKey* firstKey(const std::vector<DocumentKey>& keys, std::string_view name)
@@ -354,6 +364,11 @@ const DocumentKey* TaskDocument::key(std::string_view name) const
 
 TaskDocument readTaskDocument(const std::string& path)
 {
+    // The tool loads no task from a pipe or a device: it would wait, or never come to an end.
+    const std::string other = path == standardInput ? "" : otherThanFile(path);
+    if (!other.empty()) {
+        return unreadable(path, "it is " + other);
+    }
     FileBytes file;
     errno = 0;
     if (path == standardInput ? readBytes(stdin, file) : readBytes(path, file)) {
@@ -362,10 +377,7 @@ TaskDocument readTaskDocument(const std::string& path)
         document.file = path == standardInput ? "" : std::filesystem::absolute(path, ignored).string();
         return document;
     }
-    const int failure = errno;
-    struct stat state = {};
-    const bool isFolder = stat(path.c_str(), &state) == 0 && S_ISDIR(state.st_mode);
-    return unreadable(path, isFolder ? "it is a folder" : std::strerror(failure == 0 ? EIO : failure));
+    return unreadable(path, std::strerror(errno == 0 ? EIO : errno));
 }
 
 TaskDocument taskDocumentOf(std::string_view bytes, const std::string& path)

@@ -1,7 +1,9 @@
 #include "base/bytes.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
+#include <new>
 #include <utility>
 
 #include <sys/stat.h>
@@ -23,7 +25,30 @@ void moveInto(std::size_t room, FileBytes& file)
 
 OpenFile openFile(const std::string& path, const char* mode)
 {
-    return OpenFile(std::fopen(path.c_str(), mode));
+    OpenFile file(std::fopen(path.c_str(), mode));
+    if (!file && *mode == 'r') {
+        mustHaveMemory();
+    }
+    return file;
+}
+
+void mustHaveMemory()
+{
+    if (errno == ENOMEM) {
+        throw std::bad_alloc();
+    }
+}
+
+bool isRegular(const std::string& path)
+{
+    struct stat status = {};
+    return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool isRegular(std::FILE* file)
+{
+    struct stat status = {};
+    return fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 bool canBeOpened(const std::string& path)

@@ -24,8 +24,19 @@ struct CloseFile
 /// A stream that closes itself.
 using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
 
-/// Opens a file in a mode of the C library. A null pointer if that fails.
+/// Opens a file in a mode of the C library. A null pointer if that fails; std::bad_alloc is thrown where a
+/// file is to be read and there is no memory to open it.
 OpenFile openFile(const std::string& path, const char* mode);
+
+/// Throws std::bad_alloc where the last call of the C library failed for lack of memory: what it was to open
+/// is not missing.
+void mustHaveMemory();
+
+/// Whether the path leads to a regular file, in place of a folder, a device or a pipe.
+bool isRegular(const std::string& path);
+
+/// The same for an open file.
+bool isRegular(std::FILE* file);
 
 /// Whether the path can be opened for reading; a folder can.
 bool canBeOpened(const std::string& path);

@@ -158,12 +158,4 @@ bool readLines(std::FILE* stream, Reader& reader, std::size_t pieceLength = Line
     return !pieces.failed();
 }
 
-/// The same for each line of a file. False also for a file that cannot be opened, and for a folder.
-template <class Reader>
-bool readLines(const std::string& path, Reader& reader)
-{
-    const OpenFile stream = openForReading(path);
-    return stream != nullptr && readLines(stream.get(), reader);
-}
-
 } // namespace tavelinUtils

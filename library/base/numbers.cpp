@@ -13,6 +13,12 @@
 #include <limits>
 #include <string>
 
+#include <locale.h>
+
+#ifdef __FAST_MATH__
+#error "-ffast-math changes digits of what is read and written: build without it"
+#endif
+
 namespace tavelinUtils {
 namespace {
 
@@ -224,16 +230,18 @@ std::optional<Digits> longDigits(std::string_view text)
     return isExact ? std::optional(digits) : std::nullopt;
 }
 
-// The C library's conversion, which needs a zero byte after the text.
+// The C library's conversion, which needs a zero byte after the text. In a locale of our own: in that of a
+// host the decimal point may be a comma.
 double readByLibrary(std::string_view text)
 {
+    static const locale_t ours = newlocale(LC_ALL_MASK, "C", nullptr);
     char shortText[64];
     if (text.size() < sizeof shortText) {
         std::memcpy(shortText, text.data(), text.size());
         shortText[text.size()] = '\0';
-        return std::strtod(shortText, nullptr);
+        return strtod_l(shortText, nullptr, ours);
     }
-    return std::strtod(std::string(text).c_str(), nullptr);
+    return strtod_l(std::string(text).c_str(), nullptr, ours);
 }
 
 // The text of a number after its sign.

@@ -89,11 +89,17 @@ void readSections(TiXmlElement* root, TPorogs& porogs, bool loadTLE)
 
 TFuncRes LoadUserConfXML(std::string path, TPorogs& porogs, bool loadTLE)
 {
+    TtavelinXmlDocument document(path);
+    return LoadUserConfXML(document, porogs, loadTLE);
+}
+
+TFuncRes LoadUserConfXML(TtavelinXmlDocument& document, TPorogs& porogs, bool loadTLE)
+{
+    const std::string& path = document.fileName;
     if (!FileExists(path)) {
         const std::string description = "Load user conf.=" + path;
         return failure(resultCode::noConfiguration, description, description);
     }
-    TtavelinXmlDocument document(path);
     if (!document.LoadFile()) {
         return failure(resultCode::brokenConfiguration, "Load user conf. " + path, path);
     }

@@ -13,6 +13,7 @@
 
 #include "../results/result.h"
 #include "settings.h"
+#include "xml_document.h"
 
 #include <string>
 
@@ -27,5 +28,8 @@ namespace tavelinUtils {
 /// description and in the details; the settings are then untouched. Never returns from an empty element of a
 /// list of calibration frames or filter names.
 TFuncRes LoadUserConfXML(std::string path, TPorogs& porogs, bool loadTLE);
+
+/// The same for a document that has not been loaded; it then tells whether its file could be read.
+TFuncRes LoadUserConfXML(TtavelinXmlDocument& document, TPorogs& porogs, bool loadTLE);
 
 } // namespace tavelinUtils

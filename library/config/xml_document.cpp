@@ -5,8 +5,9 @@
 #include "config/xml_nesting.h"
 #include "text/number_text.h"
 
+#include <cerrno>
 #include <chrono>
-#include <cstdlib>
+#include <cstdio>
 #include <memory>
 #include <thread>
 
@@ -85,6 +86,18 @@ void readBounded(TiXmlElement* parent, const std::string& key, Number& target, N
     }
 }
 
+// A stream's own writer, which a lack of memory makes fail.
+ssize_t appendToText(void* text, const char* bytes, std::size_t size)
+{
+    try {
+        static_cast<std::string*>(text)->append(bytes, size);
+        return static_cast<ssize_t>(size);
+    } catch (const std::exception&) {
+        errno = ENOMEM;
+        return 0;
+    }
+}
+
 template <class Value>
 void linkRecord(TiXmlElement* parent, std::string key, Value value, std::string comment)
 {
@@ -93,45 +106,64 @@ void linkRecord(TiXmlElement* parent, std::string key, Value value, std::string 
 
 } // namespace
 
+void keepWhiteSpace()
+{
+    if (TiXmlBase::IsWhiteSpaceCondensed()) {
+        TiXmlBase::SetCondenseWhiteSpace(false);
+    }
+}
+
 TtavelinXmlDocument::TtavelinXmlDocument(std::string path) : TiXmlDocument(path.c_str()), fileName(path)
 {
-    TiXmlBase::SetCondenseWhiteSpace(false);
+    keepWhiteSpace();
 }
 
 bool TtavelinXmlDocument::LoadFile()
 {
     try {
-        FileBytes file;
-        if (!readBytes(fileName, file)) {
-            return false;
-        }
-        normalizeLineEnds(file);
-        // The library parses by recursion: deeper documents would overflow the stack. And it compares every
-        // two attributes of an element.
-        if (goesBeyond(file.bytes.get(), deepestLevel, mostAttributesOfElement)) {
-            return false;
-        }
-        Clear();
-        SetTabSize(0); // rows and columns of errors are not needed
-        Parse(file.bytes.get(), nullptr, TIXML_ENCODING_UNKNOWN);
-        return !Error() && RootElement() != nullptr;
+        return load();
     } catch (const std::exception&) {
-        return false; // a file too large for the memory fails like a broken one
+        unread = true; // a file too large for the memory
+        return false;
     }
 }
 
-bool TtavelinXmlDocument::SaveFile()
+bool TtavelinXmlDocument::load()
 {
-    char* text = nullptr;
-    std::size_t size = 0;
-    std::FILE* const memory = open_memstream(&text, &size);
-    if (memory == nullptr) {
+    // A device need not end, and a pipe need not begin.
+    if (!isRegular(fileName)) {
         return false;
     }
-    const bool printed = TiXmlDocument::SaveFile(memory);
-    const bool complete = std::fclose(memory) == 0 && printed;
-    const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
-    return complete && writeBytes(fileName, "w", {text, size});
+    const OpenFile stream = openForReading(fileName);
+    FileBytes file;
+    unread = stream != nullptr && !readBytes(stream.get(), file);
+    if (stream == nullptr || unread) {
+        return false;
+    }
+    normalizeLineEnds(file);
+    // The library parses by recursion: deeper documents would overflow the stack. And it compares every two
+    // attributes of an element.
+    if (goesBeyond(file.bytes.get(), deepestLevel, mostAttributesOfElement)) {
+        return false;
+    }
+    Clear();
+    SetTabSize(0); // rows and columns of errors are not needed
+    Parse(file.bytes.get(), nullptr, TIXML_ENCODING_UNKNOWN);
+    return !Error() && RootElement() != nullptr;
+}
+
+// The file is not opened before the whole text is there.
+bool TtavelinXmlDocument::SaveFile()
+{
+    try {
+        std::string text;
+        OpenFile memory(fopencookie(&text, "w", {nullptr, appendToText, nullptr, nullptr}));
+        const bool printed = memory != nullptr && TiXmlDocument::SaveFile(memory.get());
+        const bool complete = memory != nullptr && std::fclose(memory.release()) == 0 && printed;
+        return complete && writeBytes(fileName, "w", text);
+    } catch (const std::exception&) {
+        return false; // the library makes texts of its own as it prints
+    }
 }
 
 TiXmlElement* childOf(TiXmlElement* parent, const std::string& name)

@@ -12,23 +12,38 @@
 
 namespace tavelinUtils {
 
-/// An XML file. White space in values survives: the library's process-wide flag that condenses it is
-/// switched off at construction and stays off.
+/// Switches off the XML library's process-wide flag that condenses white space in values. Writes it only
+/// where it is on, so that threads which find it off may work side by side.
+void keepWhiteSpace();
+
+/// An XML file. White space in values survives: construction calls keepWhiteSpace.
 class TtavelinXmlDocument : public TiXmlDocument
 {
 public:
     /// Of the file at the path; reads nothing yet.
     explicit TtavelinXmlDocument(std::string path);
 
-    /// Reads the file. False where it cannot be opened or read, is not well-formed, holds no element, or
-    /// holds more than 10,000 nested levels or more than 10,000 attributes in one element. May be called
-    /// once for a document.
+    /// Reads the file. False where it is no regular file, cannot be opened or read, is not well-formed, holds
+    /// no element, or holds more than 1,000 nested levels or more than 10,000 attributes in one element. May
+    /// be called once for a document.
     bool LoadFile();
+
+    /// Whether LoadFile found a file whose content it could not get: that cannot be read to its end, or that
+    /// the memory does not hold.
+    bool readFailed() const
+    {
+        return unread;
+    }
 
     /// Replaces the file with the document, in one write. False if that fails.
     bool SaveFile();
 
     std::string fileName; ///< the path that LoadFile reads and SaveFile writes
+
+private:
+    bool load();
+
+    bool unread = false;
 };
 
 /// The first child of that name; a null pointer where it or its parent is missing.

@@ -7,7 +7,7 @@
 namespace tavelinUtils {
 
 /// What TtavelinXmlDocument takes at most: nested elements, and attributes in one element.
-inline constexpr int deepestLevel = 10000;
+inline constexpr int deepestLevel = 1000;
 inline constexpr int mostAttributesOfElement = 10000;
 
 /// Turns the line ends of all systems into line feeds, as the library does when it reads a file itself. The

@@ -6,6 +6,7 @@
 #include "base/tokens.h"
 #include "config/key_table.h"
 #include "files/text_files.h"
+#include "files/text_reading.h"
 #include "text/number_text.h"
 
 #include <array>
@@ -77,7 +78,7 @@ auto recordsOf(const std::string& path, std::size_t headLines, Read read)
 {
     std::vector<decltype(read(std::string_view{}))> records;
     FileBytes file;
-    if (readBytes(path, file)) {
+    if (readText(path, file)) {
         std::size_t number = 0;
         forEachLine(file.view(), [&](std::string_view line) {
             if (number++ >= headLines) {

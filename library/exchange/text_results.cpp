@@ -7,6 +7,7 @@
 #include "exchange/record_io.h"
 #include "files/essentials.h"
 #include "files/text_files.h"
+#include "files/text_reading.h"
 #include "results/code_table.h"
 #include "text/number_text.h"
 
@@ -131,7 +132,7 @@ std::vector<std::string> lBand(std::string path)
 {
     std::vector<std::string> bands;
     FileBytes file;
-    if (readBytes(path, file)) {
+    if (readText(path, file)) {
         const std::string_view line = file.view().substr(0, file.view().find('\n'));
         forEachToken(withoutLineEnd(line), '\t', [&](std::string_view field) { bands.emplace_back(field); });
     }
@@ -142,7 +143,7 @@ void LoadResult61(std::string path, std::vector<double>& values)
 {
     constexpr std::size_t headLines = 3;
     FileBytes file;
-    if (!readBytes(path, file)) {
+    if (!readText(path, file)) {
         return;
     }
     forEachNumberedLine(file, [&](std::size_t number, std::string_view line) {
@@ -195,7 +196,7 @@ TPlateRec lAstroPlate(std::string path)
 {
     TPlateRec plate;
     FileBytes file;
-    if (!readBytes(path, file)) {
+    if (!readText(path, file)) {
         return plate;
     }
     const std::optional<std::size_t> count = headCount(toInt(partOf(file.view(), "\n", 0)), file.size);
@@ -253,7 +254,7 @@ int lIniASTAP(std::string path, TFitHead& head)
     SolutionLines values{};
     bool solved = false;
     FileBytes file;
-    if (!readBytes(path, file)) {
+    if (!readText(path, file)) {
         return 0;
     }
     forEachNumberedLine(file, [&](std::size_t number, std::string_view line) {
@@ -276,7 +277,7 @@ int lFisherTable(std::string path, [[maybe_unused]] double value, TFisherTable& 
     }
     FileBytes file;
     TFisherTable read;
-    const bool isReadable = readBytes(path, file);
+    const bool isReadable = readText(path, file);
     const std::size_t count = forEachNumberedLine(file, [&read](std::size_t number, std::string_view line) {
         if (number == 1) {
             read.Columns = rowOf(line);
@@ -321,7 +322,7 @@ TFuncRes LoadResultExe(std::string path)
     }
     FileBytes file;
     std::string_view last;
-    if (readBytes(path, file)) {
+    if (readText(path, file)) {
         forEachLine(file.view(), [&last](std::string_view line) { last = line; });
     }
     // A blank ends the text, so only the first of several words is returned.

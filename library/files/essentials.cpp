@@ -3,9 +3,10 @@
 #include "base/bytes.h"
 #include "base/lines.h"
 #include "base/tokens.h"
+#include "text/calendar.h"
 
 #include <algorithm>
-#include <ctime>
+#include <cstdio>
 
 #include <sys/stat.h>
 #include <sys/time.h>
@@ -94,11 +95,13 @@ std::string NowToDateTimeLin()
 {
     timeval now = {};
     gettimeofday(&now, nullptr);
-    const std::tm* local = std::localtime(&now.tv_sec);
+    TDateTime local;
+    int second = 0;
+    SysToDateTime(now.tv_sec, local.year, local.month, local.day, local.hour, local.minute, second);
     char text[128];
-    const int size = std::snprintf(text, sizeof text, "%d-%02d-%02d %02d:%02d:%02d.%06ld",
-                                   local->tm_year + 1900, local->tm_mon + 1, local->tm_mday, local->tm_hour,
-                                   local->tm_min, local->tm_sec, static_cast<long>(now.tv_usec));
+    const int size =
+        std::snprintf(text, sizeof text, "%d-%02d-%02d %02d:%02d:%02d.%06ld", local.year, local.month,
+                      local.day, local.hour, local.minute, second, static_cast<long>(now.tv_usec));
     return {text, static_cast<std::size_t>(size)};
 }
 

@@ -1,8 +1,11 @@
 #include "files/file_search.h"
 
+#include "base/bytes.h"
 #include "files/essentials.h"
+#include "results/code_table.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 #include <iterator>
 #include <memory>
@@ -84,14 +87,20 @@ bool readFolder(const std::string& folder, std::vector<FolderEntry>& entries)
 {
     const std::unique_ptr<DIR, CloseFolder> stream(opendir(folder.c_str()));
     if (!stream) {
+        mustHaveMemory();
         return false;
     }
     entries.clear();
+    errno = 0; // an end leaves it, a failure does not
     while (const dirent* entry = readdir(stream.get())) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..") {
             entries.push_back({std::string(name), entry->d_type == DT_DIR});
         }
+        errno = 0;
+    }
+    if (errno != 0) {
+        throwErrCode(resultCode::unopenedFile, folder);
     }
     return true;
 }

@@ -3,6 +3,7 @@
 #include "base/bytes.h"
 #include "base/lines.h"
 #include "base/numbers.h"
+#include "files/text_reading.h"
 #include "results/code_table.h"
 #include "text/number_text.h"
 
@@ -42,7 +43,7 @@ std::vector<std::string> ReadFromFile(std::string path)
 {
     std::vector<std::string> lines;
     FileBytes file;
-    if (readBytes(path, file)) {
+    if (readText(path, file)) {
         forEachLine(file.view(), [&lines](std::string_view line) { lines.emplace_back(line); });
     }
     return lines;
@@ -52,7 +53,7 @@ std::vector<int> ReadFromFileInt(std::string path)
 {
     std::vector<int> numbers;
     FileBytes file;
-    if (readBytes(path, file)) {
+    if (readText(path, file)) {
         forEachLine(file.view(), [&numbers](std::string_view line) { numbers.push_back(toInt(line)); });
     }
     return numbers;

@@ -2,6 +2,7 @@
 
 #include "base/lines.h"
 #include "files/text_files.h"
+#include "files/text_reading.h"
 
 #include <cstddef>
 #include <string_view>
@@ -45,7 +46,7 @@ private:
 std::vector<TTLEstr> l3LEstr(std::string path)
 {
     ElementSetLines reader;
-    const bool isRead = readLines(path, reader); // a missing file is not
+    const bool isRead = readTextLines(path, reader); // a missing file is not
     return isRead ? reader.takeSets() : std::vector<TTLEstr>{};
 }
 

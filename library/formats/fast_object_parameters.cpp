@@ -7,6 +7,7 @@
 #include "exchange/record_io.h"
 #include "files/essentials.h"
 #include "files/text_files.h"
+#include "files/text_reading.h"
 #include "records/blob_conversions.h"
 #include "text/number_text.h"
 
@@ -250,7 +251,7 @@ TFastSearchParam LTextParamForSearchFastAstroObj(std::string path)
 {
     TFastSearchParam parameters;
     FileBytes file;
-    if (!readBytes(path, file)) {
+    if (!readText(path, file)) {
         return parameters;
     }
     const std::vector<std::string_view> lines = linesOf(file);
@@ -268,7 +269,7 @@ TParHOK lParHOKv2(std::string path)
 {
     TParHOK parameters;
     FileBytes file;
-    if (!readBytes(path, file)) {
+    if (!readText(path, file)) {
         return parameters;
     }
     const std::vector<std::string_view> lines = linesOf(file);

@@ -4,6 +4,7 @@
 #include "base/lines.h"
 #include "base/numbers.h"
 #include "base/tokens.h"
+#include "files/text_reading.h"
 #include "formats/track_gathering.h"
 #include "text/angle_text.h"
 #include "text/date_text.h"
@@ -143,7 +144,7 @@ int lHorizons(const std::vector<std::string>& lines, TrackVtorichka& track)
 int lHorizons(std::string path, TrackVtorichka& track)
 {
     return readTable(track, [&path](HorizonsLines& reader) {
-        if (!readLines(path, reader)) {
+        if (!readTextLines(path, reader)) {
             reader.forget(); // a missing file has no lines
         }
     });

@@ -6,6 +6,7 @@
 #include "base/numbers.h"
 #include "base/tokens.h"
 #include "files/text_file.h"
+#include "files/text_reading.h"
 #include "formats/track_gathering.h"
 #include "formats/watched_lines.h"
 #include "text/angle_text.h"
@@ -136,6 +137,15 @@ private:
     std::array<std::string_view, std::size(markFields)> tokens; // of the line, here so that none clears them
 };
 
+// Written only where it is another one: threads that find it set may read side by side.
+void setNumericLocale()
+{
+    const std::string_view present = std::setlocale(LC_NUMERIC, nullptr);
+    if (present != "C") {
+        std::setlocale(LC_NUMERIC, "C");
+    }
+}
+
 // Reads a file; a missing one has no lines.
 template <class... Watch>
 void readFile(const std::string& path, KeptMarks& kept, Watch... watch)
@@ -144,9 +154,9 @@ void readFile(const std::string& path, KeptMarks& kept, Watch... watch)
     if (!file) {
         return;
     }
-    std::setlocale(LC_NUMERIC, "C"); // also for a folder, which opens and has no lines
+    setNumericLocale(); // also for a folder, which opens and has no lines
     MeaLines reader(kept, watch...);
-    if (!readLines(file.get(), reader)) {
+    if (!readTextLines(file.get(), path, reader)) {
         kept = {};
     }
 }

@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "base/tokens.h"
 #include "files/essentials.h"
+#include "files/text_reading.h"
 #include "text/date_text.h"
 #include "text/number_text.h"
 
@@ -98,7 +99,7 @@ void readMarks(const std::string& path, TrackVtorichka& track)
 {
     const std::size_t before = track.Marks.size();
     Lines reader(track);
-    if (!readLines(path, reader)) {
+    if (!readTextLines(path, reader)) {
         track.Marks.resize(before);
     }
 }

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "../base/lines.h"
+#include "../files/text_reading.h"
 #include "line_watch.h"
 
 #include <array>
@@ -186,7 +187,7 @@ void takeList(const std::vector<std::string>& lines, Reader reader)
 template <class Reader, class Kept>
 void takeFile(const std::string& path, Reader reader, Kept& kept)
 {
-    if (readLines(path, reader)) {
+    if (readTextLines(path, reader)) {
         reader.finish();
     } else {
         kept = {};

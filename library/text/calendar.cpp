@@ -116,14 +116,16 @@ void SysToDateTime(long time, int& year, int& month, int& day, int& hour, int& m
     year = month = day = hour = minute = second = 0;
     constexpr int firstYear = 1900;
     const std::time_t seconds = time;
-    const std::tm* const local = std::localtime(&seconds);
-    if (local != nullptr && local->tm_year <= std::numeric_limits<int>::max() - firstYear) {
-        year = local->tm_year + firstYear;
-        month = local->tm_mon + 1;
-        day = local->tm_mday;
-        hour = local->tm_hour;
-        minute = local->tm_min;
-        second = local->tm_sec;
+    std::tm local = {};
+    tzset(); // which localtime_r, in memory of the caller's, need not do
+    if (localtime_r(&seconds, &local) != nullptr &&
+        local.tm_year <= std::numeric_limits<int>::max() - firstYear) {
+        year = local.tm_year + firstYear;
+        month = local.tm_mon + 1;
+        day = local.tm_mday;
+        hour = local.tm_hour;
+        minute = local.tm_min;
+        second = local.tm_sec;
     }
 }
 

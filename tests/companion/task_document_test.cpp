@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <stdexcept>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -130,6 +131,10 @@ TEST(TaskDocument, MissingTaskFolderAndFileWithoutRightsAreTold)
     EXPECT_EQ(textOfOnlyFinding(missing), "the task cannot be opened: No such file or directory");
     EXPECT_EQ(textOfOnlyFinding(readTaskDocument(folder.path())),
               "the task cannot be opened: it is a folder");
+    ASSERT_EQ(mkfifo((folder / "pipe.xml").c_str(), 0600), 0);
+    EXPECT_EQ(textOfOnlyFinding(readTaskDocument(folder / "pipe.xml")),
+              "the task cannot be opened: it is a pipe");
+    EXPECT_EQ(textOfOnlyFinding(readTaskDocument("/dev/zero")), "the task cannot be opened: it is a device");
     EXPECT_EQ(textOfOnlyFinding(readTaskDocument("")),
               "the task cannot be opened: No such file or directory");
     EXPECT_FALSE(missing.canBeLoaded);
@@ -178,9 +183,9 @@ TEST(TaskDocument, DocumentWithoutElementIsTold)
 
 TEST(TaskDocument, LimitsOfTheLibraryAreTold)
 {
-    EXPECT_EQ(told(nested(10000)), "");
-    EXPECT_EQ(told(nested(10001)), "0:0 V014");
-    EXPECT_EQ(textOfOnlyFinding(documentOf(nested(10001))), "the task has more than 10,000 nested levels");
+    EXPECT_EQ(told(nested(1000)), "");
+    EXPECT_EQ(told(nested(1001)), "0:0 V014");
+    EXPECT_EQ(textOfOnlyFinding(documentOf(nested(1001))), "the task has more than 1,000 nested levels");
     std::string attributes;
     for (int i = 0; i < 10001; ++i) {
         attributes += " a" + std::to_string(i) + "='1'";

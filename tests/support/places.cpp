@@ -11,6 +11,11 @@ std::string runsFolder()
     return VOMAR_RUNS;
 }
 
+const char* localesFolder()
+{
+    return VOMAR_LOCALES;
+}
+
 std::string builtTool()
 {
     return VOMAR_TOOL;

@@ -10,5 +10,8 @@ std::string fixture(const std::string& name);
 /// The folder of the saved runs, without a slash at its end.
 std::string runsFolder();
 
+/// The folder of the locales that were made for the tests.
+const char* localesFolder();
+
 /// The path of the built tool.
 std::string builtTool();

@@ -473,7 +473,7 @@ TEST(BrokenTask, TasksThatAreReadAllTheSame)
                 {"an unknown value of a megabyte", withInside("<a>" + std::string(megabyte, 'x') + "</a>")},
                 {"a known value of a megabyte",
                  withInside("<originator>" + std::string(megabyte, 'x') + "</originator>")},
-                {"9,000 nested levels", withInside(repeated("<a>", 9000) + repeated("</a>", 9000))},
+                {"900 nested levels", withInside(repeated("<a>", 900) + repeated("</a>", 900))},
                 {"200,000 elements side by side", withInside(repeated("<a/>", 200000))}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
