@@ -1,5 +1,6 @@
 // What a task would do.
 
+#include "base/numbers.h"
 #include "command/explanation.h"
 #include "out/text.h"
 #include "reading/signatures.h"
@@ -151,7 +152,9 @@ private:
 
     static std::string minutes(double number)
     {
-        std::string text = std::to_string(number);
+        tavelinUtils::TextBuffer printed;
+        tavelinUtils::appendFixed(printed, number, 6);
+        std::string text = printed.str();
         text.erase(text.find_last_not_of('0') + 1);
         text.erase(text.find_last_not_of('.') + 1);
         return text + (text == "1" ? " minute" : " minutes");

@@ -1,12 +1,12 @@
 #include "command/task_outcome.h"
 
+#include "base/numbers.h"
 #include "out/finding_json.h"
 #include "out/units.h"
 #include "running/job_log.h"
 #include "task/checked_task_json.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <map>
 #include <ostream>
 
@@ -45,10 +45,12 @@ std::string marksText(const TaskOutcome& outcome)
 
 std::string timesText(const EndedChild& ended)
 {
-    char text[64];
-    std::snprintf(text, sizeof text, " (%.3f s, %.1f MB)", ended.seconds,
-                  static_cast<double>(ended.peakMemory) / 0x1p20);
-    return text;
+    tavelinUtils::TextBuffer text(" (");
+    tavelinUtils::appendFixed(text, ended.seconds, 3);
+    text += " s, ";
+    tavelinUtils::appendFixed(text, static_cast<double>(ended.peakMemory) / 0x1p20, 1);
+    text += " MB)";
+    return text.str();
 }
 
 // A line for each error of the run; of many with one code the first ones and how many more there are.

@@ -3,6 +3,7 @@
 #include "base/lines.h"
 #include "findings/finding_table.h"
 #include "reading/line_checker.h"
+#include "reading/text_front.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -122,7 +123,7 @@ void forEachWholeLine(std::string_view rest, Use use)
     }
 }
 
-// The lines are those of tavelinUtils::readLines, here with their ends.
+// The lines are those of tavelinUtils::readTextLines, here with their ends.
 std::size_t walk(const std::string& path, LintedLines& lines)
 {
     const tavelinUtils::OpenFile stream = tavelinUtils::openForReading(path);
@@ -132,6 +133,7 @@ std::size_t walk(const std::string& path, LintedLines& lines)
             forEachWholeLine(pieces.lines(),
                              [&lines](std::string_view line, bool isEnded) { lines.add(line, isEnded); });
         }
+        mustHaveBeenRead(stream.get(), path);
     }
     return lines.finish();
 }

@@ -161,7 +161,15 @@ std::string frontOfFile(const std::string& path)
     const tavelinUtils::OpenFile stream = opened(path);
     std::string bytes(enoughBytes, '\0');
     bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stream.get()));
+    mustHaveBeenRead(stream.get(), path);
     return bytes;
+}
+
+void mustHaveBeenRead(std::FILE* stream, const std::string& path)
+{
+    if (std::ferror(stream) != 0) {
+        throw WrongUsage{finding("V003", {{"file", path}, {"what", "cannot be read to its end"}})};
+    }
 }
 
 TextForm textFormOf(const std::string& path)
@@ -176,6 +184,7 @@ TextForm textFormOf(const std::string& path)
     while (pieces.next()) {
         walk.take(pieces.lines());
     }
+    mustHaveBeenRead(stream.get(), path);
     form.lineEnds = walk.lineEnds();
     form.bytes = walk.bytes;
     if (form.encoding.empty()) {

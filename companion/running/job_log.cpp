@@ -83,10 +83,16 @@ std::string shellWord(std::string_view word)
 
 std::string jobText(const JobLine& line)
 {
-    char numbers[128];
-    std::snprintf(numbers, sizeof numbers, "%zu\t:\t%.3f\t%10.3f\t0\t0\t%d\t%d\t", line.number, line.began,
-                  line.seconds, line.exitValue, line.signal);
-    return numbers + line.command + '\n';
+    constexpr std::size_t widthOfSeconds = 10;
+    tavelinUtils::TextBuffer seconds;
+    tavelinUtils::appendFixed(seconds, line.seconds, 3);
+    tavelinUtils::TextBuffer text(std::to_string(line.number) + "\t:\t");
+    tavelinUtils::appendCell(text, line.began, 3, '\t');
+    text += std::string(widthOfSeconds - std::min(widthOfSeconds, seconds.size()), ' ');
+    text += seconds.view();
+    text += "\t0\t0\t" + std::to_string(line.exitValue) + '\t' + std::to_string(line.signal) + '\t';
+    text += line.command + '\n';
+    return text.str();
 }
 
 std::map<std::string, JobLine> readJobLog(const std::string& path)

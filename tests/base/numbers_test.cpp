@@ -1,6 +1,7 @@
 #include "base/numbers.h"
 
 #include "base/text_buffer.h"
+#include "support/locales.h"
 #include "support/random.h"
 #include "support/same_bits.h"
 #include "support/texts.h"
@@ -38,7 +39,7 @@ class FixedComparison
 public:
     void compare(double value, int precision)
     {
-        const int size = std::snprintf(expected, sizeof expected, "%.*f", precision, value);
+        const int size = print(value, precision);
         text.clear();
         appendFixed(text, value, precision);
         if (text.size() != static_cast<std::size_t>(size) ||
@@ -54,16 +55,16 @@ public:
     }
 
 private:
+    int print(double value, int precision)
+    {
+        const ReferenceLocale reference;
+        return std::snprintf(expected, sizeof expected, "%.*f", precision, value);
+    }
+
     char expected[512] = {};
     TextBuffer text;
     int differences = 0;
 };
-
-/// What the process reads at the front of a text up to its first zero byte.
-double readByStrtod(const std::string& text)
-{
-    return std::strtod(text.c_str(), nullptr);
-}
 
 int readByStrtol(const std::string& text)
 {
@@ -466,7 +467,7 @@ TEST(TextToNumber, OddTextsReadAsTheCLibraryReadsThem)
 {
     for (const std::string& text : oddTexts()) {
         SCOPED_TRACE(text.substr(0, 60));
-        EXPECT_TRUE(sameBits(toDouble(text), readByStrtod(text))) << toDouble(text);
+        EXPECT_TRUE(sameBits(toDouble(text), readInC(text))) << toDouble(text);
         EXPECT_EQ(toInt(text), readByStrtol(text));
     }
 }
@@ -477,7 +478,7 @@ TEST(TextToNumber, RandomTextsReadAsTheCLibraryReadsThem)
     int differences = 0;
     for (int i = 0; i < 300000 && differences < 5; ++i) {
         const std::string text = randomText(random);
-        if (!sameBits(toDouble(text), readByStrtod(text)) || toInt(text) != readByStrtol(text)) {
+        if (!sameBits(toDouble(text), readInC(text)) || toInt(text) != readByStrtol(text)) {
             ADD_FAILURE() << '"' << text << "\": " << toDouble(text) << ", " << toInt(text);
             ++differences;
         }
@@ -488,18 +489,15 @@ TEST(TextToNumber, PrintedNumbersReadAsTheCLibraryReadsThem)
 {
     Random random(11);
     int differences = 0;
-    const auto compare = [&differences](const char* text) {
-        if (!sameBits(toDouble(text), std::strtod(text, nullptr))) {
+    const auto compare = [&differences](const std::string& text) {
+        if (!sameBits(toDouble(text), readInC(text))) {
             ADD_FAILURE() << text;
             ++differences;
         }
     };
     for (int i = 0; i < 60000 && differences < 5; ++i) {
-        char text[64];
-        std::snprintf(text, sizeof text, "%.*f", random.below(18), random.fraction() * 360.0);
-        compare(text);
-        std::snprintf(text, sizeof text, "%.*e", random.below(25), std::bit_cast<double>(random.bits()));
-        compare(text);
+        compare(printInC("%.*f", random.below(18), random.fraction() * 360.0));
+        compare(printInC("%.*e", random.below(25), std::bit_cast<double>(random.bits())));
     }
 }
 
@@ -509,7 +507,7 @@ TEST(TextToNumber, DigitsAroundAPointReadAsTheCLibraryReadsThem)
     Random random(12);
     int differences = 0;
     const auto compare = [&differences](const std::string& text) {
-        if (differences < 5 && !sameBits(toDouble(text), readByStrtod(text))) {
+        if (differences < 5 && !sameBits(toDouble(text), readInC(text))) {
             ADD_FAILURE() << '"' << text << "\": " << toDouble(text);
             ++differences;
         }
@@ -550,7 +548,7 @@ TEST(TextToNumber, RandomDigitsReadAsTheCLibraryReadsThem)
             text[0] = (form >> 59 & 1) != 0 ? '+' : '-';
         }
         text[size] = '\0';
-        if (!sameBits(toDouble({text, size}), std::strtod(text, nullptr))) {
+        if (!sameBits(toDouble({text, size}), readInC(text))) {
             ADD_FAILURE() << text;
             ++differences;
         }
@@ -569,7 +567,7 @@ TEST(TextToNumber, OneOtherByteReadsAsTheCLibraryReadsIt)
                     std::string text = digits.substr(0, size);
                     text.replace(std::min(point, size - 1), 1, point == size ? "7" : ".");
                     text[place] = static_cast<char>(byte);
-                    if (!sameBits(toDouble(text), readByStrtod(text))) {
+                    if (!sameBits(toDouble(text), readInC(text))) {
                         ADD_FAILURE() << '"' << text << '"';
                         ++differences;
                     }
@@ -599,7 +597,7 @@ TEST(TextToNumber, ViewsEndWhereTheyEnd)
         std::memcpy(bytes.get(), text.data(), text.size());
         const std::string_view view(bytes.get(), text.size());
         SCOPED_TRACE(text.substr(0, 60));
-        EXPECT_TRUE(sameBits(toDouble(view), readByStrtod(text)));
+        EXPECT_TRUE(sameBits(toDouble(view), readInC(text)));
         EXPECT_EQ(toInt(view), readByStrtol(text));
     }
 }

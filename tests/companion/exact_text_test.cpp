@@ -1,9 +1,10 @@
 #include "receivers/exact_text.h"
 
+#include "support/locales.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdio>
 #include <random>
 #include <string>
 
@@ -42,9 +43,7 @@ TEST(ExactText, DecimalsAreThoseOfTheCLibraryWhichIsExactToo)
     std::uniform_real_distribution<double> number(-1e6, 1e6);
     for (int i = 0; i < 20000; ++i) {
         const double value = std::ldexp(std::round(number(random) * 16), -4 - i % 3); // ties are frequent
-        char expected[64];
-        std::snprintf(expected, sizeof expected, "%.*f", i % 4, value);
-        const std::string text = expected;
+        const std::string text = printInC("%.*f", i % 4, value);
         const bool isZero = text.find_first_of("123456789") == std::string::npos;
         EXPECT_EQ(exactDecimal(value, i % 4), isZero && text[0] == '-' ? text.substr(1) : text);
     }

@@ -8,6 +8,7 @@
 #include "reading/lint.h"
 
 #include "support/folders.h"
+#include "support/locales.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -68,7 +69,7 @@ std::optional<double> dayOf(int year, unsigned month, unsigned day)
 // A number of any size: also one that no double holds.
 double valueOf(const std::string& text)
 {
-    return std::strtod(text.c_str(), nullptr);
+    return readInC(text);
 }
 
 unsigned numberOf(const std::string& text, std::size_t place, std::size_t length = 2)

@@ -1,6 +1,7 @@
 #include "out/svg_chart.h"
 
 #include "out/svg_plane.h"
+#include "support/locales.h"
 
 #include <gmock/gmock.h>
 
@@ -48,7 +49,7 @@ std::vector<PicturePoint> dotsOf(const std::string& page, const std::string& sty
     const std::regex point("M([-0-9.]+) ([-0-9.]+)");
     std::vector<PicturePoint> points;
     for (std::sregex_iterator each(path.begin(), path.end(), point); each != std::sregex_iterator(); ++each) {
-        points.push_back({std::stod((*each)[1]), std::stod((*each)[2])});
+        points.push_back({readInC((*each)[1]), readInC((*each)[2])});
     }
     return points;
 }
@@ -84,8 +85,8 @@ TEST(SvgChart, ErrorsReachAsFarAsTheyAreLarge)
     const std::string path = pathOf(page, "error s1");
     ASSERT_TRUE(std::regex_match(path, bar, std::regex("M([0-9.]+) ([0-9.]+)V([0-9.]+)"))) << path;
     const double half = (dots[1].y - dots[0].y) / 2.0;
-    EXPECT_NEAR(std::stod(bar[2]), dots[0].y - half, 0.2);
-    EXPECT_NEAR(std::stod(bar[3]), dots[0].y + half, 0.2);
+    EXPECT_NEAR(readInC(bar[2]), dots[0].y - half, 0.2);
+    EXPECT_NEAR(readInC(bar[3]), dots[0].y + half, 0.2);
 }
 
 TEST(SvgChart, ALightCurveSaysWhatItShows)
@@ -139,7 +140,7 @@ TEST(SvgChart, TheArrowIsAheadOfTheLastMark)
 
 TEST(SvgChart, TheScaleIsWhereNoMarkIs)
 {
-    const auto left = [](const std::string& page) { return std::stod(pathOf(page, "scale").substr(1)); };
+    const auto left = [](const std::string& page) { return readInC(pathOf(page, "scale").substr(1)); };
     EXPECT_LT(left(skyPage({{{1, 10.0, 0.0}, {2, 11.0, 1.0}}})), 220.0);
     EXPECT_GT(left(skyPage({{{1, 11.0, 0.0}, {2, 10.0, 1.0}}})), 220.0);
 }

@@ -9,6 +9,7 @@
 #include "formats/tdm.h"
 #include "formats/telegram.h"
 #include "reading/true_reading.h"
+#include "support/locales.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
@@ -191,12 +192,12 @@ Places placesOfRows(const std::string& text)
         const std::size_t time = line.find("|2025-02-23T");
         if (time != std::string::npos) {
             const std::string clock = line.substr(time + 12, line.find('Z', time) - time - 12);
-            const double seconds = std::stod(clock.substr(0, 2)) * 3600 + std::stod(clock.substr(3, 2)) * 60 +
-                                   std::stod(clock.substr(6));
+            const double seconds = readInC(clock.substr(0, 2)) * 3600 + readInC(clock.substr(3, 2)) * 60 +
+                                   readInC(clock.substr(6));
             const std::size_t angles = line.find('|', time + 1) + 1;
             const std::size_t second = line.find('|', angles) + 1;
-            places[timeKey(60729.0 + seconds / 86400.0)] = {std::stod(line.substr(angles)),
-                                                            std::stod(line.substr(second))};
+            places[timeKey(60729.0 + seconds / 86400.0)] = {readInC(line.substr(angles)),
+                                                            readInC(line.substr(second))};
         }
     }
     return places;

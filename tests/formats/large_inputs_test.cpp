@@ -8,6 +8,7 @@
 #include "formats/telegram.h"
 #include "formats/track_table.h"
 
+#include "support/locales.h"
 #include "support/measured_marks.h"
 #include "support/temporary_folder.h"
 #include "support/tracks.h"
@@ -100,6 +101,7 @@ double magnitudeOf(const Format& format, int number)
 
 std::string markText(const Format& format, int number)
 {
+    const ReferenceLocale reference;
     char magnitude[20];
     if (format.decimals == 0) {
         std::snprintf(magnitude, sizeof magnitude, "%0*d", format.width, digitsOf(number));

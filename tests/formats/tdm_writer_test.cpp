@@ -4,6 +4,7 @@
 
 #include "base/text_buffer.h"
 #include "support/failed_writes.h"
+#include "support/locales.h"
 #include "support/measured_marks.h"
 #include "support/sexagesimal.h"
 #include "support/temporary_folder.h"
@@ -248,6 +249,7 @@ TEST(TdmWriter, ListOfManyMarks)
                                .RA = i * 0.01,
                                .DE = -i * 0.001,
                                .m = i * 0.0005});
+        const ReferenceLocale reference;
         char lines[300];
         std::snprintf(lines, sizeof lines,
                       "ANGLE_1 = 2023-02-%02dT%02d:%02d:%02d.00000 %.7f\n"

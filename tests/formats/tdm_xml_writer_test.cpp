@@ -3,6 +3,7 @@
 #include "config/xml_document.h"
 
 #include "support/failed_writes.h"
+#include "support/locales.h"
 #include "support/measured_marks.h"
 #include "support/sexagesimal.h"
 #include "support/temporary_folder.h"
@@ -362,6 +363,7 @@ TEST(TdmXmlWriter, ListOfManyMarks)
                                .RA = i * 0.01,
                                .DE = -i * 0.001,
                                .m = i * 0.0005});
+        const ReferenceLocale reference;
         char epoch[100];
         char RA[100];
         char DE[100];

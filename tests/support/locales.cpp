@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <optional>
@@ -18,6 +19,11 @@ locale_t referenceLocale()
 {
     static const locale_t locale = newlocale(LC_ALL_MASK, "C", nullptr);
     return locale;
+}
+
+std::locale withEnglishErrors(const std::string& name)
+{
+    return {std::locale(name), std::locale::classic(), std::locale::messages};
 }
 
 // Puts every test into the locale that the environment names.
@@ -57,7 +63,7 @@ const bool listens = listenForLocale();
 } // namespace
 
 ProcessLocale::ProcessLocale(const std::string& name)
-    : numericBefore(std::setlocale(LC_NUMERIC, nullptr)), before(std::locale::global(std::locale(name)))
+    : numericBefore(std::setlocale(LC_NUMERIC, nullptr)), before(std::locale::global(withEnglishErrors(name)))
 {
 }
 
@@ -74,4 +80,18 @@ ReferenceLocale::ReferenceLocale() : before(uselocale(referenceLocale()))
 ReferenceLocale::~ReferenceLocale()
 {
     uselocale(before);
+}
+
+double readInC(const std::string& text)
+{
+    const ReferenceLocale reference;
+    return std::strtod(text.c_str(), nullptr);
+}
+
+std::string printInC(const char* form, int precision, double value)
+{
+    const ReferenceLocale reference;
+    char text[512];
+    const int size = std::snprintf(text, sizeof text, form, precision, value);
+    return {text, static_cast<std::size_t>(size)};
 }

@@ -12,7 +12,8 @@
 inline constexpr const char* otherLocales[] = {"de_DE.UTF-8", "tr_TR.UTF-8", "ru_RU.UTF-8"};
 
 /// Puts the process into a locale until the end of the block, as a program that calls std::locale::global.
-/// Throws std::runtime_error for one that the system does not have.
+/// The words of the system's errors stay English, as tests quote them. Throws std::runtime_error for a locale
+/// that the system does not have.
 class ProcessLocale
 {
 public:
@@ -39,3 +40,9 @@ public:
 private:
     locale_t before;
 };
+
+/// The number at the front of a text, as the C library reads it in the "C" locale.
+double readInC(const std::string& text);
+
+/// A number as the C library prints it in the "C" locale, in a form such as "%.*f".
+std::string printInC(const char* form, int precision, double value);

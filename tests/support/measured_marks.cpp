@@ -1,4 +1,5 @@
 #include "support/measured_marks.h"
+#include "support/locales.h"
 
 #include "support/places.h"
 #include "support/temporary_folder.h"
@@ -120,8 +121,8 @@ std::vector<PublishedMark> publishedMarks()
         const std::string& mjd = cells[1];
         marks.push_back({cells[0],
                          cells[6] + "_" + cells[7],
-                         {std::stoi(mjd), std::stod("0" + mjd.substr(mjd.find('.'))), std::stod(cells[2]),
-                          std::stod(cells[3]), std::stod(cells[4])}});
+                         {std::stoi(mjd), readInC("0" + mjd.substr(mjd.find('.'))), readInC(cells[2]),
+                          readInC(cells[3]), readInC(cells[4])}});
     }
     return marks;
 }

@@ -1,6 +1,7 @@
 #include "text/angle_text.h"
 
 #include "base/text_buffer.h"
+#include "support/locales.h"
 #include "support/written.h"
 #include "text/written_text.h"
 
@@ -52,12 +53,11 @@ std::string plainAngle(double degrees, double value, int precision)
     const int whole = static_cast<int>(value);
     const double minutes = (value - whole) * 60.0;
     const int minute = static_cast<int>(minutes);
-    char seconds[400];
-    std::snprintf(seconds, sizeof seconds, "%.*f", precision, (minutes - minute) * 60.0);
+    const std::string seconds = printInC("%.*f", precision, (minutes - minute) * 60.0);
     std::string text = degrees < 0.0 ? "-" : "";
     text += (whole <= 9 ? "0" : "") + std::to_string(whole) + ":";
     text += (minute <= 9 ? "0" : "") + std::to_string(minute) + ":";
-    text += std::strtod(seconds, nullptr) < 10.0 ? "0" : "";
+    text += readInC(seconds) < 10.0 ? "0" : "";
     return text + seconds;
 }
 

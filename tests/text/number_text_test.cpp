@@ -3,6 +3,7 @@
 
 #include "base/text_buffer.h"
 #include "support/child_process.h"
+#include "support/locales.h"
 #include "support/random.h"
 #include "support/same_bits.h"
 
@@ -162,9 +163,8 @@ TEST(SetPrecision, ManyNumbersAreReadBackAsTheCLibraryReadsThem)
     Random random(8);
     int differences = 0;
     const auto compare = [&differences](double value, int precision) {
-        char text[512];
-        std::snprintf(text, sizeof text, "%.*f", precision, value);
-        const double expected = std::strtod(text, nullptr);
+        const std::string text = printInC("%.*f", precision, value);
+        const double expected = readInC(text);
         const double rounded = SetPrecision(value, precision);
         if (!sameBits(rounded, expected) && !(std::isnan(rounded) && std::isnan(expected))) {
             ADD_FAILURE() << "precision " << precision << ": " << text;
@@ -248,8 +248,7 @@ TEST(FloatToStr, ManyNumbersPrintAsTheCLibraryPrintsThem)
     for (int i = 0; i < 20000 && differences < 5; ++i) {
         const double value = i % 2 == 0 ? std::bit_cast<double>(random.bits())
                                         : (random.fraction() - 0.5) * std::pow(10.0, random.below(20) - 8);
-        char text[64];
-        std::snprintf(text, sizeof text, "%g", value);
+        const std::string text = printInC("%.*g", 6, value);
         if (FloatToStr(value) != text) {
             ++differences;
             EXPECT_EQ(FloatToStr(value), text);

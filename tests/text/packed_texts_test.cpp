@@ -7,6 +7,7 @@
 #include "text/calendar.h"
 #include "text/date_text.h"
 
+#include "support/locales.h"
 #include "support/random.h"
 #include "support/same_bits.h"
 #include "support/written.h"
@@ -28,7 +29,7 @@ namespace {
 
 double longNumber(const std::string& text)
 {
-    return std::strtod(text.c_str(), nullptr);
+    return readInC(text);
 }
 
 double longSeconds(const std::string& text, std::size_t position)
@@ -80,9 +81,7 @@ void expectReadTheLongWay(const std::string& text)
 
 std::string printed(double value, int precision)
 {
-    char text[512];
-    const int size = std::snprintf(text, sizeof text, "%.*f", precision, value);
-    return std::string(text, static_cast<std::size_t>(size));
+    return printInC("%.*f", precision, value);
 }
 
 std::string withoutPoint(std::string text)

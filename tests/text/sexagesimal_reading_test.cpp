@@ -5,6 +5,7 @@
 #include "text/calendar.h"
 #include "text/date_text.h"
 
+#include "support/locales.h"
 #include "support/random.h"
 #include "support/same_bits.h"
 
@@ -44,7 +45,7 @@ public:
 
     double number(int part) const
     {
-        return std::strtod(parts[part], nullptr);
+        return readInC(parts[part]);
     }
     int wholeNumber(int part) const
     {
@@ -78,7 +79,7 @@ struct PlainReading
 {
     explicit PlainReading(const std::string& text)
     {
-        const double number = std::strtod(text.c_str(), nullptr);
+        const double number = readInC(text);
         const Parts blanks(text, ' ');
         const Parts colons(text, ':');
         const Parts points(text, '.');

@@ -1,6 +1,7 @@
 #include "text/date_text.h"
 
 #include "base/text_buffer.h"
+#include "support/locales.h"
 #include "support/written.h"
 #include "text/written_text.h"
 
@@ -25,9 +26,7 @@ constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 std::string printed(double value, int precision)
 {
-    char text[400];
-    std::snprintf(text, sizeof text, "%.*f", precision, value);
-    return text;
+    return printInC("%.*f", precision, value);
 }
 
 std::string twoDigits(int value)
@@ -43,7 +42,7 @@ struct PlainTime
 
 PlainTime plainTimeOf(double day)
 {
-    const double hours = std::strtod(printed((day - std::floor(day) + 1e-14) * 24.0, 12).c_str(), nullptr);
+    const double hours = readInC(printed((day - std::floor(day) + 1e-14) * 24.0, 12));
     const int hour = static_cast<int>(hours);
     const double minutes = (hours - hour) * 60.0;
     const int minute = static_cast<int>(minutes);
@@ -81,7 +80,7 @@ std::string plainTime(double day, int precision)
     if (time.hour == 24) {
         time.hour = 0;
     }
-    if (std::strtod(seconds.c_str(), nullptr) < 10.0) {
+    if (readInC(seconds) < 10.0) {
         seconds = "0" + seconds;
     }
     return twoDigits(time.hour) + ":" + twoDigits(time.minute) + ":" + seconds;

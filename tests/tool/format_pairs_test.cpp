@@ -10,6 +10,7 @@
 #include "formats/telegram.h"
 
 #include "support/child_process.h"
+#include "support/locales.h"
 #include "support/measured_marks.h"
 #include "support/places.h"
 #include "support/tasks.h"
@@ -170,7 +171,7 @@ void expectJulianDate(const std::string& text, const Measured& truth, const Digi
     const std::size_t point = text.find('.');
     ASSERT_EQ(text.size() - point, 8u) << text;
     const double days = std::stoi(text.substr(0, point)) - 2400000 - truth.date;
-    expectWithin((days + std::stod("0" + text.substr(point)) - 0.5 - truth.time) * 86400.0, digits.time);
+    expectWithin((days + readInC("0" + text.substr(point)) - 0.5 - truth.time) * 86400.0, digits.time);
 }
 
 void expectDE(double DE, const Measured& truth, const Digits& digits)
@@ -197,8 +198,8 @@ void expectMark(const TRecLabelPervichka_File& mark, const Measured& truth, cons
 // Packed digits "DDMMSSss..." in degrees; the first `whole` characters are the degrees.
 double packedDegrees(const std::string& text, std::size_t whole)
 {
-    return std::stod(text.substr(0, whole)) + std::stod(text.substr(whole, 2)) / 60.0 +
-           std::stod(text.substr(whole + 2, 2) + "." + text.substr(whole + 4)) / 3600.0;
+    return readInC(text.substr(0, whole)) + readInC(text.substr(whole, 2)) / 60.0 +
+           readInC(text.substr(whole + 2, 2) + "." + text.substr(whole + 4)) / 3600.0;
 }
 
 // Checks a declination as the packed formats write it, and the value that their readers give it: they take
@@ -450,8 +451,8 @@ TEST(FormatPairs, MpcLinesHoldEachDeclination)
                 const bool negative = marks[i].DE < 0.0;
                 const std::string text = lines[i + 1].substr(negative ? 45 : 44, 10);
                 EXPECT_EQ(lines[i + 1].substr(43, negative ? 2 : 1), negative ? " -" : " ");
-                const double degrees = std::stod(text.substr(0, 2)) + std::stod(text.substr(3, 2)) / 60.0 +
-                                       std::stod(text.substr(6)) / 3600.0;
+                const double degrees = readInC(text.substr(0, 2)) + readInC(text.substr(3, 2)) / 60.0 +
+                                       readInC(text.substr(6)) / 3600.0;
                 expectDE(negative ? -degrees : degrees, marks[i], input + mpcDigits);
             }
         });
@@ -499,7 +500,7 @@ TEST(FormatPairs, LightCurvesHoldTimesAndMagnitudes)
                     ASSERT_EQ(fields.size(), 7u);
                     EXPECT_EQ(text.back(), '\t');
                     expectJulianDate(fields[0], mark, input + lightCurveDigits);
-                    expectWithin(std::stod(fields[1]) - mark.m, (input + lightCurveDigits).m);
+                    expectWithin(readInC(fields[1]) - mark.m, (input + lightCurveDigits).m);
                     EXPECT_EQ(fields[1].size() - fields[1].find('.'), 6u);
                     for (const std::size_t unmeasured : {2u, 3u, 4u, 5u}) {
                         EXPECT_EQ(fields[unmeasured], "0.00000");

@@ -3,6 +3,7 @@
 #include "formats/mpc_report.h"
 
 #include "support/child_process.h"
+#include "support/locales.h"
 #include "support/measured_marks.h"
 #include "support/places.h"
 #include "support/tasks.h"
@@ -83,20 +84,20 @@ int mjdOf(int year, int month, int day)
 
 double numberAt(const std::string& text, std::size_t first, std::size_t size)
 {
-    return std::stod(text.substr(first, size));
+    return readInC(text.substr(first, size));
 }
 
 // "12 34 56.78", which has no sign, in units of its first part.
 double sexagesimal(const std::string& text)
 {
-    return numberAt(text, 0, 2) + numberAt(text, 3, 2) / 60.0 + std::stod(text.substr(6)) / 3600.0;
+    return numberAt(text, 0, 2) + numberAt(text, 3, 2) / 60.0 + readInC(text.substr(6)) / 3600.0;
 }
 
 // "12345678", two digits for each part and the rest for the fraction of the last, in units of the first.
 double packedSexagesimal(const std::string& text)
 {
     return numberAt(text, 0, 2) + numberAt(text, 2, 2) / 60.0 +
-           std::stod(text.substr(4, 2) + "." + text.substr(6)) / 3600.0;
+           readInC(text.substr(4, 2) + "." + text.substr(6)) / 3600.0;
 }
 
 void expectReportLine(const std::string& line, const PublishedMark& mark)
@@ -116,7 +117,7 @@ void expectReportLine(const std::string& line, const PublishedMark& mark)
     const int day =
         mjdOf(std::stoi(date.substr(0, 4)), std::stoi(date.substr(5, 2)), std::stoi(date.substr(8)));
     EXPECT_EQ(day, mark.values.date);
-    EXPECT_NEAR(std::stod("0" + fraction), mark.values.time, 0.000005 + roundingOfTruth);
+    EXPECT_NEAR(readInC("0" + fraction), mark.values.time, 0.000005 + roundingOfTruth);
     EXPECT_EQ(columns(line, 32, 32), " ");
 
     const std::string ra = columns(line, 33, 43);
@@ -132,7 +133,7 @@ void expectReportLine(const std::string& line, const PublishedMark& mark)
 
     const std::string m = columns(line, 66 - shift, 69 - shift);
     ASSERT_TRUE(hasForm(m, "99.9")) << m;
-    EXPECT_NEAR(std::stod(m), mark.values.m, 0.05 + roundingOfTruth);
+    EXPECT_NEAR(readInC(m), mark.values.m, 0.05 + roundingOfTruth);
     EXPECT_EQ(columns(line, 70 - shift, 80 - shift), " R      500");
 }
 
@@ -167,7 +168,7 @@ void expectMeaLine(const std::string& line, const PublishedMark& mark)
     EXPECT_EQ(columns(line, 49 - shift, 53 - shift), " 001 ");
     const std::string m = columns(line, 54 - shift, 58 - shift);
     ASSERT_TRUE(hasForm(m, "99.99")) << m;
-    EXPECT_NEAR(std::stod(m), mark.values.m, roundingOfTruth);
+    EXPECT_NEAR(readInC(m), mark.values.m, roundingOfTruth);
 }
 
 } // namespace
