@@ -14,6 +14,7 @@ cmake_dependent_option(VOMAR_BUILD_TOOL "Build the command vomar" ${PROJECT_IS_T
 cmake_dependent_option(VOMAR_COMPANION "Build the command tavelin, where what it needs is found" ON
     "VOMAR_BUILD_TOOL" OFF)
 option(VOMAR_INSTALL "Install what is built" ${PROJECT_IS_TOP_LEVEL})
+option(VOMAR_HARDEN "Guard the stack, check copies, and bind and protect relocations at the start" ON)
 option(VOMAR_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
 option(VOMAR_COVERAGE "Build with line and branch counters" OFF)
 option(VOMAR_PRECOMPILE "Compile the standard library's headers once for all sources" OFF)
