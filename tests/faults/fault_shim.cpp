@@ -21,12 +21,12 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-// The C library's own, by the names that it keeps for those that replace them.
+// The C library's own, which keeps these names for those that replace its functions.
 extern "C" {
-void* __libc_malloc(std::size_t size);                          // NOLINT(bugprone-reserved-identifier)
-void* __libc_calloc(std::size_t count, std::size_t size);       // NOLINT(bugprone-reserved-identifier)
-void* __libc_realloc(void* memory, std::size_t size);           // NOLINT(bugprone-reserved-identifier)
-void* __libc_memalign(std::size_t alignment, std::size_t size); // NOLINT(bugprone-reserved-identifier)
+void* systemsMalloc(std::size_t size) __asm__("__libc_malloc");
+void* systemsCalloc(std::size_t count, std::size_t size) __asm__("__libc_calloc");
+void* systemsRealloc(void* memory, std::size_t size) __asm__("__libc_realloc");
+void* systemsMemalign(std::size_t alignment, std::size_t size) __asm__("__libc_memalign");
 }
 
 namespace {
@@ -97,22 +97,22 @@ void* refused()
 
 extern "C" void* malloc(std::size_t size)
 {
-    return isRefused(Request::fresh) ? refused() : __libc_malloc(size);
+    return isRefused(Request::fresh) ? refused() : systemsMalloc(size);
 }
 
 extern "C" void* calloc(std::size_t count, std::size_t size)
 {
-    return isRefused(Request::fresh) ? refused() : __libc_calloc(count, size);
+    return isRefused(Request::fresh) ? refused() : systemsCalloc(count, size);
 }
 
 extern "C" void* aligned_alloc(std::size_t alignment, std::size_t size)
 {
-    return isRefused(Request::fresh) ? refused() : __libc_memalign(alignment, size);
+    return isRefused(Request::fresh) ? refused() : systemsMemalign(alignment, size);
 }
 
 extern "C" int posix_memalign(void** memory, std::size_t alignment, std::size_t size)
 {
-    void* const given = isRefused(Request::fresh) ? nullptr : __libc_memalign(alignment, size);
+    void* const given = isRefused(Request::fresh) ? nullptr : systemsMemalign(alignment, size);
     if (given == nullptr) {
         return ENOMEM;
     }
@@ -123,5 +123,5 @@ extern "C" int posix_memalign(void** memory, std::size_t alignment, std::size_t 
 extern "C" void* realloc(void* memory, std::size_t size)
 {
     const Request request = memory == nullptr ? Request::fresh : Request::larger;
-    return isRefused(request) ? refused() : __libc_realloc(memory, size);
+    return isRefused(request) ? refused() : systemsRealloc(memory, size);
 }

@@ -230,15 +230,16 @@ def little_room(stage, scenario, every):
         yield Run(f"{pages} pages of {enough}", end, faults_of(scenario, end))
 
 
+# Each with the marks of the inputs of vomar and of tavelin, which asks for memory for each mark.
 WORKS = {
-    "calls": (failing_calls, MANY),
-    "memory": (failing_memory, MANY),
-    "room": (little_room, MANY),
-    "kills": (kills, MANY),
-    "signals": (signals, MANY),
-    "sizes": (file_sizes, FEW),
-    "disk": (full_disks, FEW),
-    "descriptors": (few_descriptors, FEW),
+    "calls": (failing_calls, MANY, MANY),
+    "memory": (failing_memory, MANY, FEW),
+    "room": (little_room, MANY, MANY),
+    "kills": (kills, MANY, MANY),
+    "signals": (signals, MANY, MANY),
+    "sizes": (file_sizes, FEW, FEW),
+    "disk": (full_disks, FEW, FEW),
+    "descriptors": (few_descriptors, FEW, FEW),
 }
 
 
@@ -269,7 +270,7 @@ def try_scenario(stage, scenario, work, every):
 
 def main():
     name, vomar, tavelin, project, driver, shim = sys.argv[1:7]
-    work, marks = WORKS[name]
+    work, *marks = WORKS[name]
     programs = {"vomar": vomar, "tavelin": tavelin, "fault_driver": driver, "fault_shim.so": shim}
     try:
         if name == "disk":
@@ -277,7 +278,7 @@ def main():
         with tempfile.TemporaryDirectory() as folder:
             stage = Stage(folder, programs, drops_rights=name != "disk")
             every = "--every" in sys.argv[7:]
-            count = sum(try_scenario(stage, each, work, every) for each in scenarios(pathlib.Path(project), marks))
+            count = sum(try_scenario(stage, each, work, every) for each in scenarios(pathlib.Path(project), *marks))
     except Skipped as skipped:
         print(f"Skipped: {skipped}")
         return SKIPPED

@@ -90,19 +90,21 @@ class Scenario:
         return self.command[0].endswith("tavelin")
 
 
-def scenarios(project, marks):
+def scenarios(project, marks, marks_of_tavelin):
     """In the five of them inputs have as many marks, or some more."""
     conversion = CONVERSION.format(path="night.mea", extension=".txt", source="mea", target="mpc")
     to_xml = CONVERSION.format(path="night.tdm", extension=".xml", source="tdm", target="tdm.xml")
-    mea = {"task.xml": conversion.encode(), "night.mea": night(marks).encode()}
+    mea, run = (
+        {"task.xml": conversion.encode(), "night.mea": night(count).encode()} for count in (marks, marks_of_tavelin)
+    )
     tdm = {"task.xml": to_xml.encode(), "night.tdm": message(2 * marks // 5).encode()}
-    ready = {"night.mea": night(marks).encode(), "profile.json": PROFILE.encode()}
+    ready = {"night.mea": night(marks_of_tavelin).encode(), "profile.json": PROFILE.encode()}
     report = series(project, marks // 70 + 1)
     return [
         Scenario("mea to mpc", mea, ["bin/vomar", "task.xml"], ["out/night.txt", RESULT], (RESULT,)),
         Scenario("tdm to xml", tdm, ["bin/vomar", "task.xml"], ["out/night.xml", RESULT], ("out/night.xml", RESULT)),
         Scenario("report by object", report, ["bin/vomar", "task.xml"], [RESULT], (RESULT,)),
-        Scenario("tavelin run", mea, ["bin/tavelin", "run", "task.xml"], ["out/night.txt", RESULT]),
+        Scenario("tavelin run", run, ["bin/tavelin", "run", "task.xml"], ["out/night.txt", RESULT]),
         Scenario(
             "tavelin ready",
             ready,
