@@ -12,7 +12,7 @@ target_link_libraries(fault_shim PRIVATE vomar_build)
 add_executable(vomar_of_shared_libraries ${PROJECT_SOURCE_DIR}/tool/main.cpp)
 target_link_libraries(vomar_of_shared_libraries PRIVATE vomar_works vomar_build)
 
-# By the name a part of the numbers is tried; scripts/check --nightly tries every one, which takes an hour.
+# By the name a part of the numbers is tried; scripts/check --nightly tries every one.
 function(add_faults_test name work tool)
     set(call ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/faults/faults_test.py ${work} $<TARGET_FILE:${tool}>
         $<TARGET_FILE:tavelin_command> ${PROJECT_SOURCE_DIR} $<TARGET_FILE:fault_driver> $<TARGET_FILE:fault_shim>)

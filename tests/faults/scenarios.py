@@ -68,8 +68,8 @@ def series(project, repeats):
     for path in (project / "examples/series").rglob("*"):
         if path.is_file():
             lines = path.read_bytes().splitlines(keepends=True)
-            isTable = path.suffix == ".txt"
-            longer = lines[:2] + [line for line in lines[2:] for _ in range(repeats)] if isTable else lines
+            is_table = path.suffix == ".txt"
+            longer = lines[:2] + [line for line in lines[2:] for _ in range(repeats)] if is_table else lines
             files[str(path.relative_to(project / "examples"))] = b"".join(longer)
     return files
 
@@ -155,7 +155,7 @@ class Stage:
             os.chown(path, self.user, self.user)
 
     def put(self, files):
-        """Makes the files the only ones, and those that stand there already are left."""
+        """Makes the files the only ones. Those that are there already stay."""
         for name in self.standing.keys() - files.keys():
             (self.folder / name).unlink()
         for name, content in files.items():
@@ -283,26 +283,32 @@ def says_good(end):
     return end.status == 0 or b": good: " in end.out
 
 
+def changed_inputs(scenario, end):
+    return [f"{path} is changed" for path, content in scenario.files.items() if end.files.get(path) != content]
+
+
 def signal_faults(end, allowed=()):
     names = [f"signal {each}" for each in end.others if each not in (signal.SIGABRT, signal.SIGKILL, *allowed)]
     if end.signal not in (0, signal.SIGABRT, *allowed):
         names.append(f"ended by signal {end.signal}")
+    # A message that cannot be written is missing, but no other stands there.
+    if end.signal == signal.SIGABRT and end.err and b"terminate called" not in end.err:
+        names.append("ended by SIGABRT, and not for an exception")
     if BROKEN_MEMORY.search(end.err) or BROKEN_MEMORY.search(end.out):
         names.append("the C library found the memory broken")
     return names
 
 
-def faults_of(scenario, end, isStrict=False, allowed=()):
+def faults_of(scenario, end, is_strict=False, allowed=()):
     """What the end of a disturbed run must not show. A file that cannot be opened counts as missing, so that what a run
     leaves without it is right; strictly, a run leaves the old file, or that of a run without faults, and says nothing
     else of it."""
     if end.hangs:
         return ["hangs"]
-    whole = set(scenario.expected.values()) if isStrict else scenario.variants
-    faults = signal_faults(end, allowed)
-    faults += [f"{path} is changed" for path, content in scenario.files.items() if end.files.get(path) != content]
+    whole = set(scenario.expected.values()) if is_strict else scenario.variants
+    faults = signal_faults(end, allowed) + changed_inputs(scenario, end)
     faults += [f"{path} is torn: {len(end.files[path])} bytes" for path in torn(scenario, end, whole)]
-    if isStrict and says_code_0(end) and lacks_outputs(scenario, end):
+    if is_strict and says_code_0(end) and lacks_outputs(scenario, end):
         faults.append("its result is code 0 although outputs are missing")
     if scenario.of_tavelin() and says_good(end) and lacks_marks(scenario, end):
         faults.append(f"says good where marks are missing: {end.out.decode(errors='replace')!r}")
