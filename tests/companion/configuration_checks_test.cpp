@@ -1,9 +1,9 @@
 #include "task/configuration_checks.h"
 
-#include "companion/folder_entries.h"
 #include "config/configuration_keys.h"
 #include "config/user_configuration.h"
 #include "support/child_process.h"
+#include "support/folder_entries.h"
 #include "support/folders.h"
 #include "support/temporary_folder.h"
 #include "works.h"

@@ -1,7 +1,7 @@
 #include "companion/golden.h"
 
 #include "command/subcommand.h"
-#include "companion/folder_entries.h"
+#include "support/folder_entries.h"
 #include "support/folders.h"
 #include "support/socket_file.h"
 #include "support/temporary_folder.h"

@@ -77,6 +77,48 @@ void expectOutputs(const std::string& copy, const std::string& result)
     }
 }
 
+// All that tests are named in, as one line: their sources, and the files that hand programs and scripts to
+// ctest.
+std::string sourcesOfTests()
+{
+    std::string all;
+    for (const auto& entry : fs::recursive_directory_iterator(std::string(VOMAR_PROJECT) + "/tests")) {
+        const std::string extension = entry.path().extension();
+        if (extension == ".cpp" || extension == ".cmake" || entry.path().filename() == "CMakeLists.txt") {
+            all += bytesOf(entry.path());
+        }
+    }
+    std::replace(all.begin(), all.end(), '\n', ' ');
+    return all;
+}
+
+// Whether there is a test of the name: "Suite.Name" of a test program, or a name of ctest.
+bool isTest(const std::string& name, const std::string& sources)
+{
+    const std::size_t point = name.find('.');
+    const bool isOfAProgram = point != std::string::npos;
+    const std::string call =
+        isOfAProgram ? name.substr(0, point) + ", " + name.substr(point + 1) + ")" : name + " ";
+    const std::vector<std::string> starts = isOfAProgram
+                                                ? std::vector<std::string>{"TEST(", "TEST_F(", "TEST_P("}
+                                                : std::vector<std::string>{"NAME ", "add_faults_test("};
+    return std::any_of(starts.begin(), starts.end(), [&](const std::string& start) {
+        return sources.find(start + call) != std::string::npos;
+    });
+}
+
+// The words in backticks of the last cell of a row.
+std::vector<std::string> wordsOfTheLastCell(const std::string& row)
+{
+    std::vector<std::string> words;
+    const std::string cell = row.substr(row.rfind("| ", row.size() - 3));
+    const std::regex word("`([^`]*)`");
+    for (std::sregex_iterator at(cell.begin(), cell.end(), word), end; at != end; ++at) {
+        words.push_back((*at)[1]);
+    }
+    return words;
+}
+
 // A copy of the examples with an empty folder for outputs.
 std::string copyOfExamples(const TemporaryFolder& folder)
 {
@@ -146,6 +188,25 @@ TEST(Pages, LinksLeadToFilesAndHeadings)
         }
     }
     EXPECT_GT(count, 100);
+}
+
+TEST(Pages, TestsThatHoldAPromiseExist)
+{
+    const std::string sources = sourcesOfTests();
+    std::istringstream page(bytesOf(std::string(VOMAR_PROJECT) + "/docs/reliability.md"));
+    int count = 0;
+    for (std::string line; std::getline(page, line);) {
+        if (!line.starts_with("| ") || line.starts_with("| What happens")) {
+            continue;
+        }
+        const std::vector<std::string> tests = wordsOfTheLastCell(line);
+        EXPECT_FALSE(tests.empty()) << line;
+        for (const std::string& test : tests) {
+            EXPECT_TRUE(isTest(test, sources)) << test;
+            ++count;
+        }
+    }
+    EXPECT_GT(count, 40);
 }
 
 TEST(Pages, SamplesAreReadByTheirReader)

@@ -1,4 +1,4 @@
-#include "companion/folder_entries.h"
+#include "support/folder_entries.h"
 
 #include <algorithm>
 #include <cstddef>
