@@ -2,6 +2,7 @@
 // leaves the settings; a good one replaces each section, whatever was there before, and reads element sets
 // only if asked for.
 
+#include "config/configuration_keys.h"
 #include "config/configuration_sections.h"
 #include "config/range_checks.h"
 #include "config/settings.h"
@@ -9,19 +10,32 @@
 #include "config/xml_document.h"
 #include "input_file.h"
 
+#include <algorithm>
+#include <set>
 #include <string>
-#include <string_view>
 
 namespace {
 
 using namespace tavelinUtils;
 
+// The names of the items of all lists: of the sections, and of the filters.
+std::set<std::string> itemsOfLists()
+{
+    std::set<std::string> items{"string"};
+    for (const ConfigurationKey& key : configurationKeys()) {
+        if (key.value == ConfigurationValue::list) {
+            items.insert(key.item);
+        }
+    }
+    return items;
+}
+
 // An empty item of a list is never left, by contract: such a file is not read to its end. Spellings are no
 // such items: they are below a "key".
 bool isEmptyItem(const TiXmlNode& node)
 {
-    const std::string_view name = node.Value();
-    const bool isItem = name == "path" || (name == "string" && node.Parent()->ValueStr() != "key");
+    static const std::set<std::string> items = itemsOfLists();
+    const bool isItem = items.contains(node.ValueStr()) && node.Parent()->ValueStr() != "key";
     return isItem && node.ToElement() != nullptr && node.FirstChild() == nullptr;
 }
 
@@ -81,6 +95,17 @@ void mustBeOfTheFile(const TPorogs& porogs, TiXmlElement* root)
     mustHold(coefficients == 3 || coefficients == 10 || coefficients == 21 || coefficients == 7);
 }
 
+// A file of header keys alone has no section around them; words that are none give nothing.
+void checkListsAlone(TiXmlElement* root)
+{
+    const THeaderKeys keys = HeaderKeyXML(root, "headerKeys");
+    const std::vector<std::string> words = configurationHeaderWords();
+    mustHold(keys.RA.empty() || std::find(words.begin(), words.end(), "RA") != words.end());
+    const TFiltersID filters = GetFiltersID(root, "filterKeys");
+    mustHold(filters.R.size() == filters.V.size() && filters.B.size() == filters.I.size());
+    mustHold(configurationFilterLetters().size() == 4);
+}
+
 void checkSettings(const std::string& path, TiXmlElement* root)
 {
     for (const bool loadTLE : {false, true}) {
@@ -109,6 +134,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         checkFailure(file.path(), 139);
     } else if (!holdsEmptyItem(document)) {
         checkSettings(file.path(), document.FirstChildElement());
+        checkListsAlone(document.FirstChildElement());
     }
     checkFailure(file.path() + "/none", 138);
     TExe programs;
