@@ -1,9 +1,9 @@
 // Catalogue lists: any bytes after the first, which chooses the reader, give a star for each line that
-// counts.
+// counts. A written list is the same when it is read and written again.
 
 #include "exchange/catalogue_lists.h"
 #include "files/text_files.h"
-#include "input_file.h"
+#include "written_bytes.h"
 
 #include <iterator>
 #include <string>
@@ -19,11 +19,18 @@ std::size_t linesBehind(const std::string& path, std::size_t headLines)
     return lines < headLines ? 0 : lines - headLines;
 }
 
+std::string written(const std::vector<TVSX>& stars)
+{
+    return bytesWritten([&](const std::string& path) { SaveVSX(path, stars); });
+}
+
 void listOfIndex(const std::string& path)
 {
     const std::vector<TVSX> stars = LoadVSX(path);
     mustHold(stars.size() == linesBehind(path, 2));
-    SaveVSX("/dev/null", stars);
+    const WrittenFile copy(written(stars));
+    const std::vector<TVSX> again = LoadVSX(copy.path());
+    mustHold(again.size() == stars.size() && written(again) == written(stars));
 }
 
 void shortListOfIndex(const std::string& path)

@@ -1,11 +1,25 @@
-// Element sets: any bytes give the sets of a list, whose lines begin with their numbers.
+// Element sets: any bytes give the sets of a list, whose lines begin with their numbers, and which are the
+// same when written and read again.
 
 #include "formats/element_sets.h"
-#include "input_file.h"
+#include "written_bytes.h"
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace tavelinUtils;
+
+std::string written(const std::vector<TTLEstr>& sets)
+{
+    return bytesWritten([&](const std::string& path) { s3LEstr(path, sets); });
+}
+
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    using namespace tavelinUtils;
     const InputFile file(bytes, size);
     const std::vector<TTLEstr> sets = l3LEstr(file.path());
     for (const TTLEstr& set : sets) {
@@ -13,6 +27,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         mustHold(set.Line1.empty() || set.Line1.front() == '1');
         mustHold(!set.Line2.empty() && set.Line2.front() == '2');
     }
-    s3LEstr("/dev/null", sets);
+    const WrittenFile copy(written(sets));
+    const std::vector<TTLEstr> again = l3LEstr(copy.path());
+    mustHold(again.size() == sets.size() && written(again) == written(sets));
     return 0;
 }

@@ -1,4 +1,5 @@
-// Parameter files: any bytes after the first, which chooses the reader, give values or a failed load.
+// Parameter files: any bytes after the first, which chooses the reader, give values or a failed load. An
+// order to run a task is read again as it was written.
 
 #include "config/developer_settings.h"
 #include "config/observing_plans.h"
@@ -6,12 +7,14 @@
 #include "config/parameters_frames.h"
 #include "config/parameters_services.h"
 #include "config/xml_document.h"
-#include "input_file.h"
 #include "results/result.h"
+#include "written_bytes.h"
 
+#include <algorithm>
 #include <iterator>
 #include <string>
 #include <tuple>
+#include <vector>
 
 namespace {
 
@@ -28,6 +31,48 @@ template <auto reader>
 void run(const std::string& path)
 {
     fill(reader, path);
+}
+
+// An order to run a task.
+struct Order
+{
+    std::string type, frame, config, series, log, result, blob, fit, pid, task, past;
+    std::vector<std::string> frames;
+
+    bool operator==(const Order&) const = default;
+};
+
+Order orderOf(const std::string& path)
+{
+    Order order;
+    lRunTask(path, order.type, order.frame, order.config, order.series, order.log, order.result, order.blob,
+             order.fit, order.pid, order.task, order.past, order.frames);
+    return order;
+}
+
+// What an element cannot hold is not written: it would be missing, or another text.
+void keepPlain(std::string& text)
+{
+    if (!isPlainText(text)) {
+        text = "plain";
+    }
+}
+
+void runTask(const std::string& path)
+{
+    Order order = orderOf(path);
+    for (std::string* const text : {&order.type, &order.config, &order.series, &order.log, &order.result,
+                                    &order.pid, &order.task, &order.past})
+    {
+        keepPlain(*text);
+    }
+    std::for_each(order.frames.begin(), order.frames.end(), keepPlain);
+    order.frame = order.blob = order.fit = ""; // no writer takes them
+    const WrittenFile copy(bytesWritten([&](const std::string& to) {
+        mustHold(sThresInterXML(to, order.type, order.result, order.log, order.pid, order.series,
+                                order.config, order.past, order.task, order.frames) == 0);
+    }));
+    mustHold(orderOf(copy.path()) == order);
 }
 
 struct Reader
@@ -48,7 +93,7 @@ constexpr Reader readers[] = {
     {'G', run<lParamFittingXML>},
     {'H', run<lBlobHead>},
     {'I', run<lconvertmea>},
-    {'J', run<lRunTask>},
+    {'J', runTask},
     {'K', run<LThresIntraXML>},
     {'L', run<lConvToTable>, false, true},
     {'M', run<lPACKxml>},

@@ -1,13 +1,15 @@
-// Result documents: any bytes give results, and the nesting of a document is never told too low.
+// Result documents: any bytes give results, the same when written and read again, and the nesting of a
+// document is never told too low.
 
 #include "config/xml_document.h"
 #include "config/xml_nesting.h"
-#include "input_file.h"
 #include "results/result_files.h"
+#include "written_bytes.h"
 
 #include <algorithm>
 #include <climits>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -33,6 +35,20 @@ int depthOf(const TiXmlNode& document)
     return deepest;
 }
 
+void checkWritten(std::vector<tavelinUtils::TFuncRes> results)
+{
+    std::erase_if(results, [](const tavelinUtils::TFuncRes& each) {
+        return !isPlainText(each.Comment) || !isPlainText(each.Description);
+    });
+    const WrittenFile copy(
+        bytesWritten([&](const std::string& path) { mustHold(sResXML(path, results) == 1); }));
+    const auto again = tavelinUtils::lArrResXML(copy.path());
+    mustHold(std::equal(
+        again.begin(), again.end(), results.begin(), results.end(), [](const auto& a, const auto& b) {
+            return a.Code == b.Code && a.Comment == b.Comment && a.Description == b.Description;
+        }));
+}
+
 void checkNesting(const std::uint8_t* bytes, std::size_t size)
 {
     std::string text(reinterpret_cast<const char*>(bytes), size);
@@ -54,8 +70,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
 {
     const InputFile file(bytes, size);
     tavelinUtils::lResXML(file.path());
-    const auto results = tavelinUtils::lArrResXML(file.path());
-    tavelinUtils::sResXML("/dev/null", results);
+    checkWritten(tavelinUtils::lArrResXML(file.path()));
     checkNesting(bytes, size);
     return 0;
 }

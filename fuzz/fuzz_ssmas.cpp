@@ -1,10 +1,15 @@
-// SSMAS: any bytes give tracks, and tracks can be written.
+// SSMAS: any bytes give tracks, the same by list and flow, with a watch and without; ordinary tracks are read
+// again as they were written.
 
+#include "files/text_files.h"
 #include "formats/ssmas.h"
 #include "input_file.h"
 #include "told_lines.h"
+#include "track_checks.h"
 
 namespace {
+
+using namespace tavelinUtils;
 
 // Objects without a name repeat the marks before them, by contract; in number they would fill the memory.
 bool holdsManyNamelessObjects(const std::uint8_t* bytes, std::size_t size)
@@ -17,6 +22,33 @@ bool holdsManyNamelessObjects(const std::uint8_t* bytes, std::size_t size)
     return count > 100;
 }
 
+SsmasSource sourceOf(const std::string& path)
+{
+    return SsmasSource(path, "observatory");
+}
+
+std::string written(const Tracks& tracks)
+{
+    return bytesWritten([&](const std::string& path) { sSSMAS(path, tracks); });
+}
+
+void checkTracks(const std::string& path, const Tracks& tracks)
+{
+    mustHold(sameTracks(lckako_meas(ReadFromFile(path), "observatory"), tracks));
+    mustHandOut(sourceOf(path), sourceOf(path), tracks);
+    mustHold(bytesOfFlow(sourceOf(path), [](const std::string& to) { return SsmasSink(to); }) ==
+             written(tracks));
+}
+
+// The names on the line of an object are its two numbers.
+void checkWritten(Tracks tracks)
+{
+    std::erase_if(tracks, [](const TrackVtorichka& track) { return !isPlainName(track.HeadText3); });
+    const WrittenFile file(written(tracks));
+    mustBeReadAgain(lckako_meas(file.path(), "observatory"), tracks,
+                    {.seconds = 0.01, .angle = 2.1e-5, .magnitude = 0.05});
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
@@ -25,9 +57,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         return 0;
     }
     const InputFile file(bytes, size);
-    tavelinUtils::sSSMAS("/dev/null", tavelinUtils::lckako_meas(file.path(), "observatory"));
     ToldLines told;
-    tavelinUtils::lckako_meas(file.path(), "observatory", told);
+    const Tracks watched = lckako_meas(file.path(), "observatory", told);
     told.mustBeAllOf(bytes, size);
+    const Tracks tracks = lckako_meas(file.path(), "observatory");
+    mustHold(sameTracks(watched, tracks));
+    checkTracks(file.path(), tracks);
+    checkWritten(ordinaryTracks(tracks));
     return 0;
 }

@@ -1,5 +1,5 @@
 // Task documents: any bytes are told apart into those that the tool loads and ends with and all others, and
-// what is found has a place in them.
+// what is found has a place in them, and the values of the keys are those that the tool takes.
 
 #include "task/task_document.h"
 
@@ -7,6 +7,7 @@
 #include "input_file.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 namespace {
@@ -28,6 +29,39 @@ void checkPlaces(const companion::TaskDocument& document, std::string_view bytes
     }
 }
 
+using tavelinUtils::TConvMea;
+
+// A key whose text the tool takes as it is.
+struct TextKey
+{
+    std::string_view name;
+    std::string TConvMea::*text;
+};
+
+constexpr TextKey textKeys[] = {
+    {"path_in", &TConvMea::path_in},
+    {"out_dir", &TConvMea::out_dir},
+    {"inputformat", &TConvMea::inputformat},
+    {"outputformat", &TConvMea::outputformat},
+    {"originator", &TConvMea::originator},
+    {"PARTICIPANT_1", &TConvMea::PARTICIPANT_1},
+    {"path_res", &TConvMea::path_res},
+    {"whatSave", &TConvMea::whatSave},
+    {"toSeparateFile", &TConvMea::toSeparateFile},
+};
+
+// The document holds what the tool's own reader takes from it.
+void checkTask(const companion::TaskDocument& document)
+{
+    const TConvMea task = companion::taskOf(document); // comes back: a walk that does not is told apart
+    for (const TextKey& row : textKeys) {
+        const companion::DocumentKey* const key = document.key(row.name);
+        const bool isSet = key != nullptr && key->first != companion::FirstNode::none;
+        mustHold(task.*row.text == (isSet ? key->value : TConvMea{}.*row.text));
+    }
+    mustHold(task.paths.empty() || task.paths.size() == document.series.size());
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
@@ -41,7 +75,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     mustHold(document.canBeLoaded == loaded.LoadFile());
     mustHold(document.canBeLoaded || !document.findings.empty());
     if (document.canBeLoaded && document.walkEnds) {
-        companion::taskOf(document); // comes back: a walk that does not is told apart
+        checkTask(document);
     }
     return 0;
 }

@@ -1,10 +1,12 @@
-// Track table: any bytes give tracks, and tracks can be written.
+// Track table: any bytes give tracks, the same by list and flow, with a watch and without, of all columns and
+// of some; ordinary tracks are read again as they were written.
 
 #include "config/parameter_comments.h"
 #include "files/text_files.h"
 #include "formats/track_table.h"
 #include "input_file.h"
 #include "told_lines.h"
+#include "track_checks.h"
 
 #include <bit>
 #include <cstdint>
@@ -46,26 +48,49 @@ void wantedColumnsAreThoseOfAll(const std::string& path, const std::vector<Track
     mustHold(!source.next(track));
 }
 
+std::string written(const Tracks& tracks)
+{
+    return bytesWritten([&](const std::string& path) {
+        sListTrack(path, "/series/a/b/table", "", tracks, "", true, true, getHeadTrack());
+    });
+}
+
+void checkTracks(const std::string& path, const Tracks& tracks)
+{
+    for (const TrackVtorichka& track : tracks) {
+        mustHold(track.InterBlobs.size() == track.Marks.size());
+    }
+    mustHold(lListTrack(ReadFromFile(path)).size() == tracks.size());
+    mustHandOut(TrackTableSource(path), TrackTableSource(path), tracks);
+    wantedColumnsAreThoseOfAll(path, tracks);
+    mustHold(bytesOfFlow(TrackTableSource(path), [](const std::string& to) {
+                 return TrackTableSink(to, "/series/a/b/table", "", "", true, true, getHeadTrack());
+             }) == written(tracks));
+}
+
+void checkWritten(const Tracks& tracks)
+{
+    const WrittenFile file(written(tracks));
+    mustBeReadAgain(lListTrack(file.path()), tracks, {.seconds = 1e-6, .angle = 5e-7, .magnitude = 5e-5});
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
     const InputFile file(bytes, size);
-    const std::vector<TrackVtorichka> tracks = lListTrack(file.path());
-    mustHold(tracks.size() == lListTrack(ReadFromFile(file.path())).size());
-    for (const TrackVtorichka& track : tracks) {
-        mustHold(track.InterBlobs.size() == track.Marks.size());
-    }
-    wantedColumnsAreThoseOfAll(file.path(), tracks);
-    sListTrack("/dev/null", "/series/a/b/table", "", tracks, "", true, false, getHeadTrack());
+    ToldLines told;
+    const Tracks watched = lListTrack(file.path(), told);
+    told.mustBeAllOf(bytes, size);
+    const Tracks tracks = lListTrack(file.path());
+    mustHold(sameTracks(watched, tracks));
+    checkTracks(file.path(), tracks);
+    checkWritten(ordinaryTracks(tracks));
     const std::string text(reinterpret_cast<const char*>(bytes), size);
     StrToCast(text);
     std::string source;
     std::string note;
     std::string sequence;
     ParsComment(text, source, note, sequence);
-    ToldLines told;
-    lListTrack(file.path(), told);
-    told.mustBeAllOf(bytes, size);
     return 0;
 }

@@ -6,8 +6,10 @@
 
 #include "input_file.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 /// The bytes that `write(path)` leaves in a file.
 template <class Write>
@@ -36,4 +38,12 @@ public:
 inline bool isShort(std::size_t size)
 {
     return size <= 2048;
+}
+
+/// A text that an XML document holds as it is: not empty, no blanks, and nothing that is written as a
+/// reference.
+inline bool isPlainText(std::string_view text)
+{
+    const auto isPlain = [](char c) { return c > ' ' && c != '\x7F' && c != '&'; };
+    return !text.empty() && std::all_of(text.begin(), text.end(), isPlain);
 }

@@ -195,6 +195,8 @@ JsonLeaves jsonLeaves(std::string_view text)
         }
     } catch (const nlohmann::ordered_json::parse_error& error) {
         read.fault = "is not well-formed JSON " + placeInText(text, error.byte);
+    } catch (const nlohmann::ordered_json::out_of_range&) {
+        read.fault = "has a number that is too large";
     }
     return read;
 }

@@ -103,7 +103,7 @@ struct JsonLeaf
 /// What was read of a JSON text.
 struct JsonLeaves
 {
-    std::vector<JsonLeaf> leaves{}; ///< in their order; none of a text that is not well-formed
+    std::vector<JsonLeaf> leaves{}; ///< in their order; none of a text with a fault
     std::string fault{};            ///< "is not well-formed JSON in line 3, column 5"; empty where it is
 };
 

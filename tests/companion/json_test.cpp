@@ -134,6 +134,13 @@ TEST(ReadJson, TextThatIsNoJsonHasNoValue)
     }
 }
 
+TEST(JsonLeaves, ANumberThatNoDoubleHoldsIsAFault)
+{
+    EXPECT_EQ(jsonLeaves(R"({"a":[1e999]})").fault, "has a number that is too large");
+    EXPECT_EQ(jsonLeaves("-1e30800000000000").fault, "has a number that is too large");
+    EXPECT_EQ(jsonLeaves(R"({"a":[1e308]})").fault, "");
+}
+
 TEST(ReadJson, BytesComeBackAsTheyWere)
 {
     for (const std::string text : {"plain", "caf\xE9", "\xC3\xBC"}) {
