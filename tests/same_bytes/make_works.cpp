@@ -2,8 +2,8 @@
 //
 //   make_works FOLDER SEED...
 //
-// The task of a seed is FOLDER/SEED/case/task.xml, and FOLDER exists. A task whose output would go to the
-// root folder of the machine is left out.
+// The task of a seed is FOLDER/SEED/case/task.xml, and FOLDER exists. Left out are tasks whose output would
+// go to the root folder of the machine, and those for which the order of the file system decides.
 
 #include "companion/truth/random_tasks.h"
 #include "file_names.h"
@@ -13,11 +13,30 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <iterator>
+#include <set>
 #include <string>
 
 namespace fs = std::filesystem;
 
 namespace {
+
+// Of several configurations below a series the one that the file system gives first counts.
+bool dependsOnTheOrder(const RandomTask& work)
+{
+    std::set<fs::path> series;
+    for (const FolderEntry& entry : work.entries) {
+        const fs::path path = entry.path;
+        fs::path folder = *path.begin();
+        if (folder == "nights") {
+            folder /= *std::next(path.begin());
+        }
+        if (entry.path.ends_with(".conf") && !series.insert(folder).second) {
+            return true;
+        }
+    }
+    return false;
+}
 
 bool goesToTheRoot(const fs::path& place)
 {
@@ -31,9 +50,10 @@ void makeWork(const fs::path& folder, const std::string& seed)
     const fs::path place = folder / seed / "case";
     const fs::path scratch = folder / seed / "scratch";
     fs::create_directories(place);
-    makeFolder(randomTask(std::strtoull(seed.c_str(), nullptr, 10), scratch.string()), place.string());
+    const RandomTask work = randomTask(std::strtoull(seed.c_str(), nullptr, 10), scratch.string());
+    makeFolder(work, place.string());
     fs::remove(scratch);
-    if (goesToTheRoot(place)) {
+    if (dependsOnTheOrder(work) || goesToTheRoot(place)) {
         fs::current_path(folder);
         fs::remove_all(folder / seed);
     }
