@@ -93,9 +93,16 @@ void linkRecord(TiXmlElement* parent, std::string key, Value value, std::string 
 
 } // namespace
 
+void keepWhiteSpace()
+{
+    if (TiXmlBase::IsWhiteSpaceCondensed()) {
+        TiXmlBase::SetCondenseWhiteSpace(false);
+    }
+}
+
 TtavelinXmlDocument::TtavelinXmlDocument(std::string path) : TiXmlDocument(path.c_str()), fileName(path)
 {
-    TiXmlBase::SetCondenseWhiteSpace(false);
+    keepWhiteSpace();
 }
 
 bool TtavelinXmlDocument::LoadFile()

@@ -12,6 +12,10 @@
 
 namespace tavelinUtils {
 
+/// Switches the library's process-wide flag off that condenses white space. Writes it only where it is on, so
+/// that threads that come later do not race.
+void keepWhiteSpace();
+
 /// An XML file. White space in values survives: the library's process-wide flag that condenses it is
 /// switched off at construction and stays off.
 class TtavelinXmlDocument : public TiXmlDocument

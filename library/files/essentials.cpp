@@ -2,6 +2,7 @@
 
 #include "base/bytes.h"
 #include "base/lines.h"
+#include "base/local_time.h"
 #include "base/tokens.h"
 
 #include <algorithm>
@@ -94,7 +95,7 @@ std::string NowToDateTimeLin()
 {
     timeval now = {};
     gettimeofday(&now, nullptr);
-    const std::tm* local = std::localtime(&now.tv_sec);
+    const std::optional<std::tm> local = localTime(now.tv_sec);
     char text[128];
     const int size = std::snprintf(text, sizeof text, "%d-%02d-%02d %02d:%02d:%02d.%06ld",
                                    local->tm_year + 1900, local->tm_mon + 1, local->tm_mday, local->tm_hour,

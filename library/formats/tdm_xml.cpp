@@ -207,7 +207,7 @@ public:
 
     bool save()
     {
-        TiXmlBase::SetCondenseWhiteSpace(false); // as every reader and writer of XML files leaves the library
+        keepWhiteSpace(); // as every reader and writer of XML files leaves the library
         head("");
         file.text() += bodyBegun ? bodyEnd : emptyBody;
         file.text() += rootEnd;

@@ -1,5 +1,6 @@
 #include "text/calendar.h"
 
+#include "base/local_time.h"
 #include "base/numbers.h"
 #include "math/scalars.h"
 #include "text/number_text.h"
@@ -115,9 +116,8 @@ void SysToDateTime(long time, int& year, int& month, int& day, int& hour, int& m
 {
     year = month = day = hour = minute = second = 0;
     constexpr int firstYear = 1900;
-    const std::time_t seconds = time;
-    const std::tm* const local = std::localtime(&seconds);
-    if (local != nullptr && local->tm_year <= std::numeric_limits<int>::max() - firstYear) {
+    const std::optional<std::tm> local = localTime(time);
+    if (local && local->tm_year <= std::numeric_limits<int>::max() - firstYear) {
         year = local->tm_year + firstYear;
         month = local->tm_mon + 1;
         day = local->tm_mday;
