@@ -15,6 +15,6 @@ cmake_dependent_option(VOMAR_COMPANION "Build the command tavelin, where what it
     "VOMAR_BUILD_TOOL" OFF)
 option(VOMAR_INSTALL "Install what is built" ${PROJECT_IS_TOP_LEVEL})
 option(VOMAR_HARDEN "Guard the stack, check copies, and bind and protect relocations at the start" ON)
-option(VOMAR_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
-option(VOMAR_COVERAGE "Build with line and branch counters" OFF)
+set(VOMAR_SANITIZE OFF CACHE STRING "Build with the address and undefined behaviour sanitizers (ON), or with that of threads (thread)")
+option(VOMAR_COVERAGE "Build with Clang's counters of conditions" OFF)
 option(VOMAR_PRECOMPILE "Compile the standard library's headers once for all sources" OFF)

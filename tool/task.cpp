@@ -84,7 +84,6 @@ std::vector<TSeria2> GetSeriaAndObjects(TiXmlElement* parent, std::string key)
 bool ltaskconv(std::string path, TConvMea& task)
 {
     TtavelinXmlDocument document(path);
-    keepWhiteSpace();
     if (!document.LoadFile()) {
         return false;
     }

@@ -136,7 +136,7 @@ inline char* writeScaled(char* to, double magnitude, std::uint64_t scaled, int d
     }
     // The whole part is that of the number, but where it was rounded up to the next: a division takes longer.
     const std::uint64_t unit = powersOfTen[static_cast<std::size_t>(decimals)];
-    auto whole = magnitude < 0x1p62 ? static_cast<std::uint64_t>(magnitude) : scaled / unit;
+    auto whole = static_cast<std::uint64_t>(magnitude);
     std::uint64_t rest = scaled - whole * unit;
     if (rest >= unit) {
         ++whole;

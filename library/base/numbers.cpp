@@ -60,13 +60,13 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-// Whether the number in a text of fixed notation is below 10.0.
+// Whether the number in a text of fixed notation is below 10.0. A text of one digit never comes here.
 bool isBelowTen(std::string_view number)
 {
     if (number.front() == '-') {
         return number != "-nan";
     }
-    return isDigit(number.front()) && (number.size() == 1 || !isDigit(number[1]));
+    return isDigit(number.front()) && !isDigit(number[1]);
 }
 
 constexpr std::uint64_t eachByte = 0x0101010101010101;

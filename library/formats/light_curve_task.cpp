@@ -83,7 +83,7 @@ TCompareStar compared(TiXmlElement* element)
 
 TLCTask lLCTask(std::string path)
 {
-    TLCTask task;
+    TLCTask task; // its guards are 0 and stay so: each star is taken
     TtavelinXmlDocument document(path);
     if (!document.LoadFile()) {
         return task;
@@ -92,16 +92,10 @@ TLCTask lLCTask(std::string path)
     GetText(root, "type", task.type);
     GetText(root, "telescope", task.telescope);
     GetText(root, "series", task.series);
-    forEachBelow(root, "research", "res", [&task](TiXmlElement* element) {
-        if (task.guardResearch == 0) {
-            task.research.push_back(investigated(element));
-        }
-    });
-    forEachBelow(root, "comparison", "cmp", [&task](TiXmlElement* element) {
-        if (task.guardComparison == 0) {
-            task.comparison.push_back(compared(element));
-        }
-    });
+    forEachBelow(root, "research", "res",
+                 [&task](TiXmlElement* element) { task.research.push_back(investigated(element)); });
+    forEachBelow(root, "comparison", "cmp",
+                 [&task](TiXmlElement* element) { task.comparison.push_back(compared(element)); });
     return task;
 }
 

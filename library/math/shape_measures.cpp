@@ -88,7 +88,6 @@ double meanBrightness(const Pixels& pixels)
 double widthAbout(double x, double y, const std::vector<pixel>& contour)
 {
     constexpr double onePixel = 1.0;
-    constexpr double leastWidth = 0.001;
     double nearest = std::numeric_limits<double>::infinity();
     for (const pixel& point : contour) {
         // Not-a-number, the distance from a centre that is not-a-number, is kept.
@@ -97,8 +96,7 @@ double widthAbout(double x, double y, const std::vector<pixel>& contour)
     if (contour.empty()) {
         return onePixel;
     }
-    const double width = nearest * 2.0 + 1.0;
-    return width < leastWidth ? onePixel : width;
+    return nearest * 2.0 + onePixel; // so never narrower than a pixel
 }
 
 // The middle between the limits of a coordinate.

@@ -111,11 +111,12 @@ char* writeCarriedTime(char* to, TimeOfDay time, int precision, Separator separa
 
 // Cuts seconds without looking at many decimals, where these cannot matter: they are no more than a hair from
 // the value, which is further from a digit's end. Nothing is written, and a null pointer returned, elsewhere.
+// The seconds are those of a time of day: below 60, or not-a-number.
 char* writeClearlyCut(char* to, double seconds, int precision)
 {
     constexpr double hair = 0x1p-36;
     constexpr int mostPrecision = 3; // with more the product itself may be further off
-    if (!(seconds > 0.0 && seconds < 60.0) || precision < 0 || precision > mostPrecision) {
+    if (!(seconds > 0.0) || precision < 0 || precision > mostPrecision) {
         return nullptr;
     }
     const double product = seconds * exactPowers[precision];

@@ -1,15 +1,21 @@
 #include "base/bytes.h"
 
 #include "support/socket_file.h"
+#include "support/system_faults.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstddef>
 #include <cstdio>
 #include <filesystem>
 #include <string>
 #include <string_view>
+
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace tavelinUtils;
 
@@ -32,6 +38,22 @@ TEST(OpenFile, ClosesItself)
         EXPECT_EQ(std::fputs("one", file.get()), 1);
     }
     EXPECT_EQ(bytesOf(folder / "a"), "one");
+}
+
+// As where a file system keeps bytes back and only then finds no room for them.
+TEST(WriteBytes, AFileThatDoesNotCloseIsNotWritten)
+{
+    const TemporaryFolder folder;
+    const int status = statusOfChild([&folder] {
+        PieceFile pieces(folder / "b", PieceFile::Old::replaced);
+        pieces.text() += "pieces";
+        setFaults({{SYS_close, EIO}});
+        const bool written = writeBytes(folder / "a", "w", "bytes");
+        _exit((written ? 1 : 0) + (pieces.close() ? 2 : 0));
+    });
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+    EXPECT_EQ(bytesOf(folder / "a"), "bytes");
+    EXPECT_EQ(bytesOf(folder / "b"), "pieces");
 }
 
 TEST(CanBeOpened, FilesAndFoldersCan)

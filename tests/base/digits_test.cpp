@@ -43,6 +43,14 @@ TEST(Digits, EachNumberOfEightDigitsHasItsOwn)
     EXPECT_EQ(written([](char* to) { return writeDigits(to, 99999999, 8); }), "99999999");
 }
 
+TEST(Digits, TheSmallestMagnitudesAreScaledToZero)
+{
+    for (const double value : {0.0, -0.0, 5e-324, -5e-324, 1e-300, 1e-30}) {
+        EXPECT_EQ(exactScaledMagnitude(value, 9), 0U) << value;
+    }
+    EXPECT_EQ(exactScaledMagnitude(-1e-9, 9), 1U);
+}
+
 TEST(Digits, WholeNumberHasNoZeroInFront)
 {
     for (const std::uint64_t number :

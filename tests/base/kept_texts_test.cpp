@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,14 @@ TEST(KeptTexts, EveryTextIsAtItsPlace)
     EXPECT_EQ(texts[first], "first");
     EXPECT_EQ(texts[zero], withZero);
     EXPECT_EQ(texts[second], "second");
+}
+
+TEST(KeptTexts, ATextOfFourGibibytesIsRefused)
+{
+    KeptTexts texts;
+    const char begin[] = "only its length is looked at";
+    EXPECT_THROW(texts.keep({begin, std::size_t{1} << 32}), std::length_error);
+    EXPECT_EQ(texts[texts.keep(begin)], begin);
 }
 
 TEST(KeptTexts, EmptyTextsShareAPlaceWithoutMemory)

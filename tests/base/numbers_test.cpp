@@ -622,6 +622,25 @@ TEST(FixedTwoDigits, ZeroInFrontOfWhatRoundsBelowTen)
     }
 }
 
+TEST(FixedPacked, ZeroInFrontOfWhatRoundsBelowTenAndNoPoint)
+{
+    const struct
+    {
+        double value;
+        int precision;
+        const char* text;
+    } rows[] = {
+        {0.0, 2, "0000"},   {9.5, 2, "0950"},       {9.996, 2, "1000"},
+        {123.4, 1, "1234"}, {-9.5, 2, "0-950"},     {-123.4, 1, "0-1234"},
+        {-0.0, 1, "0-00"},  {notANumber, 2, "nan"}, {9.5, -1, "09500000"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        EXPECT_EQ(written([&row](char* to) { return writeFixedPacked(to, row.value, row.precision); }),
+                  row.text);
+    }
+}
+
 TEST(PackedByValue, ZeroInFrontOfAValueBelowTenAndNoPoint)
 {
     const struct

@@ -1,10 +1,10 @@
 // A safe file where things go wrong: what stands at its path is the old file or the new one, always whole.
 
-#include "companion/system_faults.h"
 #include "findings/finding.h"
 #include "out/safe_file.h"
 
 #include "support/folders.h"
+#include "support/system_faults.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>

@@ -605,6 +605,12 @@ TEST(HeadOfBlobs, FolderInPlaceOfTheFileIsNotRaised)
     EXPECT_TRUE(std::filesystem::is_empty(folder / "a.xml"));
 }
 
+TEST(HeadOfBlobs, NameInTheRootHasNoFolderThatCouldBeMissing)
+{
+    // It names a folder, so nothing is written whoever runs the test.
+    EXPECT_EQ(save("/proc", {}), 1);
+}
+
 TEST(HeadOfBlobs, BareNameStandsInThePresentFolder)
 {
     const TemporaryFolder folder;

@@ -38,6 +38,16 @@ TEST(FileOperations, SizeIsInKibibytesWithTheFraction)
     EXPECT_EQ(get_file_size(""), 0.0);
 }
 
+TEST(FileOperations, SizeOfAPipeIsZeroWhateverItHolds)
+{
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    ASSERT_EQ(write(ends[1], "12345", 5), 5);
+    EXPECT_EQ(get_file_size("/proc/self/fd/" + std::to_string(ends[0])), 0.0);
+    close(ends[0]);
+    close(ends[1]);
+}
+
 TEST(FileOperations, FreeSpaceIsInWholeMebibytes)
 {
     const TemporaryFolder folder;

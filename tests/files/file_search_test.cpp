@@ -434,6 +434,17 @@ TEST(FileSearch, AFolderWithALongerPathIsListedAndNotEntered)
     EXPECT_EQ(directories, found.directories);
 }
 
+TEST(FileSearch, TheCutPathMayLeadToAnotherFileSystem)
+{
+    const TemporaryFolder folder;
+    const std::string neighbour = folderOfLength(folder / "a", 1014) + "/abcdefgh";
+    std::filesystem::create_directory_symlink("/proc/sys/vm", neighbour);
+    std::filesystem::create_directory(neighbour + "_long");
+    const Found found = find(folder.path());
+    EXPECT_EQ(found.directories.back(), neighbour + "_long");
+    EXPECT_EQ(std::count(found.files.begin(), found.files.end(), neighbour + "/overcommit_memory"), 1);
+}
+
 TEST(FileSearch, TheWalkGoesOnInTheFolderThatTheCutPathNames)
 {
     const TemporaryFolder folder;

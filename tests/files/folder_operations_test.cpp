@@ -204,6 +204,7 @@ TEST(FileOperations, RemovedirectoryrecursivelyOfNoFolderIs0)
     EXPECT_EQ(removedirectoryrecursively((folder / "a").c_str()), 0);
     EXPECT_EQ(removedirectoryrecursively((folder / "missing").c_str()), 0);
     EXPECT_EQ(removedirectoryrecursively(""), 0);
+    EXPECT_EQ(removedirectoryrecursively(nullptr), 0);
     EXPECT_EQ(bytesOf(folder / "a"), "kept");
 }
 

@@ -2,6 +2,7 @@
 
 #include "results/result.h"
 
+#include "support/child_process.h"
 #include "support/failed_writes.h"
 #include "support/temporary_folder.h"
 #include "support/texts.h"
@@ -13,6 +14,8 @@
 #include <string>
 #include <utility>
 #include <vector>
+
+#include <unistd.h>
 
 using namespace tavelinUtils;
 
@@ -601,6 +604,21 @@ TEST(FastObjectParameters, SeriesWithoutFramesHasParametersOfZero)
     EXPECT_EQ(lineOf(text, 25), "r//pathRes");
     EXPECT_EQ(text.substr(text.find("//pathRes")), "//pathRes\n");
     EXPECT_FALSE(exists(folder / "blobFast_0.bin"));
+}
+
+TEST(FastObjectParameters, BlobFilesOfABareNameAreInThePresentFolder)
+{
+    const TemporaryFolder folder;
+    const ChildEnd end = runInChild(
+        [&folder] {
+            std::filesystem::current_path(folder.path());
+            Lines paths;
+            sParamFastObjTaVeLin2("fast.txt", "", "", "", TPorogs{}, Frames{firstFrame()}, 0, paths);
+            _exit(paths == Lines{"blobFast_0.bin"} ? 3 : 4);
+        },
+        20);
+    EXPECT_EQ(end.exitStatus, 3) << end.output;
+    EXPECT_EQ(bytesOf(folder / "blobFast_0.bin"), firstBlob);
 }
 
 TEST(FastObjectParameters, BlobFileThatCannotBeWrittenIsPassedOver)

@@ -7,6 +7,7 @@
 #include "formats/residual_report.h"
 #include "formats/tdm_xml.h"
 #include "formats/track_table.h"
+#include "results/result.h"
 
 #include "support/expected_files.h"
 #include "support/measured_marks.h"
@@ -239,6 +240,21 @@ TEST(LargeOutputs, ResidualsAroundAMegabyte)
         const TemporaryFolder folder;
         SaveResidAMU(folder.path(), "test", {track});
         EXPECT_TRUE(bytesOf(folder / " 2023-02-25 12-00-00_etalon-_result-_test.resid") == expected);
+    }
+}
+
+TEST(LargeOutputs, AFullDiskIsCode7BeforeTheEndToo)
+{
+    const std::vector<TrackVtorichka> tracks = tracksOf({{"A", 30000}});
+    for (const char* word : {"mea", "telegram", "tdm", "ssmas", "mpc"}) {
+        SCOPED_TRACE(word);
+        try {
+            save("/dev/full", word, tracks);
+            ADD_FAILURE() << "nothing was thrown";
+        } catch (const TavelinException& failure) {
+            EXPECT_EQ(failure.getCode(), 7);
+            EXPECT_EQ(failure.getComment(), "/dev/full");
+        }
     }
 }
 

@@ -137,6 +137,9 @@ TEST(MpcLine, FractionLosesItsFirstCharacterWhateverItIs)
     mark.time = -0.25;
     EXPECT_EQ(GetStringMPC("12345", "500", mark),
               "12345         C2023 02 250.25000 01 00 00.00 -00 30 00.0          09.5 R      500");
+    mark.time = -0.0;
+    EXPECT_EQ(GetStringMPC("12345", "500", mark),
+              "12345         C2023 02 250.00000 01 00 00.00 -00 30 00.0          09.5 R      500");
 }
 
 TEST(MpcLine, WritesDates)

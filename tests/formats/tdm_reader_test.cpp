@@ -194,6 +194,7 @@ TEST(TdmReader, ValueIsWhatStandsBetweenKeyAndTheNextEqualsSign)
         {"PARTICIPANT_2 = A ", "A "},
         {"PARTICIPANT_2 =  A", " A"},
         {"PARTICIPANT_2 = A = B", "A"},
+        {"PARTICIPANT_2 = A =", "A"},
         {"PARTICIPANT_2 = A=B", "A=B"},
         {"PARTICIPANT_2 = 'DSS-26'", "'DSS-26'"},
         // A key without value empties the text.

@@ -399,6 +399,13 @@ TEST(SFormatMuniwin, ObjectAndStarsOfEachFrame)
               "60001.0000000\t12.34568\t-8.25000\t0.00000\t\n");
 }
 
+TEST(SFormatMuniwin, NoObjectsAreTheColumnLineWithoutTheirName)
+{
+    const TLocPhotoBlob star = blob({.Spare1 = 5.0, .KNAME = "C"});
+    EXPECT_EQ(writtenBy([&](const std::string& path) { sFormatMuniwin(path, {}, {{star}}); }), "JD\t\tC\t\n");
+    EXPECT_EQ(writtenBy([&](const std::string& path) { sFormatMuniwin(path, {}, {}); }), "JD\t\t\n");
+}
+
 TEST(SFormatMuniwin, FrameWithoutStarsLeavesTheirColumnsAway)
 {
     const Blobs objects = {blob({.date = 1, .Spare1 = 1.0, .SpareText = "V"}),

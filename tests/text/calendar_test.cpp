@@ -499,6 +499,9 @@ TEST(CalendarLocalTime, SecondsThatTheSystemKnowsNoDateForGiveZeros)
     const TimeZone zone("UTC0");
     EXPECT_EQ(localTimeOf(std::numeric_limits<long>::max()), (DateAndTime{0, 0, 0, 0, 0, 0}));
     EXPECT_EQ(localTimeOf(std::numeric_limits<long>::min()), (DateAndTime{0, 0, 0, 0, 0, 0}));
+    // The last second of the year 2147483647, and the next one, which the system still has a date for.
+    EXPECT_EQ(localTimeOf(67767976233532799), (DateAndTime{2147483647, 12, 31, 23, 59, 59}));
+    EXPECT_EQ(localTimeOf(67767976233532800), (DateAndTime{0, 0, 0, 0, 0, 0}));
 }
 
 TEST(CalendarLocalTime, ThisMomentInSixIntegers)

@@ -274,6 +274,7 @@ TEST(Format, TextIsPaddedToTheWidthAtTheSideThatIsAskedFor)
     EXPECT_EQ(Format("ab", std::ios_base::left, 5), "ab   ");
     EXPECT_EQ(Format("ab", std::ios_base::right, 5), "   ab");
     EXPECT_EQ(Format("ab", std::ios_base::internal, 5), "   ab");
+    EXPECT_EQ(Format("-ab", std::ios_base::internal, 6), "   -ab");
     EXPECT_EQ(Format("ab", std::ios_base::fmtflags{}, 5), "   ab");
     EXPECT_EQ(Format("", std::ios_base::left, 3), "   ");
     EXPECT_EQ(Format(std::string("ab"), std::ios_base::left, 3), "ab ");

@@ -119,6 +119,11 @@ void expectEndlessWalk(const std::string& inside)
 
 } // namespace
 
+TEST(Task, NoElementHasNoSeries)
+{
+    EXPECT_TRUE(GetSeriaAndObjects(nullptr, "paths").empty());
+}
+
 TEST(Task, NewTaskHasTheDefaults)
 {
     const TConvMea task;

@@ -1,4 +1,4 @@
-#include "companion/system_faults.h"
+#include "support/system_faults.h"
 
 #include <gtest/gtest.h>
 
