@@ -1,11 +1,33 @@
-# Every header compiles alone, and twice in one unit.
+# Every header compiles alone, and twice in one unit. A source whose first directive includes its own header shows the
+# one, "#pragma once" the other. A header that lacks either, when the build is configured, has a unit of its own here.
 file(GLOB tool_headers CONFIGURE_DEPENDS tool/*.h)
 set(companion_headers)
 if(TARGET companion_works)
     file(GLOB_RECURSE companion_headers CONFIGURE_DEPENDS companion/*.h)
 endif()
+
+# Whether a header, by its path, is shown by the source beside it; precompiled headers would come before it.
+function(is_shown header result)
+    set(${result} FALSE PARENT_SCOPE)
+    string(REGEX REPLACE "h$" "cpp" source ${header})
+    if(VOMAR_PRECOMPILE OR NOT EXISTS ${source})
+        return()
+    endif()
+    file(STRINGS ${source} first_directive LIMIT_COUNT 1 REGEX "^#")
+    file(STRINGS ${header} once LIMIT_COUNT 1 REGEX "^#pragma once$")
+    file(RELATIVE_PATH stem ${PROJECT_SOURCE_DIR} ${header})
+    string(REGEX REPLACE "^[^/]*/(.*)$" "\\1" own ${stem})
+    if(once AND first_directive STREQUAL "#include \"${own}\"")
+        set(${result} TRUE PARENT_SCOPE)
+    endif()
+endfunction()
+
 set(header_units)
 foreach(header IN LISTS library_headers tool_headers companion_headers)
+    is_shown(${header} header_is_shown)
+    if(header_is_shown)
+        continue()
+    endif()
     file(RELATIVE_PATH stem ${PROJECT_SOURCE_DIR} ${header})
     set(unit ${PROJECT_BINARY_DIR}/header_check/${stem}.cpp)
     set(text "#include \"${header}\"\n#include \"${header}\" // NOLINT: meant to stand twice\n")
