@@ -32,7 +32,9 @@ void checkTracks(const std::string& path, const Tracks& tracks)
 Tracks wholeTracks(Tracks tracks)
 {
     for (TrackVtorichka& track : tracks) {
-        std::erase_if(track.Marks, [](const auto& mark) { return mark.filtr.size() != 1; });
+        for (TRecLabelPervichka_File& mark : track.Marks) {
+            mark.filtr = "R";
+        }
         track.MPCHeader = {};
         track.MPCChecker = "";
     }

@@ -40,10 +40,12 @@ void checkTracks(const std::string& path, const Tracks& tracks)
              written(tracks));
 }
 
-// The names on the line of an object are its two numbers.
+// Without numbers of its own an object has its name in both places.
 void checkWritten(Tracks tracks)
 {
-    std::erase_if(tracks, [](const TrackVtorichka& track) { return !isPlainName(track.HeadText3); });
+    for (TrackVtorichka& track : tracks) {
+        track.HeadText2 = track.HeadText3 = "";
+    }
     const WrittenFile file(written(tracks));
     mustBeReadAgain(lckako_meas(file.path(), "observatory"), tracks,
                     {.seconds = 0.01, .angle = 2.1e-5, .magnitude = 0.05});
