@@ -86,8 +86,8 @@ void mustBeReadAgain(const Mark& again, const Mark& mark, const Exactness& exact
 {
     constexpr double secondsOfDay = 86400.0;
     mustBeNear((again.date - mark.date) + (again.time - mark.time), 0.0, exactness.seconds / secondsOfDay);
-    mustBeNear(again.RA, mark.RA, exactness.angle);
-    mustBeNear(again.DE, mark.DE, exactness.angle);
+    mustBeNear(again.RA, mark.RA, exactness.RA);
+    mustBeNear(again.DE, mark.DE, exactness.DE);
     mustBeNear(again.m, mark.m, exactness.magnitude);
 }
 

@@ -50,7 +50,8 @@ std::string bytesOfFlow(Source source, MakeSink makeSink)
 struct Exactness
 {
     double seconds; ///< of the time, in seconds of a day
-    double angle;   ///< degrees
+    double RA;      ///< degrees
+    double DE;      ///< degrees
     double magnitude = 0;
 };
 
