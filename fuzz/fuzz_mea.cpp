@@ -39,7 +39,7 @@ void checkWritten(const Tracks& tracks)
 {
     const WrittenFile file(written(tracks));
     mustBeReadAgain(plMEATrack(file.path(), "observatory"), tracks,
-                    {.seconds = 0.001, .angle = 2.2e-7, .magnitude = 0.005});
+                    {.seconds = 0.001, .RA = 2.1e-7, .DE = 1.4e-8, .magnitude = 0.005});
 }
 
 } // namespace

@@ -30,7 +30,7 @@ void checkFlows(const std::string& path, const Tracks& tracks)
 void checkWritten(const Tracks& tracks)
 {
     const WrittenFile file(written(tracks));
-    mustBeReadAgain(lTDM(file.path()), tracks, {.seconds = 5e-6, .angle = 5e-8, .magnitude = 5e-5});
+    mustBeReadAgain(lTDM(file.path()), tracks, {.seconds = 5e-6, .RA = 5e-8, .DE = 5e-8, .magnitude = 5e-5});
 }
 
 } // namespace

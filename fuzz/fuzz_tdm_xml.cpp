@@ -36,7 +36,7 @@ void checkWritten(const Tracks& tracks)
     const WrittenFile file(written(tracks));
     if (!tracks.empty()) {
         mustBeReadAgain(asWritten(tracksOf(file.path())), tracks,
-                        {.seconds = 5e-6, .angle = 5e-8, .magnitude = 5e-5});
+                        {.seconds = 5e-6, .RA = 5e-8, .DE = 5e-8, .magnitude = 5e-5});
     }
 }
 

@@ -29,7 +29,8 @@ void checkTracks(const std::string& path, const Tracks& tracks)
 void checkWritten(const Tracks& tracks)
 {
     const WrittenFile file(written(tracks));
-    mustBeReadAgain(lTelegramma(file.path()), tracks, {.seconds = 0.005, .angle = 2.1e-5, .magnitude = 0.05});
+    mustBeReadAgain(lTelegramma(file.path()), tracks,
+                    {.seconds = 0.005, .RA = 2.1e-5, .DE = 1.4e-6, .magnitude = 0.05});
 }
 
 } // namespace

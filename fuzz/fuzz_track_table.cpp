@@ -71,7 +71,8 @@ void checkTracks(const std::string& path, const Tracks& tracks)
 void checkWritten(const Tracks& tracks)
 {
     const WrittenFile file(written(tracks));
-    mustBeReadAgain(lListTrack(file.path()), tracks, {.seconds = 1e-6, .angle = 5e-7, .magnitude = 5e-5});
+    mustBeReadAgain(lListTrack(file.path()), tracks,
+                    {.seconds = 1e-6, .RA = 5e-7, .DE = 5e-7, .magnitude = 5e-5});
 }
 
 } // namespace

@@ -41,9 +41,25 @@ bool sameTrack(const TrackVtorichka& a, const TrackVtorichka& b)
            std::equal(a.Marks.begin(), a.Marks.end(), b.Marks.begin(), b.Marks.end(), sameMark);
 }
 
-bool hasPlainNames(const TrackVtorichka& track)
+// Not so long that it is cut, and without what separates words.
+bool isPlainName(std::string_view name)
 {
-    return isPlainName(track.QRVName) && isPlainName(track.telescope) && isPlainName(track.originator);
+    constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_";
+    return !name.empty() && name.size() <= 7 && name.find_first_not_of(letters) == std::string_view::npos;
+}
+
+// Names of other objects stay other names.
+void makePlain(TrackVtorichka& track, std::size_t number)
+{
+    constexpr char ofNumber = 'N';
+    if (!isPlainName(track.QRVName) || track.QRVName.front() == ofNumber) {
+        track.QRVName = ofNumber + std::to_string(number % 1000000);
+    }
+    for (std::string* const name : {&track.telescope, &track.originator}) {
+        if (!isPlainName(*name)) {
+            *name = "plain";
+        }
+    }
 }
 
 bool isBetween(double low, double value, double high)
@@ -70,18 +86,12 @@ void mustBeReadAgain(const Mark& again, const Mark& mark, const Exactness& exact
 {
     constexpr double secondsOfDay = 86400.0;
     mustBeNear((again.date - mark.date) + (again.time - mark.time), 0.0, exactness.seconds / secondsOfDay);
-    mustBeNear(again.RA, mark.RA, exactness.angle);
-    mustBeNear(again.DE, mark.DE, exactness.angle);
+    mustBeNear(again.RA, mark.RA, exactness.RA);
+    mustBeNear(again.DE, mark.DE, exactness.DE);
     mustBeNear(again.m, mark.m, exactness.magnitude);
 }
 
 } // namespace
-
-bool isPlainName(std::string_view name)
-{
-    constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_";
-    return !name.empty() && name.size() <= 7 && name.find_first_not_of(letters) == std::string_view::npos;
-}
 
 bool sameTracks(const Tracks& a, const Tracks& b)
 {
@@ -94,7 +104,8 @@ Tracks ordinaryTracks(const Tracks& tracks)
     for (const TrackVtorichka& track : tracks) {
         TrackVtorichka kept = track;
         std::erase_if(kept.Marks, [](const Mark& mark) { return !isOrdinary(mark); });
-        if (hasPlainNames(track) && !kept.Marks.empty()) {
+        if (!kept.Marks.empty()) {
+            makePlain(kept, ordinary.size());
             ordinary.push_back(std::move(kept));
         }
     }
@@ -103,11 +114,12 @@ Tracks ordinaryTracks(const Tracks& tracks)
 
 Tracks southernTracks(Tracks tracks)
 {
-    constexpr double roundsToNone = -0.001;
+    constexpr double roundsToNone = 0.001;
     for (TrackVtorichka& track : tracks) {
-        std::erase_if(track.Marks, [](const Mark& mark) { return mark.DE >= roundsToNone; });
+        for (Mark& mark : track.Marks) {
+            mark.DE = -std::max(std::abs(mark.DE), roundsToNone);
+        }
     }
-    std::erase_if(tracks, [](const TrackVtorichka& track) { return track.Marks.empty(); });
     return tracks;
 }
 

@@ -8,7 +8,6 @@
 #include "written_bytes.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 using Tracks = std::vector<tavelinUtils::TrackVtorichka>;
@@ -51,21 +50,19 @@ std::string bytesOfFlow(Source source, MakeSink makeSink)
 struct Exactness
 {
     double seconds; ///< of the time, in seconds of a day
-    double angle;   ///< degrees
+    double RA;      ///< degrees
+    double DE;      ///< degrees
     double magnitude = 0;
 };
 
-/// Whether every format can hold the name: it is not so long that it is cut, and has nothing that separates
-/// words.
-bool isPlainName(std::string_view name);
-
-/// The tracks whose names every format can hold, with those of their marks whose values it can: of this
-/// century, in the usual ranges and not so near to their ends that rounding passes them. Magnitudes are not
-/// negative: the packed forms do not bring back the sign. Tracks without such marks are left out.
+/// Tracks that every format can hold, made of any: those of their marks whose values are of this century, in
+/// the usual ranges and not so near to their ends that rounding passes them, and names that are not so long
+/// that they are cut and have nothing that separates words; others are replaced. Magnitudes are not negative:
+/// the packed forms do not bring back the sign. Tracks without such marks are left out.
 Tracks ordinaryTracks(const Tracks& tracks);
 
-/// The tracks with those of their marks whose declination is negative, and without those that have none:
-/// where the writer leaves out the sign of a positive one, the reader does not find its columns.
+/// The tracks with negative declinations: where the writer leaves out the sign of a positive one, the reader
+/// does not find its columns.
 Tracks southernTracks(Tracks tracks);
 
 /// Ordinary tracks that were written and read again have their names, and all marks as exactly as the format
