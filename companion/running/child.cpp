@@ -88,6 +88,7 @@ struct RunningChild
     pid_t process = -1;
     Descriptor descriptor{};
     Descriptor output{};
+    Descriptor unreadable{}; // the output, once a read of it has failed
     Clock::time_point start{};
     std::optional<Clock::time_point> termAt{};
     std::optional<Clock::time_point> killAt{};
@@ -203,8 +204,10 @@ void takeOutput(RunningChild& child)
         const std::size_t room = keptOutput - child.end.said.size();
         child.end.said.append(bytes, std::min(room, static_cast<std::size_t>(count)));
     }
-    if (count == 0 || (count < 0 && errno != EAGAIN && errno != EINTR)) {
+    if (count == 0) {
         child.output = Descriptor();
+    } else if (count < 0 && errno != EAGAIN && errno != EINTR) {
+        child.unreadable = std::move(child.output); // open, so that what the child says ends it by no signal
     }
 }
 

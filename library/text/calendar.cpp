@@ -9,6 +9,7 @@
 #include <cmath>
 #include <ctime>
 #include <limits>
+#include <mutex>
 
 namespace tavelinUtils {
 namespace {
@@ -116,6 +117,8 @@ void SysToDateTime(long time, int& year, int& month, int& day, int& hour, int& m
     year = month = day = hour = minute = second = 0;
     constexpr int firstYear = 1900;
     const std::time_t seconds = time;
+    static std::mutex zone; // the C library locks it too, but the thread sanitizer does not see that
+    const std::lock_guard<std::mutex> lock(zone);
     std::tm local = {};
     tzset(); // which localtime_r, in memory of the caller's, need not do
     if (localtime_r(&seconds, &local) != nullptr &&
