@@ -23,7 +23,7 @@ public:
     /// The same of a number, of which each bit counts.
     void expect(double found, double expected, const char* operation, int decimals, std::uint64_t value)
     {
-        const auto bits = [](double number) { return std::bit_cast<std::uint64_t>(number); };
+        const auto bits = [](double of) { return std::bit_cast<std::uint64_t>(of); };
         if (bits(found) != bits(expected)) {
             add(operation, decimals, value, std::to_string(bits(found)), std::to_string(bits(expected)));
         }
