@@ -196,6 +196,19 @@ TEST(Aavso, EachColumnHasItsField)
                                                  "check,na,na,na,X42,na\n");
 }
 
+TEST(Aavso, EachTextMayBeLong)
+{
+    const std::string text(20000, 'x');
+    EXPECT_EQ(lineOf({.filtr = text}),
+              "N,2400000.5000000,0.000,inf," + text + ",NO,DIF,ENSEMBLE,na,,na,na,na,na,na");
+    EXPECT_EQ(lineOf({.KNAME = text}),
+              "N,2400000.5000000,0.000,inf,R,NO,DIF,ENSEMBLE,na," + text + ",na,na,na,na,na");
+    EXPECT_EQ(lineOf({.MTYPE = text}),
+              "N,2400000.5000000,0.000,inf,R,NO," + text + ",ENSEMBLE,na,,na,na,na,na,na");
+    EXPECT_EQ(lineOf({.CHART = text}),
+              "N,2400000.5000000,0.000,inf,R,NO,DIF,ENSEMBLE,na,,na,na,na," + text + ",na");
+}
+
 TEST(Aavso, DateIsTheJulianDateWithSevenDecimals)
 {
     const struct
