@@ -10,7 +10,6 @@
 namespace companion {
 
 using tavelinUtils::cutIfThere;
-using tavelinUtils::Field;
 
 namespace {
 

@@ -9,8 +9,8 @@
 
 namespace companion {
 
-/// Throws WrongUsage (V003) with the path where the stream could not be read to its end: its front is not to be
-/// taken for the whole.
+/// Throws WrongUsage (V003) with the path where the stream could not be read to its end: its front is not to
+/// be taken for the whole.
 void mustHaveBeenRead(std::FILE* stream, const std::string& path);
 
 /// How the text of a file is written down.

@@ -53,12 +53,6 @@ void expectLoadsInChild(const std::string& bytes, bool expected)
     EXPECT_EQ(end.exitStatus, expected ? 1 : 2) << end.output.substr(0, 500);
 }
 
-void limitMemory()
-{
-    const rlimit gigabyte{1 << 30, 1 << 30};
-    setrlimit(RLIMIT_AS, &gigabyte);
-}
-
 std::string withAttributes(int count)
 {
     std::string text = "<a";
@@ -148,6 +142,16 @@ TEST(XmlDocument, MissingFilesAndFoldersDoNotLoad)
 
 // The address sanitizer ends the process itself where memory runs out.
 #if !defined(VOMAR_SANITIZED)
+namespace {
+
+void limitMemory()
+{
+    const rlimit gigabyte{1 << 30, 1 << 30};
+    setrlimit(RLIMIT_AS, &gigabyte);
+}
+
+} // namespace
+
 TEST(XmlDocument, FileThatTheMemoryDoesNotHoldDoesNotLoadAndIsTold)
 {
     const TemporaryFolder folder;

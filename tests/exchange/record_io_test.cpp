@@ -2,16 +2,21 @@
 
 #include "support/failed_writes.h"
 #include "support/record_bytes.h"
+#include "support/system_faults.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <climits>
 #include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include <sys/syscall.h>
+#include <unistd.h>
 
 using namespace tavelinUtils;
 
@@ -263,4 +268,19 @@ TEST(RecordIo, RecordsWrittenAreReadAgain)
     ASSERT_EQ(pairs.size(), 2u);
     EXPECT_EQ(pairs[1].First, INT_MIN);
     EXPECT_EQ(pairs[1].Second, INT_MAX);
+}
+
+TEST(RecordIo, FileThatCannotBeReadLeavesTheRecords)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder / "a.bin";
+    makeFile(path, std::string(2 * sizeof(Pair), 'x'));
+    const int status = statusOfChild([&path] {
+        setFaults({{SYS_read, EIO}});
+        std::vector<Pair> pairs{{1, 2}};
+        const bool isRead = readRecords(path, pairs);
+        const bool isOpen = RecordReader(path).isOpen();
+        _exit(!isRead && !isOpen && pairs.size() == 1 && pairs[0].Second == 2 ? 0 : 3);
+    });
+    EXPECT_EQ(status, 0);
 }
