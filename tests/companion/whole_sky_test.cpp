@@ -89,6 +89,7 @@ std::string withSigns(const std::string& text, std::size_t words, std::size_t pl
 
 std::string tableOf(const Tracks& tracks)
 {
+    const ReferenceLocale reference;
     std::string text =
         "v2\nQRVName:Text\tdate:Date\ttime:Time\tRA:Float:deg\tDE:Float:deg\tm:Float:mag\tfiltr:Text\n";
     for (const TrackVtorichka& track : tracks) {

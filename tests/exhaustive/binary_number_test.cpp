@@ -1,5 +1,6 @@
 #include "exhaustive/binary_number.h"
 
+#include "support/locales.h"
 #include "support/random.h"
 
 #include <gtest/gtest.h>
@@ -86,6 +87,7 @@ TEST(BinaryNumber, IsCutAtItsPoint)
 
 TEST(BinaryNumber, IsRoundedAsFixedNotationRounds)
 {
+    const ReferenceLocale reference;
     Random random(4);
     for (int i = 0; i < trials; ++i) {
         const auto numerator = random.below(std::uint64_t{24'000'000});

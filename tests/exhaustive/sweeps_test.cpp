@@ -2,6 +2,8 @@
 
 #include "exhaustive/sweeps.h"
 
+#include "support/locales.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -44,6 +46,7 @@ TEST(Sweeps, AnglesAreThoseOfTheReference)
 
 TEST(Sweeps, FloatsAreThoseOfTheLibraryOfC)
 {
+    const ReferenceLocale reference;
     EXPECT_EQ(differencesIn(sweepFloats, {0, magnitudesOfFloats, 65521}), "");
     EXPECT_EQ(differencesIn(sweepFloats, {magnitudesOfFloats - 10, magnitudesOfFloats, 1}), "");
 }
