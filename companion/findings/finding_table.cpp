@@ -468,7 +468,9 @@ constexpr FindingRow rows[] = {
      "station 500 and names as in the table.",
      "Remove the file; close the editor if it is a lock."},
     {"V220", Severity::error, true, "c", "the configuration {path} {problem}",
-     "The defaults hold without a word: station 500, observer code CODEAAVSO, names as in the table.",
+     "The defaults hold without a word: station 500, observer code CODEAAVSO, names as in the table. Only a "
+     "file that "
+     "is there and cannot be read ends the run.",
      "Mend the file; docs/configuration.md shows one."},
     {"V221", Severity::error, true, "c", "an empty item in the list {list} of {path}",
      "The run never ends: the reader of lists does not get past an item that holds nothing.",

@@ -108,7 +108,8 @@ void load(SeriesConfiguration& configuration)
         return;
     }
     if (!document.LoadFile()) {
-        configuration.problem = "cannot be loaded";
+        configuration.problem =
+            document.readFailed() ? "cannot be read: the run ends without a result" : "cannot be loaded";
         return;
     }
     TiXmlElement* const root = document.FirstChildElement();

@@ -2,6 +2,7 @@
 
 #include "config/configuration_keys.h"
 #include "config/user_configuration.h"
+#include "support/broken_files.h"
 #include "support/child_process.h"
 #include "support/folder_entries.h"
 #include "support/folders.h"
@@ -185,4 +186,15 @@ TEST(SeriesSettings, PipeForAConfigurationIsNotOpened)
     const Series series;
     ASSERT_EQ(mkfifo(series.path("a.conf").c_str(), 0600), 0);
     expectTrueInChild([&series] { return foundIn(series).problem == "is no file"; });
+}
+
+// Such a file ends the tool's run, where one that is not understood leaves the defaults.
+TEST(SeriesSettings, ConfigurationThatCannotBeReadEndsTheRun)
+{
+    const Series series;
+    fs::create_symlink(brokenFile, series.path("a.conf"));
+    const SeriesConfiguration found = foundIn(series);
+    ASSERT_EQ(found.files.size(), 1u);
+    EXPECT_EQ(found.problem, "cannot be read: the run ends without a result");
+    EXPECT_THROW(ownWorks().settings(series.table()), tavelinUtils::TavelinException);
 }
