@@ -1,62 +1,56 @@
 // MEA: any bytes give tracks or the standard out-of-range exception, the same by list and flow, with a watch
 // and without; ordinary tracks are read again as they were written.
 
-#include "files/text_files.h"
 #include "formats/mea.h"
-#include "input_file.h"
-#include "told_lines.h"
 #include "track_checks.h"
-
-#include <stdexcept>
 
 namespace {
 
 using namespace tavelinUtils;
 
-MeaSource sourceOf(const std::string& path)
+struct Mea
 {
-    return MeaSource(path, "observatory");
-}
+    static constexpr Exactness exactness{.seconds = 0.001, .RA = 2.1e-7, .DE = 1.4e-8, .magnitude = 0.005};
+    static constexpr bool throwsOutOfRange = true;
 
-std::string written(const Tracks& tracks)
-{
-    return bytesWritten([&](const std::string& path) { sMEA(path, tracks); });
-}
-
-void checkTracks(const std::string& path, const Tracks& tracks)
-{
-    for (const TrackVtorichka& track : tracks) {
-        mustHold(!track.Marks.empty() && !track.QRVName.empty());
+    template <class... Watch>
+    static Tracks read(const std::string& path, Watch&... watch)
+    {
+        return plMEATrack(path, "observatory", watch...);
     }
-    mustHold(sameTracks(lMEATrack(ReadFromFile(path), "observatory"), tracks));
-    mustHandOut(sourceOf(path), sourceOf(path), tracks);
-    mustHold(bytesOfFlow(sourceOf(path), [](const std::string& to) { return MeaSink(to); }) ==
-             written(tracks));
-    sMEA_TLE("/dev/null", tracks);
-}
-
-void checkWritten(const Tracks& tracks)
-{
-    const WrittenFile file(written(tracks));
-    mustBeReadAgain(plMEATrack(file.path(), "observatory"), tracks,
-                    {.seconds = 0.001, .RA = 2.1e-7, .DE = 1.4e-8, .magnitude = 0.005});
-}
+    static Tracks read(const std::vector<std::string>& lines)
+    {
+        return lMEATrack(lines, "observatory");
+    }
+    static void write(const std::string& path, const Tracks& tracks)
+    {
+        sMEA(path, tracks);
+    }
+    static MeaSource source(const std::string& path)
+    {
+        return MeaSource(path, "observatory");
+    }
+    static MeaSink sink(const std::string& path)
+    {
+        return MeaSink(path);
+    }
+    static Tracks writable(const Tracks& tracks)
+    {
+        return southernTracks(tracks);
+    }
+    static void more(const std::string& /*path*/, const Tracks& tracks)
+    {
+        for (const TrackVtorichka& track : tracks) {
+            mustHold(!track.Marks.empty() && !track.QRVName.empty());
+        }
+        sMEA_TLE("/dev/null", tracks);
+    }
+};
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    const InputFile file(bytes, size);
-    ToldLines told;
-    const Tracks watched = plMEATrack(file.path(), "observatory", told);
-    told.mustBeAllOf(bytes, size);
-    checkWritten(southernTracks(ordinaryTracks(watched)));
-    try {
-        const Tracks tracks = plMEATrack(file.path(), "observatory");
-        mustHold(sameTracks(watched, tracks));
-        checkTracks(file.path(), tracks);
-    } catch (const std::out_of_range&) {
-        // A token that is too short.
-    }
+    checkFormat<Mea>(bytes, size);
     return 0;
 }

@@ -2,13 +2,9 @@
 // of some; ordinary tracks are read again as they were written.
 
 #include "config/parameter_comments.h"
-#include "files/text_files.h"
 #include "formats/track_table.h"
-#include "input_file.h"
-#include "told_lines.h"
 #include "track_checks.h"
 
-#include <bit>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -16,11 +12,6 @@
 namespace {
 
 using namespace tavelinUtils;
-
-bool sameNumber(double a, double b)
-{
-    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
-}
 
 // The columns that are wanted below.
 bool sameWanted(const TRecLabelPervichka_File& a, const TRecLabelPervichka_File& b)
@@ -48,45 +39,46 @@ void wantedColumnsAreThoseOfAll(const std::string& path, const std::vector<Track
     mustHold(!source.next(track));
 }
 
-std::string written(const Tracks& tracks)
+struct TrackTable
 {
-    return bytesWritten([&](const std::string& path) {
-        sListTrack(path, "/series/a/b/table", "", tracks, "", true, true, getHeadTrack());
-    });
-}
+    static constexpr Exactness exactness{.seconds = 1e-6, .RA = 5e-7, .DE = 5e-7, .magnitude = 5e-5};
 
-void checkTracks(const std::string& path, const Tracks& tracks)
-{
-    for (const TrackVtorichka& track : tracks) {
-        mustHold(track.InterBlobs.size() == track.Marks.size());
+    template <class... Watch>
+    static Tracks read(const std::string& path, Watch&... watch)
+    {
+        return lListTrack(path, watch...);
     }
-    mustHold(lListTrack(ReadFromFile(path)).size() == tracks.size());
-    mustHandOut(TrackTableSource(path), TrackTableSource(path), tracks);
-    wantedColumnsAreThoseOfAll(path, tracks);
-    mustHold(bytesOfFlow(TrackTableSource(path), [](const std::string& to) {
-                 return TrackTableSink(to, "/series/a/b/table", "", "", true, true, getHeadTrack());
-             }) == written(tracks));
-}
-
-void checkWritten(const Tracks& tracks)
-{
-    const WrittenFile file(written(tracks));
-    mustBeReadAgain(lListTrack(file.path()), tracks,
-                    {.seconds = 1e-6, .RA = 5e-7, .DE = 5e-7, .magnitude = 5e-5});
-}
+    static void write(const std::string& path, const Tracks& tracks)
+    {
+        sListTrack(path, "/series/a/b/table", "", tracks, "", true, true, getHeadTrack());
+    }
+    static TrackTableSource source(const std::string& path)
+    {
+        return TrackTableSource(path);
+    }
+    static TrackTableSink sink(const std::string& path)
+    {
+        return TrackTableSink(path, "/series/a/b/table", "", "", true, true, getHeadTrack());
+    }
+    static Tracks writable(const Tracks& tracks)
+    {
+        return tracks;
+    }
+    static void more(const std::string& path, const Tracks& tracks)
+    {
+        for (const TrackVtorichka& track : tracks) {
+            mustHold(track.InterBlobs.size() == track.Marks.size());
+        }
+        mustHold(lListTrack(ReadFromFile(path)).size() == tracks.size());
+        wantedColumnsAreThoseOfAll(path, tracks);
+    }
+};
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    const InputFile file(bytes, size);
-    ToldLines told;
-    const Tracks watched = lListTrack(file.path(), told);
-    told.mustBeAllOf(bytes, size);
-    const Tracks tracks = lListTrack(file.path());
-    mustHold(sameTracks(watched, tracks));
-    checkTracks(file.path(), tracks);
-    checkWritten(ordinaryTracks(tracks));
+    checkFormat<TrackTable>(bytes, size);
     const std::string text(reinterpret_cast<const char*>(bytes), size);
     StrToCast(text);
     std::string source;

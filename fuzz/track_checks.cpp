@@ -20,11 +20,6 @@ constexpr std::string THeadTrVtor::*headTexts[] = {
     &THeadTrVtor::originator, &THeadTrVtor::Series,          &THeadTrVtor::ObsCode,
     &THeadTrVtor::SourceFile, &THeadTrVtor::REFERENCE_FRAME, &THeadTrVtor::ResidFile};
 
-bool sameNumber(double a, double b)
-{
-    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
-}
-
 bool sameMark(const Mark& a, const Mark& b)
 {
     return std::all_of(std::begin(measuredNumbers), std::end(measuredNumbers),
@@ -92,6 +87,11 @@ void mustBeReadAgain(const Mark& again, const Mark& mark, const Exactness& exact
 }
 
 } // namespace
+
+bool sameNumber(double a, double b)
+{
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+}
 
 bool sameTracks(const Tracks& a, const Tracks& b)
 {

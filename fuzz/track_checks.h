@@ -3,14 +3,23 @@
 
 #pragma once
 
+#include "files/text_files.h"
 #include "records/track.h"
 
+#include "told_lines.h"
 #include "written_bytes.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 using Tracks = std::vector<tavelinUtils::TrackVtorichka>;
+
+/// Whether two numbers have the same bits.
+bool sameNumber(double a, double b);
 
 /// Whether two lists have the same tracks: the texts of the heads, and of the marks what measurement formats
 /// hold, bit by bit.
@@ -68,3 +77,54 @@ Tracks southernTracks(Tracks tracks);
 /// Ordinary tracks that were written and read again have their names, and all marks as exactly as the format
 /// is.
 void mustBeReadAgain(const Tracks& again, const Tracks& tracks, const Exactness& exactness);
+
+/// The tracks with the names of their objects where the writer looks for them.
+template <class Format>
+Tracks namedTracks(Tracks tracks)
+{
+    if constexpr (requires { Format::named(tracks); }) {
+        return Format::named(std::move(tracks));
+    } else {
+        return tracks;
+    }
+}
+
+/// Holds the reader and the writer of a format to all this, given any bytes. The format has
+///     exactness
+///     read(path) and read(path, watch)
+///     write(path, tracks)
+///     source(path), sink(path)
+///     writable(tracks)       ordinary tracks as its lines bring them back
+///     more(path, tracks)     what holds besides
+/// and may have read(lines), named(tracks) where its reader puts the names of objects elsewhere, and
+/// throwsOutOfRange where it throws for a text that is too short to be cut. A watched reader never throws.
+template <class Format>
+void checkFormat(const std::uint8_t* bytes, std::size_t size)
+{
+    const InputFile file(bytes, size);
+    const std::string path = file.path();
+    const auto written = [](const Tracks& tracks) {
+        return bytesWritten([&](const std::string& to) { Format::write(to, tracks); });
+    };
+    ToldLines told;
+    const Tracks watched = Format::read(path, told);
+    told.mustBeAllOf(bytes, size);
+    const Tracks ordinary = Format::writable(ordinaryTracks(namedTracks<Format>(watched)));
+    const WrittenFile again(written(ordinary));
+    mustBeReadAgain(namedTracks<Format>(Format::read(again.path())), ordinary, Format::exactness);
+    Tracks tracks;
+    try {
+        tracks = Format::read(path);
+    } catch (const std::out_of_range&) {
+        mustHold(requires { Format::throwsOutOfRange; });
+        return;
+    }
+    mustHold(sameTracks(watched, tracks));
+    if constexpr (requires(const std::vector<std::string>& lines) { Format::read(lines); }) {
+        mustHold(sameTracks(Format::read(tavelinUtils::ReadFromFile(path)), tracks));
+    }
+    mustHandOut(Format::source(path), Format::source(path), tracks);
+    mustHold(bytesOfFlow(Format::source(path), [](const std::string& to) { return Format::sink(to); }) ==
+             written(tracks));
+    Format::more(path, tracks);
+}

@@ -102,15 +102,32 @@ private:
         return isNegative ? -number.value() : number.value();
     }
 
-    void sweepRA(const AngleText& text)
+    // What writes an angle, each with its name.
+    struct Writers
+    {
+        std::string (*toStr)(double degrees, int precision, std::string separator, bool seconds);
+        const char* ofToStr;
+        char* (*separated)(char* to, double degrees, int precision, char separator);
+        const char* ofSeparated;
+        char* (*packed)(char* to, double degrees, int precision);
+        const char* ofPacked;
+    };
+
+    void sweepWriters(const AngleText& text, const Writers& writers)
     {
         const int decimals = text.decimals;
-        expect(RAToStr(degrees, decimals, ":", true), sign + text.separated(":"), "RAToStr", decimals);
+        expect(writers.toStr(degrees, decimals, ":", true), sign + text.separated(":"), writers.ofToStr,
+               decimals);
         char written[sexagesimalRoom];
-        const char* end = writeRA(written, degrees, decimals, ' ');
-        expect({written, end}, sign + text.separated(" "), "writeRA", decimals);
-        end = writePackedRA(written, degrees, decimals);
-        expect({written, end}, sign + text.packed(), "writePackedRA", decimals);
+        const char* end = writers.separated(written, degrees, decimals, ' ');
+        expect({written, end}, sign + text.separated(" "), writers.ofSeparated, decimals);
+        end = writers.packed(written, degrees, decimals);
+        expect({written, end}, sign + text.packed(), writers.ofPacked, decimals);
+    }
+
+    void sweepRA(const AngleText& text)
+    {
+        sweepWriters(text, {RAToStr, "RAToStr", writeRA, "writeRA", writePackedRA, "writePackedRA"});
         if (sign.empty()) {
             sweepReadersOfRA(text);
         }
@@ -129,13 +146,7 @@ private:
 
     void sweepDE(const AngleText& text)
     {
-        const int decimals = text.decimals;
-        expect(DEToStr(degrees, decimals, ":", true), sign + text.separated(":"), "DEToStr", decimals);
-        char written[sexagesimalRoom];
-        const char* end = writeDE(written, degrees, decimals, ' ');
-        expect({written, end}, sign + text.separated(" "), "writeDE", decimals);
-        end = writePackedDE(written, degrees, decimals);
-        expect({written, end}, sign + text.packed(), "writePackedDE", decimals);
+        sweepWriters(text, {DEToStr, "DEToStr", writeDE, "writeDE", writePackedDE, "writePackedDE"});
         sweepReadersOfDE(text);
     }
 

@@ -1,6 +1,5 @@
 // Preloaded into a program, lets the n-th request for memory fail, or all from the n-th on, and counts them
-// over the program and all processes that it starts. Folders can be made to come without the kinds of their
-// entries.
+// over the program and all processes that it starts.
 //
 //   FAULT_CALL     malloc (and what else gives new memory) or realloc; without it no request fails
 //   FAULT_AT       the number of the request that fails, from 1 on; 0: none
