@@ -21,6 +21,14 @@ void moveInto(std::size_t room, FileBytes& file)
     file.bytes = std::move(larger);
 }
 
+// One that the system does not give stays empty: of no kind and no size.
+struct stat statusOf(std::FILE* file)
+{
+    struct stat status = {};
+    fstat(fileno(file), &status);
+    return status;
+}
+
 } // namespace
 
 OpenFile openFile(const std::string& path, const char* mode)
@@ -41,14 +49,14 @@ void mustHaveMemory()
 
 bool isRegular(const std::string& path)
 {
-    struct stat status = {};
-    return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+    struct stat status = {}; // of no kind, where the system gives none
+    stat(path.c_str(), &status);
+    return S_ISREG(status.st_mode);
 }
 
 bool isRegular(std::FILE* file)
 {
-    struct stat status = {};
-    return fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode);
+    return S_ISREG(statusOf(file).st_mode);
 }
 
 bool canBeOpened(const std::string& path)
@@ -59,8 +67,7 @@ bool canBeOpened(const std::string& path)
 OpenFile openForReading(const std::string& path)
 {
     OpenFile file = openFile(path, "rb");
-    struct stat status = {};
-    if (file && fstat(fileno(file.get()), &status) == 0 && S_ISDIR(status.st_mode)) {
+    if (file && S_ISDIR(statusOf(file.get()).st_mode)) {
         file = nullptr;
     }
     if (file) {
@@ -71,9 +78,8 @@ OpenFile openForReading(const std::string& path)
 
 std::size_t sizeOf(std::FILE* file)
 {
-    struct stat status = {};
-    const bool known = fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode);
-    return known ? static_cast<std::size_t>(status.st_size) : 0;
+    const struct stat status = statusOf(file);
+    return S_ISREG(status.st_mode) ? static_cast<std::size_t>(status.st_size) : 0;
 }
 
 bool readBytes(std::FILE* stream, FileBytes& file)

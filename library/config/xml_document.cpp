@@ -158,9 +158,12 @@ bool TtavelinXmlDocument::SaveFile()
     try {
         std::string text;
         OpenFile memory(fopencookie(&text, "w", {nullptr, appendToText, nullptr, nullptr}));
-        const bool printed = memory != nullptr && TiXmlDocument::SaveFile(memory.get());
-        const bool complete = memory != nullptr && std::fclose(memory.release()) == 0 && printed;
-        return complete && writeBytes(fileName, "w", text);
+        if (memory == nullptr) {
+            return false;
+        }
+        TiXmlDocument::SaveFile(memory.get());
+        std::fflush(memory.get());
+        return std::ferror(memory.get()) == 0 && writeBytes(fileName, "w", text);
     } catch (const std::exception&) {
         return false; // the library makes texts of its own as it prints
     }

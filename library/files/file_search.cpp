@@ -40,9 +40,9 @@ struct Way
 bool isSameFolder(const std::string& one, const std::string& other)
 {
     struct stat first = {};
-    struct stat second = {};
-    return stat(one.c_str(), &first) == 0 && stat(other.c_str(), &second) == 0 &&
-           first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+    struct stat second = {}; // of a folder that has gone meanwhile: no folder has the number 0
+    stat(other.c_str(), &second);
+    return stat(one.c_str(), &first) == 0 && first.st_dev == second.st_dev && first.st_ino == second.st_ino;
 }
 
 bool isOnTheWay(const std::string& folder, const Way* way)

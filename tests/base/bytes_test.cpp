@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <filesystem>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,36 @@ TEST(OpenFile, IsNullWhereTheFileCannotBeOpened)
     EXPECT_EQ(openFile(folder.path(), "w"), nullptr);
     EXPECT_EQ(openFile("", "rb"), nullptr);
     EXPECT_FALSE(exists(folder / "missing"));
+}
+
+// A file that is there must not pass for one that is missing.
+TEST(OpenFile, ThrowsWhereTheSystemHasNoMemoryForAnInput)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a", "one");
+    const int status = statusOfChild([&folder] {
+        setFaults({{SYS_openat, ENOMEM}});
+        const bool isNull = openFile(folder / "b", "w") == nullptr;
+        try {
+            openFile(folder / "a", "rb");
+        } catch (const std::bad_alloc&) {
+            _exit(isNull ? 0 : 2);
+        }
+        _exit(3);
+    });
+    EXPECT_EQ(status, 0);
+}
+
+TEST(OpenFile, FilesWithoutAStatusAreOfNoKindAndNoSize)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a", "one");
+    const int status = statusOfChild([&folder] {
+        setFaults({{SYS_fstat, EIO}, {SYS_newfstatat, EIO}});
+        const OpenFile file = openForReading(folder / "a");
+        _exit(file != nullptr && !isRegular(file.get()) && sizeOf(file.get()) == 0 ? 0 : 1);
+    });
+    EXPECT_EQ(status, 0);
 }
 
 TEST(OpenFile, ClosesItself)

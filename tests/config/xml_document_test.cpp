@@ -3,15 +3,18 @@
 #include "support/broken_files.h"
 #include "support/child_process.h"
 #include "support/failed_writes.h"
+#include "support/system_faults.h"
 #include "support/temporary_folder.h"
 #include "support/texts.h"
 #include "support/xml_documents.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstddef>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <iterator>
 #include <string>
 #include <type_traits>
@@ -19,6 +22,7 @@
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 using namespace tavelinUtils;
@@ -144,10 +148,17 @@ TEST(XmlDocument, MissingFilesAndFoldersDoNotLoad)
 #if !defined(VOMAR_SANITIZED)
 namespace {
 
-void limitMemory()
+void limitMemory(std::size_t bytes)
 {
-    const rlimit gigabyte{1 << 30, 1 << 30};
-    setrlimit(RLIMIT_AS, &gigabyte);
+    const rlimit limit{bytes, bytes};
+    setrlimit(RLIMIT_AS, &limit);
+}
+
+std::size_t memoryInUse()
+{
+    std::size_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    return pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 }
 
 } // namespace
@@ -158,7 +169,7 @@ TEST(XmlDocument, FileThatTheMemoryDoesNotHoldDoesNotLoadAndIsTold)
     makeFile(folder / "a.xml", "<root/>");
     std::filesystem::resize_file(folder / "a.xml", std::uintmax_t{1} << 31);
     expectTrueInChild([&folder] {
-        limitMemory();
+        limitMemory(std::size_t{1} << 30);
         TtavelinXmlDocument document(folder / "a.xml");
         return !document.LoadFile() && document.readFailed();
     });
@@ -171,12 +182,50 @@ TEST(XmlDocument, DocumentThatTheMemoryDoesNotHoldAsTextIsNotSavedAndItsFileStay
     expectTrueInChild([&folder] {
         TtavelinXmlDocument document(folder / "a.xml");
         document.LinkEndChild(setTextNode("a", std::string(std::size_t{400} << 20, 'x'), ""));
-        limitMemory();
+        limitMemory(std::size_t{1} << 30);
         return !document.SaveFile();
     });
     EXPECT_EQ(bytesOf(folder / "a.xml"), "old");
 }
+
+// Whether it is the library's text of a value that finds no memory, the piece that is printed or the text of
+// all.
+TEST(XmlDocument, IsSavedWholeOrNotAtAllWhateverMemoryThereIs)
+{
+    const TemporaryFolder folder;
+    const std::string value(std::size_t{7} << 20, 'x');
+    std::size_t saved = 0;
+    std::size_t refused = 0;
+    for (std::size_t more = 2; more <= 48; more += 2) {
+        makeFile(folder / "a.xml", "old");
+        const int status = statusOfChild([&] {
+            TtavelinXmlDocument document(folder / "a.xml");
+            document.LinkEndChild(setTextNode("a", value, ""));
+            limitMemory(memoryInUse() + (more << 20));
+            _exit(document.SaveFile() ? 2 : 3);
+        });
+        const bool isSaved = status == 2 << 8;
+        EXPECT_TRUE(isSaved || status == 3 << 8) << more << ": " << status;
+        EXPECT_EQ(bytesOf(folder / "a.xml") == "<a>" + value + "</a>\n", isSaved) << more;
+        EXPECT_EQ(bytesOf(folder / "a.xml") == "old", !isSaved) << more;
+        ++(isSaved ? saved : refused);
+    }
+    EXPECT_GT(saved, 0u);
+    EXPECT_GT(refused, 0u);
+}
 #endif
+
+TEST(XmlDocument, FileThatGoesBeforeItIsOpenedDoesNotLoad)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.xml", "<root/>");
+    const int status = statusOfChild([&folder] {
+        TtavelinXmlDocument document(folder / "a.xml");
+        setFaults({{SYS_openat, ENOENT}});
+        _exit(document.LoadFile() || document.readFailed() ? 1 : 0);
+    });
+    EXPECT_EQ(status, 0);
+}
 
 TEST(XmlDocument, DocumentsWithoutAnElementDoNotLoad)
 {

@@ -1,12 +1,15 @@
 #include "files/file_search.h"
 
+#include "results/result.h"
 #include "support/child_process.h"
 #include "support/folders.h"
+#include "support/system_faults.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 #include <filesystem>
 #include <limits>
@@ -14,6 +17,7 @@
 #include <vector>
 
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 using namespace tavelinUtils;
@@ -678,4 +682,22 @@ TEST(FileSearch, ReadFolderTellsFoldersFromTheRest)
     EXPECT_FALSE(readFolder(folder / "missing", entries));
     EXPECT_FALSE(readFolder(folder / "a.txt", entries));
     EXPECT_EQ(entries.size(), 4U);
+}
+
+// What it has not read must not pass for what is not there.
+TEST(FileSearch, FolderThatBreaksOffIsTold)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.txt", "");
+    const int status = statusOfChild([&folder] {
+        setFaults({{SYS_getdents64, EIO}});
+        try {
+            std::vector<FolderEntry> entries;
+            readFolder(folder.path(), entries);
+        } catch (const TavelinException& failure) {
+            _exit(failure.getComment() == folder.path() ? 0 : 2);
+        }
+        _exit(3);
+    });
+    EXPECT_EQ(status, 0);
 }
