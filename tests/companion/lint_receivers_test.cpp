@@ -440,6 +440,19 @@ TEST(LintForCcsds, WhatTheSchemasOfDocumentsRefuse)
                 ElementsAre("17:1 V342", "18:1 V342"));
 }
 
+TEST(LintForCcsds, ElementsWithTheNamesOfKeysThatDoNotBelongThere)
+{
+    EXPECT_THAT(ofDocument("<CREATION_DATE>", "<CCSDS_TDM_VERS>2.0</CCSDS_TDM_VERS><CREATION_DATE>"),
+                ElementsAre("4:1 V342"));
+    for (const std::string key : {"ANGLE_1", "MAG", "META_START"}) {
+        EXPECT_THAT(ofDocument("<REFERENCE_FRAME>", '<' + key + ">1</" + key + "><REFERENCE_FRAME>"),
+                    ElementsAre("15:1 V342"))
+            << key;
+    }
+    EXPECT_THAT(ofDocument("<ANGLE_1>321.3</ANGLE_1>", "<RANGE_MODULUS>1</RANGE_MODULUS>"),
+                ElementsAre("17:1 V342", "18:48 V342"));
+}
+
 // Brightness
 
 namespace {
