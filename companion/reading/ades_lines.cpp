@@ -100,8 +100,7 @@ private:
         if (names.empty()) {
             document->closeContext(elementOf(line, line.text, "", ""));
             names.assign(cells.begin(), cells.end());
-            isKnownKind = std::find(names.begin(), names.end(), "obsTime") != names.end() &&
-                          std::find(names.begin(), names.end(), "ra") != names.end();
+            isKnownKind = std::find(names.begin(), names.end(), "ra") != names.end();
             return;
         }
         if (cells.size() > names.size()) {

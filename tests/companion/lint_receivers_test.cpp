@@ -716,4 +716,6 @@ TEST(LintForAdes, ContextsOfRows)
 TEST(LintForAdes, RowsOfOtherKindsThanOpticalOnesAreNotLookedAt)
 {
     EXPECT_THAT(ofPsv("|ra        |", "|deltaRA   |"), IsEmpty());
+    EXPECT_THAT(ofPsv("|obsTime                 |", "|colour                  |"),
+                ElementsAre("13:28 V380", "13:1 V380", "14:28 V380", "14:1 V380"));
 }
