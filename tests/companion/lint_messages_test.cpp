@@ -234,6 +234,7 @@ TEST(LintSsmas, TheFirstObjectIsInTheSeventhLine)
 TEST(LintSsmas, MarkAmongTheLinesInFrontIsSkipped)
 {
     EXPECT_THAT(linted("ssmas", "Measurements\n807\n" + first + objectA + second), ElementsAre("3:1 V164"));
+    EXPECT_THAT(linted("ssmas", replaced(report(objectA + first), "conversion", "v1.2.x")), IsEmpty());
 }
 
 TEST(LintSsmas, ObjectsThatAreLost)
@@ -333,4 +334,5 @@ TEST(LintMpc, FieldsThatAreMisread)
     EXPECT_THAT(linted("mpc", observation("12 30 12.34", "-1 30 12.34")), ElementsAre("1:33 V123"));
     EXPECT_THAT(linted("mpc", observation("+01 20", "+91 20")), ElementsAre("1:45 V121"));
     EXPECT_THAT(linted("mpc", observation("18.5", "1x.5")), ElementsAre("1:66 V123"));
+    EXPECT_THAT(linted("mpc", std::string(80, ' ') + '\n'), ElementsAre("1:1 V123"));
 }

@@ -1,5 +1,6 @@
 #include "reading/lint.h"
 
+#include "companion/lint_outputs.h"
 #include "reading/ades_document.h"
 #include "support/temporary_folder.h"
 
@@ -420,6 +421,11 @@ TEST(LintForCcsds, DocumentsAreLookedAtAsMessagesAre)
     EXPECT_THAT(ofDocument("<EPOCH>2025-02-23T12:00:00</EPOCH>", ""), ElementsAre("17:1 V342", "18:1 V342"));
     EXPECT_THAT(ofDocument("id=\"CCSDS_TDM_VERS\" ", ""), ElementsAre("2:1 V342"));
     EXPECT_THAT(ofDocument("</segment>", ""), ElementsAre("0:0 V342"));
+    std::string deep;
+    for (int level = 0; level < 1001; ++level) {
+        deep += "<a>";
+    }
+    EXPECT_THAT(linted("ccsds", "tdm.xml", deep), ElementsAre("0:0 V342"));
 }
 
 TEST(LintForCcsds, WhatTheSchemasOfDocumentsRefuse)
@@ -648,19 +654,16 @@ TEST(LintForAdes, ALocationIsWholeOrNotThere)
 
 TEST(LintForAdes, ADocumentAboveTheReceiversLimit)
 {
-    const companion::LineFates fates;
-    const companion::TrackTimes times(false);
     companion::LintSettings settings;
     settings.receiver = "ades";
-    Lines findings;
-    companion::LintOutput out("file.xml", settings, fates, times, [&findings](const Finding& found) {
-        findings.push_back(found.code.text() + ' ' + found.text);
-    });
-    companion::AdesDocument sent(out);
-    sent.size(536'870'912);
-    EXPECT_THAT(findings, IsEmpty());
-    sent.size(536'870'913);
-    EXPECT_THAT(findings, ElementsAre("V382 the file is above 512 MB"));
+    const auto toldOf = [&settings](std::size_t bytes) {
+        return lintOutputs::toldBy(
+            [bytes](companion::LintOutput& out) { companion::AdesDocument(out).size(bytes); }, settings);
+    };
+    EXPECT_THAT(toldOf(536'870'912), IsEmpty());
+    ASSERT_EQ(toldOf(536'870'913).size(), 1U);
+    EXPECT_EQ(toldOf(536'870'913)[0].text, "the file is above 512 MB");
+    EXPECT_EQ(toldOf(536'870'913)[0].code.text(), "V382");
 }
 
 TEST(LintForAdes, WhatOnlyTheReceiverRefuses)

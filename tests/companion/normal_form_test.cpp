@@ -86,6 +86,12 @@ TEST(NormalForm, BlanksOfAMessageBecomeOne)
         spread.replace(at, 1, "\t =  ");
     }
     EXPECT_EQ(normal("tdm", "  " + spread).text, message(head, marks));
+    std::string trailing = message(head, marks);
+    trailing.insert(trailing.find('\n'), " ");
+    const NormalForm form = normal("tdm", trailing);
+    EXPECT_EQ(form.text, message(head, marks));
+    ASSERT_EQ(form.findings.size(), 1U);
+    EXPECT_EQ(form.findings[0].text, "mended: one blank between words, 1 line");
     std::string tight = message(head, marks);
     for (std::size_t at = tight.find(" = "); at != std::string::npos; at = tight.find(" = ")) {
         tight.replace(at, 3, "=");

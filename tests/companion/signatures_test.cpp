@@ -80,6 +80,11 @@ TEST(Signatures, EncodingAndLineEndsDoNotCount)
     EXPECT_EQ(recognised(wide).format, "mea");
     EXPECT_EQ(recognised(returns).format, "mea");
     EXPECT_EQ(recognised(wide.substr(2)).format, "mea");
+    std::string wider("\xFF\xFE\0\0", 4);
+    for (const char c : night) {
+        wider += {c, '\0', '\0', '\0'};
+    }
+    EXPECT_EQ(recognised(wider).format, "mea");
 }
 
 TEST(Signatures, ShareOfLinesOfAFormat)

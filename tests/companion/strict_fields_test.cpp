@@ -2,6 +2,7 @@
 
 #include "reading/strict_fields.h"
 
+#include "companion/lint_outputs.h"
 #include "reading/sexagesimal_fields.h"
 
 #include <gmock/gmock.h>
@@ -26,17 +27,14 @@ using Codes = std::vector<std::string>;
 // What a check says of a line that is one field.
 Codes codesOf(const std::string& line, const std::function<void(const Stretch&, LintOutput&)>& check)
 {
-    const companion::LintSettings settings;
-    const companion::LineFates fates;
-    const companion::TrackTimes times(false);
+    const auto told = lintOutputs::toldBy([&](LintOutput& out) {
+        out.begin({1, line, line});
+        check({1, line.size(), "field"}, out);
+    });
     Codes codes;
-    LintOutput out("file", settings, fates, times,
-                   [&codes](const companion::Finding& found) { codes.push_back(found.code.text()); });
-    companion::CheckedLine present;
-    present.number = 1;
-    present.text = line;
-    out.begin(present);
-    check({1, line.size(), "field"}, out);
+    for (const companion::Finding& each : told) {
+        codes.push_back(each.code.text());
+    }
     return codes;
 }
 
