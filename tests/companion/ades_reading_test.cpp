@@ -74,6 +74,7 @@ TEST(AdesReading, ADocumentThatEndsTooEarlyHasTheObservationsBefore)
     EXPECT_THAT(read.objects, ElementsAre("1 568"));
     ASSERT_EQ(read.findings.size(), 1U);
     EXPECT_THAT(read.findings[0], testing::EndsWith(" V380"));
+    EXPECT_THAT(readOf("ades.xml", "").findings, ElementsAre("1 V380"));
 }
 
 TEST(AdesReading, RowsOfABrokenEncodingAreNotRead)

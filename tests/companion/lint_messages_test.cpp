@@ -245,6 +245,12 @@ TEST(LintSsmas, ObjectsThatAreLost)
     EXPECT_THAT(
         linted("ssmas", report(objectA + first + "2" + title + "NGC 1 A\n" + columns + first + second)),
         ElementsAre("13:1 V188"));
+    EXPECT_THAT(linted("ssmas", report(objectA + first + replaced(second, "09.06.2016", "#SSMAS") +
+                                       "NGC 1 A\n" + columns + first)),
+                ElementsAre("10:1 V126", "11:1 V188")); // a title in the form of a mark
+    EXPECT_THAT(linted("ssmas", report("1" + title + "A A\n#SSMAS\ncloud\n" + first +
+                                       replaced(second, "22.0", "22.0 "))),
+                ElementsAre("9:1 V188", "11:1 V166"));
 }
 
 TEST(LintSsmas, LinesThatCloseTheirObject)

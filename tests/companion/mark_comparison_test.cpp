@@ -488,4 +488,16 @@ TEST(BrightnessReading, ReportsOfOtherProgramsHaveTheirDelimiter)
     EXPECT_FALSE(tracks[0].marks[1].hasMagnitude);
 }
 
+TEST(BrightnessReading, EmptyFieldsAreNoNumbers)
+{
+    const auto tracks = brightnessOf("#TYPE=EXTENDED\n#DELIM=,\n#DATE=JD\n"
+                                     "SS CYG,,11.135,0.003,V\n"
+                                     "SS CYG,2450702.1254,,na,V\n",
+                                     "aavso");
+    ASSERT_EQ(tracks.size(), 1u);
+    ASSERT_EQ(tracks[0].marks.size(), 1u);
+    EXPECT_EQ(tracks[0].marks[0].line, 5u);
+    EXPECT_FALSE(tracks[0].marks[0].hasMagnitude);
+}
+
 } // namespace

@@ -57,7 +57,7 @@ TEST(MeantText, ObservationsOutOfTheirColumns)
     EXPECT_EQ(copyOf("mpc", line + "08 48 57.9          21.1 R      H21\n"),
               line + "+08 48 57.9          21.1 R      H21\n");
     for (const std::string& other : {line + "08 48 5\n", line + "08 48 57.9          21.1 R\n",
-                                     line + "08 48 57.9          21   R      H21\n", front + place + back})
+                                     line + "08 48 57.9          21 R      H21\n", front + place + back})
     {
         EXPECT_EQ(copyOf("mpc", other), other);
     }

@@ -75,6 +75,7 @@ TEST(StrictFields, NumbersOfAllLengths)
 {
     EXPECT_THAT(codesOf(FieldForm::text, "anything"), IsEmpty());
     EXPECT_THAT(codesOf(FieldForm::number, "-1.5"), IsEmpty());
+    EXPECT_THAT(codesOf(FieldForm::number, "x"), ElementsAre("V122"));
     EXPECT_THAT(codesOf(FieldForm::number, "0." + std::string(400, '1')), IsEmpty());
     EXPECT_THAT(codesOf(FieldForm::number, std::string(400, '1')), ElementsAre("V125"));
     EXPECT_THAT(codesOf(FieldForm::magnitude, "0." + std::string(400, '0') + '1'), ElementsAre("V130"));

@@ -235,6 +235,19 @@ TEST(TrueReading, AMessageHasItsFrameAndMarksWithoutMagnitudes)
     EXPECT_TRUE(given.tracks[0].marks[0].hasMagnitude);
 }
 
+TEST(TrueReading, AValueThatComesTwiceIsToldAtItsOwnPlace)
+{
+    const TrueFile file =
+        meant("telegram", "MPC 807 A\n090616 1200000x     1200000x -16155070 001221\nEND\n");
+    std::vector<std::string> misread;
+    for (const companion::Finding& each : file.findings) {
+        if (each.code == companion::FindingCode("V123")) {
+            misread.push_back(std::to_string(each.line) + ':' + std::to_string(each.column));
+        }
+    }
+    EXPECT_THAT(misread, ElementsAre("2:8", "2:21"));
+}
+
 TEST(TrueReading, NumbersWithAnExponentHaveNoDecimals)
 {
     const TrueFile file =
