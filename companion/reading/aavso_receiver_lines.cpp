@@ -37,7 +37,7 @@ bool isNa(std::string_view text)
 // A sign, digits and a point with digits on one side at least.
 bool isDecimal(std::string_view text)
 {
-    text.remove_prefix(text.starts_with('-') || text.starts_with('+') ? 1 : 0);
+    text = withoutSign(text);
     const std::size_t point = std::min(text.find('.'), text.size());
     const std::string_view whole = text.substr(0, point);
     const std::string_view decimals = text.substr(std::min(point + 1, text.size()));

@@ -58,6 +58,14 @@ void AdesDocument::warn(const AdesElement& at, const std::string& what)
     out.addAt({at.line, at.lineText, at.lineText}, "V382", at.stretch, {{"what", what}});
 }
 
+void AdesDocument::size(std::size_t bytes)
+{
+    constexpr std::size_t largest = std::size_t{512} * 1024 * 1024;
+    if (bytes > largest) {
+        out.addOfFile("V382", {{"what", "the file is above 512 MB"}});
+    }
+}
+
 void AdesDocument::version(const AdesElement& element)
 {
     if (element.text != adesVersion) {
@@ -112,8 +120,8 @@ void AdesDocument::closeContext(const AdesElement& at)
 
 void AdesDocument::observation(const std::vector<AdesElement>& elements, const AdesElement& at, bool inOrder)
 {
-    for (const AdesElement& element : elements) {
-        checkNames(element, inOrder, elements);
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        checkName(elements[i], inOrder, std::span(elements).first(i));
     }
     checkIdentification(elements, at);
     checkGroups(elements, at);
@@ -162,8 +170,7 @@ void AdesDocument::checkTime(const std::vector<AdesElement>& elements)
     }
 }
 
-void AdesDocument::checkNames(const AdesElement& element, bool inOrder,
-                              const std::vector<AdesElement>& elements)
+void AdesDocument::checkName(const AdesElement& element, bool inOrder, std::span<const AdesElement> before)
 {
     const AdesField* const field = adesField(element.name);
     if (field == nullptr) {
@@ -171,17 +178,14 @@ void AdesDocument::checkNames(const AdesElement& element, bool inOrder,
              isNotForSubmission(element.name) ? "is not for submissions" : "is no element of ADES");
         return;
     }
-    for (const AdesElement& before : elements) {
-        if (&before == &element) {
-            break;
-        }
-        const AdesField* const other = adesField(before.name);
+    for (const AdesElement& each : before) {
+        const AdesField* const other = adesField(each.name);
         if (other == field) {
             tell(element, element.name, "stands twice");
             break;
         }
         if (inOrder && other != nullptr && other > field) {
-            tell(element, element.name, "stands out of order, behind " + before.name);
+            tell(element, element.name, "stands out of order, behind " + each.name);
             break;
         }
     }

@@ -7,6 +7,7 @@
 #include "reading/seen_texts.h"
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +32,8 @@ public:
     {
     }
 
+    /// How many bytes the document has.
+    void size(std::size_t bytes);
     /// The version that the document states.
     void version(const AdesElement& element);
     /// A block begins.
@@ -48,7 +51,7 @@ public:
     void warn(const AdesElement& at, const std::string& what);
 
 private:
-    void checkNames(const AdesElement& element, bool inOrder, const std::vector<AdesElement>& elements);
+    void checkName(const AdesElement& element, bool inOrder, std::span<const AdesElement> before);
     void checkIdentification(const std::vector<AdesElement>& elements, const AdesElement& at);
     void checkGroups(const std::vector<AdesElement>& elements, const AdesElement& at);
     void checkText(const AdesElement& element);

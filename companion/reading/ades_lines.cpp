@@ -13,8 +13,6 @@ namespace {
 
 constexpr std::string_view blanks = " \t\r";
 
-constexpr std::size_t largestDocument = std::size_t{512} * 1024 * 1024;
-
 AdesElement elementOf(const CheckedLine& line, std::string_view part, std::string name, std::string_view text)
 {
     return {std::move(name), std::string(text), line.number, line.text, stretchOf(line.text, part)};
@@ -29,7 +27,7 @@ public:
         if (!document) {
             document = std::make_unique<AdesDocument>(out);
         }
-        size += line.bytes.size() + 1;
+        bytes += line.bytes.size() + 1;
         const std::string_view text = trimmed(line.text, blanks);
         if (!line.isEnded) {
             document->tell(elementOf(line, line.text, "", ""), "the last line",
@@ -49,9 +47,7 @@ public:
 
     void end(LintOutput& out) override
     {
-        if (size > largestDocument) {
-            out.addOfFile("V382", {{"what", "the file is above 512 MB"}});
-        }
+        AdesDocument(out).size(bytes);
     }
 
 private:
@@ -104,8 +100,7 @@ private:
         if (names.empty()) {
             document->closeContext(elementOf(line, line.text, "", ""));
             names.assign(cells.begin(), cells.end());
-            isKnownKind = std::find(names.begin(), names.end(), "obsTime") != names.end() &&
-                          std::find(names.begin(), names.end(), "ra") != names.end();
+            isKnownKind = std::find(names.begin(), names.end(), "ra") != names.end();
             return;
         }
         if (cells.size() > names.size()) {
@@ -128,7 +123,7 @@ private:
     std::string parent{};
     std::vector<std::string> names{}; // of the columns of the block
     bool isKnownKind = true;          // other kinds than optical ones are not in the table
-    std::size_t size = 0;
+    std::size_t bytes = 0;
 };
 
 // The XML form: its lines are kept, and the document is taken as a whole.
@@ -143,12 +138,10 @@ public:
     void end(LintOutput& out) override
     {
         out.hold();
-        if (lines.text().size() > largestDocument) {
-            out.addOfFile("V382", {{"what", "the file is above 512 MB"}});
-        }
+        AdesDocument document(out);
+        document.size(lines.text().size());
         TiXmlDocument xml;
         const TiXmlElement* const root = lines.parse(xml);
-        AdesDocument document(out);
         if (root == nullptr) {
             out.addOfFile("V380", {{"element", "the document"}, {"rule", "is not well-formed"}});
             return;

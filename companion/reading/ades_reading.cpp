@@ -171,9 +171,10 @@ public:
     {
     }
 
+    // A reader that could not be made reads nothing, and its end is none of a document.
     void read()
     {
-        int state = reader == nullptr ? -1 : xmlTextReaderRead(reader.get());
+        int state = xmlTextReaderRead(reader.get());
         for (; state == 1; state = xmlTextReaderRead(reader.get())) {
             take();
         }
@@ -189,14 +190,15 @@ private:
     static constexpr int options =
         XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_BIG_LINES;
 
+    // Also of a null pointer, which is no text.
     static std::string text(const xmlChar* characters)
     {
-        return characters == nullptr ? "" : reinterpret_cast<const char*>(characters);
+        return {reinterpret_cast<const char*>(characters), static_cast<std::size_t>(xmlStrlen(characters))};
     }
 
     std::size_t line() const
     {
-        const xmlNode* const node = reader == nullptr ? nullptr : xmlTextReaderCurrentNode(reader.get());
+        const xmlNode* const node = xmlTextReaderCurrentNode(reader.get());
         return static_cast<std::size_t>(node == nullptr ? 1 : std::max(xmlGetLineNo(node), 1L));
     }
 

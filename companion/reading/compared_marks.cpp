@@ -2,6 +2,7 @@
 
 #include "reading/ades_reading.h"
 #include "reading/brightness_reading.h"
+#include "reading/track_names.h"
 #include "receivers/designation_forms.h"
 
 #include <algorithm>
@@ -13,7 +14,6 @@
 namespace companion {
 namespace {
 
-using tavelinUtils::TrackVtorichka;
 using tavelinUtils::TRecLabelPervichka_File;
 
 constexpr ComparedForm forms[] = {
@@ -30,14 +30,6 @@ constexpr ComparedForm forms[] = {
     {"ades.psv", true, true, false, false, StationKind::code},
     {"horizons", true, false, false, false, StationKind::none},
 };
-
-const std::string& nameOf(const TrackVtorichka& track)
-{
-    if (!track.QRVName.empty()) {
-        return track.QRVName;
-    }
-    return track.MPCChecker.empty() ? track.NORAD : track.MPCChecker;
-}
 
 // Date and time, of which the time may be of another day.
 void setMoment(const TRecLabelPervichka_File& record, ComparedMark& mark)
@@ -138,12 +130,12 @@ std::uint32_t MarkGathering::bandOf(const std::string& text)
 void MarkGathering::add(const TrueTrack& track)
 {
     ComparedMark mark{};
-    mark.object = texts.objects.numberOf(nameOf(track.track));
+    mark.object = texts.objects.numberOf(objectOf(track.track));
     mark.station = texts.others.numberOf(track.station);
     mark.frame = form.hasFrames ? texts.others.numberOf(track.track.REFERENCE_FRAME) : 0;
     for (std::size_t place = 0; place < track.track.Marks.size(); ++place) {
         const TRecLabelPervichka_File& record = track.track.Marks[place];
-        const TrueMark info = place < track.marks.size() ? track.marks[place] : TrueMark();
+        const TrueMark& info = track.marks[place];
         setMoment(record, mark);
         mark.RA = record.RA;
         mark.DE = record.DE;

@@ -130,9 +130,7 @@ void EncodingChecker::lookAtFront(const CheckedLine& line, LintOutput& out)
 void EncodingChecker::lookAtEnd(const CheckedLine& line, LintOutput& out)
 {
     if (!line.isEnded) {
-        if (!line.bytes.empty()) {
-            out.add("V106", {}, {{"what", "no line feed at the end of the file"}});
-        }
+        out.add("V106", {}, {{"what", "no line feed at the end of the file"}});
     } else if (!toldMixedEnds && endsInReturn(line.bytes) != firstHasReturn) {
         toldMixedEnds = true;
         out.add("V106", {},

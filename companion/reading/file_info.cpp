@@ -7,6 +7,7 @@
 #include "reading/line_fates.h"
 #include "reading/lint.h"
 #include "reading/sky_angle.h"
+#include "reading/track_names.h"
 #include "reading/track_times.h"
 #include "records/track.h"
 #include "text/number_text.h"
@@ -93,7 +94,7 @@ struct Span
 TrackInfo trackInfo(const TrackVtorichka& track, const Span& span)
 {
     TrackInfo info;
-    info.object = track.QRVName.empty() ? track.NORAD : track.QRVName;
+    info.object = objectOf(track);
     info.marks = track.Marks.size();
     if (span.first != nullptr) {
         info.first = textOf(momentOf(*span.first));

@@ -80,6 +80,9 @@ public:
     /// A finding of the file as a whole, without a line.
     void addOfFile(FindingCode code, FindingValues values = {});
 
+    /// The finding of an account whose sums do not agree (V490), whatever layers are wanted.
+    void mustAgree(const FileAccount& account);
+
     /// So many marks that the file has are in no track. A finding is to tell of them.
     void lose(std::size_t marks)
     {

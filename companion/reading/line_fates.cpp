@@ -117,10 +117,9 @@ LineFate fateInAdesText(std::string_view line, bool& inData)
 
 LineFate fateInAdesXml(std::string_view line, bool& /*inData*/)
 {
-    const bool closes = line.find("</optical>") != std::string_view::npos ||
-                        line.find("</radar>") != std::string_view::npos ||
-                        line.find("</offset>") != std::string_view::npos ||
-                        line.find("</occultation>") != std::string_view::npos;
+    constexpr std::string_view ends[] = {"</optical>", "</radar>", "</offset>", "</occultation>"};
+    const bool closes = std::any_of(std::begin(ends), std::end(ends),
+                                    [line](std::string_view end) { return line.find(end) != line.npos; });
     return closes ? LineFate::mark : LineFate::head;
 }
 

@@ -124,27 +124,26 @@ void forEachWholeLine(std::string_view rest, Use use)
 }
 
 // The lines are those of tavelinUtils::readTextLines, here with their ends.
-std::size_t walk(const std::string& path, LintedLines& lines)
+std::size_t walk(std::FILE* stream, const std::string& path, LintedLines& lines)
 {
-    const tavelinUtils::OpenFile stream = tavelinUtils::openForReading(path);
-    if (stream != nullptr) {
-        LinePieces pieces(stream.get());
-        while (pieces.next()) {
-            forEachWholeLine(pieces.lines(),
-                             [&lines](std::string_view line, bool isEnded) { lines.add(line, isEnded); });
-        }
-        mustHaveBeenRead(stream.get(), path);
+    LinePieces pieces(stream);
+    while (pieces.next()) {
+        forEachWholeLine(pieces.lines(),
+                         [&lines](std::string_view line, bool isEnded) { lines.add(line, isEnded); });
     }
+    mustHaveBeenRead(stream, path);
     return lines.finish();
 }
 
-void mustBeReadable(const std::string& path)
+tavelinUtils::OpenFile opened(const std::string& path)
 {
     errno = 0;
-    if (tavelinUtils::openForReading(path) == nullptr) {
+    tavelinUtils::OpenFile stream = tavelinUtils::openForReading(path);
+    if (stream == nullptr) {
         const char* const reason = errno != 0 ? std::strerror(errno) : "is a folder";
         throw WrongUsage{finding("V003", {{"file", path}, {"what", reason}})};
     }
+    return stream;
 }
 
 // The account of a file by the fates of its lines and by the tracks of its reader.
@@ -158,15 +157,6 @@ FileAccount accountOf(const std::string& format, const LineFates& fates, std::si
         account.repeated = marks - std::min(marks, account.marks);
     }
     return account;
-}
-
-void mustAgree(const FileAccount& account, LintOutput& out)
-{
-    if (!account.agrees()) {
-        out.addOfFile("V490",
-                      {{"sum", counted(account.lines, "line") + " and " + counted(account.marksRead, "mark") +
-                                   " do not come to the fates of the lines"}});
-    }
 }
 
 // Marks that are lost, and values that are read as others than stand there.
@@ -191,7 +181,7 @@ std::size_t tellLosses(const ReadText& read, const std::function<void(Finding)>&
     std::size_t count = 0;
     forEachWholeLine(read.text, [&](std::string_view bytes, bool isEnded) {
         ++count;
-        const CheckedLine line{read.numberOf ? read.numberOf(count) : count,
+        const CheckedLine line{read.numberOf(count),
                                tavelinUtils::withoutLineEnd(bytes),
                                bytes,
                                isEnded,
@@ -258,6 +248,15 @@ void LintOutput::addOfFile(FindingCode code, FindingValues values)
     }
 }
 
+void LintOutput::mustAgree(const FileAccount& account)
+{
+    if (!account.agrees()) {
+        const std::string sum = counted(account.lines, "line") + " and " +
+                                counted(account.marksRead, "mark") + " do not come to the fates of the lines";
+        give(finding("V490", {{"sum", sum}}).in(path));
+    }
+}
+
 void LintOutput::hold()
 {
     isHolding = true;
@@ -265,12 +264,10 @@ void LintOutput::hold()
 
 bool LintOutput::wants(LintLayer layer) const
 {
-    switch (layer) {
-    case LintLayer::reader: return wanted.reader;
-    case LintLayer::person: return wanted.person;
-    case LintLayer::receiver: break;
+    if (layer == LintLayer::receiver) {
+        return !wanted.receiver.empty();
     }
-    return !wanted.receiver.empty();
+    return layer == LintLayer::reader ? wanted.reader : wanted.person;
 }
 
 void LintOutput::begin(const CheckedLine& line)
@@ -289,14 +286,8 @@ void LintOutput::finish()
 
 bool LintOutput::isWanted(FindingCode code) const
 {
-    if (code == FindingCode("V490")) {
-        return true;
-    }
-    if (!wants(layerOf(code))) {
-        return false;
-    }
-    const FindingRow* const row = findingRow(code);
-    return !wanted.forCheck || (row != nullptr && row->by.find('c') != std::string_view::npos);
+    return wants(layerOf(code)) &&
+           (!wanted.forCheck || findingRow(code)->by.find('c') != std::string_view::npos);
 }
 
 void LintOutput::give(Finding each)
@@ -311,7 +302,7 @@ void LintOutput::give(Finding each)
 FileAccount lintFile(const std::string& path, const std::string& format, const LintSettings& settings,
                      const std::function<void(Finding)>& found)
 {
-    mustBeReadable(path);
+    const tavelinUtils::OpenFile stream = opened(path);
     LineFates fates;
     TrackTimes times(format == "mea" || format == "mpc");
     LintOutput out(path, settings, fates, times, found);
@@ -329,9 +320,9 @@ FileAccount lintFile(const std::string& path, const std::string& format, const L
     times.finish();
 
     LintedLines lines(format, out);
-    const FileAccount account = accountOf(format, fates, walk(path, lines), tracks, marks);
+    const FileAccount account = accountOf(format, fates, walk(stream.get(), path, lines), tracks, marks);
     if (out.thrown.empty()) {
-        mustAgree(account, out);
+        out.mustAgree(account);
     }
     out.finish();
     return account;

@@ -30,8 +30,7 @@ struct ReadText
     std::string_view text;
     const std::string& format; ///< a name of reading/signatures.h
     const LineFates& fates;
-    std::function<std::size_t(std::size_t)>
-        numberOf{}; ///< what a line of the text is called; empty: its number
+    std::function<std::size_t(std::size_t)> numberOf; ///< what a line of the text is called
 };
 
 /// Hands out what the reader of a text makes no mark of and what it misreads, in the order of lines, as

@@ -39,11 +39,13 @@ MarkLines::MarkLines(std::string_view text, const std::string& format, const Lin
 
 void MarkLines::takeTableHeader(std::string_view text)
 {
-    hasMagnitudes = false;
-    for (const auto& column : tavelinUtils::columnsToRead(tableHeaderOf(text)).ofMarks) {
-        hasMagnitudes = hasMagnitudes || column.column->name() == "m";
-        hasBands = hasBands || column.column->name() == "filtr";
-    }
+    const auto columns = tavelinUtils::columnsToRead(tableHeaderOf(text)).ofMarks;
+    const auto hasColumn = [&columns](std::string_view name) {
+        return std::any_of(columns.begin(), columns.end(),
+                           [name](const auto& each) { return each.column->name() == name; });
+    };
+    hasMagnitudes = hasColumn("m");
+    hasBands = hasColumn("filtr");
 }
 
 std::string_view MarkLines::objectOf(std::string_view line) const

@@ -36,7 +36,7 @@ public:
     /// The code of a station's number.
     std::string stationOf(std::uint32_t number) const
     {
-        return number == 0 ? std::string() : std::string(stations[number]);
+        return std::string(stations[number]);
     }
 
 private:

@@ -19,7 +19,7 @@ using Tokens = std::array<std::string_view, fieldCount>;
 constexpr std::size_t name = 0;
 constexpr std::size_t date = 1;
 constexpr std::size_t time = 2;
-constexpr std::size_t magnitude = 6;
+constexpr std::size_t declination = 4;
 
 // How many characters the reader needs of each field.
 constexpr std::size_t shortestFields[fieldCount] = {1, 4, 6, 6, 7, 1, 1};
@@ -74,20 +74,20 @@ private:
         }
     }
 
+    // The reader refuses a line for a short field alone: without another one it is the declination.
     void tellShortField(const CheckedLine& line, LintOutput& out)
     {
         out.lose(1);
         tavelinUtils::cutRuns(line.text, ' ', tokens);
-        for (std::size_t i = date; i < magnitude; ++i) {
-            if (tokens[i].size() < shortestFields[i]) {
-                const std::string_view field = meaFields()[i].name;
-                out.add("V061", stretchOf(line.text, tokens[i], field),
-                        {{"line", std::to_string(line.number)},
-                         {"token", std::string(tokens[i])},
-                         {"field", std::string(field)}});
-                return;
-            }
+        std::size_t i = date;
+        while (i < declination && tokens[i].size() >= shortestFields[i]) {
+            ++i;
         }
+        const std::string_view field = meaFields()[i].name;
+        out.add("V061", stretchOf(line.text, tokens[i], field),
+                {{"line", std::to_string(line.number)},
+                 {"token", std::string(tokens[i])},
+                 {"field", std::string(field)}});
     }
 
     Tokens tokens{};

@@ -54,7 +54,7 @@ bool putBack(FindingPlace& place, std::string_view line)
 {
     constexpr std::size_t longestSnippet = 4096;
     const std::string_view shown = line.substr(0, longestSnippet);
-    if (place.snippet == shown || place.column == 0) {
+    if (place.snippet == shown) {
         return true;
     }
     if (place.value == place.snippet) {

@@ -59,8 +59,7 @@ MeantText withMendedLines(std::string_view text, LineMender& mender)
 // A text without the line ends at its end.
 std::string_view withoutLastFeeds(std::string_view text)
 {
-    const std::size_t last = text.find_last_not_of("\r\n");
-    return text.substr(0, last == std::string_view::npos ? 0 : last + 1);
+    return text.substr(0, text.find_last_not_of("\r\n") + 1); // nothing where there is nothing else
 }
 
 MeantText table(std::string_view text)

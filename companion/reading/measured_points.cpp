@@ -2,6 +2,7 @@
 
 #include "reading/brightness_reading.h"
 #include "reading/line_fates.h"
+#include "reading/track_names.h"
 
 #include <algorithm>
 #include <cmath>
@@ -51,11 +52,6 @@ void sortByTime(std::vector<MeasuredSeries>& all)
     }
 }
 
-std::string nameOf(const TrackVtorichka& track)
-{
-    return track.QRVName.empty() ? track.NORAD : track.QRVName;
-}
-
 MeasuredPoint pointOf(const TRecLabelPervichka_File& mark)
 {
     const double error = mark.SNRpeak > 0.0 ? 1.0 / mark.SNRpeak : 0.0;
@@ -100,7 +96,7 @@ std::vector<MeasuredSeries> curvesOfTracks(const std::string& path, const std::s
     const bool areFiltered = hasFilters(format);
     readTracks(path, format, [&](const TrackVtorichka& track) {
         for (const TRecLabelPervichka_File& mark : track.Marks) {
-            curves.add(nameOf(track), areFiltered ? mark.filtr : "", pointOf(mark));
+            curves.add(objectOf(track), areFiltered ? mark.filtr : "", pointOf(mark));
         }
     });
     return std::move(curves.all);
@@ -112,7 +108,7 @@ std::vector<MeasuredSeries> pathsIn(const std::string& path, const std::string& 
 {
     std::vector<MeasuredSeries> paths;
     readTracks(path, format, [&paths](const TrackVtorichka& track) {
-        MeasuredSeries series{nameOf(track)};
+        MeasuredSeries series{objectOf(track)};
         for (const TRecLabelPervichka_File& mark : track.Marks) {
             const MeasuredPoint point = pointOf(mark);
             if (std::isfinite(point.mjd) && std::isfinite(point.ra) && std::abs(point.de) <= 90.0) {

@@ -45,18 +45,18 @@ std::string_view headerWordOf(std::string_view line)
     return {};
 }
 
-// Digits, a point, digits; the parts have so many at least and at most.
-bool isFixed(std::string_view text, std::size_t whole, std::size_t leastDecimals, std::size_t mostDecimals)
+// So many digits, alone or with a point and so many decimals at most.
+bool isFixed(std::string_view text, std::size_t whole, std::size_t mostDecimals)
 {
     const std::size_t point = std::min(text.find('.'), text.size());
     if (point != whole || !areDigits(text.substr(0, point))) {
         return false;
     }
     if (point == text.size()) {
-        return leastDecimals == 0;
+        return true;
     }
     const std::string_view decimals = text.substr(point + 1);
-    return areDigits(decimals) && decimals.size() >= leastDecimals && decimals.size() <= mostDecimals;
+    return areDigits(decimals) && decimals.size() <= mostDecimals;
 }
 
 // Looks at the columns of one observation.
@@ -142,9 +142,9 @@ private:
         const std::string_view angle = text.substr(0, text.find_last_not_of(' ') + 1);
         const bool isPlaced = angle.size() >= 5 && areDigits(angle.substr(0, 2)) && angle[2] == ' ';
         const bool hasSeconds = angle.size() > second && angle[second - 1] == ' ';
-        const bool isGood = isPlaced && (hasSeconds ? areDigits(angle.substr(3, 2)) && angle[5] == ' ' &&
-                                                          isFixed(angle.substr(second), 2, 0, 3)
-                                                    : isFixed(angle.substr(3), 2, 0, 2));
+        const bool isGood =
+            isPlaced && (hasSeconds ? areDigits(angle.substr(3, 2)) && isFixed(angle.substr(second), 2, 3)
+                                    : isFixed(angle.substr(3), 2, 2));
         if (!isGood) {
             return false;
         }
@@ -204,7 +204,7 @@ private:
             point == std::string_view::npos && text[1] != ' ' && trimmed(text.substr(2)).empty();
         const bool isPlaced = isWhole || point == 2 || (point == 3 && value[0] == '-');
         const std::size_t whole = std::min(digits.find('.'), digits.size());
-        if (!isPlaced || whole == 0 || whole > 2 || !isFixed(digits, whole, 0, 2)) {
+        if (!isPlaced || !isFixed(digits, whole, 2)) {
             tell(magnitude, "a number with its point in column 68 is wanted");
         } else if (toDouble(value) == 0.0) {
             out.add("V315", stretchOf(line, value, "magnitude"));

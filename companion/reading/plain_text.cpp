@@ -158,10 +158,11 @@ void mendLineEnds(PlainText& plain)
 PlainText plainText(const std::string& path)
 {
     tavelinUtils::FileBytes file;
-    const std::string wide = wideEncoding(frontOfFile(path));
     if (!tavelinUtils::readBytes(path, file)) {
+        frontOfFile(path); // throws with a reason where even the front cannot be read
         throw WrongUsage{finding("V003", {{"file", path}, {"what", "cannot be read to its end"}})};
     }
+    const std::string wide = wideEncoding(file.view());
     PlainText plain = wide.empty() ? ofBytes(file.view()) : ofWide(file.view(), wide);
     mendLineEnds(plain);
     return plain;

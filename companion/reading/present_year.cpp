@@ -1,29 +1,21 @@
 #include "reading/present_year.h"
 
-#include "base/numbers.h"
-
 #include <cstdlib>
 #include <ctime>
 
 namespace companion {
-namespace {
 
-constexpr int firstYear = 1900;
-
-int yearOfNow()
+int yearOf(const char* epoch)
 {
-    const char* const given = std::getenv("SOURCE_DATE_EPOCH");
-    const std::time_t seconds =
-        given != nullptr ? static_cast<std::time_t>(tavelinUtils::toDouble(given)) : std::time(nullptr);
+    constexpr int firstYear = 1900;
+    const std::time_t seconds = epoch != nullptr ? std::strtoll(epoch, nullptr, 10) : std::time(nullptr);
     std::tm parts{};
     return gmtime_r(&seconds, &parts) != nullptr ? firstYear + parts.tm_year : firstYear;
 }
 
-} // namespace
-
 int presentYear()
 {
-    static const int year = yearOfNow();
+    static const int year = yearOf(std::getenv("SOURCE_DATE_EPOCH"));
     return year;
 }
 

@@ -1,8 +1,11 @@
 #include "reading/schema_validation.h"
 
+#include "out/characters.h"
+
 #include <libxml/parser.h>
 #include <libxml/xmlschemas.h>
 
+#include <algorithm>
 #include <string_view>
 
 namespace companion {
@@ -52,11 +55,8 @@ struct Messages
 
     void take(const xmlError& error) const
     {
-        std::string_view text = error.message == nullptr ? "not valid" : error.message;
-        while (!text.empty() && (text.back() == '\n' || text.back() == ' ')) {
-            text.remove_suffix(1);
-        }
-        const auto line = static_cast<std::size_t>(error.line > 0 ? error.line : 0);
+        const std::string_view text = trimmed(std::string_view(error.message), " \n");
+        const auto line = static_cast<std::size_t>(std::max(error.line, 0));
         found(finding("V440", {{"message", std::string(text)}}).in(path).at(line, 0));
     }
 };
@@ -82,12 +82,10 @@ XmlSchema::XmlSchema(const std::string& path) : state(new State)
     xmlSetExternalEntityLoader(xmlNoNetExternalEntityLoader);
     const std::unique_ptr<xmlSchemaParserCtxt, FreeSchemaParser> parser(xmlSchemaNewParserCtxt(path.c_str()));
     std::string reason = "is no XML schema";
-    if (parser != nullptr) {
-        const std::function<void(Finding)> first = [&reason](const Finding& each) { reason = each.text; };
-        Messages messages{path, first};
-        xmlSchemaSetParserStructuredErrors(parser.get(), takeMessage, &messages);
-        state->schema.reset(xmlSchemaParse(parser.get()));
-    }
+    const std::function<void(Finding)> last = [&reason](const Finding& each) { reason = each.text; };
+    Messages messages{path, last};
+    xmlSchemaSetParserStructuredErrors(parser.get(), takeMessage, &messages);
+    state->schema.reset(xmlSchemaParse(parser.get()));
     if (state->schema == nullptr) {
         throw WrongUsage{finding("V003", {{"file", path}, {"what", reason}})};
     }

@@ -124,9 +124,6 @@ int pointsOfTdm(const Lines& lines)
     const auto has = [&lines](std::string_view key) {
         return countOf(lines, [key](std::string_view line) { return beginsWithKey(line, key); }) > 0;
     };
-    if (lines.front().starts_with('<')) {
-        return 0;
-    }
     if (has("CCSDS_TDM_VERS")) {
         return certain;
     }
@@ -286,10 +283,10 @@ int pointsOfResultLog(const Lines& lines)
 // Whether a document has an element of that name.
 bool hasElement(std::string_view text, std::string_view name)
 {
-    for (std::size_t at = text.find(name); at != std::string_view::npos; at = text.find(name, at + 1)) {
-        const std::size_t behind = at + name.size();
-        const bool ends = behind >= text.size() || std::strchr(" \t\r\n/>", text[behind]) != nullptr;
-        if (at > 0 && text[at - 1] == '<' && ends) {
+    const std::string opening = std::string("<").append(name);
+    for (std::size_t at = text.find(opening); at != std::string_view::npos; at = text.find(opening, at + 1)) {
+        const std::size_t behind = at + opening.size();
+        if (behind >= text.size() || std::strchr(" \t\r\n/>", text[behind]) != nullptr) {
             return true;
         }
     }

@@ -223,18 +223,13 @@ public:
     void tell()
     {
         switch (field.form) {
-        case FieldForm::text: break;
-        case FieldForm::number:
-        case FieldForm::integer:
-        case FieldForm::magnitude:
-        case FieldForm::degreesRA:
-        case FieldForm::degreesDE: tellNumber(); break;
         case FieldForm::packedDate: tellPackedDate(); break;
         case FieldForm::packedTime: tellPackedTime(); break;
         case FieldForm::packedRA: tellPackedRA(); break;
         case FieldForm::packedDE: tellPackedDE(); break;
         case FieldForm::date: tellDate(); break;
         case FieldForm::time: tellTime(); break;
+        default: tellNumber(); // a text is always plain
         }
     }
 
@@ -317,7 +312,7 @@ private:
         int countedMonth = 0;
         int countedDay = 0;
         tavelinUtils::MJDToYMD(mjd, countedYear, countedMonth, countedDay);
-        if (countedDay != day || countedMonth != month) {
+        if (countedDay != day) {
             add("V127", {{"text", shown()},
                          {"date", tavelinUtils::DateToStr(countedYear, countedMonth, countedDay, "-")}});
         }
@@ -468,7 +463,6 @@ FieldForm formOfTableColumn(std::string_view name)
 bool isPlain(FieldForm form, std::string_view text)
 {
     switch (form) {
-    case FieldForm::text: break;
     case FieldForm::number: return isPlainDecimal(text) && text.size() <= longestPlain;
     case FieldForm::integer: return isPlainWhole(text);
     case FieldForm::magnitude: return isPlainMagnitude(text);
@@ -480,8 +474,8 @@ bool isPlain(FieldForm form, std::string_view text)
     case FieldForm::time: return isPlainTime(text);
     case FieldForm::degreesRA: return isPlainAngle(text, 360);
     case FieldForm::degreesDE: return isPlainBelow(text, 90);
+    default: return true; // any text
     }
-    return true;
 }
 
 void tellField(const StrictField& field, std::string_view line, std::string_view text, LintOutput& out)

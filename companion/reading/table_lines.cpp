@@ -68,12 +68,17 @@ class TableChecker final : public LineChecker
 public:
     void line(const CheckedLine& line, LintOutput& out) override
     {
-        switch (line.fate) {
-        case LineFate::head: takeHead(line, out); break;
-        case LineFate::mark: checkMark(line, out); break;
-        case LineFate::lost: tellLost(line, out); break;
-        case LineFate::end: takeEnd(line, out); break;
-        default: break;
+        if (line.fate == LineFate::head) {
+            takeHead(line, out);
+        }
+        if (line.fate == LineFate::mark) {
+            checkMark(line, out);
+        }
+        if (line.fate == LineFate::lost) {
+            tellLost(line, out);
+        }
+        if (line.fate == LineFate::end) {
+            takeEnd(line, out);
         }
     }
 

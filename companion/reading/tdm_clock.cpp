@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::int64_t millisecondsOfDay = 86400000;
 constexpr int secondsOfDay = 86400;
+constexpr int firstDay = 41317; // 1972-01-01, of the first leap seconds
 
 struct ClockRow
 {
@@ -31,19 +32,16 @@ constexpr ClockRow clocks[] = {
     {"TT", TdmClock::TT, -32184},
 };
 
-// The seconds by which TAI is ahead of UTC on a day; nothing before there were leap seconds.
-std::optional<int> leapSeconds(int day)
+// The seconds by which TAI is ahead of UTC on a day since there have been leap seconds.
+std::int64_t leapSeconds(int day)
 {
-    constexpr int firstYear = 1972;
     int year = 0;
     int month = 0;
     int dayOfMonth = 0;
     tavelinUtils::MJDToYMD(day, year, month, dayOfMonth);
     double seconds = 0;
-    if (year < firstYear || eraDat(year, month, dayOfMonth, 0.0, &seconds) < 0) {
-        return std::nullopt;
-    }
-    return static_cast<int>(std::lround(seconds));
+    eraDat(year, month, dayOfMonth, 0.0, &seconds); // it refuses dates alone that are none
+    return std::lround(seconds);
 }
 
 // A time of a message as its numbers.
@@ -136,7 +134,7 @@ std::string withMilliseconds(std::string_view fraction, int number, bool needsTh
     return needsThree ? text : text.substr(0, fraction.size());
 }
 
-// A time of TAI, to the millisecond, as day and milliseconds of that day in UTC.
+// A time of TAI, to the millisecond, as day and milliseconds of that day in UTC: the last day that has begun.
 struct UtcTime
 {
     int day;
@@ -145,15 +143,10 @@ struct UtcTime
 
 std::optional<UtcTime> utcOf(int day, std::int64_t millisecondsOfTAI)
 {
-    for (const int candidate : {day + 1, day, day - 1, day - 2}) {
-        const std::optional<int> ahead = leapSeconds(candidate);
-        const std::optional<int> next = leapSeconds(candidate + 1);
-        if (!ahead || !next) {
-            continue;
-        }
+    for (int candidate = day + 1; candidate >= firstDay; --candidate) {
         const std::int64_t ofDay =
-            (day - candidate) * millisecondsOfDay + millisecondsOfTAI - std::int64_t{*ahead} * 1000;
-        if (ofDay >= 0 && ofDay < millisecondsOfDay + std::int64_t{*next - *ahead} * 1000) {
+            (day - candidate) * millisecondsOfDay + millisecondsOfTAI - leapSeconds(candidate) * 1000;
+        if (ofDay >= 0) {
             return UtcTime{candidate, ofDay};
         }
     }

@@ -94,8 +94,9 @@ private:
     // Words that stand for something else where they begin a line.
     static bool mayBeEntry(std::string_view key)
     {
-        return !key.empty() && quantityOf(key) == nullptr && key != "META_START" && key != "META_STOP" &&
-               key != "DATA_START" && key != "DATA_STOP";
+        constexpr std::string_view brackets[] = {"META_START", "META_STOP", "DATA_START", "DATA_STOP"};
+        return !key.empty() && quantityOf(key) == nullptr &&
+               std::find(std::begin(brackets), std::end(brackets), key) == std::end(brackets);
     }
 };
 

@@ -20,6 +20,7 @@ namespace {
 constexpr std::string_view timeSystems[] = {"UTC", "TAI",    "GPS",     "SCLK",    "TT",    "TDB",
                                             "TCB", "TCG",    "UT1",     "GMST",    "TOD",   "MET",
                                             "MRT", "BEIDOU", "GALILEO", "GLONASS", "NAVIC", "ET"};
+constexpr const char* partNames[] = {"header", "metadata", "data"};
 constexpr std::size_t mostParticipants = 5;
 constexpr double largestInteger = 2147483647.0;
 constexpr double halfCircle = 180.0;
@@ -219,19 +220,34 @@ void TdmMessage::otherKey(std::string_view key, const TdmPlace& place)
     tell(key, "is no key of the message", place);
 }
 
+// Elements may have the name of any key, also of those that only lines have.
+const TdmKey* TdmMessage::keyOfPart(std::string_view key, const TdmPlace& place)
+{
+    const TdmKey* const row = tdmKey(key);
+    if (row == nullptr || row->part == TdmPart::bracket || key == "CCSDS_TDM_VERS") {
+        otherKey(key, place);
+        return nullptr;
+    }
+    if (!isIn(row->part)) {
+        tell(key, std::string("stands outside the ") + partNames[static_cast<std::size_t>(row->part)], place);
+        return nullptr;
+    }
+    return row;
+}
+
+bool TdmMessage::isIn(TdmPart wanted) const
+{
+    if (wanted == TdmPart::header) {
+        return part == Part::header || part == Part::front;
+    }
+    return part == (wanted == TdmPart::metadata ? Part::metadata : Part::data);
+}
+
 void TdmMessage::value(std::string_view key, std::string_view text, const TdmPlace& place)
 {
     mayComment = false;
-    const TdmKey* const row = tdmKey(key);
+    const TdmKey* const row = keyOfPart(key, place);
     if (row == nullptr) {
-        otherKey(key, place);
-        return;
-    }
-    const bool isInHeader = part == Part::header || part == Part::front;
-    const bool isAtHome = row->part == TdmPart::header ? isInHeader : part == Part::metadata;
-    if (!isAtHome) {
-        tell(key, row->part == TdmPart::header ? "stands outside the header" : "stands outside the metadata",
-             place);
         return;
     }
     checkOrder(*row, key, place);
@@ -251,9 +267,8 @@ void TdmMessage::checkOrder(const TdmKey& row, std::string_view key, const TdmPl
         return;
     }
     for (const auto& [other, value] : said) {
-        const TdmKey* const before = tdmKey(other);
-        const bool isLater =
-            before == &row ? other > key : before != nullptr && placeOf(*before) > placeOf(row);
+        const std::ptrdiff_t before = placeOf(*tdmKey(other)); // what was said is a key
+        const bool isLater = before == placeOf(row) ? other > key : before > placeOf(row);
         if (isLater) {
             tell(key, "stands out of order, behind " + other, place);
             return;
@@ -264,30 +279,27 @@ void TdmMessage::checkOrder(const TdmKey& row, std::string_view key, const TdmPl
 void TdmMessage::checkValue(const TdmKey& row, std::string_view key, std::string_view text,
                             const TdmPlace& place)
 {
-    const auto misses = [&](const char* what) {
-        tell(key, "has the value " + inQuotes(text) + ", which is " + what, place);
-    };
     switch (row.value) {
-    case TdmValue::text: checkNames(key, text, place); break;
     case TdmValue::word: checkWord(row, key, text, place); break;
     case TdmValue::epoch: checkTime(key, text, place); break;
     case TdmValue::path: checkPath(key, text, place); break;
     case TdmValue::number:
-        if (!isNumber(text)) {
-            misses("no number");
-        } else {
-            checkRange(row, key, text, place);
-        }
-        break;
-    case TdmValue::integer:
-        if (!areDigits(withoutSign(text)) || std::abs(toDouble(text)) > largestInteger) {
-            misses("no integer");
-        } else {
-            checkRange(row, key, text, place);
-        }
-        break;
-    case TdmValue::record:
-    case TdmValue::none: break;
+    case TdmValue::integer: checkNumeral(row, key, text, place); break;
+    default: checkNames(key, text, place);
+    }
+}
+
+void TdmMessage::checkNumeral(const TdmKey& row, std::string_view key, std::string_view text,
+                              const TdmPlace& place)
+{
+    const bool isWhole = row.value == TdmValue::integer;
+    const bool isRead =
+        isWhole ? areDigits(withoutSign(text)) && std::abs(toDouble(text)) <= largestInteger : isNumber(text);
+    if (isRead) {
+        checkRange(row, key, text, place);
+    } else {
+        tell(key, "has the value " + inQuotes(text) + ", which is no " + (isWhole ? "integer" : "number"),
+             place);
     }
 }
 
@@ -362,13 +374,8 @@ void TdmMessage::record(std::string_view key, std::string_view epoch, std::strin
                         const TdmPlace& place)
 {
     mayComment = false;
-    const TdmKey* const row = tdmKey(key);
+    const TdmKey* const row = keyOfPart(key, place);
     if (row == nullptr) {
-        otherKey(key, place);
-        return;
-    }
-    if (part != Part::data) {
-        tell(key, "stands outside the data", place);
         return;
     }
     checkVersion(*row, place);
@@ -439,11 +446,12 @@ void TdmMessage::checkRange(const TdmKey& row, std::string_view key, std::string
             tell(key, "has the value " + inQuotes(number) + ", which is " + what, place);
         }
     };
-    switch (row.range) {
-    case TdmRange::any: break;
-    case TdmRange::notNegative: misses(value < 0.0, "below 0"); break;
-    case TdmRange::positive: misses(value <= 0.0, "not above 0"); break;
-    case TdmRange::percentage: misses(value < 0.0 || value > 100.0, "not from 0 to 100"); break;
+    if (row.range == TdmRange::notNegative) {
+        misses(value < 0.0, "below 0");
+    } else if (row.range == TdmRange::positive) {
+        misses(value <= 0.0, "not above 0");
+    } else if (row.range == TdmRange::percentage) {
+        misses(value < 0.0 || value > 100.0, "not from 0 to 100");
     }
 }
 
@@ -451,7 +459,7 @@ void TdmMessage::checkNumber(const TdmKey& row, std::string_view key, std::strin
                              const TdmPlace& place)
 {
     const double value = toDouble(number);
-    const bool isMinusZero = number.starts_with('-') && value == 0.0 && isNumber(number);
+    const bool isMinusZero = number.starts_with('-') && value == 0.0;
     if (!std::isfinite(value)) {
         out.addAt({place.line, place.text, place.text}, "V344", place.stretch,
                   {{"key", std::string(key)}, {"what", "no finite number, " + inQuotes(number)}});

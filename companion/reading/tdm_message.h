@@ -91,12 +91,15 @@ private:
     };
 
     bool hasKey(std::string_view key) const;
+    bool isIn(TdmPart wanted) const;
+    const TdmKey* keyOfPart(std::string_view key, const TdmPlace& place);
     std::string valueOf(std::string_view key) const;
     void checkDemands(const TdmPlace& place);
     void checkOrder(const TdmKey& row, std::string_view key, const TdmPlace& place);
     void checkValue(const TdmKey& row, std::string_view key, std::string_view text, const TdmPlace& place);
     void checkWord(const TdmKey& row, std::string_view key, std::string_view text, const TdmPlace& place);
     void checkPath(std::string_view key, std::string_view text, const TdmPlace& place);
+    void checkNumeral(const TdmKey& row, std::string_view key, std::string_view text, const TdmPlace& place);
     void checkNames(std::string_view key, std::string_view text, const TdmPlace& place);
     void checkNeeds(std::string_view key, const TdmPlace& place);
     void checkTime(std::string_view key, std::string_view epoch, const TdmPlace& place);

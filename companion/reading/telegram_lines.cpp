@@ -174,19 +174,19 @@ private:
         }
     }
 
+    // The reader refuses a line for a short field alone: without another one it is the magnitude.
     void tellShortField(const CheckedLine& line, LintOutput& out)
     {
         out.lose(1);
-        for (std::size_t i = 0; i < wordsOfMark; ++i) {
-            if (words[i].size() < shortestFields[i]) {
-                const std::string_view field = telegramFields()[i].name;
-                out.add("V061", stretchOf(line.text, words[i], field),
-                        {{"line", std::to_string(line.number)},
-                         {"token", std::string(words[i])},
-                         {"field", std::string(field)}});
-                return;
-            }
+        std::size_t i = date;
+        while (i < magnitude && words[i].size() >= shortestFields[i]) {
+            ++i;
         }
+        const std::string_view field = telegramFields()[i].name;
+        out.add("V061", stretchOf(line.text, words[i], field),
+                {{"line", std::to_string(line.number)},
+                 {"token", std::string(words[i])},
+                 {"field", std::string(field)}});
     }
 
     Words words{};

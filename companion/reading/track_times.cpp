@@ -72,7 +72,7 @@ void TimeFindings::mark(std::string_view track, int date, double time, const Str
                         LintOutput& out)
 {
     const TrackTimes& times = out.times();
-    if (!times.areOdd() || !hasTime(date)) {
+    if (!hasTime(date)) {
         return;
     }
     if (times.isShared(track, date, time)) {

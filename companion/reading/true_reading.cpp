@@ -151,7 +151,9 @@ private:
             }
         }
         if (different.size() <= 1) {
-            putStation(meant, different.empty() ? 0 : different.front());
+            for (const std::uint32_t station : different) {
+                putStation(meant, station);
+            }
             use(meant);
             return;
         }

@@ -75,6 +75,8 @@ TEST(LintLines, LinesThatTheMeaReaderSkipsOrRefuses)
     EXPECT_THAT(linted("mea", spoilt + mark).findings, ElementsAre("1:1 V151"));
     EXPECT_THAT(linted("mea", site + "12345 250 1200000000 0100000000 +205301234 001 09.50\n").findings,
                 ElementsAre("2:7 V061"));
+    EXPECT_THAT(linted("mea", site + "12345 250223 1200000000 0100000000 +20530 001 09.50\n").findings,
+                ElementsAre("2:36 V061"));
 }
 
 TEST(LintLines, FieldsThatAPersonReadsOtherwise)
@@ -97,6 +99,10 @@ TEST(LintLines, MarksOfOneTimeAndMarksOutOfOrder)
     const std::string earlier = "12345   250223 1100000000 0100000000 +205301234 001 09.50\n";
     EXPECT_THAT(linted("mea", site + mark + mark).findings, ElementsAre("2:16 V131", "3:16 V131"));
     EXPECT_THAT(linted("mea", site + mark + earlier).findings, ElementsAre("3:16 V132"));
+    const std::string earliest = "12345   250223 1000000000 0100000000 +205301234 001 09.50\n";
+    EXPECT_THAT(linted("mea", site + mark + earlier + earliest).findings, ElementsAre("3:16 V132")); // once
+    const std::string none = "12345   251323 1000000000 0100000000 +205301234 001 09.50\n";
+    EXPECT_THAT(linted("mea", site + mark + earlier + none).findings, ElementsAre("3:16 V132", "4:9 V126"));
 }
 
 TEST(LintLines, CheckTakesOverItsOwnCodesAlone)
@@ -118,10 +124,11 @@ TEST(LintLines, BytesOfLines)
                 ElementsAre("1:1 V101"));
     EXPECT_THAT(linted("mea", "K88 2000.0 UTC\r12345\r").findings, ElementsAre("1:15 V102"));
     EXPECT_THAT(linted("mea", "K\x01 2000.0 UTC\n" + mark).findings, ElementsAre("1:2 V103"));
+    EXPECT_THAT(linted("mea", "K\x7F 2000.0 UTC\n" + mark).findings, ElementsAre("1:2 V103"));
     EXPECT_THAT(linted("mea", "K\xC3\xA9 2000.0 UTC\n" + mark).findings, ElementsAre("1:2 V104"));
     EXPECT_THAT(linted("mea", site + mark + "12345\t250223 1 1 1 1 1\n").findings,
                 ElementsAre("3:6 V105", "3:1 V150"));
-    EXPECT_THAT(linted("mea", "K88 2000.0 UTC\r\n" + mark).findings, ElementsAre("2:0 V106"));
+    EXPECT_THAT(linted("mea", "K88 2000.0 UTC\r\n" + mark + "\n").findings, ElementsAre("2:0 V106"));
     EXPECT_THAT(linted("mea", site + mark.substr(0, mark.size() - 1)).findings, ElementsAre("2:0 V106"));
 }
 
@@ -142,6 +149,12 @@ TEST(LintLines, BlocksOfATelegram)
     EXPECT_THAT(of(head + "250223 12000000 01000000 -00300000 0010-12\n" + "END\n"),
                 ElementsAre("2:36 V167"));
     EXPECT_THAT(of("END\n"), ElementsAre("1:1 V168"));
+    EXPECT_THAT(of(head + "250223 1200 01000000 -00300000 001095\nEND\n"),
+                ElementsAre("2:8 V061", "3:1 V168"));
+    EXPECT_THAT(of(head + "250223 12000000 01000000 -00300000 10\nEND\n"),
+                ElementsAre("2:36 V061", "3:1 V168"));
+    EXPECT_THAT(of(head + "250223 12000000 01000000 -00300000 001inf\nEND\n"), ElementsAre("2:36 V125"));
+    EXPECT_THAT(of(head + one + one + "END\n" + head + one), ElementsAre("2:8 V131", "3:8 V131", "5:1 V160"));
 }
 
 TEST(LintLines, LinesOfATrackTable)

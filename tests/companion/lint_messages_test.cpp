@@ -18,6 +18,7 @@ namespace {
 using companion::FileAccount;
 using companion::Finding;
 using companion::LintSettings;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -148,11 +149,17 @@ TEST(LintTdm, TimesThatAreNotFound)
     EXPECT_THAT(ofData(ra + replaced(de, " -8", "   -8") + replaced(mag, " 21", "  21")), IsEmpty());
     EXPECT_THAT(ofData("ANGLE_1 = 321.3\n" + de + mag), ElementsAre("1:11 V174"));
     EXPECT_THAT(ofData(replaced(ra, "T", " ") + de + mag), ElementsAre("1:22 V179"));
+    EXPECT_THAT(ofData(replaced(ra, "T08:20:14.40960", "") + replaced(de, "T08:20:14.40960", "") + mag),
+                ElementsAre("1:22 V174"));
+    EXPECT_THAT(ofData("ANGLE_1 =\n" + de + mag), Contains("1:10 V174"));
+    EXPECT_THAT(ofData("ANGLE_1 =   \n" + de + mag), Contains("1:10 V174"));
 }
 
 TEST(LintTdm, TimesThatAreMisread)
 {
     EXPECT_THAT(ofData(replaced(ra, "2016-06-11", "2016-163") + de + mag), ElementsAre("1:11 V175"));
+    EXPECT_THAT(ofData(replaced(ra, "2016-06-11", "20160611") + de + mag), Contains("1:11 V126"));
+    EXPECT_THAT(ofData(replaced(ra, "2016-06-11", "2016-1x3") + de + mag), Contains("1:11 V123"));
     EXPECT_THAT(ofData(replaced(ra, "2016-06-11", "2016-06-31") + de + mag),
                 ElementsAre("1:11 V127", "2:11 V182", "3:7 V182"));
     EXPECT_THAT(linted("tdm", replaced(message(ra + de + mag), "UTC", "TAI")), ElementsAre("11:11 V176"));
@@ -174,6 +181,7 @@ TEST(LintTdm, ValuesThatAreMisread)
     EXPECT_THAT(ofData(replaced(ra, "0833", "0833 [deg]") + de + mag), ElementsAre("1:37 V179"));
     EXPECT_THAT(ofData(replaced(ra, "0833", "0833  ") + de + mag), ElementsAre("1:37 V179"));
     EXPECT_THAT(ofData(replaced(ra, "0833", "0833 ") + de + mag), IsEmpty());
+    EXPECT_THAT(ofData(replaced(ra, " 321", "\t321") + de + mag), ElementsAre("1:37 V179"));
     EXPECT_THAT(ofData(ra + replaced(de, "-8.8", "-98.8") + replaced(mag, "21.1", "21,1")),
                 ElementsAre("2:37 V121", "3:33 V124"));
     EXPECT_THAT(ofData(ra + de + "MAG =\n"), ElementsAre("3:5 V122"));
@@ -226,6 +234,7 @@ TEST(LintSsmas, TheFirstObjectIsInTheSeventhLine)
 TEST(LintSsmas, MarkAmongTheLinesInFrontIsSkipped)
 {
     EXPECT_THAT(linted("ssmas", "Measurements\n807\n" + first + objectA + second), ElementsAre("3:1 V164"));
+    EXPECT_THAT(linted("ssmas", replaced(report(objectA + first), "conversion", "v1.2.x")), IsEmpty());
 }
 
 TEST(LintSsmas, ObjectsThatAreLost)
@@ -236,6 +245,12 @@ TEST(LintSsmas, ObjectsThatAreLost)
     EXPECT_THAT(
         linted("ssmas", report(objectA + first + "2" + title + "NGC 1 A\n" + columns + first + second)),
         ElementsAre("13:1 V188"));
+    EXPECT_THAT(linted("ssmas", report(objectA + first + replaced(second, "09.06.2016", "#SSMAS") +
+                                       "NGC 1 A\n" + columns + first)),
+                ElementsAre("10:1 V126", "11:1 V188")); // a title in the form of a mark
+    EXPECT_THAT(linted("ssmas", report("1" + title + "A A\n#SSMAS\ncloud\n" + first +
+                                       replaced(second, "22.0", "22.0 "))),
+                ElementsAre("9:1 V188", "11:1 V166"));
 }
 
 TEST(LintSsmas, LinesThatCloseTheirObject)
@@ -325,4 +340,5 @@ TEST(LintMpc, FieldsThatAreMisread)
     EXPECT_THAT(linted("mpc", observation("12 30 12.34", "-1 30 12.34")), ElementsAre("1:33 V123"));
     EXPECT_THAT(linted("mpc", observation("+01 20", "+91 20")), ElementsAre("1:45 V121"));
     EXPECT_THAT(linted("mpc", observation("18.5", "1x.5")), ElementsAre("1:66 V123"));
+    EXPECT_THAT(linted("mpc", std::string(80, ' ') + '\n'), ElementsAre("1:1 V123"));
 }

@@ -131,6 +131,28 @@ TEST(MarkComparison, MarksOfOneMomentFindTheirsInAnyOrder)
     EXPECT_THAT(files.byObject(), testing::Each("=5-5"));
 }
 
+TEST(MarkComparison, AMarkOfOneMomentThatHasItsOwnIsNotTakenTwice)
+{
+    Comparison files;
+    files.a = {files.mark(5, 100, 20, 18), files.mark(5, 100, 20, 18)};
+    files.b = {files.mark(5, 100, 20, 20), files.mark(5, 100, 20, 18)};
+    EXPECT_THAT(files.byObject(), ElementsAre("=5-5", "*5-5"));
+}
+
+TEST(MarkComparison, OfVeryManyNearEachOtherEachFindsOne)
+{
+    constexpr int many = 40000;
+    Comparison files;
+    files.tolerance.time = 60;
+    for (int i = 0; i < many; ++i) {
+        files.a.push_back(files.mark(0.001 * i, 100, 20, 18));
+        files.b.push_back(files.mark(0.001 * i, 100, 20, 19));
+    }
+    const std::vector<std::string> pairs = files.byObject();
+    EXPECT_EQ(pairs.size(), std::size_t{many});
+    EXPECT_THAT(pairs, testing::Each(testing::StartsWith("*")));
+}
+
 TEST(MarkComparison, TimesThatAreRoundedToOneKeepTheirOrder)
 {
     Comparison files;
@@ -203,6 +225,42 @@ TEST(MarkComparison, ObjectsComeInTheOrderOfTheirBytes)
     EXPECT_THAT(files.byObject(), ElementsAre("!2-", "!-3", "=1-1"));
 }
 
+TEST(MarkComparison, ATrackHasTheFirstOfItsNames)
+{
+    TrueTrack track;
+    const auto nameOf = [&track] {
+        ComparedTexts texts;
+        MarkGathering gathering(*comparedForm("mpc"), *comparedForm("mpc"), texts);
+        track.track.Marks.resize(1);
+        track.marks.resize(1);
+        gathering.add(track);
+        return texts.objects.text(gathering.marks.at(0).object);
+    };
+    track.track.NORAD = "third";
+    EXPECT_EQ(nameOf(), "third");
+    track.track.MPCChecker = "second";
+    EXPECT_EQ(nameOf(), "second");
+    track.track.QRVName = "first";
+    EXPECT_EQ(nameOf(), "first");
+}
+
+TEST(MarkComparison, ATimeThatIsNoneIsOfNoDay)
+{
+    ComparedTexts texts;
+    MarkGathering gathering(*comparedForm("mpc"), *comparedForm("mpc"), texts);
+    TrueTrack track;
+    for (const double time : {std::numeric_limits<double>::quiet_NaN(), 1e12, -0.25}) {
+        track.track.Marks.emplace_back().date = 60000;
+        track.track.Marks.back().time = time;
+        track.marks.emplace_back();
+    }
+    gathering.add(track);
+    EXPECT_EQ(gathering.marks[0].day, ComparedMark::unknownDay);
+    EXPECT_EQ(gathering.marks[1].day, ComparedMark::unknownDay);
+    EXPECT_EQ(gathering.marks[2].day, 59999);
+    EXPECT_EQ(gathering.marks[2].fraction, 0.75);
+}
+
 TEST(MarkComparison, ADesignationIsOneObjectInAllItsForms)
 {
     Comparison files;
@@ -240,6 +298,9 @@ TEST(MarkComparison, EachFieldThatDiffersIsTold)
     other = mark;
     other.station = files.texts.others.numberOf("K88");
     EXPECT_FALSE(comparison.difference(mark, other).any()) << "one does not tell it";
+    ComparedMark elsewhere = mark;
+    elsewhere.station = files.texts.others.numberOf("L01");
+    EXPECT_TRUE(comparison.difference(elsewhere, other).any());
 }
 
 TEST(MarkComparison, TelescopesAndCodesAreDifferentThingsUnlessBothAreCodes)
@@ -267,6 +328,8 @@ TEST(MarkComparison, NumbersThatAreNoneAreEqualToThemselvesAlone)
     files.b = {files.mark(1, none), files.mark(2, 100), files.mark(3, 100, 20, none)};
     EXPECT_THAT(files.byObject(), ElementsAre("=1-1", "*2-2", "=3-3"));
     files.b[2].magnitude = 18;
+    EXPECT_THAT(files.byObject(), ElementsAre("=1-1", "*2-2", "*3-3"));
+    std::swap(files.a, files.b);
     EXPECT_THAT(files.byObject(), ElementsAre("=1-1", "*2-2", "*3-3"));
 }
 
@@ -423,6 +486,18 @@ TEST(BrightnessReading, ReportsOfOtherProgramsHaveTheirDelimiter)
     EXPECT_TRUE(tracks[0].marks[0].hasBand);
     EXPECT_EQ(tracks[0].track.Marks[0].filtr, "V");
     EXPECT_FALSE(tracks[0].marks[1].hasMagnitude);
+}
+
+TEST(BrightnessReading, EmptyFieldsAreNoNumbers)
+{
+    const auto tracks = brightnessOf("#TYPE=EXTENDED\n#DELIM=,\n#DATE=JD\n"
+                                     "SS CYG,,11.135,0.003,V\n"
+                                     "SS CYG,2450702.1254,,na,V\n",
+                                     "aavso");
+    ASSERT_EQ(tracks.size(), 1u);
+    ASSERT_EQ(tracks[0].marks.size(), 1u);
+    EXPECT_EQ(tracks[0].marks[0].line, 5u);
+    EXPECT_FALSE(tracks[0].marks[0].hasMagnitude);
 }
 
 } // namespace

@@ -86,6 +86,12 @@ TEST(NormalForm, BlanksOfAMessageBecomeOne)
         spread.replace(at, 1, "\t =  ");
     }
     EXPECT_EQ(normal("tdm", "  " + spread).text, message(head, marks));
+    std::string trailing = message(head, marks);
+    trailing.insert(trailing.find('\n'), " ");
+    const NormalForm form = normal("tdm", trailing);
+    EXPECT_EQ(form.text, message(head, marks));
+    ASSERT_EQ(form.findings.size(), 1U);
+    EXPECT_EQ(form.findings[0].text, "mended: one blank between words, 1 line");
     std::string tight = message(head, marks);
     for (std::size_t at = tight.find(" = "); at != std::string::npos; at = tight.find(" = ")) {
         tight.replace(at, 3, "=");
@@ -154,6 +160,19 @@ TEST(NormalForm, APathToTheSecondParticipantExchangesTheTwo)
     EXPECT_EQ(form.text, message(head + "TRANSMIT_DELAY_1 = 0.5\n", marks));
 }
 
+TEST(NormalForm, APathToTheSecondParticipantAndBackIsExchangedToo)
+{
+    std::string metadata = headWith("PARTICIPANT_1", "A");
+    metadata.replace(metadata.find("PARTICIPANT_2 = A"), 17, "PARTICIPANT_2 = K88");
+    metadata.replace(metadata.find("PATH = 2,1"), 10, "PATH = 2, 1,\t2");
+    const NormalForm form = normal("tdm", message(metadata + "EPHEMERIS_NAME_1 = a\nTRANSMIT_DELAY_1 = 0.25\n"
+                                                             "TRANSMIT_DELAY_2 = 0.5\n",
+                                                  marks));
+    EXPECT_EQ(form.text, message(headWith("PATH", "1,2,1") + "EPHEMERIS_NAME_2 = a\nTRANSMIT_DELAY_1 = 0.5\n"
+                                                             "TRANSMIT_DELAY_2 = 0.25\n",
+                                 marks));
+}
+
 TEST(NormalForm, FramesAreRefusedUnlessTheyAreAccepted)
 {
     for (const std::string frame : {"ICRF", "EME2000", "J2000"}) {
@@ -198,8 +217,18 @@ TEST(NormalForm, CorrectionsAreRefusedUnlessTheyAreToBeApplied)
                                       "ANGLE_2 = 2017-01-01T00:00:00 -1.375\n"
                                       "MAG = 2017-01-01T00:00:00 10.5\n"));
     EXPECT_EQ(normal("tdm", added.text, settings).text, added.text);
+    expectRefused(head + "CORRECTION_MAG = 1\n", "V145", rest);
+    EXPECT_THAT(normal("tdm", message(head + "CORRECTION_ANGLE_1 = 0.25\n", marks), settings).text,
+                HasSubstr("\nANGLE_1 = 2017-01-01T00:00:00 10.75\n"));
     EXPECT_TRUE(
         normal("tdm", message(head + "CORRECTION_ABERRATION_YEARLY = 0.1\n", marks), settings).isRefused);
+}
+
+TEST(NormalForm, NumbersMayHaveAPlus)
+{
+    const std::string positive = "ANGLE_1 = 2017-01-01T00:00:00 +10.5\nANGLE_2 = 2017-01-01T00:00:00 +1.5\n"
+                                 "MAG = 2017-01-01T00:00:00 9.5\n";
+    EXPECT_EQ(normal("tdm", message(head, positive)).text, message(head, positive));
 }
 
 TEST(NormalForm, AnAngleWithoutItsPairIsToldAndLeftOut)

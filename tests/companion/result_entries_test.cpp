@@ -77,6 +77,19 @@ TEST(ResultEntries, OtherLinesOfTheLogAreNotPartOfAResult)
                 ElementsAre(ResultEntry{0, "OK", "a", date}));
     EXPECT_THAT(entriesOf(date + " Code=0//OK//a\nb\n"), ElementsAre(ResultEntry{0, "OK", "a\nb", date}));
     EXPECT_THAT(entriesOf("Code=0//OK//a\n"), IsEmpty());
+    EXPECT_THAT(entriesOf("2024-03-09 Code=0//OK//a\n"), IsEmpty());
+    EXPECT_THAT(entriesOf("2024-03-09 at 04:05 Code=0//OK//a\n"), IsEmpty());
+    EXPECT_THAT(entriesOf(date + " Code=0//OK//a\na line as long as a stamp\n"),
+                ElementsAre(ResultEntry{0, "OK", "a\na line as long as a stamp", date}));
+}
+
+TEST(ResultEntries, ALogIsReadFromAPlace)
+{
+    const TemporaryFolder folder;
+    const std::string first = date + " Code=0//OK//a\n";
+    makeFile(folder / "run.log", first + date + " Code=0//OK//b\n");
+    EXPECT_THAT(resultsOfLog(folder / "run.log", first.size()), ElementsAre(ResultEntry{0, "OK", "b", date}));
+    EXPECT_THAT(resultsOfLog(folder / "run.log", std::uint64_t{1} << 63), IsEmpty()); // no place of a file
 }
 
 } // namespace

@@ -80,6 +80,11 @@ TEST(Signatures, EncodingAndLineEndsDoNotCount)
     EXPECT_EQ(recognised(wide).format, "mea");
     EXPECT_EQ(recognised(returns).format, "mea");
     EXPECT_EQ(recognised(wide.substr(2)).format, "mea");
+    std::string wider("\xFF\xFE\0\0", 4);
+    for (const char c : night) {
+        wider += {c, '\0', '\0', '\0'};
+    }
+    EXPECT_EQ(recognised(wider).format, "mea");
 }
 
 TEST(Signatures, ShareOfLinesOfAFormat)
@@ -89,6 +94,49 @@ TEST(Signatures, ShareOfLinesOfAFormat)
     EXPECT_FALSE(recognised(mark + "a\nb\nc\n").isSure());
     EXPECT_EQ(recognised("K88 2000.0 UTC\n" + mark + "a\nb\nc\n").points, 95);
     EXPECT_EQ(recognised("a b c\n250223 12000000 01000000 -00300000 001095\nEND\n").format, "telegram");
+}
+
+TEST(Signatures, SpoiltMarks)
+{
+    EXPECT_EQ(recognised("12345   250223 1200000000 01000 +205301234 001 09.50\n").points, 0);
+    EXPECT_EQ(recognised("12345   250223 1200000000 0100000000 +north+south 001 09.50\n").points, 0);
+    EXPECT_EQ(recognised("250223 12000000 01000000 -00300000 faint\n").points, 0);
+    const std::string observation =
+        "     K24Y04R  C2025 02 23.51234 12 30 12.34 +01 20 30.1          18.5 G      L01\n";
+    EXPECT_EQ(recognised(observation).format, "mpc");
+    for (const char* date : {"2025 xx 23", "2025 02 2x"}) {
+        std::string spoilt = observation;
+        EXPECT_EQ(recognised(spoilt.replace(15, 10, date)).points, 0) << date;
+    }
+    const std::string second = "2 25544  51.6400 208.9163 0006703 130.5360 325.0288 15.72125391563537\n";
+    EXPECT_EQ(
+        recognised("1 25544U 98067A   24020.50000000  .00016717  00000-0  10270-3 0  9005\n" + second).points,
+        100);
+    EXPECT_EQ(
+        recognised("1 ABCDEU 98067A   24020.50000000  .00016717  00000-0  10270-3 0  9005\n" + second).points,
+        0);
+}
+
+TEST(Signatures, FrontsThatLackSomething)
+{
+    EXPECT_EQ(recognised("META_START\nDATA_START\n").format, "tdm");
+    EXPECT_EQ(recognised("META_START\n").points, 0);
+    EXPECT_EQ(recognised("Measurements\n").points, 0);
+    EXPECT_EQ(recognised("v2\n").points, 95);
+    EXPECT_EQ(recognised("v2\ncolour\tsize\n").points, 50);
+    EXPECT_EQ(recognised("JPL Horizons\nEphemeris of 433\n").points, 90);
+    EXPECT_EQ(recognised("JPL Horizons\n").points, 0);
+}
+
+TEST(Signatures, DocumentsAreKnownByTheirElements)
+{
+    EXPECT_EQ(recognised("<tdm/>").points, 100);
+    EXPECT_EQ(recognised("<_ndm><tdm></tdm></_ndm>").format, "tdm.xml");
+    EXPECT_EQ(recognised("<_ndm><tdm></tdm></_ndm>").points, 90);
+    EXPECT_EQ(recognised("<_ndm><tdm").points, 90);
+    EXPECT_EQ(recognised("<_ndm><tdms></tdms></_ndm>").points, 0);
+    EXPECT_EQ(recognised("<a><Code>0</Code><Comment>OK</Comment></a>").format, "result");
+    EXPECT_EQ(recognised("<a><Code>0</Code></a>").points, 0);
 }
 
 TEST(Signatures, WhatIsNoneOfThem)
@@ -113,6 +161,7 @@ TEST(Signatures, NamesAndTitles)
     EXPECT_FALSE(companion::isFormatName("TDM"));
     EXPECT_EQ(companion::formatTitle("mea"), "MEA");
     EXPECT_EQ(companion::formatTitle("table"), "track table");
+    EXPECT_EQ(companion::formatTitle("other"), "other");
     EXPECT_EQ(companion::formatNames().size(), 16U);
 }
 

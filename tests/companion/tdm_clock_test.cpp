@@ -43,6 +43,7 @@ TEST(TdmClock, Hour24IsTheNextDay)
     EXPECT_EQ(textOf("2016-12-31T24:00:00"), "2017-01-01T00:00:00");
     EXPECT_EQ(textOf("2016-366T24:00:00.000Z"), "2017-01-01T00:00:00.000");
     EXPECT_EQ(textOf("2016-12-31T24:00:01"), "none");
+    EXPECT_EQ(textOf("2016-12-31T24:00:00.5"), "none");
 }
 
 TEST(TdmClock, ALeapSecondStaysSecond60)
@@ -67,6 +68,7 @@ TEST(TdmClock, OtherClocksBecomeUtcByLeapSeconds)
 TEST(TdmClock, OtherClocksBeforeThereWereLeapSecondsAreNotConverted)
 {
     EXPECT_EQ(textOf("1971-12-31T00:00:00", TdmClock::TAI), "none");
+    EXPECT_EQ(textOf("1972-01-01T00:00:09.999", TdmClock::TAI), "none");
     EXPECT_EQ(textOf("1971-12-31T00:00:00"), "1971-12-31T00:00:00");
 }
 

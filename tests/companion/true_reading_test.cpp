@@ -167,6 +167,31 @@ TEST(TrueReading, AReportIsOfTheStationsOfItsLines)
     EXPECT_FALSE(file.tracks[1].marks[0].hasBand);
 }
 
+TEST(TrueReading, AnObservationWithoutAStationIsOfNone)
+{
+    const std::string front = "     XL90E5A  C2016 06 11.34739 21 25 23.06 -08 48 57.9          21.1 R      ";
+    const TrueFile file = meant("mpc", "COD 807\n" + front + "   \n" + front + "H21\n");
+    ASSERT_EQ(file.tracks.size(), 2U);
+    EXPECT_EQ(file.tracks[0].station, "");
+    EXPECT_EQ(file.tracks[1].station, "H21");
+}
+
+TEST(TrueReading, AMarkThatComesAgainIsOfNoLine)
+{
+    const std::string columns = "   Data        UT           CU           DE      RMS  m\n";
+    const std::string mark = "09.06.2016 05:56:24.00  16:47:17.48 -16.15.50.00 001 22.1\n";
+    const std::string again = "09.06.2016 06:09:22.46  16:47:15.98 -16.15.59.00 001 22.0\n";
+    const TrueFile file = meant("ssmas", "Measurements\n807\nconversion\n1\n\n\n#SSMAS   #INTER\nA A\n" +
+                                             columns + mark + " B\n" + again);
+    std::vector<std::size_t> lines;
+    for (const companion::TrueTrack& track : file.tracks) {
+        for (const companion::TrueMark& each : track.marks) {
+            lines.push_back(each.line);
+        }
+    }
+    EXPECT_THAT(lines, ElementsAre(10U, 12U, 0U));
+}
+
 TEST(TrueReading, SecondLinesAndReplacedObservationsOfAReportAreNoMarks)
 {
     const std::string front = "     XL90E5A  ";
@@ -210,6 +235,31 @@ TEST(TrueReading, AMessageHasItsFrameAndMarksWithoutMagnitudes)
     EXPECT_TRUE(given.tracks[0].marks[0].hasMagnitude);
 }
 
+TEST(TrueReading, AValueThatComesTwiceIsToldAtItsOwnPlace)
+{
+    const TrueFile file =
+        meant("telegram", "MPC 807 A\n090616 1200000x     1200000x -16155070 001221\nEND\n");
+    std::vector<std::string> misread;
+    for (const companion::Finding& each : file.findings) {
+        if (each.code == companion::FindingCode("V123")) {
+            misread.push_back(std::to_string(each.line) + ':' + std::to_string(each.column));
+        }
+    }
+    EXPECT_THAT(misread, ElementsAre("2:8", "2:21"));
+}
+
+TEST(TrueReading, NumbersWithAnExponentHaveNoDecimals)
+{
+    const TrueFile file =
+        meant("tdm", "META_START\nTIME_SYSTEM = UTC\nPARTICIPANT_1 = K88\nPARTICIPANT_2 = A\nPATH = 2,1\n"
+                     "ANGLE_TYPE = RADEC\nREFERENCE_FRAME = ICRF\nMETA_STOP\nDATA_START\n"
+                     "ANGLE_1 = 2017-01-01T12:00:00 1.05e1\nANGLE_2 = 2017-01-01T12:00:00 -1.5\nDATA_STOP\n");
+    ASSERT_EQ(file.tracks.size(), 1U);
+    EXPECT_EQ(double{file.tracks[0].track.Marks[0].RA}, 10.5);
+    EXPECT_EQ(file.tracks[0].marks[0].decimals.rightAscension, -1);
+    EXPECT_EQ(file.tracks[0].marks[0].decimals.declination, 1);
+}
+
 TEST(TrueReading, ATableTellsWhetherItHasMagnitudesAndBands)
 {
     const std::string bare = "QRVName\tdate\ttime\tRA\tDE\nA\t2023-02-25\t12:00:00\t15\t-0.5\n";
@@ -222,6 +272,10 @@ TEST(TrueReading, ATableTellsWhetherItHasMagnitudesAndBands)
                                          "A\t2023-02-25\t12:00:00\t15\t-0.5\t9.5\tV\n---\n");
     EXPECT_TRUE(with.tracks[0].marks[0].hasMagnitude);
     EXPECT_TRUE(with.tracks[0].marks[0].hasBand);
+    const TrueFile other = meant("table", "QRVName\tfiltr\tdate\ttime\tRA\tDE\n"
+                                          "A\tV\t2023-02-25\t12:00:00\t15\t-0.5\n---\n");
+    EXPECT_FALSE(other.tracks[0].marks[0].hasMagnitude);
+    EXPECT_TRUE(other.tracks[0].marks[0].hasBand);
     EXPECT_EQ(with.tracks[0].marks[0].line, 3U);
 }
 
