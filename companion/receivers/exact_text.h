@@ -50,10 +50,7 @@ struct RoundedMoment
     int day = 0;
     std::int64_t units = 0; ///< of the day, from 0 to below its number of units
 
-    friend bool operator==(const RoundedMoment& a, const RoundedMoment& b)
-    {
-        return a.day == b.day && a.units == b.units;
-    }
+    friend bool operator==(const RoundedMoment& a, const RoundedMoment& b) = default;
     friend bool operator<(const RoundedMoment& a, const RoundedMoment& b)
     {
         return a.day != b.day ? a.day < b.day : a.units < b.units;

@@ -88,10 +88,7 @@ struct TdmMoment
     int day = 0;
     double seconds = 0;
 
-    friend bool operator==(const TdmMoment& a, const TdmMoment& b)
-    {
-        return a.day == b.day && a.seconds == b.seconds;
-    }
+    friend bool operator==(const TdmMoment& a, const TdmMoment& b) = default;
     friend bool operator<(const TdmMoment& a, const TdmMoment& b)
     {
         return a.day < b.day || (a.day == b.day && a.seconds < b.seconds);
