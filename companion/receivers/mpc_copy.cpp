@@ -330,8 +330,8 @@ private:
         if (band.empty() || band[0] == ' ') {
             return notKnown("the band of the magnitude", "--band or --no-magnitudes");
         }
-        const std::string_view fault = faultOfBand(band);
-        if (!fault.empty() || band.size() > 1) {
+        const std::string_view fault = band.size() > 1 ? bandOfSeveral : faultOfBand(band);
+        if (!fault.empty()) {
             return columnsFault("column 71", band, std::string(fault));
         }
         return std::nullopt;

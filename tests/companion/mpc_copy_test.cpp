@@ -332,6 +332,10 @@ TEST(MpcCopy, RefusesABandThatIsNoneOfTheReceiver)
         track.track.Marks[0].filtr = band;
         EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V316 column 71 hold"))) << band;
     }
+    track.track.Marks[0].filtr = "V ";
+    EXPECT_THAT(refusals(track),
+                ElementsAre("V316 column 71 hold \"V \": the band is one letter, and columns 72 "
+                            "to 77 are blank"));
     Observatory observatory = completeObservatory();
     observatory.bands["Clear"] = "G";
     track.track.Marks[0].filtr = "Clear";
