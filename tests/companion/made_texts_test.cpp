@@ -56,6 +56,21 @@ TEST(MadeTexts, SectionsThatCannotBeMadeAreFaults)
     EXPECT_THROW(manualWithTables("; made: name\n", "check"), std::runtime_error);
 }
 
+TEST(Fidelity, AMarkThatComesBackUnderAnotherNameIsNotFound)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "night.tdm",
+             "CCSDS_TDM_VERS = 2.0\nCREATION_DATE = 2025-02-24T00:00:00\nORIGINATOR = K88\nMETA_START\n"
+             "TIME_SYSTEM = UTC\nPARTICIPANT_1 = K88\nPARTICIPANT_2 = a b\nMODE = SEQUENTIAL\nPATH = 2,1\n"
+             "ANGLE_TYPE = RADEC\nREFERENCE_FRAME = ICRF\nMETA_STOP\nDATA_START\n"
+             "ANGLE_1 = 2025-02-23T12:00:00 15.0\nANGLE_2 = 2025-02-23T12:00:00 -0.5\n"
+             "MAG = 2025-02-23T12:00:00 9.5\nDATA_STOP\n");
+    PairFidelity sum;
+    addFidelity(folder / "night.tdm", "tdm", "mpc", sum); // blanks in a name are not read back
+    EXPECT_EQ(sum.marks, 1U);
+    EXPECT_EQ(sum.found, 0U);
+}
+
 TEST(Fidelity, MarksThatAreLostOrHaveNoMagnitudeAreSeen)
 {
     const TemporaryFolder folder;
