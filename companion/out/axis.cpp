@@ -42,9 +42,9 @@ double clockStep(double seconds)
     if (seconds <= clockSteps[0]) {
         return std::max(roundAbove(seconds), 0.001);
     }
-    const auto* const step = std::find_if(std::begin(clockSteps), std::end(clockSteps),
-                                          [seconds](double each) { return each >= seconds; });
-    return step == std::end(clockSteps) ? *std::prev(step) : *step;
+    // The last for whatever is longer.
+    return *std::find_if(std::begin(clockSteps), std::prev(std::end(clockSteps)),
+                         [seconds](double each) { return each >= seconds; });
 }
 
 // A part of "2010-11-06T04:30:13.824"; a number where the moment is of no calendar.

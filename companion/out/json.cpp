@@ -33,7 +33,7 @@ void addLeaves(const nlohmann::ordered_json& json, const std::string& path, std:
 // The place of a byte, counted from 1.
 std::string placeInText(std::string_view text, std::size_t byte)
 {
-    const std::string_view before = text.substr(0, byte == 0 ? 0 : byte - 1);
+    const std::string_view before = text.substr(0, byte - 1);
     const auto lines = std::count(before.begin(), before.end(), '\n');
     const std::size_t lineStart = before.rfind('\n') + 1; // 0 where there is none
     return "in line " + std::to_string(lines + 1) + ", column " +

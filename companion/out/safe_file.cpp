@@ -104,7 +104,8 @@ void catchEndingSignals()
 {
     for (const int signal : endingSignals) {
         struct sigaction now = {};
-        if (sigaction(signal, nullptr, &now) == 0 && now.sa_handler == SIG_DFL) {
+        sigaction(signal, nullptr, &now);
+        if (now.sa_handler == SIG_DFL) {
             now.sa_handler = removeAndEnd;
             sigfillset(&now.sa_mask);
             sigaction(signal, &now, nullptr);
@@ -142,9 +143,7 @@ SafeFile::SafeFile(std::string target, bool force, const std::vector<std::string
 
 SafeFile::~SafeFile()
 {
-    if (descriptor >= 0) {
-        close(descriptor);
-    }
+    close(descriptor);
     if (!beside.empty()) {
         unlink(beside.c_str());
         exchangeName(beside.c_str(), nullptr);

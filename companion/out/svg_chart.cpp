@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numbers>
 #include <optional>
 #include <string_view>
@@ -301,15 +302,14 @@ std::string angleText(double degrees)
         std::string_view sign;
     };
     constexpr Unit units[] = {{1, "\u00B0"}, {60, "\u2032"}, {secondsOfDegree, "\u2033"}};
-    for (const Unit& unit : units) {
-        const double number = degrees * unit.ofDegree;
-        if (number >= 1.0 - 1e-9 || unit.ofDegree == secondsOfDegree) {
-            const int decimals = number >= 10.0 - 1e-9 ? 0 : number >= 1.0 - 1e-9 ? 1 : 2;
-            std::string text = numberText(number, decimals);
-            return (text.ends_with(".0") ? text.substr(0, text.size() - 2) : text) + std::string(unit.sign);
-        }
-    }
-    return {};
+    // The last for whatever is shorter.
+    const auto* const unit =
+        std::find_if(std::begin(units), std::prev(std::end(units)),
+                     [degrees](const Unit& each) { return degrees * each.ofDegree >= 1.0 - 1e-9; });
+    const double number = degrees * unit->ofDegree;
+    const int decimals = number >= 10.0 - 1e-9 ? 0 : number >= 1.0 - 1e-9 ? 1 : 2;
+    std::string text = numberText(number, decimals);
+    return (text.ends_with(".0") ? text.substr(0, text.size() - 2) : text) + std::string(unit->sign);
 }
 
 // Whether a mark is near the bottom of the picture, and at its left.

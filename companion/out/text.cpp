@@ -44,12 +44,9 @@ constexpr const char* digits = "0123456789ABCDEF";
 
 std::string_view colorOf(Severity severity)
 {
-    switch (severity) {
-    case Severity::error: return "\x1b[1;31m";
-    case Severity::warning: return "\x1b[1;35m";
-    case Severity::note: break;
-    }
-    return "\x1b[1;36m";
+    return severity == Severity::error     ? "\x1b[1;31m"
+           : severity == Severity::warning ? "\x1b[1;35m"
+                                           : "\x1b[1;36m";
 }
 
 char lower(char c)

@@ -28,7 +28,6 @@ constexpr std::string_view placeholders[] = {"AAVSO", "CODEAAVSO", "N/A", "NA", 
 
 constexpr std::size_t nameLength = 30;
 constexpr std::size_t magnitudeLength = 8;
-constexpr std::size_t errorLength = 6;
 constexpr std::size_t fieldCount = 15;
 
 // By the codes of their findings.
@@ -232,6 +231,7 @@ private:
         lookAtError(track, index);
     }
 
+    // One that is in its range is not too long either.
     void lookAtError(const TrackVtorichka& track, std::size_t index)
     {
         const double error = 1.0 / track.Marks[index].SNRpeak;
@@ -242,8 +242,6 @@ private:
                  {{"field", "MAGERR"},
                   {"text", text},
                   {"why", "a number from 0 to below 1 is wanted, or na"}});
-        } else if (text.size() > errorLength && tally.count(badError)) {
-            tally.keep(badError, tooLongField("MAGERR", text, errorLength), placeOf(track, index));
         }
     }
 

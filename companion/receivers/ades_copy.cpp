@@ -1,6 +1,5 @@
 #include "receivers/ades_copy.h"
 
-#include "base/tokens.h"
 #include "receivers/ades_fields.h"
 #include "receivers/ades_text.h"
 #include "receivers/catalogue_names.h"
@@ -30,19 +29,6 @@ constexpr double arcsecondsOfADegree = 3600.0;
 constexpr int mostTimeDecimals = 6;
 constexpr int mostAngleDecimals = 9;
 constexpr int mostMagnitudeDecimals = 4;
-
-std::vector<std::string> namesOf(std::string_view list)
-{
-    std::vector<std::string> names;
-    tavelinUtils::forEachToken(list, ',', [&names](std::string_view each) {
-        each.remove_prefix(std::min(each.find_first_not_of(' '), each.size()));
-        each = each.substr(0, each.find_last_not_of(' ') + 1);
-        if (!each.empty()) {
-            names.emplace_back(each);
-        }
-    });
-    return names;
-}
 
 AdesPart namesPart(const char* name, const std::string& list)
 {
@@ -328,10 +314,10 @@ private:
         if (mark.date < -600000 || mark.date > 2'900'000 || !(std::abs(mark.time) < 2.0)) {
             return fault("obsTime", mark.date + mark.time);
         }
-        if (!std::isfinite(mark.RA) || std::abs(mark.RA) > 1e6) {
+        if (!isRightAscension(mark.RA)) {
             return fault("ra", mark.RA);
         }
-        if (!std::isfinite(mark.DE) || std::abs(mark.DE) > 90.0) {
+        if (!isDeclination(mark.DE)) {
             return fault("dec", mark.DE);
         }
         return std::nullopt;

@@ -10,7 +10,6 @@
 #include <map>
 #include <memory>
 #include <mutex>
-#include <stdexcept>
 #include <unordered_map>
 
 namespace companion {
@@ -275,10 +274,7 @@ bool fits(const std::string& text, const std::string& pattern)
     const std::lock_guard<std::mutex> lock(guard);
     Regexp& regexp = compiled[pattern];
     if (regexp == nullptr) {
-        regexp.reset(xmlRegexpCompile(asXml(pattern)));
-        if (regexp == nullptr) {
-            throw std::logic_error("a pattern of ADES that is none: " + pattern);
-        }
+        regexp.reset(xmlRegexpCompile(asXml(pattern))); // no text fits a pattern that is none
     }
     return xmlRegexpExec(regexp.get(), asXml(text)) == 1;
 }
@@ -294,7 +290,7 @@ bool isNarrow(const AdesType& type, std::string_view text)
 {
     const bool hasSign = !text.empty() && (text[0] == '+' || text[0] == '-');
     const std::size_t width = charactersOf(text) + (type.signIsWide && !hasSign ? 1 : 0);
-    return type.longest == 0 || width <= type.longest;
+    return width <= type.longest;
 }
 
 bool isInRange(const AdesType& type, std::string_view text)

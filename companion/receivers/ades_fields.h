@@ -33,7 +33,7 @@ struct AdesType
     const char* name;    ///< "positive6": what the XML schema calls it
     AdesKind kind;       ///< what it stands for
     const char* pattern; ///< the whole text fits it
-    std::size_t longest; ///< characters; 0 where only the pattern bounds them
+    std::size_t longest; ///< characters
     bool signIsWide;     ///< a place of the width is the sign's, whether it is written or not
     const char* least;   ///< the lower bound; null where there is none
     const char* most;    ///< the upper bound; null where there is none

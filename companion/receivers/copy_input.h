@@ -7,6 +7,7 @@
 #include "receivers/exact_text.h"
 #include "records/track.h"
 
+#include <cmath>
 #include <cstddef>
 #include <map>
 #include <memory>
@@ -113,6 +114,19 @@ struct CopySettings
 inline DayAndFraction momentOf(const tavelinUtils::TRecLabelPervichka_File& mark)
 {
     return {mark.date, mark.time};
+}
+
+/// Whether a number of degrees can be brought to a right ascension: not one that is none, nor one of many
+/// turns.
+inline bool isRightAscension(double degrees)
+{
+    return std::abs(degrees) <= 1e6;
+}
+
+/// Whether a number of degrees is a declination.
+inline bool isDeclination(double degrees)
+{
+    return std::abs(degrees) <= 90.0;
 }
 
 /// Whether a mark has a magnitude that is to be written.

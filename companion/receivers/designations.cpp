@@ -81,39 +81,33 @@ bool isFragment(std::string_view seven)
     return seven.ends_with(letters) && letters.size() <= 2 && areAll(letters, isLower);
 }
 
-// "2024 YR4", "2024YR4": the letters of the half-month and of the order, and the cycle.
+// "2024YR4": the letters of the half-month and of the order, and the cycle.
 bool isYearAndLetters(std::string_view text)
 {
-    if (text.size() < 6 || !areDigits(text.substr(0, 4))) {
+    return text.size() >= 6 && areDigits(text.substr(0, 4)) && isOneOf(text[4], halfMonths) &&
+           isOneOf(text[5], orderLetters) && areAll(text.substr(6), isDigit);
+}
+
+// "C/2023 A3", "S/2020 J 1".
+bool isCometOfYear(std::string_view text)
+{
+    return text.size() > 5 && isOneOf(text[0], "CPDXIAS") && text[1] == '/' && areDigits(text.substr(2, 4));
+}
+
+// "73P", "73P-C", "1P/Halley".
+bool isNumberedComet(std::string_view text)
+{
+    const std::size_t letter = text.find_first_of("PDI");
+    if (letter == std::string_view::npos || !areDigits(text.substr(0, letter))) {
         return false;
     }
-    text = text.substr(text[4] == ' ' ? 5 : 4);
-    return text.size() >= 2 && isOneOf(text[0], halfMonths) && isOneOf(text[1], orderLetters) &&
-           areAll(text.substr(2), isDigit);
+    const std::string_view rest = text.substr(letter + 1);
+    return rest.empty() || rest[0] == '-' || rest[0] == '/';
 }
 
-bool isSurveyName(std::string_view text)
-{
-    const std::string_view survey = text.substr(std::min<std::size_t>(text.size(), 4));
-    return areDigits(text.substr(0, 4)) &&
-           (survey == " P-L" || survey == " T-1" || survey == " T-2" || survey == " T-3");
-}
-
-// "73P", "73P-C", "1P/Halley", "C/2023 A3", "S/2020 J 1".
-bool isCometName(std::string_view text)
-{
-    const std::size_t letter = std::min(text.find_first_not_of("0123456789"), text.size());
-    const std::string_view rest = text.substr(letter);
-    if (letter == 0) {
-        return text.size() > 5 && isOneOf(text[0], "CPDXIAS") && text[1] == '/' &&
-               areDigits(text.substr(2, 4));
-    }
-    const bool isKind = !rest.empty() && isOneOf(rest[0], "PDI");
-    return isKind && (rest.size() == 1 || rest[1] == '-' || rest[1] == '/');
-}
-
-// "433", "203289", "(433)", "433 Eros". Five digits are packed as they are.
-bool isPlainNumber(std::string_view text)
+// "433", "203289", "(433)"; and what goes on after a blank: "433 Eros", "2024 YR4", "2040 P-L". Five digits
+// are packed as they are.
+bool beginsWithNumber(std::string_view text)
 {
     if (text.starts_with('(') && text.ends_with(')')) {
         text = text.substr(1, text.size() - 2);
@@ -195,7 +189,7 @@ bool isPackedComet(std::string_view eight)
 
 bool isUnpackedDesignation(std::string_view text)
 {
-    return isPlainNumber(text) || isYearAndLetters(text) || isSurveyName(text) || isCometName(text);
+    return beginsWithNumber(text) || isYearAndLetters(text) || isCometOfYear(text) || isNumberedComet(text);
 }
 
 bool isLaunchDesignation(std::string_view text)
@@ -238,8 +232,7 @@ NameVerdict verdictOnName(std::string_view twelve)
     if (packedNumber(five) || isOtherNumber(five)) {
         return verdictBesideNumber(seven);
     }
-    const bool isPrefixed = trimmed(five).size() == 1 && five.back() != ' ';
-    if (isPrefixed && isPackedComet(twelve.substr(numberWidth - 1))) {
+    if (trimmed(five).size() == 1 && isPackedComet(twelve.substr(numberWidth - 1))) {
         return {};
     }
     if (isUnpackedDesignation(name)) {

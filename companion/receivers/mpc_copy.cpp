@@ -47,7 +47,7 @@ void put(std::string& line, std::size_t place, std::string_view text)
 // decimal. Nothing for one that has no room.
 std::optional<std::string> magnitudeColumns(double magnitude, int decimals)
 {
-    if (!std::isfinite(magnitude) || std::abs(magnitude) > 100.0) {
+    if (!(std::abs(magnitude) <= 100.0)) {
         return std::nullopt;
     }
     std::string text = exactDecimal(magnitude, decimals);
@@ -218,22 +218,22 @@ private:
 
     bool isPossible(const CopyPlace& place, const TRecLabelPervichka_File& mark)
     {
-        const bool isDay = mark.date > -300000 && mark.date < 2'900'000 && std::isfinite(mark.time);
+        const bool isDay = mark.date > -300000 && mark.date < 2'900'000;
         const auto refuse = [&](const char* columns, const std::string& text, const char* why) {
             tally.refuse(place, columnsFault(columns, text, why));
             return false;
         };
-        if (!isDay || mark.time < 0.0 || mark.time > 2.0) {
+        if (!isDay || !(mark.time >= 0.0 && mark.time <= 2.0)) {
             return refuse("columns 16 to 32", std::to_string(mark.date + mark.time), "no date");
         }
         if (isInLeapSecond(momentOf(mark))) {
             return refuse("columns 16 to 32", epochText(momentOf(mark), 3),
                           "the fraction of a day cannot say a leap second");
         }
-        if (!std::isfinite(mark.RA) || std::abs(mark.RA) > 1e6) {
+        if (!isRightAscension(mark.RA)) {
             return refuse("columns 33 to 44", std::to_string(mark.RA), "a right ascension is wanted");
         }
-        if (!std::isfinite(mark.DE) || std::abs(mark.DE) > 90.0) {
+        if (!isDeclination(mark.DE)) {
             return refuse("columns 45 to 56", std::to_string(mark.DE), "a declination is at most 90 degrees");
         }
         return true;
@@ -330,8 +330,8 @@ private:
         if (band.empty() || band[0] == ' ') {
             return notKnown("the band of the magnitude", "--band or --no-magnitudes");
         }
-        const std::string_view fault = faultOfBand(band);
-        if (!fault.empty() || band.size() > 1) {
+        const std::string_view fault = band.size() > 1 ? bandOfSeveral : faultOfBand(band);
+        if (!fault.empty()) {
             return columnsFault("column 71", band, std::string(fault));
         }
         return std::nullopt;

@@ -8,23 +8,11 @@
 
 #include <algorithm>
 #include <regex>
-#include <string_view>
 
 namespace companion {
 namespace {
 
 constexpr std::size_t longestLine = 80;
-
-std::vector<std::string> namesOf(std::string_view list)
-{
-    std::vector<std::string> names;
-    tavelinUtils::forEachToken(list, ',', [&names](std::string_view each) {
-        if (const std::string_view name = trimmed(each); !name.empty()) {
-            names.emplace_back(name);
-        }
-    });
-    return names;
-}
 
 void addLine(std::string& out, const char* word, const std::string& text)
 {
@@ -89,6 +77,17 @@ void addTextFaults(std::vector<Finding>& faults, const std::string& header)
 }
 
 } // namespace
+
+std::vector<std::string> namesOf(std::string_view list)
+{
+    std::vector<std::string> names;
+    tavelinUtils::forEachToken(list, ',', [&names](std::string_view each) {
+        if (const std::string_view name = trimmed(each); !name.empty()) {
+            names.emplace_back(name);
+        }
+    });
+    return names;
+}
 
 std::string telescopeLine(const Observatory& observatory)
 {

@@ -5,9 +5,13 @@
 #include "receivers/copy_input.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace companion {
+
+/// The names of a list, which has commas between them; what is blank is none.
+std::vector<std::string> namesOf(std::string_view list);
 
 /// The telescope of an observatory as the header has it: "0.60-m f/4.0 reflector + CCD"; empty where it is
 /// not known.

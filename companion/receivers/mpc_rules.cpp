@@ -222,7 +222,7 @@ std::string_view faultOfBand(std::string_view band)
         return "";
     }
     if (band.find_first_not_of(' ', 1) != std::string_view::npos) {
-        return "the band is one letter, and columns 72 to 77 are blank";
+        return bandOfSeveral;
     }
     if (band[0] == 'C') {
         return "the band C is no longer taken";

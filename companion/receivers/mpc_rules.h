@@ -10,6 +10,9 @@
 
 namespace companion {
 
+/// What is wrong with a band of several letters.
+inline constexpr std::string_view bandOfSeveral = "the band is one letter, and columns 72 to 77 are blank";
+
 /// Why the text of columns 71 to 77 is no band, as the end of a sentence; empty where it is one, or blank.
 std::string_view faultOfBand(std::string_view band);
 

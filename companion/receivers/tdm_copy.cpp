@@ -262,9 +262,9 @@ private:
         const char* key = nullptr;
         if (mark.date < -600000 || mark.date > 2'900'000 || !(std::abs(mark.time) < 2.0)) {
             key = "EPOCH";
-        } else if (!std::isfinite(mark.RA) || std::abs(mark.RA) > 1e6) {
+        } else if (!isRightAscension(mark.RA)) {
             key = "ANGLE_1";
-        } else if (!std::isfinite(mark.DE) || std::abs(mark.DE) > 90.0) {
+        } else if (!isDeclination(mark.DE)) {
             key = "ANGLE_2";
         } else if (isBright(settings, track, place.mark) && !(std::abs(mark.m) < 1e6)) {
             key = "MAG";

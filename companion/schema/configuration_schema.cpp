@@ -1,9 +1,9 @@
 #include "base/tokens.h"
 #include "config/configuration_keys.h"
+#include "schema/key_rows.h"
 #include "schema/xml_schemas.h"
 #include "schema/xsd_text.h"
 
-#include <stdexcept>
 #include <vector>
 
 namespace companion {
@@ -39,16 +39,7 @@ constexpr ConvertedKey convertedKeys[] = {
     {"SetApertureSize", "aperture", "AutoCalculation ByRadius ByFWHM"},
 };
 
-const ConvertedKey& convertedKey(std::string_view key)
-{
-    for (const ConvertedKey& row : convertedKeys) {
-        if (row.key == key) {
-            return row;
-        }
-    }
-    throw std::logic_error("a converted key without a type in its schema: " + std::string(key));
-}
-
+// Of any key but a list.
 const char* typeOf(const ConfigurationKey& key)
 {
     switch (key.value) {
@@ -56,8 +47,7 @@ const char* typeOf(const ConfigurationKey& key)
     case ConfigurationValue::integer: return "integer";
     case ConfigurationValue::flag: return "flag";
     case ConfigurationValue::text: return "xs:string";
-    case ConfigurationValue::converted: return convertedKey(key.key).type;
-    default: return "";
+    default: return rowOfKey(convertedKeys, &ConvertedKey::key, key.key).type;
     }
 }
 

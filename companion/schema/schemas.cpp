@@ -1,21 +1,18 @@
 #include "schema/schemas.h"
 
 #include "schema/json_texts.h"
+#include "schema/key_rows.h"
 #include "schema/xml_schemas.h"
-
-#include <stdexcept>
 
 namespace companion {
 namespace {
 
+constexpr std::string_view ofJson = "json "; // in front of the names of JSON schemas
+
 std::string jsonSchema(std::string_view name)
 {
-    for (const JsonSchemaText& row : jsonSchemaTexts()) {
-        if ("json " + std::string(row.subcommand) == name) {
-            return std::string(row.text);
-        }
-    }
-    throw std::logic_error("a JSON schema without a text: " + std::string(name));
+    name.remove_prefix(ofJson.size());
+    return std::string(rowOfKey(jsonSchemaTexts(), &JsonSchemaText::subcommand, name).text);
 }
 
 // What a document is: mostly what a subcommand prints.
@@ -38,7 +35,7 @@ std::vector<Schema> schemas()
     };
     for (const JsonSchemaText& row : jsonSchemaTexts()) {
         const std::string name(row.subcommand);
-        all.push_back({"json " + name, "JSON Schema 2020-12", documentOf(name), jsonSchema});
+        all.push_back({std::string(ofJson) + name, "JSON Schema 2020-12", documentOf(name), jsonSchema});
     }
     return all;
 }

@@ -1,8 +1,7 @@
+#include "schema/key_rows.h"
 #include "schema/xml_schemas.h"
 #include "schema/xsd_text.h"
 #include "task/key_table.h"
-
-#include <stdexcept>
 
 namespace companion {
 namespace {
@@ -86,12 +85,7 @@ constexpr const char* heading[] = {
 
 const KeyForm& formOf(std::string_view key)
 {
-    for (const KeyForm& form : forms) {
-        if (form.key == key) {
-            return form;
-        }
-    }
-    throw std::logic_error("a key of a task without a form in its schema: " + std::string(key));
+    return rowOfKey(forms, &KeyForm::key, key);
 }
 
 std::string documentationOf(const TaskKey& key)

@@ -225,10 +225,7 @@ private:
             ++same->count;
             return;
         }
-        const auto& series = document.series;
-        const DocumentKey* const key =
-            current < series.size() ? firstKey(series[current].keys, "path") : nullptr;
-        all.push_back(findingAt(document, key == nullptr ? SourcePlace{} : key->place, std::move(found)));
+        all.push_back(atKeyOfSeria(document, std::move(found), current, "path"));
     }
 
     void lookAtSearch(const SeriesConfiguration& configuration)

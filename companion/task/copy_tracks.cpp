@@ -53,7 +53,7 @@ KnownBrightness knownOf(const std::set<std::string>& columns)
             columns.contains("CNAME")};
 }
 
-// What the header of a series says; the defaults stand for nothing.
+// What the header of a series says; a default station stands for nothing.
 Observatory observatoryOf(const TMPCReportHeader& header, const std::string& aavsoCode)
 {
     Observatory observatory;
@@ -66,7 +66,7 @@ Observatory observatoryOf(const TMPCReportHeader& header, const std::string& aav
     observatory.acknowledgement = header.ACK;
     observatory.email = header.AC2;
     observatory.astrometricCatalogue = header.NET;
-    observatory.aavsoCode = aavsoCode == THeadTrVtor().ObsCode ? "" : aavsoCode;
+    observatory.aavsoCode = aavsoCode;
     return observatory;
 }
 

@@ -206,10 +206,7 @@ private:
 
     void addInSeria(std::size_t number, Finding found)
     {
-        const auto& series = document.series;
-        const DocumentKey* const key =
-            number < series.size() ? firstKey(series[number].keys, "path") : nullptr;
-        all.push_back(findingAt(document, key == nullptr ? SourcePlace{} : key->place, std::move(found)));
+        all.push_back(atKeyOfSeria(document, std::move(found), number, "path"));
     }
 
     // The result.

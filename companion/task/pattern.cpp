@@ -233,8 +233,9 @@ struct CloseFolder
 
 bool isFolderItself(const std::string& path)
 {
-    struct stat state = {};
-    return lstat(path.c_str(), &state) == 0 && S_ISDIR(state.st_mode);
+    struct stat state = {}; // of no kind where the path cannot be looked at
+    lstat(path.c_str(), &state);
+    return S_ISDIR(state.st_mode);
 }
 
 // Walks through the folders that a pattern names and calls a function with each path that may fit.

@@ -73,7 +73,7 @@ public:
         const auto holds = [mark](const ReadTrack& track) {
             return mark >= track.firstMark && mark < track.firstMark + track.marks;
         };
-        if (current >= tracks.size() || !holds(tracks[current])) {
+        if (!holds(tracks[current])) {
             current = static_cast<std::size_t>(&trackHolding(tracks, mark) - tracks.data());
         }
         return tracks[current];
@@ -238,7 +238,7 @@ private:
     // A conversion that cannot name its output leaves its tracks unread.
     void readTheRest()
     {
-        for (TrackVtorichka track; hasMore && !plan.dies;) {
+        for (TrackVtorichka track; hasMore;) {
             unread(track);
         }
     }
@@ -294,7 +294,7 @@ private:
         if (copy.Marks.size() == track.Marks.size()) {
             return;
         }
-        const Fate others = marks.fates.empty() ? Fate::read : marks.fates.back();
+        const Fate others = marks.fates.back();
         settleAll(marks.tracks.back(), Fate::excluded);
         for (const TRecLabelPervichka_File& mark : copy.Marks) {
             marks.fates[static_cast<std::size_t>(mark.AuxInt1) - 1] = others;
@@ -324,7 +324,7 @@ private:
             case Fate::excluded: ++account.excluded; break;
             case Fate::narrowed: ++account.narrowed; break;
             case Fate::planned: break;
-            case Fate::read:
+            default: // read, and no more
                 if (isBroken) {
                     ++account.planned;
                     ++account.unwritten;

@@ -1,6 +1,9 @@
 #include "task/read_inputs.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <ctime>
+#include <iterator>
 #include <map>
 #include <sys/stat.h>
 #include <tuple>
@@ -24,9 +27,11 @@ public:
         }
         Finding& group = groups[place->second];
         group.count += found.count;
-        if (group.places.size() < shownPlaces && !found.places.empty()) {
-            group.places.push_back(std::move(found.places.front()));
-        }
+        // The first place, if there is one and room for it.
+        const std::size_t room = shownPlaces - std::min(shownPlaces, group.places.size());
+        const std::size_t added = std::min({std::size_t{1}, found.places.size(), room});
+        std::move(found.places.begin(), found.places.begin() + static_cast<std::ptrdiff_t>(added),
+                  std::back_inserter(group.places));
     }
 
     std::vector<Finding> all() const

@@ -50,16 +50,9 @@ public:
         all.push_back(atKey(document, std::move(found), key));
     }
 
-    // At a key of a seria, or at the seria where there is none.
     void addInSeria(std::size_t number, std::string_view key, Finding found)
     {
-        if (number >= document.series.size()) {
-            add(std::move(found), {});
-            return;
-        }
-        const DocumentSeria& seria = document.series[number];
-        const DocumentKey* const at = firstKey(seria.keys, key);
-        add(std::move(found), at == nullptr ? seria.place : at->place);
+        all.push_back(atKeyOfSeria(document, std::move(found), number, key));
     }
 
     const TaskDocument& document;
@@ -130,7 +123,7 @@ void findOtherThanText(Report& report, const DocumentKey& key)
 
 void findEmptyValue(Report& report, const DocumentKey& key, const TaskKey& row)
 {
-    if (key.first == FirstNode::none && row.type != KeyType::series) {
+    if (key.first == FirstNode::none) {
         const std::string_view stays = row.ofNone.empty() ? "no text" : row.ofNone;
         report.add(finding("V024", {{"key", key.name}, {"default", std::string(stays)}}), key.place);
     }
@@ -385,9 +378,8 @@ void findOddInterval(Report& report)
                              : std::isinf(interval) ? "infinite"
                              : interval < 0         ? "negative"
                                                     : "read as 0";
-    const DocumentKey* const key = report.document.key("interval");
-    report.addAt("interval",
-                 finding("V242", {{"text", key == nullptr ? "" : printable(key->value)}, {"what", what}}));
+    const DocumentKey& key = *report.document.key("interval"); // without it the interval is a good one
+    report.addAt("interval", finding("V242", {{"text", printable(key.value)}, {"what", what}}));
 }
 
 // The series in which a text keeps its default, once for all of them.

@@ -3,6 +3,7 @@
 #include "base/bytes.h"
 #include "config/xml_document.h"
 #include "config/xml_nesting.h"
+#include "out/characters.h"
 #include "out/system_files.h"
 #include "out/text.h"
 #include "reading/input_files.h"
@@ -157,14 +158,13 @@ void keepFirstFault(void* context, xmlErrorPtr error)
     if (fault->has_value() || error->level < XML_ERR_ERROR) {
         return;
     }
-    std::string reason = error->message == nullptr ? "" : error->message;
-    while (!reason.empty() && isSpace(reason.back())) {
-        reason.pop_back();
-    }
-    *fault = XmlFault{printable(reason),
+    // There is no message where there was no memory for it; its length is 0 then.
+    const int length = xmlStrlen(reinterpret_cast<const xmlChar*>(error->message));
+    const std::string_view reason(error->message, static_cast<std::size_t>(length));
+    *fault = XmlFault{printable(trimmed(reason, isSpace)),
                       {static_cast<std::size_t>(std::max(error->line, 0)),
                        static_cast<std::size_t>(std::max(error->int2, 0))},
-                      error->code == XML_ERR_DOCUMENT_EMPTY && parser->input != nullptr &&
+                      error->code == XML_ERR_DOCUMENT_EMPTY && // found in the input
                           std::all_of(parser->input->cur, parser->input->end, isSpace)};
 }
 
@@ -370,14 +370,14 @@ TaskDocument readTaskDocument(const std::string& path)
         return unreadable(path, "it is " + other);
     }
     FileBytes file;
-    errno = 0;
+    errno = EIO; // for a read that fails and does not say why
     if (path == standardInput ? readBytes(stdin, file) : readBytes(path, file)) {
         TaskDocument document = taskDocumentOf(file.view(), path);
         std::error_code ignored;
         document.file = path == standardInput ? "" : std::filesystem::absolute(path, ignored).string();
         return document;
     }
-    return unreadable(path, std::strerror(errno == 0 ? EIO : errno));
+    return unreadable(path, std::strerror(errno));
 }
 
 TaskDocument taskDocumentOf(std::string_view bytes, const std::string& path)
@@ -398,6 +398,13 @@ Finding atKey(const TaskDocument& document, Finding found, std::string_view key)
 {
     const DocumentKey* const at = document.key(key);
     return findingAt(document, at == nullptr ? SourcePlace{} : at->place, std::move(found));
+}
+
+Finding atKeyOfSeria(const TaskDocument& document, Finding found, std::size_t seria, std::string_view key)
+{
+    const DocumentSeria& holder = document.series.at(seria);
+    const DocumentKey* const at = firstKey(holder.keys, key);
+    return findingAt(document, at == nullptr ? holder.place : at->place, std::move(found));
 }
 
 Finding findingAt(const TaskDocument& document, SourcePlace place, Finding found)

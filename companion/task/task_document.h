@@ -88,6 +88,10 @@ tavelinUtils::TConvMea taskOf(const TaskDocument& document);
 /// A finding of the document at the first key of a name below its root; without a place where there is none.
 Finding atKey(const TaskDocument& document, Finding found, std::string_view key);
 
+/// A finding at the first key of a name in a seria, counted from 0, or at the seria where it has none. Throws
+/// std::out_of_range where the document has no such seria.
+Finding atKeyOfSeria(const TaskDocument& document, Finding found, std::size_t seria, std::string_view key);
+
 /// The same at a place.
 Finding findingAt(const TaskDocument& document, SourcePlace place, Finding found);
 

@@ -14,7 +14,8 @@ bool takesNames(const std::string& path)
     return access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) == 0;
 }
 
-// Whether a file can have the path: one that ends in a slash or a point alone is that of a folder.
+// Whether a file can have the path: one that ends in a slash or a point alone is that of a folder, also where
+// the folder is removed first.
 bool isNameable(const std::string& path)
 {
     constexpr std::size_t longestName = 255;
@@ -43,8 +44,7 @@ bool canBeWritten(const std::string& path, bool removes)
         return target.empty() ? takesNames(path) : canBeWritten(fs::path(path).parent_path() / target);
     }
     if (status.type() == fs::file_type::directory) {
-        // Once it is removed, a path with a slash at its end names nothing that could be written.
-        return removes && isNameable(path) && fs::is_empty(path, failure) && takesNames(path);
+        return removes && fs::is_empty(path, failure) && takesNames(path);
     }
     return removes ? takesNames(path) : access(path.c_str(), W_OK) == 0;
 }

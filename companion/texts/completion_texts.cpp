@@ -4,6 +4,8 @@
 #include "out/text.h"
 #include "texts/option_texts.h"
 
+#include <regex>
+#include <string>
 #include <vector>
 
 namespace companion {
@@ -17,11 +19,7 @@ std::string longName(const OptionRow& row)
 // A text between single quotes of a shell.
 std::string inQuotes(std::string_view text)
 {
-    std::string result = "'";
-    for (const char character : text) {
-        result += character == '\'' ? std::string("'\\''") : std::string(1, character);
-    }
-    return result + '\'';
+    return '\'' + std::regex_replace(std::string(text), std::regex("'"), R"('\'')") + '\'';
 }
 
 std::vector<std::string> namesOfSubcommands()
@@ -164,9 +162,6 @@ std::string zshOptions(std::span<const OptionRow> rows, const std::string& inden
 std::string zshOperand(const Subcommand& subcommand)
 {
     const std::string operands = subcommand.operands;
-    if (operands.empty()) {
-        return "";
-    }
     const std::vector<std::string> words = operandWords(subcommand);
     const std::string name = operands.substr(operands[0] == '[' ? 1 : 0,
                                              operands.find_first_of(".]") - (operands[0] == '[' ? 1 : 0));

@@ -119,10 +119,10 @@ constexpr Value values[] = {
     {"", &FormatFacts::magnitudeStep, &FormatFacts::magnitude, &PairFidelity::magnitude},
 };
 
-// "0.43": two significant digits, which are the same on every machine.
+// "0.43" of a number above 0: two significant digits, which are the same on every machine.
 std::string twoDigits(double value)
 {
-    const int decimals = value > 0 ? static_cast<int>(std::ceil(-std::log10(value) - 1e-6)) + 1 : 0;
+    const int decimals = static_cast<int>(std::ceil(-std::log10(value) - 1e-6)) + 1;
     return tavelinUtils::Str9(value, std::clamp(decimals, 0, 9));
 }
 
@@ -141,7 +141,7 @@ std::string cellOf(const Value& value, const PairFidelity& sum, const FormatFact
         return "no";
     }
     const double off = sum.*value.off;
-    if (off <= from.*value.step / 2 - hair) {
+    if (off <= std::max(from.*value.step / 2 - hair, 0.0)) {
         return "all";
     }
     const std::string how = off <= to.*value.step / 2 + hair ? "" : "cut, ";

@@ -8,14 +8,19 @@
 #include "texts/fidelity_text.h"
 #include "texts/manual_texts.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <iostream>
 #include <iterator>
 #include <string>
+#include <vector>
 
 int main(int argc, char** argv)
 {
-    const std::string kind = argc > 1 ? argv[1] : "";
-    const std::string name = argc > 2 ? argv[2] : "";
+    std::vector<std::string> words(argv, argv + argc);
+    words.resize(std::max<std::size_t>(words.size(), 3));
+    const std::string& kind = words[1];
+    const std::string& name = words[2];
     if (kind == "completion") {
         std::cout << companion::completionOf(name);
     } else if (kind == "manual") {

@@ -4,6 +4,7 @@
 #include "command/subcommand.h"
 #include "texts/option_texts.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace companion {
@@ -57,9 +58,8 @@ const Subcommand& subcommandOf(std::string_view name)
 
 std::string synopsis(const Subcommand& subcommand)
 {
-    const std::string operands = subcommand.operands;
-    return std::string("# SYNOPSIS\n\n*tavelin ") + subcommand.name + "* [_OPTION_...]" +
-           (operands.empty() ? "" : ' ' + emphasized(operands)) + "\n\n";
+    return std::string("# SYNOPSIS\n\n*tavelin ") + subcommand.name + "* [_OPTION_...] " +
+           emphasized(subcommand.operands) + "\n\n";
 }
 
 std::string optionsOf(std::string_view name)
@@ -119,7 +119,7 @@ std::string manualWithTables(std::string_view page, std::string_view subcommand)
     constexpr std::string_view end = "; end\n";
     std::string text;
     while (!page.empty()) {
-        const std::size_t line = page.find('\n') + 1;
+        const std::size_t line = std::min(page.find('\n'), page.size() - 1) + 1; // with its line feed
         text += page.substr(0, line);
         if (page.substr(0, begin.size()) == begin) {
             const std::string section(page.substr(begin.size(), line - 1 - begin.size()));
@@ -131,7 +131,7 @@ std::string manualWithTables(std::string_view page, std::string_view subcommand)
             page.remove_prefix(last);
             continue;
         }
-        page.remove_prefix(line == 0 ? page.size() : line);
+        page.remove_prefix(line);
     }
     return text;
 }

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -138,6 +139,89 @@ TEST(AavsoCopy, MendsTheDelimiterToOneThatNoTextHolds)
                 Contains("V423 mended: the delimiter is !, which no text holds, 1 mark"));
 }
 
+TEST(AavsoCopy, ATextWithAllDelimitersHasTabsBesideIt)
+{
+    const Copy copy = copied({star("A,;!|:^~B")});
+    EXPECT_THAT(linesOf(copy.text), Contains("#DELIM=tab"));
+    EXPECT_THAT(records(copy), ElementsAre(StartsWith("A,;!|:^~B\t2457878.75315000\t12.847\t")));
+}
+
+TEST(AavsoCopy, TheCodeOfAnotherObserverHoldsFromItsFirstRecord)
+{
+    Observatory other = completeObservatory();
+    other.aavsoCode = "TST02";
+    const std::vector<std::string> lines =
+        linesOf(copied({star("V1"), star("V2", other), star("V3", other)}).text);
+    ASSERT_EQ(lines.size(), 11U);
+    EXPECT_EQ(lines[1], "#OBSCODE=TST01");
+    EXPECT_THAT(lines[7], StartsWith("V1,"));
+    EXPECT_EQ(lines[8], "#OBSCODE=TST02");
+    EXPECT_THAT(lines[9], StartsWith("V2,"));
+    EXPECT_THAT(lines[10], StartsWith("V3,"));
+}
+
+TEST(AavsoCopy, OnlyACheckStarHasACheckMagnitude)
+{
+    struct Row
+    {
+        const char* star;
+        double magnitude;
+        const char* fields;
+    };
+    const Row rows[] = {{"120", 12.5, ",na,120,12.500,na,"},
+                        {"na", 12.5, ",na,na,na,na,"},
+                        {" ", 12.5, ",na,na,na,na,"},
+                        {"120", 0.0, ",na,120,na,na,"},
+                        {"120", 1000.0, ",na,120,na,na,"}};
+    for (const Row& row : rows) {
+        CopyTrack track = star();
+        track.track.Marks[0].KNAME = row.star;
+        track.track.Marks[0].Spare2 = row.magnitude;
+        EXPECT_THAT(records(copied({track})), ElementsAre(testing::HasSubstr(row.fields)));
+    }
+}
+
+TEST(AavsoCopy, MendsAnEmptyChartBesideACheckStar)
+{
+    CopyTrack track = star();
+    track.track.Marks[0].KNAME = "120";
+    track.track.Marks[0].CHART = "";
+    EXPECT_THAT(copies::textsOf(copied({track}).mended),
+                ElementsAre("V423 mended: what is empty is na, 1 mark"));
+}
+
+TEST(AavsoCopy, AMagnitudeOf0IsOneWhereTheCallSaysSo)
+{
+    CopyTrack track = star();
+    track.track.Marks[0].mEnsemble = 0;
+    CopySettings settings = usualSettings();
+    settings.takesZeroMagnitudes = true;
+    EXPECT_THAT(records(companion::aavsoCopy({track}, settings)),
+                ElementsAre(testing::HasSubstr(",0.000,0.0110,")));
+}
+
+TEST(AavsoCopy, MagnitudesThatWereAbsoluteKeepTheirWord)
+{
+    CopyTrack track = star();
+    track.track.Marks[0].MTYPE = "abs";
+    EXPECT_THAT(records(copied({track})), ElementsAre(testing::HasSubstr(",NO,ABS,")));
+}
+
+TEST(AavsoCopy, RefusesDaysAndMagnitudesThatAreNone)
+{
+    const CopyTrack good = star();
+    for (const int day : {-300001, 2'900'001}) {
+        CopyTrack track = good;
+        track.track.Marks[0].date = day;
+        EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V361 DATE is "))) << day;
+    }
+    for (const double magnitude : {1e6, std::nan("")}) {
+        CopyTrack track = good;
+        track.track.Marks[0].mEnsemble = magnitude;
+        EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V361 MAG is "))) << magnitude;
+    }
+}
+
 TEST(AavsoCopy, NumbersKeepToTheirWidths)
 {
     CopyTrack track = star();
@@ -192,6 +276,11 @@ TEST(AavsoCopy, RefusesNamesThatAreTooLongOrNone)
                 ElementsAre(testing::HasSubstr("31 characters, at most 30")));
     EXPECT_THAT(refusals(star("")), ElementsAre(StartsWith("V361 NAME is \"\"")));
     EXPECT_THAT(refusals(star("#1")), ElementsAre(testing::HasSubstr("taken for a comment")));
+    EXPECT_THAT(refusals(star("na")), ElementsAre("V361 NAME is \"na\": a name is wanted"));
+    for (const char* name : {"\xC3\xA4", "a\x7F"}) {
+        EXPECT_THAT(refusals(star(name)),
+                    ElementsAre(testing::HasSubstr("ASCII characters alone are wanted")));
+    }
 }
 
 TEST(AavsoCopy, RefusesAnErrorOf1AndMore)
@@ -213,6 +302,9 @@ TEST(AavsoCopy, RefusesTextsThatTheirFieldsDoNotTake)
     EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V361 CNAME is \"na\"")));
     track.track.Marks[0].CNAME = std::string(21, 'c');
     EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V361 CNAME is ")));
+    track.track.Marks[0].CNAME = "ENSEMBLE";
+    track.track.Marks[0].CHART = "\xC3\xA4";
+    EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V361 CHART is ")));
 }
 
 TEST(AavsoCopy, RefusesALeapSecond)

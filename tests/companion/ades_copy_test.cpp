@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -254,6 +255,24 @@ TEST(AdesCopy, RefusesBandsThatAreNotForNewWork)
     EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V420 the band of the magnitude is not known")));
 }
 
+TEST(AdesCopy, TheGeocentreIsNoStation)
+{
+    Observatory observatory = completeObservatory();
+    observatory.station = "500";
+    EXPECT_THAT(refusals(trackOf("AST1", {markAt(0.5, 15, -0.5)}, observatory)),
+                ElementsAre("V420 the station is not known: give it by --station"));
+}
+
+TEST(AdesCopy, ASatelliteOfItsOwnNameIsATracklet)
+{
+    CopyTrack track = named("SAT01");
+    track.isSatellite = true;
+    EXPECT_THAT(refusals(track), ElementsAre("V318 \"SAT01\" is an artificial satellite"));
+    CopySettings settings = usualSettings();
+    settings.allowsSatellites = true;
+    EXPECT_THAT(textOf(track, settings), HasSubstr("<trkSub>SAT01</trkSub>"));
+}
+
 TEST(AdesCopy, RefusesSatellitesUnlessTheyAreAllowed)
 {
     EXPECT_THAT(refusals(named("2016-033A")), ElementsAre("V318 \"2016-033A\" is an artificial satellite"));
@@ -270,6 +289,9 @@ TEST(AdesCopy, RefusesFiveDigitsThatMayBeAnything)
     CopySettings settings = usualSettings();
     settings.areNumbers = true;
     EXPECT_THAT(textOf(named("25544"), settings), HasSubstr("<permID>25544</permID>"));
+    CopyTrack identified = named("25544");
+    identified.isIdentified = true;
+    EXPECT_THAT(textOf(identified), HasSubstr("<permID>25544</permID>"));
 }
 
 TEST(AdesCopy, RefusesNumbersThatNoElementTakes)
@@ -279,6 +301,29 @@ TEST(AdesCopy, RefusesNumbersThatNoElementTakes)
     track.track.Marks[2].m = 36;
     EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V380 ra is "), StartsWith("V380 dec is "),
                                              StartsWith("V380 mag is \"36.00\"")));
+}
+
+TEST(AdesCopy, RefusesNumbersBeforeTheyAreText)
+{
+    CopyTrack track =
+        trackOf("AST1", {markAt(0.5, 15, -0.5), markAt(0.5, 15, -0.5), markAt(2.0, 15, -0.5),
+                         markAt(0.5, 2e6, -0.5), markAt(0.5, 15, std::nan("")), markAt(0.5, 15, -0.5)});
+    track.track.Marks[0].date = -600001;
+    track.track.Marks[1].date = 2'900'001;
+    track.track.Marks[5].m = 1000;
+    EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V380 obsTime is "), StartsWith("V380 obsTime is "),
+                                             StartsWith("V380 obsTime is "), StartsWith("V380 ra is "),
+                                             StartsWith("V380 dec is "), StartsWith("V380 mag is \"1000.0")));
+}
+
+TEST(AdesCopy, MendsAFullCircleOfWholeDegrees)
+{
+    CopyTrack track = trackOf("AST1", {markAt(0.5, 359.95, -0.5)});
+    track.marks[0].steps.rightAscension = 3600;
+    const Copy copy = copied({track});
+    EXPECT_THAT(copy.text, HasSubstr("<ra>0</ra>"));
+    EXPECT_THAT(copies::textsOf(copy.mended),
+                ElementsAre("V423 mended: a right ascension of 360 degrees is 0, 1 mark"));
 }
 
 TEST(AdesCopy, RowsOfTimesOfTwoWidthsStandInOneColumn)
@@ -308,4 +353,9 @@ TEST(AdesCopy, ACatalogueThatIsNoWordNamesTheKeyThatGivesOne)
     EXPECT_THAT(refusals(trackOf("AST1", {markAt(0.5, 15, -0.5)}, observatory)),
                 ElementsAre("V380 astCat is \"Gaia DR1\", which is no word for a catalogue: "
                             "astrometricCatalogue of --profile would give one"));
+    observatory = completeObservatory();
+    observatory.photometricCatalogue = "Gaia DR1";
+    EXPECT_THAT(refusals(trackOf("AST1", {markAt(0.5, 15, -0.5)}, observatory)),
+                ElementsAre("V380 photCat is \"Gaia DR1\", which is no word for a catalogue: "
+                            "photometricCatalogue of --profile would give one"));
 }

@@ -143,6 +143,7 @@ TEST(AdesFields, WordsAreKnownByTheirLists)
     EXPECT_EQ(adesWordState(notes, "aB"), AdesWordState::forNewWork);
     EXPECT_EQ(adesWordState(notes, "aiB"), AdesWordState::historic);
     EXPECT_EQ(adesWordState(notes, "aqB"), AdesWordState::unlisted);
+    EXPECT_EQ(adesWordState(notes, ""), AdesWordState::unlisted);
     EXPECT_EQ(adesWordState(*adesField("astCat")->words, "Gaia_2016"), AdesWordState::refused);
 }
 

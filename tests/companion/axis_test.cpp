@@ -88,6 +88,16 @@ TEST(Axis, ShortSpansHaveSeconds)
               (Labels{"21:00:01.000", "21:00:01.500", "21:00:02.000"}));
 }
 
+TEST(Axis, SpansUpToTwoDaysHaveHalfDays)
+{
+    EXPECT_EQ(labelsOf(timeAxis(60329.1, 60331.1).ticks), (Labels{"12:00", "00:00", "12:00", "00:00"}));
+}
+
+TEST(Axis, MomentsOfNoCalendarAreNumbers)
+{
+    EXPECT_EQ(labelsOf(timeAxis(2e9, 2e9 + 20).ticks).front(), "2.00e+09");
+}
+
 TEST(Axis, LongSpansHaveDates)
 {
     const Axis axis = timeAxis(60329.4, 60336.2);

@@ -6,6 +6,7 @@
 #include "support/child_process.h"
 #include "support/folder_entries.h"
 #include "support/folders.h"
+#include "support/tasks.h"
 #include "support/temporary_folder.h"
 #include "works.h"
 
@@ -13,6 +14,9 @@
 
 #include <filesystem>
 #include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include <sys/stat.h>
 
@@ -71,6 +75,20 @@ std::string withEmptyItem(const std::string& section, const std::string& list, c
         left = slash == std::string::npos ? "" : left.substr(0, slash);
     }
     return configurationOf("I41", inside);
+}
+
+// The findings of a report of the table, twice, as codes.
+std::string told(const Series& series, const std::string& format = "telegram", SeriesSettings settings = {})
+{
+    const std::string seria = "<seria><path>" + series.table() + "</path></seria>";
+    const TaskDocument document = taskDocumentOf(
+        taskText({{"inputformat", "vomar"}, {"outputformat", format}, {"paths", seria + seria}}), "task.xml");
+    std::string codes;
+    for (const Finding& found : settings.findings(document, taskOf(document))) {
+        EXPECT_EQ(found.count, 2u);
+        codes += (codes.empty() ? "" : " ") + found.code.text();
+    }
+    return codes;
 }
 
 // The reader of configurations comes back from the bytes exactly where no list is told.
@@ -167,6 +185,111 @@ TEST(SeriesSettings, ListsThatTheReaderGetsPastAreNotTold)
     expectList(withEmptyItem("intraframeProcessing", "ProcessingRawDark", "path"), "");
     expectList(withEmptyItem("intraframeProcessing/brightnessFramesAlignment", "ProcessingRawDark", "string"),
                "");
+}
+
+TEST(SeriesSettings, AnyOfThreeSectionsMakesAConfiguration)
+{
+    for (const char* inside : {"<Service>asteroids</Service>", "<lightCurves/>", "<ReportSettings/>"}) {
+        const Series series;
+        series.addConfiguration("a.conf", "<root>" + std::string(inside) + "</root>");
+        EXPECT_EQ(foundIn(series).problem, "") << inside;
+    }
+    const Series series;
+    series.addConfiguration("a.conf", "<root><Other/></root>");
+    EXPECT_EQ(foundIn(series).problem, "has neither Service nor lightCurves nor ReportSettings");
+}
+
+TEST(SeriesSettings, FilesThatAreNoConfigurationsAreToldByTheirNames)
+{
+    for (const char* name : {".#a.conf", ".~lock.a.conf"}) {
+        const Series series;
+        series.addConfiguration(name, configurationOf("I41"));
+        EXPECT_EQ(told(series), "V219") << name;
+    }
+    const Series good;
+    good.addConfiguration("a.conf", configurationOf("I41"));
+    EXPECT_EQ(told(good), "");
+}
+
+TEST(SeriesSettings, ABackupThatIsAloneAndGoodIsMeant)
+{
+    for (const char* name : {"~a.conf", "a.bak.conf", "a_backup.conf", "a (copy).conf"}) {
+        const Series series;
+        series.addConfiguration(name, configurationOf("I41"));
+        EXPECT_EQ(told(series), "") << name;
+        const Series empty;
+        empty.addConfiguration(name, "<root/>");
+        EXPECT_EQ(told(empty), "V219") << name;
+    }
+    const Series two;
+    two.addConfiguration("a.bak.conf", configurationOf("I41"));
+    two.addConfiguration("tavelin/a.conf", configurationOf("I41"));
+    setFolderEntries(FolderEntries::sorted);
+    EXPECT_EQ(told(two), "V218 V219");
+    setFolderEntries(FolderEntries::asTheyAre);
+}
+
+TEST(SeriesSettings, LinksAreToldWhereTheyAreBroken)
+{
+    const Series whole;
+    makeFile(whole.path("a.txt"), configurationOf("I41"));
+    fs::create_symlink("a.txt", whole.path("a.conf"));
+    EXPECT_EQ(told(whole), "");
+    const Series broken;
+    fs::create_symlink("nowhere", broken.path("a.conf"));
+    EXPECT_EQ(told(broken), "V219");
+}
+
+TEST(SeriesSettings, AConfigurationThatIsGoneSinceIsNotLookedAt)
+{
+    const Series series;
+    series.addConfiguration("a.conf", configurationOf("I41"));
+    SeriesSettings settings;
+    ASSERT_EQ(settings.of(series.table()).files.size(), 1u);
+    fs::remove(series.path("a.conf"));
+    EXPECT_EQ(told(series, "telegram", std::move(settings)), "");
+}
+
+TEST(SeriesSettings, CodesOfReportsAreThoseOfTheConfiguration)
+{
+    const auto toldOf = [](const std::string& station, const std::string& inside, const char* format) {
+        const Series series;
+        series.addConfiguration("a.conf", configurationOf(station, inside));
+        return told(series, format);
+    };
+    EXPECT_EQ(toldOf("I41", "", "mpc"), "");
+    for (const char* station : {"500", "I-1", "I4", "I411", ""}) {
+        EXPECT_EQ(toldOf(station, "", "mpc"), "V224") << station;
+    }
+    EXPECT_EQ(toldOf("I41", "", "aavso"), "V225");
+    EXPECT_EQ(toldOf("I41", "<lightCurves><AAVSOCode>ABC</AAVSOCode></lightCurves>", "aavso"), "");
+}
+
+TEST(SeriesSettings, ATableOfALoopOfLinksIsNotSearched)
+{
+    const TemporaryFolder folder;
+    fs::create_symlink("loop", folder / "loop");
+    SeriesSettings settings;
+    EXPECT_FALSE(settings.of(folder / "loop/night/tavelin/dataVO/table.txt").isSearched);
+}
+
+TEST(SeriesSettings, AConfigurationOfSeveralSeriesIsTakenOnce)
+{
+    const Series series;
+    series.addConfiguration("a.conf", configurationOf("I41"));
+    tavelinUtils::TConvMea task;
+    task.inputformat = "vomar";
+    task.paths.resize(3);
+    task.paths[0].path = series.table();
+    task.paths[2].path = series.path("tavelin/dataVO/other.txt");
+    EXPECT_EQ(SeriesSettings().takenBy(task), std::vector<std::string>{series.path("a.conf")});
+}
+
+TEST(SeriesSettings, NothingIsSaidOfATaskThatCannotBeLoaded)
+{
+    tavelinUtils::TConvMea task;
+    task.inputformat = "vomar";
+    EXPECT_TRUE(SeriesSettings().findings(taskDocumentOf("<task", "task.xml"), task).empty());
 }
 
 TEST(SeriesSettings, KindsOfEntriesAreAskedOfTheFileSystem)

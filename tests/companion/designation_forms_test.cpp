@@ -114,16 +114,19 @@ TEST(DesignationForms, NamesBesideADesignationAreLeftOut)
 TEST(DesignationForms, WhatHasNoPackedFormIsNotPacked)
 {
     for (const char* name : {"0", "15396336", "123456789", "2009 AA620", "2036 AA620", "C/2023 A620",
-                             "P/1998 QP54-B", "3023 AA", "S/2020 J 620"})
+                             "P/1998 QP54-B", "3023 AA", "S/2020 J 620", "1799 AA", "2100 AA",
+                             "2026 CM591673", "P/2009 QP620", "C/1743 X1", "C/2023 A3-AB", "S/1789 S 1"})
     {
         EXPECT_EQ(packed(name), "") << name;
     }
+    EXPECT_EQ(packedColumns({"0", ""}), std::nullopt);
+    EXPECT_EQ(packedColumns({"", "AST1000"}), std::nullopt);
 }
 
 TEST(DesignationForms, OtherNamesAreNoDesignations)
 {
     for (const char* name : {"", "AST1000", "2023 IA", "2023 AI", "2023 A", "K23I00B", "C/2023", "73Q", "ABC",
-                             "2016-033A", "Mars 1 x", "2040 P-M"})
+                             "2016-033A", "Mars 1 x", "2040 P-M", "00433AST1000"})
     {
         EXPECT_FALSE(designationOf(name)) << name;
     }
@@ -140,7 +143,7 @@ TEST(DesignationForms, TemporaryNamesAreUpTo7LettersAndDigitsALetterFirst)
     for (const char* name : {"A", "AST1000", "x1", "P10vtDN"}) {
         EXPECT_TRUE(isTemporaryName(name)) << name;
     }
-    for (const char* name : {"", "1AB", "AST10000", "SAT-01", "AB C", "\xC3\xA4"}) {
+    for (const char* name : {"", "1AB", "AST10000", "SAT-01", "AB C", "A{", "\xC3\xA4"}) {
         EXPECT_FALSE(isTemporaryName(name)) << name;
     }
 }

@@ -39,7 +39,7 @@ TEST(Designations, PackedProvisionalsAreTaken)
 {
     for (const char* text : {"J95X00A", "J95X01L", "J95F13B", "J98SA8Q", "J98SG2S", "K99AJ3Z", "K08Aa0A",
                              "K07Tf8A", "K24Y04R", "K25D12A", "K25Cz9Z", "_QC0000", "_QA0001", "_QD000N",
-                             "_QC0aEM", "_QCzzzz", "I01A00A", "PLS2040", "T1S3138", "T3S4101"})
+                             "_QC0aEM", "_QCzzzz", "I01A00A", "PLS2040", "T1S3138", "T2S2000", "T3S4101"})
     {
         EXPECT_TRUE(isPackedProvisional(text)) << text;
         EXPECT_EQ(faultOf("     " + std::string(text)), NameFault::none) << text;
@@ -48,8 +48,9 @@ TEST(Designations, PackedProvisionalsAreTaken)
 
 TEST(Designations, OtherTextsAreNoProvisional)
 {
-    for (const char* text : {"K24Z04R", "K24I04R", "K24Y0IR", "K24Y04I", "L24Y04R", "K2AY04R", "K24Y04r",
-                             "K24Y04", "AST1000", "PLS204A", "_QI0000", "_Q C0000", "k24Y04R"})
+    for (const char* text :
+         {"K24Z04R", "K24I04R", "K24Y0IR", "K24Y04I", "K24Y-4R", "L24Y04R", "K2AY04R", "K24Y04r", "K24Y04",
+          "AST1000", "PLS204A", "_QI0000", "_Q C0000", "_5C0000", "_QC0-00", "k24Y04R"})
     {
         EXPECT_FALSE(isPackedProvisional(text)) << text;
     }
@@ -63,7 +64,9 @@ TEST(Designations, PackedCometsAndSatellitesOfPlanetsAreTaken)
         EXPECT_TRUE(isPackedComet(text)) << text;
         EXPECT_EQ(faultOf("    " + std::string(text)), NameFault::none) << text;
     }
-    for (const char* text : {"AST10000", "CK23A03", "SK20Q010", "SK20J011", "ZK23A030", "CK23A03I"}) {
+    for (const char* text : {"AST10000", "CK23A03", "SK20Q010", "SK20J011", "SL20J010", "SK20J-10",
+                             "SK20J0A0", "ZK23A030", "CK23A03I"})
+    {
         EXPECT_FALSE(isPackedComet(text)) << text;
     }
 }
@@ -80,10 +83,11 @@ TEST(Designations, NamesInTheirColumnsAreTaken)
 
 TEST(Designations, NamesOutOfTheirColumnsAreNot)
 {
-    const std::pair<const char*, const char*> known[] = {{"      ABC123", "begins in column 7"},
-                                                         {"    AST10000", "begins in column 5"},
-                                                         {"SAT01", "begins in column 1"},
-                                                         {"       XL90E", "begins in column 8"}};
+    const std::pair<const char*, const char*> known[] = {
+        {"      ABC123", "begins in column 7"}, {"    AST10000", "begins in column 5"},
+        {"SAT01", "begins in column 1"},        {"0001X", "begins in column 1"},
+        {"J013T", "begins in column 1"},        {"C    K23A030", "begins in column 1"},
+        {"       XL90E", "begins in column 8"}};
     for (const auto& [text, why] : known) {
         EXPECT_EQ(faultOf(text), NameFault::notPlaced) << text;
         EXPECT_EQ(verdictOnName(std::string(text) + std::string(12 - std::string(text).size(), ' ')).why,
@@ -93,7 +97,7 @@ TEST(Designations, NamesOutOfTheirColumnsAreNot)
 
 TEST(Designations, NamesThatCannotBeTakenAreNot)
 {
-    for (const char* text : {"", "     SAT-01", "     A B", "00433AST1000", "0073P      C"}) {
+    for (const char* text : {"", "     SAT-01", "     A B", "00433AST1000", "0073P      C", "0073P     c"}) {
         EXPECT_EQ(faultOf(text), NameFault::notTaken) << text;
     }
 }
@@ -106,7 +110,9 @@ TEST(Designations, UnpackedOnesAreRecognised)
     {
         EXPECT_TRUE(isUnpackedDesignation(text)) << text;
     }
-    for (const char* text : {"AST1000", "K24Y04R", "2024IR4", "XL90E5A", "C/20", "1AB", "P10vtDN", "AAA/2"}) {
+    for (const char* text : {"AST1000", "K24Y04R", "2024IR4", "2024YI4", "2024YRx", "XL90E5A", "C/20",
+                             "C/2O23", "1AB", "1AP", "73Px", "P10vtDN", "AAA/2", "(433", ""})
+    {
         EXPECT_FALSE(isUnpackedDesignation(text)) << text;
     }
     EXPECT_EQ(faultOf("433"), NameFault::notPacked);
@@ -120,9 +126,19 @@ TEST(Designations, LaunchesAreRecognised)
     for (const char* text : {"2016-033A", "1998-067AB", "16033A", "98067ABC"}) {
         EXPECT_TRUE(isLaunchDesignation(text)) << text;
     }
-    for (const char* text :
-         {"2016-033", "16033", "2016-33A", "16033a", "1603A", "K24Y04R", "2016-033ABCD", "203289"})
+    for (const char* text : {"2016-033", "16033", "2016-33A", "16033a", "1603A", "K24Y04R", "2016-033ABCD",
+                             "203289", "2O16-033A", "2016-O33A"})
     {
         EXPECT_FALSE(isLaunchDesignation(text)) << text;
+    }
+}
+
+TEST(Designations, LaunchesAreGivenTheirWholeYear)
+{
+    const std::pair<const char*, const char*> known[] = {
+        {"16033A", "2016-033A"},      {"57001B", "1957-001B"}, {"56999C", "2056-999C"},
+        {"1998-067AB", "1998-067AB"}, {"AST1000", "AST1000"},  {"", ""}};
+    for (const auto& [text, expected] : known) {
+        EXPECT_EQ(longLaunchDesignation(text), expected);
     }
 }

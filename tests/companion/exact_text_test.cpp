@@ -58,6 +58,8 @@ TEST(ExactText, ProductsAreExactWhereTheProductOfDoublesIsNot)
     EXPECT_EQ(exactTimes(-0.35, 10), -3); // -0.34999...
     EXPECT_EQ(exactTimes(1e-300, 1000), 0);
     EXPECT_EQ(exactTimes(12.0, 1'000'000'000), 12'000'000'000);
+    EXPECT_EQ(exactTimes(9007199254740994.0, 100),
+              900'719'925'474'099'400); // 2 more than 2 to the power of 53
 }
 
 TEST(ExactText, SecondsOf60AreCarriedIntoMinutesAndHours)
@@ -90,6 +92,8 @@ TEST(ExactText, WhatRoundsUpToADayIsThatOfTheNextDay)
     EXPECT_EQ(roundedMoment({60729, 0.999999}, 100'000), (RoundedMoment{60730, 0}));
     EXPECT_EQ(roundedMoment({60729, 0.99999}, 100'000), (RoundedMoment{60729, 99'999}));
     EXPECT_EQ(roundedMoment({60729, -0.25}, 100'000), (RoundedMoment{60728, 75'000}));
+    EXPECT_NE(roundedMoment({60729, 0.25}, 100'000), roundedMoment({60730, 0.25}, 100'000));
+    EXPECT_NE(roundedMoment({60729, 0.25}, 100'000), roundedMoment({60729, 0.75}, 100'000));
     EXPECT_EQ(epochText({60675, 0.9999999999}, 3), "2025-01-01T00:00:00.000"); // 2024-12-31
     EXPECT_EQ(epochText({60729, 0.5}, 0), "2025-02-23T12:00:00");
 }
@@ -102,6 +106,7 @@ TEST(ExactText, ALeapSecondIsWrittenOnItsDaysAlone)
     EXPECT_FALSE(isInLeapSecond({57754, half}));
     EXPECT_EQ(epochText({57754, half}, 1), "2017-01-02T00:00:00.5");
     EXPECT_FALSE(isInLeapSecond({57753, 0.999}));
+    EXPECT_EQ(epochText({57753, 86400.97 / 86400}, 1), "2017-01-01T00:00:00.0");
 }
 
 TEST(ExactText, DecimalsShowTheStepOfASource)

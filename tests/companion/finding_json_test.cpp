@@ -28,6 +28,13 @@ TEST(FindingJson, AFindingIsReadAsItWasWritten)
     EXPECT_EQ(read->count, 4U);
 }
 
+TEST(FindingJson, AFindingOfNoFileHasNone)
+{
+    const ReadJson json(findingJson(finding("V415", {{"path", "a.txt"}})).text());
+    EXPECT_EQ(json.root()["text"].text(), "a.txt is missing");
+    EXPECT_FALSE(json.root()["file"]);
+}
+
 TEST(FindingJson, WhatIsNoFindingIsNone)
 {
     for (const char* text : {"{}", "[]", "7", R"({"code":"X415","severity":"error"})",

@@ -125,6 +125,16 @@ TEST(ReadJson, WhatIsMissingOrOfAnotherKindIsEmpty)
     EXPECT_FALSE(root["a"].isList());
     EXPECT_FALSE(root["a"].isTrue());
     EXPECT_EQ(root["c"].value().text(), "null");
+    EXPECT_FALSE(root["a"][0]);
+    EXPECT_FALSE(root["b"][1]);
+    EXPECT_EQ(root["a"].size(), 0U);
+    EXPECT_FALSE(root["c"].isList());
+    EXPECT_FALSE(root["c"].isTrue());
+}
+
+TEST(ReadJson, WhatIsFalseIsNotTrue)
+{
+    EXPECT_FALSE(ReadJson("false").root().isTrue());
 }
 
 TEST(ReadJson, TextThatIsNoJsonHasNoValue)
@@ -139,6 +149,12 @@ TEST(JsonLeaves, ANumberThatNoDoubleHoldsIsAFault)
     EXPECT_EQ(jsonLeaves(R"({"a":[1e999]})").fault, "has a number that is too large");
     EXPECT_EQ(jsonLeaves("-1e30800000000000").fault, "has a number that is too large");
     EXPECT_EQ(jsonLeaves(R"({"a":[1e308]})").fault, "");
+}
+
+TEST(JsonLeaves, AFaultHasItsPlace)
+{
+    EXPECT_EQ(jsonLeaves("").fault, "is not well-formed JSON in line 1, column 1");
+    EXPECT_EQ(jsonLeaves("{\n  \"a\": ]}").fault, "is not well-formed JSON in line 2, column 8");
 }
 
 TEST(ReadJson, BytesComeBackAsTheyWere)

@@ -88,8 +88,27 @@ TEST(LostDigits, TimesOfMeaAreCut)
     EXPECT_EQ(lost("mea", "mea", {{tavelinUtils::packedTime("0849120000") * day, 0, 0, 0}}), "");
 }
 
+TEST(LostDigits, ValuesWithMoreDigitsThanAreLookedForLoseThem)
+{
+    EXPECT_EQ(lost("vomar", "mea", {{0, 123.456789012345, 0, 0}}),
+              "1 of 1 mark would lose digits of right ascension in this format");
+}
+
+TEST(LostDigits, SeveralMagnitudesAreOneWord)
+{
+    TrackVtorichka track;
+    track.Marks.emplace_back();
+    track.Marks.back().m = 9.123456;
+    track.Marks.back().mEnsemble = 9.123456;
+    LostDigits digits("vomar", "mag");
+    digits.see(track);
+    ASSERT_TRUE(digits.found());
+    EXPECT_EQ(digits.found()->text, "1 of 1 mark would lose digits of magnitude in this format");
+}
+
 TEST(LostDigits, WhatIsNoNumberOrNoFormatLosesNone)
 {
+    EXPECT_EQ(lost("tdm", "mea", {{std::numeric_limits<double>::infinity(), 0, 0, 0}}), "");
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double infinity = std::numeric_limits<double>::infinity();
     EXPECT_EQ(lost("vomar", "telegram", {{nan, nan, infinity, -infinity}}), "");

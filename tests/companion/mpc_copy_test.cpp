@@ -3,10 +3,14 @@
 #include "receivers/mpc_copy.h"
 
 #include "companion/copies.h"
+#include "receivers/mpc_header.h"
+#include "receivers/report_mends.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -59,6 +63,16 @@ CopyTrack coarse(CopyTrack track)
     for (companion::CopyMark& mark : track.marks) {
         mark.steps = {0.864, 0.15, 0.1, 0.1};
     }
+    return track;
+}
+
+// A track of one line of a report in 80 columns, of 2025-02-23.5, magnitude 18.5 in G.
+CopyTrack reported(const std::string& line)
+{
+    CopyTrack track = coarse(trackOf("AST1000", {markAt(0.5, 15, -0.5)}));
+    track.isOf80Columns = true;
+    track.note2 = 'C';
+    track.marks[0].line80 = line;
     return track;
 }
 
@@ -318,6 +332,10 @@ TEST(MpcCopy, RefusesABandThatIsNoneOfTheReceiver)
         track.track.Marks[0].filtr = band;
         EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V316 column 71 hold"))) << band;
     }
+    track.track.Marks[0].filtr = "V ";
+    EXPECT_THAT(refusals(track),
+                ElementsAre("V316 column 71 hold \"V \": the band is one letter, and columns 72 "
+                            "to 77 are blank"));
     Observatory observatory = completeObservatory();
     observatory.bands["Clear"] = "G";
     track.track.Marks[0].filtr = "Clear";
@@ -371,6 +389,124 @@ TEST(MpcCopy, RefusesWhatNoLineCanSay)
                             StartsWith("V316 columns 66 to 70"), HasSubstr("cannot say a leap second")));
 }
 
+TEST(MpcCopy, RefusesDaysAndAnglesThatAreNone)
+{
+    constexpr double infinite = std::numeric_limits<double>::infinity();
+    CopyTrack track =
+        trackOf("AST1000",
+                {markAt(0.5, 15, -0.5), markAt(0.5, 15, -0.5), markAt(-0.1, 15, -0.5), markAt(2.5, 15, -0.5),
+                 markAt(std::nan(""), 15, -0.5), markAt(0.5, 2e6, -0.5), markAt(0.5, 15, infinite)});
+    track.track.Marks[0].date = -300000;
+    track.track.Marks[1].date = 2'900'000;
+    EXPECT_THAT(refusals(track),
+                ElementsAre(StartsWith("V316 columns 16 to 32"), StartsWith("V316 columns 16 to 32"),
+                            StartsWith("V316 columns 16 to 32"), StartsWith("V316 columns 16 to 32"),
+                            StartsWith("V316 columns 16 to 32"), StartsWith("V316 columns 33 to 44"),
+                            StartsWith("V316 columns 45 to 56")));
+}
+
+TEST(MpcCopy, RefusesMagnitudesThatDoNotFitTheirColumns)
+{
+    CopyTrack track = trackOf("AST1000", {markAt(0.5, 15, -0.5)});
+    for (const double magnitude : {99.996, 100.0, -100.0, std::nan("")}) {
+        track.track.Marks[0].m = magnitude;
+        EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V316 columns 66 to 70 hold "))) << magnitude;
+    }
+}
+
+TEST(MpcCopy, AnotherDayThatRoundingReachesIsAnotherMoment)
+{
+    CopyTrack track = trackOf("AST1000", {markAt(0.999999, 15, -0.5), markAt(0.0, 15, 0.5)});
+    track.track.Marks[1].date = 60730;
+    EXPECT_THAT(copies::textsOf(copied({track}).reasons),
+                ElementsAre("V316 columns 16 to 32 hold \"2025 02 24.000000\": another position of the "
+                            "object has this time, rounded; --for ades may tell them apart"));
+}
+
+TEST(MpcCopy, MendsADeclinationWhoseSecondsAre60)
+{
+    const Copy copy = copied({coarse(trackOf("AST1000", {markAt(0.5, 15, -1.0 + 1e-7)}))});
+    EXPECT_THAT(observations(copy), ElementsAre(HasSubstr("01 00 00.00 -01 00 00.0 ")));
+    EXPECT_THAT(copies::textsOf(copy.mended), ElementsAre("V423 mended: seconds of 60 are carried, 1 mark"));
+}
+
+TEST(MpcCopy, ARightAscensionOfOtherTurnsIsBroughtTo0To24Hours)
+{
+    const Copy copy = copied({trackOf("AST1000", {markAt(0.5, 375.0, -0.5)})});
+    EXPECT_THAT(observations(copy), ElementsAre(HasSubstr(" 01 00 00.000-00")));
+    EXPECT_THAT(copies::textsOf(copy.mended),
+                ElementsAre("V423 mended: a right ascension of 24 h is 0 h, 1 mark"));
+    const Copy below = copied({trackOf("AST1000", {markAt(0.5, -15.6, -0.5)})});
+    EXPECT_THAT(observations(below), ElementsAre(HasSubstr(" 22 57 36.000-00")));
+    EXPECT_THAT(below.mended, IsEmpty());
+}
+
+TEST(MpcCopy, ABandOfBlanksIsNotKnown)
+{
+    Observatory observatory = completeObservatory();
+    observatory.bands["G"] = " ";
+    EXPECT_THAT(
+        refusals(trackOf("AST1000", {markAt(0.5, 15, -0.5)}, observatory)),
+        ElementsAre("V420 the band of the magnitude is not known: give it by --band or --no-magnitudes"));
+    CopyTrack track = trackOf("AST1000", {markAt(0.5, 15, -0.5)});
+    track.track.Marks[0].filtr = "  ";
+    EXPECT_THAT(
+        refusals(track),
+        ElementsAre("V420 the band of the magnitude is not known: give it by --band or --no-magnitudes"));
+}
+
+TEST(MpcCopy, ALongLaunchDesignationHasNoRoom)
+{
+    CopySettings settings = usualSettings();
+    settings.allowsSatellites = true;
+    EXPECT_THAT(refusals(trackOf("2016-033A", {markAt(0.5, 15, -0.5)}), settings),
+                ElementsAre("V312 the name \"2016-033A\" has 9 characters: names begin in column 6 and have "
+                            "up to 7 letters and digits"));
+}
+
+TEST(MpcCopy, OfAReportOnlyWhatIsOtherIsTold)
+{
+    CopyTrack track =
+        reported("     AST1000  C2025 02 23.50000 01 00 00.00 -00 30 00.0          18.5 GW     K88");
+    EXPECT_THAT(copies::textsOf(copied({track}).mended),
+                ElementsAre("V423 mended: columns 72 to 77 are blank, 1 mark"));
+    CopySettings settings = usualSettings();
+    settings.leavesMagnitudesOut = true; // as asked for, and not a mend
+    EXPECT_THAT(copies::textsOf(copied({track}, settings).mended),
+                ElementsAre("V423 mended: columns 72 to 77 are blank, 1 mark"));
+    track.track.Marks[0].m = 0;
+    EXPECT_THAT(copies::textsOf(copied({track}).mended),
+                ElementsAre("V423 mended: a magnitude that is none is left blank, 1 mark",
+                            "V423 mended: columns 72 to 77 are blank, 1 mark"));
+}
+
+TEST(MpcCopy, ADesignationOfAReportIsPacked)
+{
+    CopyTrack track =
+        reported("C/2023 A3     C2025 02 23.50000 01 00 00.00 -00 30 00.0          18.5 G      K88");
+    track.track.QRVName = "C/2023 A3";
+    EXPECT_THAT(copies::textsOf(copied({track}).mended),
+                ElementsAre("V423 mended: the designation is packed, 1 mark"));
+}
+
+TEST(ReportMends, LinesOfAnotherWidthAreNotCompared)
+{
+    const std::string line = observationsOf(trackOf("AST1000", {markAt(0.5, 15, -0.5)})).at(0);
+    const std::string other = line.substr(0, 15) + "2026" + line.substr(19);
+    EXPECT_THAT(companion::reportMends(other, line), ElementsAre("the time is carried into the next day"));
+    EXPECT_THAT(companion::reportMends(other.substr(0, 79), line), IsEmpty());
+    EXPECT_THAT(companion::reportMends(other, line + ' '), IsEmpty());
+}
+
+TEST(MpcCopy, OnlyStationCodesEndInTwoDigits)
+{
+    EXPECT_TRUE(companion::isOnlyStationCode("K88"));
+    EXPECT_TRUE(companion::isOnlyStationCode("010"));
+    for (const char* text : {"", "K8", "K8A", "KA8", "500", "k88", "K888"}) {
+        EXPECT_FALSE(companion::isOnlyStationCode(text)) << text;
+    }
+}
+
 TEST(MpcCopy, RefusesAHeaderWithoutObserversOrWithNamesOfAnotherForm)
 {
     Observatory observatory = completeObservatory();
@@ -384,6 +520,49 @@ TEST(MpcCopy, RefusesAHeaderWithoutObserversOrWithNamesOfAnotherForm)
     observatory.observers = "A. M\xC3\xBCller";
     EXPECT_THAT(refusals(trackOf("AST1000", {markAt(0.5, 15, -0.5)}, observatory)),
                 ElementsAre(HasSubstr("its line OBS has characters that are not ASCII")));
+}
+
+TEST(MpcHeader, NamesHaveCommasBetweenThem)
+{
+    EXPECT_THAT(companion::namesOf(" A. One,, B. Two , "), ElementsAre("A. One", "B. Two"));
+    EXPECT_THAT(companion::namesOf(" "), IsEmpty());
+}
+
+TEST(MpcHeader, AnAddressThatIsNotKnownHasNoLine)
+{
+    Observatory observatory = completeObservatory();
+    observatory.contact = "A. B. Sender, Observatory Road 1";
+    EXPECT_THAT(companion::mpcHeader(observatory, ""),
+                HasSubstr("\nCON A. B. Sender, Observatory Road 1\nCON [a@example.org]\nOBS "));
+    observatory.email = "";
+    EXPECT_THAT(companion::mpcHeader(observatory, ""),
+                HasSubstr("\nCON A. B. Sender, Observatory Road 1\nOBS "));
+}
+
+TEST(MpcHeader, RefusesLinesThatAreTooLongOrNotAscii)
+{
+    Observatory observatory = completeObservatory();
+    observatory.contact = std::string(76, 'x');
+    EXPECT_THAT(companion::mpcHeaderFaults(observatory, true), IsEmpty());
+    observatory.contact = std::string(77, 'x');
+    EXPECT_THAT(copies::textsOf(companion::mpcHeaderFaults(observatory, true)),
+                ElementsAre(HasSubstr("its line CON has 81 columns, at most 80")));
+    observatory.contact = "a\x7F";
+    EXPECT_THAT(copies::textsOf(companion::mpcHeaderFaults(observatory, true)),
+                ElementsAre(HasSubstr("its line CON has characters that are not ASCII")));
+}
+
+TEST(MpcHeader, WhatAnObservatoryHasIsNotReadFromItsTelescopeLine)
+{
+    Observatory observatory;
+    observatory.telescope = "0.41-m f/10 Schmidt-Cassegrain + CCD";
+    observatory.aperture = "0.4";
+    observatory.detector = "CMOS";
+    companion::readTelescopeLine(observatory);
+    EXPECT_EQ(observatory.aperture, "0.4");
+    EXPECT_EQ(observatory.fRatio, "10");
+    EXPECT_EQ(observatory.design, "Schmidt-Cassegrain");
+    EXPECT_EQ(observatory.detector, "CMOS");
 }
 
 TEST(MpcCopy, RefusesAFurtherStationWithoutTelescopeAndCatalogue)

@@ -5,13 +5,17 @@
 #include "support/child_process.h"
 #include "support/folders.h"
 #include "support/socket_file.h"
+#include "support/system_faults.h"
 #include "support/tasks.h"
 #include "support/temporary_folder.h"
 #include "task/writable.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include <sys/stat.h>
 
@@ -30,8 +34,8 @@ protected:
         makeFile("night.mea", "T1 2000.0 UTC\n");
     }
 
-    // The findings of a conversion of night.mea with other values of some keys, as codes.
-    static std::string told(const TaskKeys& others)
+    // The findings of a conversion of night.mea with other values of some keys.
+    static std::vector<Finding> findingsOf(const TaskKeys& others)
     {
         TaskKeys keys{{"path_in", "./night.mea"},  {"out_dir", "out"},           {"outputextension", ".tel"},
                       {"inputformat", "mea"},      {"outputformat", "telegram"}, {"autoname", "false"},
@@ -41,8 +45,14 @@ protected:
         const tavelinUtils::TConvMea written = taskOf(document);
         tavelinUtils::TConvMea task = written;
         task.out_dir = outputFolder(written);
+        return pathFindings(document, written, task, nullptr);
+    }
+
+    // Their codes.
+    static std::string told(const TaskKeys& others)
+    {
         std::string codes;
-        for (const Finding& found : pathFindings(document, written, task, nullptr)) {
+        for (const Finding& found : findingsOf(others)) {
             codes += (codes.empty() ? "" : " ") + found.code.text();
         }
         return codes;
@@ -88,6 +98,83 @@ TEST_F(PathChecks, PipeForAnInputIsTold)
     EXPECT_EQ(told({{"path_in", "./pipe.mea"}}), "V060");
 }
 
+TEST_F(PathChecks, PathBelowAFileCannotBeRead)
+{
+    const std::vector<Finding> found = findingsOf({{"path_in", "./night.mea/a.mea"}});
+    ASSERT_EQ(found.size(), 1u);
+    EXPECT_EQ(found[0].text, "the input ./night.mea/a.mea cannot be read: Not a directory");
+}
+
+TEST_F(PathChecks, BlanksAtTheEndsOfAPathAreSeen)
+{
+    EXPECT_EQ(findingsOf({{"path_in", "./night.mea "}}).at(0).text,
+              "the input \"./night.mea \" does not exist");
+    EXPECT_EQ(findingsOf({{"path_in", " ./night.mea"}}).at(0).text,
+              "the input \" ./night.mea\" does not exist");
+}
+
+TEST_F(PathChecks, WithoutRightsNothingIsReadOrWritten)
+{
+    expectTrueInChild([] {
+        setFaults(faultsOfAccess(EACCES));
+        const std::vector<Finding> found = findingsOf({});
+        return found.size() == 3 && found[0].code == "V032" && found[1].code == "V038" &&
+               found[1].text.find("is not writable") != std::string::npos && found[2].code == "V060" &&
+               found[2].text == "the input ./night.mea cannot be read: Permission denied";
+    });
+}
+
+TEST_F(PathChecks, NeitherFolderNorInputIsNamed)
+{
+    EXPECT_EQ(told({{"out_dir", "<![CDATA[]]>"}, {"path_in", "<![CDATA[]]>"}}), "V037 V060");
+}
+
+TEST_F(PathChecks, OutputThatIsTheInputIsTold)
+{
+    makeFile("out/night.mea", "T1 2000.0 UTC\n");
+    EXPECT_EQ(told({{"path_in", "out/night.mea"}, {"outputextension", ".mea"}, {"outputformat", "mea"}}),
+              "V046");
+}
+
+TEST_F(PathChecks, OutputThatIsTooLongForTheSystemIsTold)
+{
+    std::string folder = "out";
+    while (folder.size() < 4084) {
+        folder += "/.";
+    }
+    EXPECT_EQ(told({{"out_dir", folder}, {"outputextension", ".t"}}), "");
+    EXPECT_EQ(told({{"out_dir", folder}, {"outputextension", ".telegram"}}), "V052");
+}
+
+TEST_F(PathChecks, BackslashesAreToldWhereTheyAre)
+{
+    EXPECT_EQ(told({{"out_dir", "o\\ut"}}), "V037 V054");
+    EXPECT_EQ(told({{"inputformat", "vomar"}, {"paths", "<seria><path>a\\b</path></seria>"}}), "V200 V054");
+}
+
+TEST_F(PathChecks, ResultThatIsTheOutputUnderAnotherNameIsTold)
+{
+    makeFile("out/night.tel", "older\n");
+    fs::create_hard_link("out/night.tel", "result.xml");
+    EXPECT_EQ(told({}), "V034 V048");
+}
+
+TEST_F(PathChecks, ResultInAPipeIsNotLookedInto)
+{
+    ASSERT_EQ(mkfifo("result.xml", 0600), 0);
+    EXPECT_EQ(told({}), "");
+}
+
+TEST_F(PathChecks, ResultWithANameThatIsTooLongCannotBeWritten)
+{
+    EXPECT_EQ(told({{"path_res", "./" + std::string(252, 'r') + ".xml"}}), "V032");
+}
+
+TEST_F(PathChecks, NothingIsSaidOfATaskThatCannotBeLoaded)
+{
+    EXPECT_TRUE(pathFindings(taskDocumentOf("<task", "task.xml"), {}, {}, nullptr).empty());
+}
+
 TEST_F(PathChecks, PipesAreNotWaitedFor)
 {
     ASSERT_EQ(mkfifo("pipe", 0600), 0);
@@ -131,7 +218,33 @@ TEST_F(PathChecks, PathThatCannotBeAFilesIsNotWritten)
     EXPECT_FALSE(canBeWritten("out/" + longName, true));
     EXPECT_FALSE(canBeWritten("out/.", true));
     EXPECT_FALSE(canBeWritten("out/", true));
+    EXPECT_FALSE(canBeWritten("out/..", true));
+    std::string longPath;
+    while (longPath.size() < 4092) {
+        longPath += "./";
+    }
+    EXPECT_TRUE(canBeWritten(longPath + "abc"));
+    EXPECT_FALSE(canBeWritten(longPath + "abcd"));
     EXPECT_FALSE(canBeWritten("out/" + longName));
+}
+
+TEST_F(PathChecks, PathWithoutAFolderIsInThePresentOne)
+{
+    EXPECT_TRUE(canBeWritten("a.txt"));
+    EXPECT_TRUE(canBeWritten("night.mea", true));
+}
+
+TEST_F(PathChecks, OnlyAnEmptyFolderThatMayBeRemovedGivesWay)
+{
+    fs::create_directories("out/empty");
+    fs::create_directories("out/full/a");
+    EXPECT_TRUE(canBeWritten("out/empty", true));
+    EXPECT_FALSE(canBeWritten("out/full", true));
+    EXPECT_FALSE(canBeWritten("out/empty"));
+    expectTrueInChild([] {
+        setFaults(faultsOfAccess(EACCES));
+        return !canBeWritten("out/empty", true);
+    });
 }
 
 TEST_F(PathChecks, LinkIsWrittenThroughWhereItsFolderIsThere)
@@ -170,6 +283,7 @@ TEST_F(PathChecks, FilesAreTheSameByDeviceAndInode)
     EXPECT_TRUE(isSameFile("out/new.tel", "other/../other/new.tel"));
     EXPECT_FALSE(isSameFile("out/new.tel", "new.tel"));
     EXPECT_FALSE(isSameFile("night.mea", "new.tel"));
+    EXPECT_FALSE(isSameFile("night.mea", "/proc/self/status"));
 }
 
 TEST_F(PathChecks, TaskThatWritesOverEarlierOnesIsTold)

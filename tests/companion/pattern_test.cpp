@@ -153,6 +153,19 @@ TEST(Pattern, FilesComeInTheOrderOfBytes)
     EXPECT_THAT(found(""), ElementsAre());
 }
 
+TEST(Pattern, HiddenFoldersAreNotSearched)
+{
+    const Archive archive({".snapshot/x.mea", "a/.b/x.mea", "a/x.mea"});
+    EXPECT_THAT(found("**/x.mea"), ElementsAre("a/x.mea"));
+    EXPECT_THAT(found(".snapshot/*"), ElementsAre(".snapshot/x.mea"));
+}
+
+TEST(Pattern, ANameThatTakesTooLongEndsTheSearch)
+{
+    const Archive archive({std::string(200, 'a')});
+    EXPECT_THROW(found("{a}{b}{c}{a}{b}{c}{d}{d}x"), WrongUsage);
+}
+
 TEST(Pattern, OnlyRegularFilesFitAndLinksAreFollowed)
 {
     const Archive archive({"a/n1/x.mea"});

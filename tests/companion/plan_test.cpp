@@ -68,6 +68,19 @@ Plan planOf(const Bench& bench)
     return plan;
 }
 
+TEST(MarkAccount, AgreesWhereBothSumsDo)
+{
+    MarkAccount account;
+    EXPECT_TRUE(account.agrees());
+    account.read = 2;
+    EXPECT_FALSE(account.agrees());
+    account.excluded = 1;
+    account.planned = 1;
+    EXPECT_FALSE(account.agrees());
+    account.overwritten = 1;
+    EXPECT_TRUE(account.agrees());
+}
+
 TEST(Plan, ReportOfAllObjectsHasAllMarks)
 {
     Bench bench;

@@ -228,6 +228,24 @@ TEST_F(Plot, WrongUsageIsToldBeforeAnythingIsRead)
     EXPECT_EQ(plot({"night.mea", "other.mea", "-o", "a.png"}).status, 2);
 }
 
+TEST(GnuplotScript, NumbersAreShortAndWithoutNoise)
+{
+    Chart chart;
+    chart.series = {{"a", {{60329.5, 12.25, 0}, {1.25, -0.000000001, 2e16}}}};
+    const std::string script = gnuplotScript(chart, "a.svg");
+    EXPECT_NE(script.find("\n60329.5 12.25 0\n1.25 0 2.00000000e+16\nEND\n"), std::string::npos) << script;
+}
+
+TEST(GnuplotScript, TheArrowOfAPathComesFromTheLastOtherPlace)
+{
+    Chart chart;
+    chart.isPath = true;
+    chart.series = {{"a", {{1, 2, 0}, {5, 3, 0}, {5, 4, 0}, {5, 4, 0}}}};
+    EXPECT_NE(gnuplotScript(chart, "a.svg").find("set arrow from 5,3 to 5,4 size"), std::string::npos);
+    chart.series = {{"a", {{5, 4, 0}, {5, 4, 0}}}};
+    EXPECT_EQ(gnuplotScript(chart, "a.svg").find("set arrow"), std::string::npos);
+}
+
 TEST(Residuals, PathOfTheDegreeThatIsFittedHasNone)
 {
     MeasuredSeries path{"A"};

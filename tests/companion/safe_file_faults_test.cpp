@@ -12,6 +12,9 @@
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include <sys/resource.h>
 #include <sys/syscall.h>
@@ -243,6 +246,40 @@ TEST(SafeFileFaults, HandlerOfTheProgramStays)
     });
     EXPECT_EQ(WEXITSTATUS(status), 7);
     EXPECT_EQ(bytesOf(target.path), newText);
+}
+
+TEST(SafeFileFaults, ManyFilesAtOnceGetTheirNames)
+{
+    const TemporaryFolder folder;
+    constexpr int files = 20; // more than a signal would take away
+    const int status = statusOfChild([&folder] {
+        setFaults({noFilesWithoutNames()});
+        std::vector<std::unique_ptr<SafeFile>> open;
+        for (int i = 0; i < files; ++i) {
+            open.push_back(
+                std::make_unique<SafeFile>(folder / std::to_string(i), false, std::vector<std::string>{}));
+            open.back()->write(newText);
+        }
+        for (const auto& file : open) {
+            file->commit();
+        }
+    });
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(namesIn(folder.path()).size(), std::size_t{files});
+    EXPECT_EQ(bytesOf(folder / "19"), newText);
+}
+
+TEST(MoveIntoFaults, AFileThatKeepsItsOldNameTooIsTold)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "whole", newText);
+    const int status = statusOfChild([&folder] {
+        setFaults({{SYS_unlink, EACCES}});
+        companion::moveInto(folder / "whole", folder / "a.txt", false);
+    });
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+    EXPECT_EQ(bytesOf(folder / "whole"), newText);
+    EXPECT_EQ(bytesOf(folder / "a.txt"), newText);
 }
 
 TEST(MoveIntoFaults, StepThatFailsLeavesTheOldFile)

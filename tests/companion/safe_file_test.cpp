@@ -98,6 +98,13 @@ TEST(SafeFile, InputsAreNeverReplaced)
     EXPECT_EQ(bytesOf(folder / "a.mea"), "input");
 }
 
+TEST(SafeFile, InputsThatAreGoneOrElsewhereAreNoneOfItsFiles)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.txt", "old\n");
+    EXPECT_NO_THROW(companion::mustBeFree(folder / "a.txt", true, {folder / "missing", "/proc/self/status"}));
+}
+
 TEST(SafeFile, FolderThatIsMissingIsTold)
 {
     const TemporaryFolder folder;

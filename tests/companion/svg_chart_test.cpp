@@ -89,6 +89,20 @@ TEST(SvgChart, ErrorsReachAsFarAsTheyAreLarge)
     EXPECT_NEAR(readInC(bar[3]), dots[0].y + half, 0.2);
 }
 
+TEST(SvgChart, ErrorsOfManyMarksAreNotDrawn)
+{
+    std::vector<CurveMark> marks(1000, CurveMark{60329.5, 12.0, 0.5});
+    EXPECT_NE(pathOf(curvePage({{"", marks}}), "error s1"), "");
+    marks.push_back(marks.front());
+    EXPECT_EQ(pathOf(curvePage({{"", marks}}), "error s1"), "");
+}
+
+TEST(SvgChart, MomentsOfNoCalendarAreSaidAsMjd)
+{
+    EXPECT_THAT(curvePage({{"", {{2e9, 12.0, 0}, {2e9 + 1, 13.0, 0}}}}),
+                HasSubstr("mean 12.50, at MJD 2.00e+09 UTC"));
+}
+
 TEST(SvgChart, ALightCurveSaysWhatItShows)
 {
     const std::string page = curvePage({{"R", {{60329.5, 12.0, 0}, {60329.75, 13.0, 0}}}});
@@ -173,6 +187,18 @@ TEST(SvgPlane, OfManyPointsThoseStayThatBoundThem)
     EXPECT_EQ(std::count_if(kept.begin(), kept.end(), [](const auto& each) { return each.y == 99.0; }), 1);
     EXPECT_TRUE(
         std::is_sorted(kept.begin(), kept.end(), [](const auto& a, const auto& b) { return a.x < b.x; }));
+}
+
+TEST(SvgPlane, PointsThatSpreadUpwardsAreBoundedInRows)
+{
+    std::vector<PicturePoint> points;
+    for (int i = 0; i < 100'000; ++i) {
+        points.push_back({50.0 + std::sin(i) * 10.0, i / 1000.0});
+    }
+    points[54'321].x = 99.0; // an outlier
+    const std::vector<PicturePoint> kept = boundingPoints(points);
+    EXPECT_LE(kept.size(), 202U);
+    EXPECT_EQ(std::count_if(kept.begin(), kept.end(), [](const auto& each) { return each.x == 99.0; }), 1);
 }
 
 TEST(SvgPlane, FewPointsStayAsTheyAre)

@@ -42,6 +42,24 @@ std::string toldOfReport(const std::string& key, const std::string& value)
                  {"paths", "<seria><path>a/b/c/d</path><filtr>R</filtr><telescope>T1</telescope></seria>"}});
 }
 
+// The findings of a report whose one seria has further keys, as codes.
+std::string toldOfSeria(const std::string& keys)
+{
+    const std::string seria =
+        "<seria><path>a/b/c/d</path><filtr>R</filtr><telescope>T1</telescope>" + keys + "</seria>";
+    const TaskDocument document = taskDocumentOf(taskText({{"inputformat", "vomar"},
+                                                           {"outputformat", "mea"},
+                                                           {"outputextension", "mea"},
+                                                           {"toSeparateFile", "eachgroup"},
+                                                           {"paths", seria}}),
+                                                 "task.xml");
+    std::string codes;
+    for (const Finding& found : taskFindings(document, taskOf(document))) {
+        codes += (codes.empty() ? "" : ", ") + found.code.text();
+    }
+    return codes;
+}
+
 Plan planWithTracks(const std::vector<ReadTrack>& tracks)
 {
     Plan plan;
@@ -105,6 +123,51 @@ TEST(TaskChecks, EmptyTextIsNoEmptyKey)
     EXPECT_EQ(toldOf("originator", "<![CDATA[]]>"), "");
 }
 
+TEST(TaskChecks, EmptyKeyIsToldWhateverItsDefault)
+{
+    EXPECT_EQ(toldOf("out_dir", ""), "7:5 V024");
+    EXPECT_EQ(toldOf("originator", ""), "7:5 V024");
+}
+
+TEST(TaskChecks, NumberThatIsNoTextIsToldOnce)
+{
+    EXPECT_EQ(toldOfReport("interval", "<b>30</b>"), "7:5 V023, 7:5 V242"); // it is read as 0
+    EXPECT_EQ(toldOfReport("object", "<!-- first -->"), "7:5 V023");
+}
+
+TEST(TaskChecks, KeyOfASeriaBesideItIsTold)
+{
+    const std::string seria = "<seria><path>a/b/c/d</path><filtr>R</filtr><telescope>T1</telescope></seria>";
+    EXPECT_EQ(told({{"inputformat", "vomar"},
+                    {"outputformat", "mea"},
+                    {"outputextension", "mea"},
+                    {"toSeparateFile", "eachgroup"},
+                    {"paths", seria + "<filtr>R</filtr>"}}),
+              "7:" + std::to_string(5 + 7 + seria.size()) + " V020");
+}
+
+TEST(TaskChecks, ExclusionsAreNumbersInEachPlace)
+{
+    EXPECT_EQ(toldOfSeria("<excludes>0;1  2;0</excludes>"), "");
+    for (const char* text : {"0;x", "x;0;1", "one"}) {
+        EXPECT_EQ(toldOfSeria("<excludes>" + std::string(text) + "</excludes>"), "V235") << text;
+    }
+    EXPECT_EQ(toldOfSeria("<excludes>3 3;1</excludes>"), "V236");
+    EXPECT_EQ(toldOfSeria("<excludes><b>x</b></excludes>"), "V023");
+}
+
+TEST(TaskChecks, ReportsWithoutTheirTelescopeKeepADefaultWord)
+{
+    const std::string seria = "<seria><path>a/b/c/d</path><filtr>R</filtr></seria>";
+    const TaskKeys keys{{"inputformat", "vomar"},   {"outputformat", "mea"},
+                        {"outputextension", "mea"}, {"toSeparateFile", "eachgroup"},
+                        {"autoTelescope", "false"}, {"paths", seria}};
+    EXPECT_EQ(told(keys), "0:0 V252");
+    TaskKeys named = keys;
+    named.emplace_back("PARTICIPANT_1", "T1");
+    EXPECT_EQ(told(named), "");
+}
+
 TEST(TaskChecks, FirstNodeOtherThanTextIsTold)
 {
     EXPECT_EQ(toldOf("originator", "<!-- ours -->T1"), "7:5 V023");
@@ -120,6 +183,7 @@ TEST(TaskChecks, IntervalCountsUnderEachGroupAlone)
     EXPECT_EQ(toldOfReport("interval", "0"), "7:5 V242");
     EXPECT_EQ(toldOfReport("interval", "-30"), "7:5 V242");
     EXPECT_EQ(toldOfReport("interval", "-inf"), "7:5 V242");
+    EXPECT_EQ(toldOfReport("interval", "nan"), "7:5 V242");
     EXPECT_EQ(toldOf("interval", "0"), "7:5 V027");
 }
 

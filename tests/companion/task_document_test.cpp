@@ -1,15 +1,21 @@
 #include "task/task_document.h"
 
 #include "support/child_process.h"
+#include "support/system_faults.h"
 #include "support/temporary_folder.h"
 #include "support/xml_documents.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -91,6 +97,57 @@ TEST(TaskDocument, PlacesAreThoseOfTheStartTags)
     EXPECT_EQ(placeText(&document.keys.back()), "5:5");
     EXPECT_EQ(document.key("autoname"), nullptr);
     EXPECT_EQ(document.key("out_dir")->value, "out");
+}
+
+TEST(TaskDocument, FindingOfASeriaIsAtItsKeyOrAtTheSeria)
+{
+    const TaskDocument document = documentOf("<task>\n<paths>\n<seria><path>a</path></seria>\n"
+                                             " <seria><filtr>R</filtr></seria>\n</paths>\n</task>\n");
+    const auto placeOf = [&document](std::size_t seria) {
+        const Finding found = atKeyOfSeria(document, finding("V232"), seria, "path");
+        return found.file + ' ' + std::to_string(found.line) + ':' + std::to_string(found.column);
+    };
+    EXPECT_EQ(placeOf(0), "task.xml 3:8");
+    EXPECT_EQ(placeOf(1), "task.xml 4:2");
+    EXPECT_THROW(placeOf(2), std::out_of_range);
+}
+
+TEST(TaskDocument, OnlyOneThatCanBeLoadedIsATask)
+{
+    EXPECT_THROW(taskOf(documentOf("<task>")), std::logic_error);
+    EXPECT_THROW(taskOf(documentOf(report("<seria><path>a</path></seria><seria/>"))), std::logic_error);
+}
+
+// The tool reads a task from a file in memory, of which the system may have none, or no room in it.
+TEST(TaskDocument, WithoutMemoryThereIsNoTask)
+{
+    const TaskDocument small = documentOf("<task><path_in>a</path_in></task>");
+    const TaskDocument large =
+        documentOf("<task><path_in>" + std::string(100'000, 'a') + "</path_in></task>");
+    const auto endOf = [](const TaskDocument& document, const std::vector<SystemFault>& faults) {
+        return WEXITSTATUS(statusOfChild([&] {
+            setFaults(faults);
+            try {
+                taskOf(document);
+            } catch (const std::logic_error&) {
+                _exit(3);
+            } catch (const std::runtime_error&) {
+                _exit(2);
+            }
+        }));
+    };
+    EXPECT_EQ(endOf(small, {}), 0);
+    EXPECT_EQ(endOf(small, {{SYS_memfd_create, EMFILE}}), 2);
+    EXPECT_EQ(endOf(small, {{SYS_dup, EMFILE}}), 2);
+    EXPECT_EQ(endOf(small, {{SYS_write, ENOSPC}}), 2);
+    EXPECT_EQ(endOf(large, {{SYS_write, ENOSPC}}), 2);
+    EXPECT_EQ(endOf(small, {{SYS_openat, EMFILE}}), 3);
+}
+
+TEST(TaskDocument, WarningsOfTheXmlParserAreNoReason)
+{
+    EXPECT_EQ(textOfOnlyFinding(documentOf("<task xmlns=\"night\"><a></task>")),
+              textOfOnlyFinding(documentOf("<task><a></task>")));
 }
 
 TEST(TaskDocument, ValueIsThatOfTheFirstNode)

@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <string>
 #include <vector>
@@ -223,6 +224,46 @@ TEST(TdmCopy, RefusesWhatIsNoNumber)
     track.track.Marks[2].m = std::numeric_limits<double>::infinity();
     EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V344 ANGLE_1 "), StartsWith("V344 ANGLE_2 "),
                                              StartsWith("V344 MAG "), StartsWith("V344 EPOCH ")));
+}
+
+TEST(TdmCopy, RefusesDaysAndAnglesThatAreNone)
+{
+    CopyTrack track = trackOf("A", {markAt(0.5, 15, -0.5), markAt(0.5, 15, -0.5), markAt(0.5, 2e6, -0.5),
+                                    markAt(0.5, 15, std::nan(""))});
+    track.track.Marks[0].date = -600001;
+    track.track.Marks[1].date = 2'900'001;
+    EXPECT_THAT(refusals(track), ElementsAre(StartsWith("V344 EPOCH "), StartsWith("V344 EPOCH "),
+                                             StartsWith("V344 ANGLE_1 "), StartsWith("V344 ANGLE_2 ")));
+}
+
+TEST(TdmCopy, ATelescopeWithoutANameIsTheStation)
+{
+    CopyTrack track = trackOf("A", {markAt(0.5, 15, -0.5)});
+    track.track.telescope = "";
+    EXPECT_THAT(keyLines(copied({track}).text, "PARTICIPANT_1"), ElementsAre("K88"));
+}
+
+TEST(TdmCopy, MagnitudesAreLeftOutWhereTheCallSaysSo)
+{
+    CopySettings settings = usualSettings();
+    settings.leavesMagnitudesOut = true;
+    const Copy copy = copied({trackOf("A", {markAt(0.5, 15, -0.5)})}, settings);
+    EXPECT_THAT(keyLines(copy.text, "MAG"), IsEmpty());
+    EXPECT_EQ(keyLines(copy.text, "ANGLE_2").size(), 1U);
+    EXPECT_THAT(copy.mended, IsEmpty());
+}
+
+TEST(TdmCopy, RefusesParticipantsThatAreNotAsciiOrTooLong)
+{
+    for (const std::string& name : {std::string("\xC3\xA4"), std::string("a\x7F"), std::string(231, 'a')}) {
+        CopyTrack track = trackOf(name, {markAt(0.5, 15, -0.5)});
+        EXPECT_THAT(refusals(track),
+                    ElementsAre("V342 PARTICIPANT_2 has more than ASCII characters, or too many"));
+        track.track.telescope = name;
+        EXPECT_THAT(refusals(track),
+                    ElementsAre("V342 PARTICIPANT_1 has more than ASCII characters, or too many"));
+    }
+    EXPECT_EQ(copied({trackOf(std::string(230, 'a'), {markAt(0.5, 15, -0.5)})}).refused, 0U);
 }
 
 TEST(TdmCopy, RefusesTwoMarksOfAnObjectAtOneTime)

@@ -112,6 +112,15 @@ TEST(TaskTemplate, SeriaIsRepeatedForEachFileOfAGroup)
               "<paths><seria ><path>1</path></seria><seria ><path>2</path></seria></paths>");
 }
 
+TEST(TaskTemplate, AnyWhiteSpaceMayFollowTheNameOfSeria)
+{
+    for (const std::string blank : {" ", "\t", "\r\n", "\n"}) {
+        const std::string tag = "<seria" + blank + ">";
+        EXPECT_EQ(groupTask("<paths>" + tag + "{s}</seria></paths>").text,
+                  "<paths>" + tag + "1</seria>" + tag + "2</seria></paths>");
+    }
+}
+
 TEST(TaskTemplate, FieldOutsideTheSeriaThatDiffersIsAFinding)
 {
     EXPECT_THAT(groupTask("<task><out_dir>{s}</out_dir><seria>{s}</seria></task>").findings,

@@ -13,16 +13,18 @@ using namespace companion;
 
 TEST(Text, WellFormedUtf8)
 {
-    for (const std::string text :
-         {"", "night", "Übung", "\xe2\x82\xac", "\xf0\x9f\x9a\x80", "\xf4\x8f\xbf\xbf"}) {
+    for (const std::string text : {"", "night", "Übung", "\xe0\xa4\x85", "\xe2\x82\xac", "\xed\x9f\xbf",
+                                   "\xf0\x90\x80\x80", "\xf0\x9f\x9a\x80", "\xf4\x8f\xbf\xbf"})
+    {
         EXPECT_TRUE(isUtf8(text)) << text;
     }
 }
 
 TEST(Text, BytesThatAreNotUtf8)
 {
-    for (const std::string text : {"\xe9", "a\xc0\xaf", "\xc1\x81", "\xe0\x80\x80", "\xed\xa0\x80",
-                                   "\xf4\x90\x80\x80", "\xf5\x80\x80\x80", "\xe2\x82", "\x80", "\xff"})
+    for (const std::string text :
+         {"\xe9", "a\xc0\xaf", "\xc1\x81", "\xe0\x80\x80", "\xed\xa0\x80", "\xf0\x8f\xbf\xbf",
+          "\xf4\x90\x80\x80", "\xf5\x80\x80\x80", "\xe2\x82", "\x80", "\xff"})
     {
         EXPECT_FALSE(isUtf8(text)) << printable(text);
     }
@@ -56,6 +58,10 @@ TEST(Text, OnlyTheSeverityIsColored)
 {
     EXPECT_EQ(findingLine(finding("V005", {{"file", "a"}}).in("b"), true),
               "b: \x1b[1;31merror\x1b[0m: a is the input itself [V005]");
+    EXPECT_EQ(findingLine(finding("V423", {{"what", "the time"}, {"marks", "1 mark"}}), true).substr(0, 17),
+              "\x1b[1;36mnote\x1b[0m: ");
+    EXPECT_EQ(findingLine(finding("V021", {{"key", "a"}}), true),
+              "\x1b[1;35mwarning\x1b[0m: key \"a\" occurs twice [V021]");
 }
 
 TEST(Text, PlaceOfAMark)
@@ -63,7 +69,16 @@ TEST(Text, PlaceOfAMark)
     EXPECT_EQ(markPlaceText({2, "ptf", 0, "Z6433", 1, "2010-11-06T04:30:13.824"}),
               "series 2 ptf, track 0 Z6433, mark 1, 2010-11-06T04:30:13.824");
     EXPECT_EQ(markPlaceText({0, "", 3, "", 0, ""}), "track 3, mark 0");
+    EXPECT_EQ(markPlaceText({0, "", -1, "Z6433", 1, ""}), "Z6433, mark 1");
     EXPECT_EQ(markPlaceText({}), "");
+}
+
+TEST(Text, LinesAreWrappedBetweenWords)
+{
+    const std::string forty(40, 'a');
+    EXPECT_EQ(wrapped("  key:", forty + " b " + forty, 2), "  key: " + forty + " b\n  " + forty + "\n");
+    const std::string hundred(100, 'a');
+    EXPECT_EQ(wrapped("", hundred + " b", 0), hundred + "\nb\n"); // a word is never broken
 }
 
 TEST(Text, QuietConsolesShowErrorsAlone)

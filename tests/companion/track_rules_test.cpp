@@ -1,3 +1,5 @@
+#include "receivers/aavso_rules.h"
+#include "receivers/mpc_rules.h"
 #include "receivers/tdm_rules.h"
 #include "receivers/track_rules.h"
 
@@ -158,6 +160,41 @@ TEST(TrackRules, AFindingHasTheFirstPlacesAndTheNumberOfAll)
     EXPECT_EQ(findings[0].places[2].mark.time, "2023-02-25T06:00:00.000");
 }
 
+TEST(TrackRules, EachRuleKeepsThreePlacesAndCountsAll)
+{
+    struct Row
+    {
+        const char* word;
+        TrackVtorichka track;
+        const char* code;
+    };
+    const Row rows[] = {
+        {"mpc", named("25544", {good()}), "V311"},
+        {"mpc", named("AST1000", {goodBut([](auto& mark) { mark.filtr = "X"; })}), "V316"},
+        {"tdm", named("", {good()}), "V342"},
+        {"tdm", named("AST1000", {goodBut([](auto& mark) { mark.RA = 360.0; })}), "V343"},
+        {"aavso", named("A,B", {good()}), "V360"},
+        {"aavso", named("AB", {goodBut([](auto& mark) { mark.KNAME = "1,2"; })}), "V360"},
+        {"aavso", named("AB", {goodBut([](auto& mark) { mark.KNAME = std::string(21, 'a'); })}), "V361"},
+        {"aavso", named("AB", {goodBut([](auto& mark) { mark.mEnsemble = 10000.5; })}), "V361"},
+    };
+    for (const Row& row : rows) {
+        const std::vector<Finding> findings =
+            rulesAfter(row.word, std::vector<TrackVtorichka>(4, row.track))->findings();
+        EXPECT_EQ(outlineOf(findings), Lines{std::string(row.code) + " 4"});
+        EXPECT_EQ(findings.at(0).places.size(), 3u) << row.word << ' ' << row.code;
+    }
+}
+
+TEST(TrackRules, ReceiversAreThoseOfTheirFormats)
+{
+    EXPECT_EQ(receiverOf("mpc"), "mpc");
+    EXPECT_EQ(receiverOf("aavso"), "aavso");
+    EXPECT_EQ(receiverOf("tdm"), "ccsds");
+    EXPECT_EQ(receiverOf("tdm.xml"), "ccsds");
+    EXPECT_EQ(receiverOf("mea"), "");
+}
+
 // 80 columns
 
 TEST(MpcTrackRules, FiveCharactersBecomeANumber)
@@ -205,6 +242,10 @@ TEST(MpcTrackRules, SatellitesOfAReport)
     running.ObsCode = "CODEAAVSO";
     EXPECT_EQ(findingsOf("mpc", {running}), (Lines{"V311 1", "V318 1"}));
     EXPECT_EQ(findingsOf("mpc", {named("16033A", {good()})}), (Lines{"V312 1", "V318 1"}));
+    TrackVtorichka other = named("AST1000", {good()});
+    other.ObsCode = "CODEAAVSO";
+    other.NORAD = "25544";
+    EXPECT_EQ(findingsOf("mpc", {other}), Lines());
 }
 
 TEST(MpcTrackRules, SecondsOfSixty)
@@ -238,16 +279,41 @@ TEST(MpcTrackRules, AFractionThatRoundsToTheNextDay)
 {
     EXPECT_EQ(mpcOf([](auto& mark) { mark.time = 0.999996; }), Lines{"V317 1"});
     EXPECT_EQ(mpcOf([](auto& mark) { mark.time = 0.999994; }), Lines());
+    EXPECT_EQ(mpcOf([](auto& mark) { mark.time = 1.25; }), Lines());
 }
 
 TEST(MpcTrackRules, OtherLinesThanThoseOf80Columns)
 {
     EXPECT_EQ(mpcOf([](auto& mark) { mark.m = -1.0; }), Lines{"V310 1"});
+    EXPECT_EQ(mpcOf([](auto& mark) { mark.m = -0.04; }), Lines{"V310 1"});
+    EXPECT_EQ(mpcOf([](auto& mark) { mark.m = 99.96; }), Lines{"V310 1"}); // 100.0
     EXPECT_EQ(mpcOf([](auto& mark) { mark.m = std::nan(""); }), Lines{"V310 1"});
+    EXPECT_EQ(mpcOf([](auto& mark) { mark.time = -0.25; }), Lines{"V310 1"}); // 0.25000 after the day
     EXPECT_EQ(mpcOf([](auto& mark) { mark.RA = -15.0; }), Lines{"V310 1"});
     TrackVtorichka track = named("AST1000", {good()});
     track.MPCHeader.COD = "L012";
     EXPECT_EQ(firstText("mpc", track), "a line of 81 columns, where 80 are wanted");
+}
+
+TEST(MpcTrackRules, UnusualNumbersWhoseLineHas80Columns)
+{
+    EXPECT_EQ(mpcOf([](auto& mark) { mark.RA = 360.0; }), Lines());
+    EXPECT_EQ(mpcOf([](auto& mark) { mark.DE = -90.5; }), Lines());
+    EXPECT_EQ(mpcOf([](auto& mark) { mark.DE = 90.5; }), Lines());
+    EXPECT_EQ(mpcOf([](auto& mark) { mark.date = 0; }), Lines());
+    EXPECT_EQ(mpcOf([](auto& mark) { mark.date = 1'000'000; }), Lines());
+}
+
+TEST(MpcTrackRules, NamesOfPeopleHaveInitialsAndASurname)
+{
+    for (const char* name : {"J. R. R. Tolkien", "J.-F. Hulot", "A. B. de la Cruz", "K. {\\AA}berg"}) {
+        EXPECT_TRUE(isPersonName(name)) << name;
+    }
+    for (const char* name : {"", "Tolkien", "J. R.", "John Smith", "J. SMITH", "K. {\\AA}BERG", "j. Tolkien",
+                             "Jo Tolkien", "J.-f. Hulot", "J.-Fa Hulot", "J. Smith R.", "J. Smith Jr."})
+    {
+        EXPECT_FALSE(isPersonName(name)) << name;
+    }
 }
 
 TEST(MpcTrackRules, DeclinationsWithoutASignAreOfForm)
@@ -336,6 +402,7 @@ TEST(TdmTrackRules, TheEndOfADay)
 {
     EXPECT_EQ(tdmOf([](auto& track) { track.Marks[0].time = endOfDay; }), Lines{"V346 1"});
     EXPECT_EQ(tdmOf([](auto& track) { track.Marks[0].time = 1.0 - 0.00001 / 86400.0; }), Lines());
+    EXPECT_EQ(tdmOf([](auto& track) { track.Marks[0].time = 1.25; }), Lines());
     TrackVtorichka track = named("AST1000", {goodBut([](auto& mark) { mark.time = endOfDay; })});
     EXPECT_EQ(firstText("tdm", track), "the end of the day is written as 2023-02-25T00:00:00.00000");
 }
@@ -364,11 +431,13 @@ TEST(AavsoTrackRules, ErrorsThatAreNone)
         EXPECT_EQ(aavsoOf([noise](auto& mark) { mark.SNRpeak = noise; }), Lines{"V361 1"}) << noise;
     }
     EXPECT_EQ(aavsoOf([](auto& mark) { mark.SNRpeak = 1.001; }), Lines());
+    EXPECT_EQ(aavsoOf([](auto& mark) { mark.SNRpeak = 1e9; }), Lines());
 }
 
 TEST(AavsoTrackRules, TextsThatAreNone)
 {
     EXPECT_EQ(aavsoOf([](auto& mark) { mark.MTYPE = "NONE"; }), Lines{"V361 1"});
+    EXPECT_EQ(aavsoOf([](auto& mark) { mark.MTYPE = "abs"; }), Lines());
     EXPECT_EQ(aavsoOf([](auto& mark) { mark.CHART = ""; }), Lines{"V361 1"});
     EXPECT_EQ(aavsoOf([](auto& mark) { mark.mEnsemble = std::nan(""); }), Lines{"V361 1"});
     EXPECT_EQ(findingsOf("aavso", {named("", {good()})}), Lines{"V361 1"});
@@ -412,5 +481,23 @@ TEST(AavsoTrackRules, NamesOfFiles)
     for (const char* path : {"a.txt", "out/A.TXT", "a.csv", "b.tsv"}) {
         EXPECT_EQ(outlineOf(rulesAfter("aavso", {}, path)->findings()), Lines()) << path;
     }
-    EXPECT_EQ(outlineOf(rulesAfter("aavso", {}, "out.txt/night.mag")->findings()), Lines{"V364 1"});
+    const auto rules = rulesAfter("aavso", {}, "out.txt/night.mag");
+    EXPECT_EQ(outlineOf(rules->findings()), Lines{"V364 1"});
+    for (const char* path : {"a.mag", "b.mag", "c.mag"}) {
+        rules->openFile(path);
+    }
+    EXPECT_EQ(outlineOf(rules->findings()), Lines{"V364 4"});
+}
+
+TEST(AavsoDelimiter, IsACharacterItsNumberOrAWord)
+{
+    const std::pair<const char*, char> known[] = {{",", ','},   {"comma", ','}, {"COMMA", ','}, {"tab", '\t'},
+                                                  {";", ';'},   {"|", '|'},     {"5", '5'},     {"33", '!'},
+                                                  {"059", ';'}, {"126", '~'}};
+    for (const auto& [value, delimiter] : known) {
+        EXPECT_EQ(aavsoDelimiter(value), delimiter) << value;
+    }
+    for (const char* value : {"", "#", "35", " ", "32", "31", "127", "99999999999", "semicolon", ",,"}) {
+        EXPECT_EQ(aavsoDelimiter(value), std::nullopt) << value;
+    }
 }

@@ -132,6 +132,25 @@ TEST(Progress, BarIsShownAtMostTenTimesASecondAndWiped)
     EXPECT_EQ(wiped, '\r' + std::string(wiped.size() - 2, ' ') + '\r');
 }
 
+TEST(Progress, BarThatWasWipedComesBack)
+{
+    Work work(ProgressStyle::bar);
+    work.time += 2s;
+    work.progress.at(10);
+    work.progress.wipe();
+    work.shown.str("");
+    work.time += 50ms;
+    work.progress.at(10);
+    EXPECT_EQ(work.shown.str(), "");
+    work.time += 100ms;
+    work.progress.at(10);
+    EXPECT_THAT(work.shown.str(), testing::HasSubstr("] 10 of 200 tasks"));
+    work.shown.str("");
+    work.time += 1s;
+    work.progress.at(10);
+    EXPECT_EQ(work.shown.str(), "");
+}
+
 TEST(Progress, PlainLinesComeEachTenthAndEachHalfMinute)
 {
     Work work(ProgressStyle::plain);

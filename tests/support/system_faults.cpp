@@ -66,6 +66,18 @@ std::vector<SystemFault> faultsOfRename(int error)
     return faults;
 }
 
+std::vector<SystemFault> faultsOfAccess(int error)
+{
+    std::vector<SystemFault> faults{{SYS_faccessat, error}};
+#if defined(SYS_access)
+    faults.push_back({SYS_access, error});
+#endif
+#if defined(SYS_faccessat2)
+    faults.push_back({SYS_faccessat2, error});
+#endif
+    return faults;
+}
+
 SystemFault noFilesWithoutNames()
 {
     return {SYS_openat, EOPNOTSUPP, O_TMPFILE & ~O_DIRECTORY};

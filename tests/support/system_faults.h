@@ -20,6 +20,9 @@ void setFaults(const std::vector<SystemFault>& faults);
 /// Where a name of the C library may stand for several calls: all that put a name in the place of another.
 std::vector<SystemFault> faultsOfRename(int error);
 
+/// The system gives no right to a file, to no one.
+std::vector<SystemFault> faultsOfAccess(int error);
+
 /// Opening a file without a name fails, as on file systems that have none.
 SystemFault noFilesWithoutNames();
 
