@@ -91,6 +91,8 @@ TEST(ToolPath, CommandWithoutANeighbourLooksInTheSearchPath)
     };
     EXPECT_THAT(shown(folder / "bin"), testing::HasSubstr("vomar " + folder / "bin/vomar" + ", 0 bytes"));
     EXPECT_THAT(shown("/nonexistent"), testing::HasSubstr("vomar not found\n"));
+    EXPECT_NE(std::system("PATH=/nonexistent alone/tavelin run a.xml 2>shown"), 0);
+    EXPECT_EQ(bytesOf("shown"), "tavelin: no vomar beside this program or in the search path [V402]\n");
 }
 
 } // namespace
