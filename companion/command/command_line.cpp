@@ -32,10 +32,10 @@ std::vector<OptionRow> allOptions(const Subcommand& subcommand)
     return rows;
 }
 
-// The words that an option takes; none where it takes any value.
+// The words that an option with a value takes; none where it takes any.
 std::vector<std::string> wordsOf(const OptionRow& row)
 {
-    const std::string value = row.value == nullptr ? "" : row.value;
+    const std::string value = row.value;
     return value.find('|') == std::string::npos ? std::vector<std::string>{} : CLI::detail::split(value, '|');
 }
 
@@ -51,10 +51,10 @@ void mustBeKnown(const OptionRow& row, const std::string& value)
     }
 }
 
-// "-1" is a number, and an operand.
+// Of what begins with a dash: "-1" is a number, and an operand.
 bool isNegativeNumber(const std::string& word)
 {
-    return word.size() > 1 && word.find_first_not_of("0123456789", 1) == std::string::npos;
+    return word.find_first_not_of("0123456789", 1) == std::string::npos;
 }
 
 // What is left over and looks like an option is an unknown one.
@@ -187,10 +187,7 @@ int runSubcommand(const Subcommand& subcommand, const std::vector<std::string>& 
         return 0;
     }
     const std::string operands = subcommand.operands;
-    if (operands.empty() && !arguments.operands().empty()) {
-        throw wrongCall(subcommand.name, "takes no \"" + arguments.operands().front() + '"');
-    }
-    if (!operands.empty() && operands[0] != '[' && arguments.operands().empty()) {
+    if (operands[0] != '[' && arguments.operands().empty()) {
         throw wrongCall(subcommand.name, operands + " is missing");
     }
     return subcommand.run(arguments, {console.out, console.err, appearanceOf(arguments, console.look)});

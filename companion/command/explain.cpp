@@ -78,13 +78,20 @@ Explanation resultIn(const std::string& name, InputFiles& files)
     return explanationOfResult(name, entries);
 }
 
+TaskDocument documentOf(const std::string& name, InputFiles& files)
+{
+    const std::string path = files.pathOf(name);
+    if (path == name) {
+        return readTaskDocument(name);
+    }
+    tavelinUtils::FileBytes input;
+    readBytes(path, input); // a copy that was made just now
+    return taskDocumentOf(input.view(), name);
+}
+
 Explanation taskIn(const std::string& name, InputFiles& files)
 {
-    tavelinUtils::FileBytes input;
-    const std::string path = files.pathOf(name);
-    const bool isCopied = path != name && readBytes(path, input);
-    TaskDocument document = isCopied ? taskDocumentOf(input.view(), name) : readTaskDocument(name);
-    const CheckedTask checked = TaskChecker({}).check(std::move(document));
+    const CheckedTask checked = TaskChecker({}).check(documentOf(name, files));
     if (!checked.isLoaded) {
         throw WrongUsage{
             std::find_if(checked.findings.begin(), checked.findings.end(),

@@ -95,16 +95,12 @@ std::string plainMarkdown(std::string_view text)
     return plain;
 }
 
-std::string capital(std::string text)
-{
-    text[0] = text[0] >= 'a' && text[0] <= 'z' ? static_cast<char>(text[0] - 'a' + 'A') : text[0];
-    return text;
-}
-
 std::string sectionOf(const FindingRow& row)
 {
     std::string text = "\n## " + row.code.text() + "\n\n`" + std::string(row.text) + "`\n\n";
-    text += capital(kindOf(row)) + ".\n\n";
+    std::string kind = kindOf(row); // which begins with the severity
+    kind[0] = static_cast<char>(kind[0] - 'a' + 'A');
+    text += kind + ".\n\n";
     text += plainMarkdown(row.happens) + "\n\n";
     text += "What to do: " + plainMarkdown(row.remedy) + "\n\n";
     if (const FindingExample* const example = findingExample(row.code)) {

@@ -160,10 +160,11 @@ private:
         return text + (text == "1" ? " minute" : " minutes");
     }
 
+    // Of several: all objects would be in one.
     std::string fileNames() const
     {
         const std::string& word = task.toSeparateFile;
-        const std::string base = word == "eachseria" ? "series" : word == "allobjects" ? "folder" : "object";
+        const std::string base = word == "eachseria" ? "series" : "object";
         return (task.longname ? "telescope-" + base + "-time-filtr" : base) + '.' + task.outputextension;
     }
 

@@ -31,9 +31,10 @@ std::string optionLines(std::span<const OptionRow> rows)
     return text;
 }
 
+// Of a line that begins with a small letter.
 std::string sentence(std::string line)
 {
-    line[0] = line[0] >= 'a' && line[0] <= 'z' ? static_cast<char>(line[0] - 'a' + 'A') : line[0];
+    line[0] = static_cast<char>(line[0] - 'a' + 'A');
     return line + ".\n";
 }
 
@@ -66,12 +67,10 @@ std::string helpOf(const Subcommand& subcommand)
     for (const char* example : subcommand.examples) {
         text += std::string("    ") + example + '\n';
     }
-    text += std::string("\nUsage: tavelin ") + subcommand.name + " [OPTION...]";
-    text += *subcommand.operands == 0 ? "\n\n" : std::string(" ") + subcommand.operands + "\n\n";
+    text +=
+        std::string("\nUsage: tavelin ") + subcommand.name + " [OPTION...] " + subcommand.operands + "\n\n";
     text += sentence(subcommand.line);
-    if (!subcommand.options.empty()) {
-        text += "\nOptions:\n" + optionLines(subcommand.options);
-    }
+    text += "\nOptions:\n" + optionLines(subcommand.options);
     return text + "\nIn every subcommand:\n" + optionLines(commonOptions());
 }
 

@@ -102,12 +102,8 @@ std::size_t lookOf(BatchStatus status)
     case BatchStatus::toRun:
     case BatchStatus::leftOut:
     case BatchStatus::elsewhere: return 1;
-    case BatchStatus::findings:
-    case BatchStatus::failed:
-    case BatchStatus::refused:
-    case BatchStatus::gone: break;
+    default: return 2;
     }
-    return 2;
 }
 
 // A task of a batch with its place among all tasks.

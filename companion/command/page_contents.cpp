@@ -251,13 +251,11 @@ struct PageGatherer::State
     void addPointsAlone(PageObject& object, const MeasuredSeries& series)
     {
         object.marks += series.points.size();
-        if (!series.points.empty()) {
-            const std::string first = momentText(series.points.front().mjd);
-            const std::string last = momentText(series.points.back().mjd);
-            widen(object.first, object.last, first, last);
-            widen(contents.first, contents.last, first, last);
-            widen(contents.files.back().first, contents.files.back().last, first, last);
-        }
+        const std::string first = momentText(series.points.front().mjd);
+        const std::string last = momentText(series.points.back().mjd);
+        widen(object.first, object.last, first, last);
+        widen(contents.first, contents.last, first, last);
+        widen(contents.files.back().first, contents.files.back().last, first, last);
     }
 
     void addPoint(PageObject& object, const std::string& filter, const MeasuredPoint& point)
@@ -342,9 +340,8 @@ struct PageGatherer::State
         ++contents.states[outcome.status];
         addSource(folder.receipt(task.number));
         PageTask& added = addTaskOf(outcome);
-        const std::string path = task.inputs.empty() ? "" : task.inputs.front().path;
-        added.night = PageNight{outcome.status, nightOf(path, added.first), whyOf(outcome), outcome.read,
-                                outcome.found};
+        added.night = PageNight{outcome.status, nightOf(task.inputs.front().path, added.first),
+                                whyOf(outcome), outcome.read, outcome.found};
         if (!isWell(outcome.status)) {
             addRunFindings(outcome);
         }

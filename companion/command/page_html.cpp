@@ -85,9 +85,10 @@ void addTotal(Html& page, std::string_view term, const std::string& value, const
 std::string keptTogether(const std::string& text)
 {
     std::string kept;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isBehindNumber = text[i] == ' ' && i > 0 && isDigit(text[i - 1]);
-        kept += isBehindNumber ? "\u00a0" : std::string(1, text[i]);
+    char before = 0;
+    for (const char each : text) {
+        kept += each == ' ' && isDigit(before) ? "\u00a0" : std::string(1, each);
+        before = each;
     }
     return kept;
 }

@@ -226,14 +226,15 @@ std::vector<MeasuredSeries> seriesOf(const Subject& subject, bool isLight)
     return isLight ? lightCurvesIn(subject.path, subject.format) : pathsIn(subject.path, subject.format);
 }
 
-// Why a picture would be empty: for the ephemeris, for what the file has nothing of, or for the file itself.
+// Why a picture would be empty: for the ephemeris, which alone leaves out points of series, for what the file
+// has nothing of, or for the file itself.
 WrongUsage nothingToDraw(const Subject& subject, bool hasSeries, const Arguments& arguments)
 {
-    if (hasSeries && !subject.ephemeris.empty()) {
+    if (hasSeries) {
         return wrongCall("--against",
                          arguments.value("against") + " has no positions at the times of " + subject.name);
     }
-    if (hasSeries || !seriesOf(subject, subject.kind != "light").empty()) {
+    if (!seriesOf(subject, subject.kind != "light").empty()) {
         return wrongCall("--kind", std::string("there is nothing to draw for \"") + subject.kind + '"');
     }
     return wrongCall("FILE", subject.name + " has no marks to draw");

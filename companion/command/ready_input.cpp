@@ -39,8 +39,7 @@ std::vector<Finding> findingsOfInputs(CheckedTask& checked)
 {
     std::vector<Finding> kept;
     for (Finding& each : checked.findings) {
-        const bool isKept = isAmong(ofInputs, each.code) && !isOfOutputWord(checked, each);
-        if (isKept || !checked.isLoaded) {
+        if (isAmong(ofInputs, each.code) && !isOfOutputWord(checked, each)) {
             kept.push_back(std::move(each));
         }
     }

@@ -54,8 +54,8 @@ private:
 struct Subcommand
 {
     const char* name;
-    const char* operands; ///< "TASK...": demanded unless in brackets; empty where it takes none
-    const char* line;     ///< what it does, in one line
+    const char* operands; ///< "TASK...": demanded unless in brackets
+    const char* line;     ///< what it does, in one line, from a small letter on
     const char* examples[2];
     std::span<const OptionRow> options;
     int (*run)(const Arguments& arguments, const Console& console); ///< gives the exit status

@@ -92,11 +92,8 @@ std::string lineOf(const TaskOutcome& outcome)
     case RunStatus::findings: return marksText(outcome) + "; " + seeCheck(outcome);
     case RunStatus::refused: return seeCheck(outcome);
     case RunStatus::leftOut: return outcome.reason;
-    case RunStatus::failed:
-    case RunStatus::limit:
-    case RunStatus::signal: break;
+    default: return ""; // what failed has a line for each error
     }
-    return "";
 }
 
 Json endedJson(const EndedChild& ended)
@@ -105,9 +102,8 @@ Json endedJson(const EndedChild& ended)
         switch (ended.limit) {
         case ChildLimit::time: return Json("time");
         case ChildLimit::memory: return Json("memory");
-        case ChildLimit::none: break;
+        default: return Json();
         }
-        return Json();
     };
     return Json::object()
         .set("status", ended.status < 0 ? Json() : Json(ended.status))
@@ -190,9 +186,8 @@ std::string_view statusWord(RunStatus status)
     case RunStatus::refused: return "refused";
     case RunStatus::limit: return "limit";
     case RunStatus::signal: return "signal";
-    case RunStatus::leftOut: break;
+    default: return "left out";
     }
-    return "left out";
 }
 
 void showOutcome(const Console& console, const TaskOutcome& outcome)
@@ -254,9 +249,7 @@ void RunTotals::add(const TaskOutcome& outcome)
     case RunStatus::findings: ++withFindings; break;
     case RunStatus::refused: ++refused; break;
     case RunStatus::leftOut: ++leftOut; return;
-    case RunStatus::failed:
-    case RunStatus::limit:
-    case RunStatus::signal: ++failed; break;
+    default: ++failed; break; // also by a limit or a signal
     }
     marks += outcome.task->plan.account.read;
     findings.add(totalsOf(outcome.task->findings));

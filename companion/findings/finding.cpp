@@ -41,9 +41,8 @@ std::string_view severityWord(Severity severity)
     switch (severity) {
     case Severity::error: return "error";
     case Severity::warning: return "warning";
-    case Severity::note: break;
+    default: return "note";
     }
-    return "note";
 }
 
 std::optional<FindingCode> FindingCode::of(std::string_view text)
@@ -123,7 +122,7 @@ void FindingTotals::add(const Finding& found)
     switch (found.severity) {
     case Severity::error: ++errors; break;
     case Severity::warning: ++warnings; break;
-    case Severity::note: ++notes; break;
+    default: ++notes; break;
     }
 }
 

@@ -118,10 +118,8 @@ std::vector<std::string> foldersOf(const BatchTask& task)
 void waitForDisk(const std::string& folder)
 {
     const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor >= 0) {
-        syncfs(descriptor);
-        close(descriptor);
-    }
+    syncfs(descriptor); // where the folder could not be opened, both do nothing
+    close(descriptor);
 }
 
 // Files that a killed process left beside their names. Whoever writes has the lock of the plan.
@@ -185,8 +183,7 @@ public:
         made = {};
         tasks.clear();
         before.clear();
-        hasOldPlan = fileState(folder.plan()).exists;
-        isPrepared = true;
+        isFirstPlan = !fileState(folder.plan()).exists;
         readOldPlan();
         makeTasks();
         if (!hasErrors(made.findings)) {
@@ -201,7 +198,7 @@ public:
     // Under the lock of the plan, which another call may have written since.
     MadeBatch write()
     {
-        const bool stands = isPrepared && !hasOldPlan && !fileState(folder.plan()).exists;
+        const bool stands = isFirstPlan && !fileState(folder.plan()).exists;
         if (stands || prepare()) {
             writeFiles();
             folders.stay();
@@ -259,7 +256,7 @@ private:
     void readOldPlan()
     {
         made.plan.folder = here;
-        if (!hasOldPlan) {
+        if (isFirstPlan) {
             return;
         }
         BatchPlan old = readPlan(folder);
@@ -440,8 +437,7 @@ private:
     TaskTemplate taskTemplate;
     std::string here;
     std::map<std::string, std::vector<ArchiveFile>> groups{};
-    bool isPrepared = false;
-    bool hasOldPlan = false;
+    bool isFirstPlan = false;                  // what is prepared grows none
     std::map<std::string, BatchTask> before{}; // tasks of the old plan, by their files or groups
     std::vector<MadeTask> tasks{};
     MadeBatch made{};

@@ -1,6 +1,7 @@
 #include "running/byte_locks.h"
 
 #include "findings/finding.h"
+#include "running/uninterrupted.h"
 
 #include <cerrno>
 #include <cstring>
@@ -53,15 +54,13 @@ bool ByteLocks::set(std::size_t byte, short type, int command) const
     lock.l_whence = SEEK_SET;
     lock.l_start = static_cast<off_t>(byte);
     lock.l_len = 1;
-    while (fcntl(descriptor, command, &lock) != 0) {
-        if (errno == EACCES || errno == EAGAIN) {
-            return false;
-        }
-        if (errno != EINTR) {
-            throw failed(path);
-        }
+    if (uninterrupted([&] { return fcntl(descriptor, command, &lock); }) == 0) {
+        return true;
     }
-    return true;
+    if (errno != EACCES && errno != EAGAIN) {
+        throw failed(path);
+    }
+    return false;
 }
 
 } // namespace companion

@@ -1,5 +1,7 @@
 #include "running/child.h"
 
+#include "running/uninterrupted.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
@@ -137,8 +139,12 @@ private:
     bool redirect() const
     {
         const int nothing = open("/dev/null", O_RDONLY | O_CLOEXEC);
-        return nothing >= 0 && dup2(nothing, STDIN_FILENO) >= 0 && dup2(output, STDOUT_FILENO) >= 0 &&
-               dup2(output, STDERR_FILENO) >= 0;
+        const int sources[] = {nothing, output, output}; // of input, output and errors
+        bool isDone = nothing >= 0;
+        for (int stream = STDIN_FILENO; isDone && stream <= STDERR_FILENO; ++stream) {
+            isDone = dup2(sources[stream], stream) >= 0;
+        }
+        return isDone;
     }
 
     // Handlers go with exec; what is ignored or blocked would stay.
@@ -162,15 +168,11 @@ int startError(Pipe failures, pid_t process)
 {
     failures.in = Descriptor();
     int error = 0;
-    ssize_t count = 0;
-    do {
-        count = read(failures.out.get(), &error, sizeof error);
-    } while (count < 0 && errno == EINTR);
+    const auto count = uninterrupted([&] { return read(failures.out.get(), &error, sizeof error); });
     if (count != sizeof error) {
         return 0;
     }
-    while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
-    }
+    uninterrupted([process] { return waitpid(process, nullptr, 0); });
     return error;
 }
 
@@ -206,7 +208,7 @@ void takeOutput(RunningChild& child)
     }
     if (count == 0) {
         child.output = Descriptor();
-    } else if (count < 0 && errno != EAGAIN && errno != EINTR) {
+    } else if (errno != EAGAIN && errno != EINTR) {
         child.unreadable = std::move(child.output); // open, so that what the child says ends it by no signal
     }
 }
@@ -240,8 +242,7 @@ void takeEnd(RunningChild& child)
     takeOutput(child);
     int status = 0;
     rusage usage = {};
-    while (wait4(child.process, &status, 0, &usage) < 0 && errno == EINTR) {
-    }
+    uninterrupted([&] { return wait4(child.process, &status, 0, &usage); });
     child.end.seconds = secondsOf(Clock::now() - child.start);
     child.end.peakMemory = static_cast<std::uint64_t>(usage.ru_maxrss) * 1024;
     if (WIFSIGNALED(status)) {

@@ -72,9 +72,8 @@ std::string_view changeWord(FileChange change)
     case FileChange::fresh: return "new";
     case FileChange::changed: return "changed";
     case FileChange::same: return "same";
-    case FileChange::missing: break;
+    default: return "missing";
     }
-    return "missing";
 }
 
 ResultEvidence::ResultEvidence(std::string resultPath)

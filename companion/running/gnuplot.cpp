@@ -3,7 +3,6 @@
 #include "base/bytes.h"
 #include "findings/finding.h"
 #include "out/text.h"
-#include "running/child.h"
 #include "running/private_folder.h"
 #include "running/tool_path.h"
 
@@ -37,18 +36,6 @@ std::optional<EndedChild> ran(const std::string& program, const std::string& scr
     return ended;
 }
 
-// What went wrong, in gnuplot's words where it said any.
-std::string problemOf(const EndedChild& ended)
-{
-    if (!ended.failure.empty()) {
-        return "could not be started: " + ended.failure;
-    }
-    if (ended.limit == ChildLimit::time) {
-        return "took longer than a minute";
-    }
-    return ended.said.empty() ? "has drawn nothing" : "said \"" + printable(ended.said) + '"';
-}
-
 // Draws in a folder that is gone at the end; gives nothing where a signal came first.
 std::optional<std::string> drawn(const std::string& program, const std::string& suffix,
                                  const ScriptFor& scriptFor, const Interrupts& interrupts)
@@ -66,12 +53,23 @@ std::optional<std::string> drawn(const std::string& program, const std::string& 
     tavelinUtils::FileBytes bytes;
     const bool isDrawn = tavelinUtils::readBytes(picture, bytes) && !bytes.view().empty();
     if (ended->status != 0 || !isDrawn) {
-        throw noPicture(problemOf(*ended));
+        throw noPicture(drawingProblem(*ended));
     }
     return std::string(bytes.view());
 }
 
 } // namespace
+
+std::string drawingProblem(const EndedChild& ended)
+{
+    if (!ended.failure.empty()) {
+        return "could not be started: " + ended.failure;
+    }
+    if (ended.limit == ChildLimit::time) {
+        return "took longer than a minute";
+    }
+    return ended.said.empty() ? "has drawn nothing" : "said \"" + printable(ended.said) + '"';
+}
 
 std::string drawnPicture(const std::string& suffix, const ScriptFor& scriptFor)
 {

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "running/child.h"
+
 #include <functional>
 #include <string>
 
@@ -14,5 +16,8 @@ using ScriptFor = std::function<std::string(const std::string& picture)>;
 /// WrongUsage (V470) where gnuplot is missing, takes longer than a minute, or does not draw. A signal that
 /// comes meanwhile ends the program, with nothing left behind.
 std::string drawnPicture(const std::string& suffix, const ScriptFor& scriptFor);
+
+/// What went wrong in a run of gnuplot that has not drawn, in its words where it said any.
+std::string drawingProblem(const EndedChild& ended);
 
 } // namespace companion

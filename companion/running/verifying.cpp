@@ -300,8 +300,8 @@ public:
     bool begin(FileLines& lines, const TrackVtorichka& track) override
     {
         lines.next(3);
-        const std::string object = (track.HeadText2.empty() ? track.QRVName : track.HeadText2) + " " +
-                                   (track.HeadText3.empty() ? track.QRVName : track.HeadText3);
+        const std::string object =
+            track.QRVName + " " + (track.HeadText3.empty() ? track.QRVName : track.HeadText3);
         const bool isSame = lines.next() == object;
         lines.next();
         return isSame;
@@ -371,11 +371,15 @@ private:
     {
         std::string_view line = lines.next();
         std::array<std::string_view, 1> last;
-        if (!line.starts_with(key) || !takeLast(line, last)) {
+        if (!line.starts_with(key)) {
+            return false;
+        }
+        line.remove_prefix(key.size());
+        if (!takeLast(line, last)) {
             return false;
         }
         value = toDouble(last[0]);
-        const double epoch = epochOff(line.substr(key.size()), mark);
+        const double epoch = epochOff(line, mark);
         off = std::abs(epoch) > std::abs(off) ? epoch : off;
         return true;
     }
@@ -599,8 +603,7 @@ constexpr FormRow forms[] = {
 bool agrees(double value, double ofMark, double tolerance)
 {
     const double hair = 1e-9 + 1e-9 * tolerance;
-    return !std::isfinite(ofMark) ||
-           std::abs(value - ofMark) <= tolerance + hair * std::max(1.0, std::abs(ofMark));
+    return std::abs(value - ofMark) <= tolerance + hair * std::max(1.0, std::abs(ofMark));
 }
 
 // A time has digits for the days of the years that calendars agree on.

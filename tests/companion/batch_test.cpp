@@ -436,6 +436,62 @@ TEST(Batch, DocumentGoesWithALineInTheLogForEachTaskThatIsNotGood)
                        "work/tasks/000003_T9.xml: warning: the input of task 3 is gone [V452]\n");
 }
 
+TEST(Batch, SummaryNeedsNoTool)
+{
+    const Archive archive({"n1"});
+    archive.make();
+    EXPECT_EQ(archive.run({"--summary"}, "./missing").out, "batch: 1 task: 1 up to date; 1 of 1 mark\n");
+}
+
+TEST(Batch, TasksAfterTooManyFailuresAreLeftOut)
+{
+    const Archive archive({"n1", "n2"});
+    fs::rename("archive/n1/T9.mea", "archive/n1/exits-1.mea");
+    archive.make({"--only-make"});
+    EXPECT_THAT(archive.run({"--stop-after=1"}).out,
+                EndsWith("batch: 2 tasks: 1 failed (work/receipts/000001.json), 1 left out; 0 of 1 mark\n"));
+}
+
+TEST(Batch, RefusedTasksAreAmongThoseThatFailed)
+{
+    const Archive archive({"n1"});
+    archive.make({"--only-make"});
+    makeFile("archive/n1/T9.mea", "");
+    EXPECT_THAT(archive.run().out, EndsWith("batch: 1 task: 1 refused; 0 of 0 marks\n"));
+    EXPECT_THAT(archive.run({"--failed"}).out, EndsWith("batch: 1 task: 1 refused; 0 of 0 marks\n"));
+}
+
+TEST(Batch, TasksWithFindingsAreAmongThoseThatFailed)
+{
+    const Archive archive({"n1"});
+    writeReports();
+    archive.make();
+    EXPECT_THAT(archive.run({"--failed"}).out, EndsWith("batch: 1 task: 1 with findings; 1 of 1 mark\n"));
+}
+
+TEST(Batch, UnfinishedReceiptOfATaskThatIsRunElsewhereStays)
+{
+    const Archive archive({"n1", "n2"});
+    archive.make();
+    makeFile("work/receipts/000001.json.77.part", "{");
+    makeFile("work/receipts/000002.json.77.part", "{");
+    const LockElsewhere lock("work/lock", 2);
+    archive.run();
+    EXPECT_EQ(namesIn("work/receipts"), (Names{"000001.json", "000002.json", "000002.json.77.part"}));
+}
+
+TEST(Batch, SignalEndsItAfterItsTotals)
+{
+    const Archive archive({"n1", "n2"});
+    archive.make({"--only-make"});
+    makeFile("tool", "#!/bin/sh\nkill -INT $PPID\nexec sleep 600\n");
+    fs::permissions("tool", fs::perms::owner_all);
+    const int status = std::system("exec " VOMAR_COMMAND " batch work --vomar ./tool >shown");
+    ASSERT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(WTERMSIG(status), SIGINT);
+    EXPECT_THAT(bytesOf("shown"), HasSubstr("batch: 2 tasks: 1 failed"));
+}
+
 // Both sides of a sum come from different ways. A command that counts a mark too many in one of them has no
 // task that is good, nor one that is done.
 TEST(Batch, AccountsThatDisagreeAreAnError)
@@ -500,6 +556,8 @@ TEST(Batch, WrongCallsAreUsage)
                                                {"--part=0/3"},
                                                {"--part=1"},
                                                {"--part=1/2x"},
+                                               {"--part=1x2"},
+                                               {"--part=1/x"},
                                                {"--part=a/b"},
                                                {"--forget=9"},
                                                {"second"},
@@ -511,6 +569,7 @@ TEST(Batch, WrongCallsAreUsage)
         EXPECT_THAT(end.out, IsEmpty());
     }
     EXPECT_EQ(archive.make({"--set=x"}).err, "tavelin: --set: \"x\" is not of the form KEY=VALUE [V001]\n");
+    EXPECT_EQ(archive.make({"--set==x"}).err, "tavelin: --set: \"=x\" is not of the form KEY=VALUE [V001]\n");
 }
 
 } // namespace

@@ -1,12 +1,16 @@
 #include "running/byte_locks.h"
 
 #include "findings/finding.h"
+#include "support/system_faults.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
 
+#include <fcntl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -65,6 +69,25 @@ TEST(ByteLocks, GoWithAProcessThatIsKilled)
 TEST(ByteLocks, FolderThatIsMissingIsToldInUsage)
 {
     EXPECT_THROW(ByteLocks("/no/such/folder/lock"), companion::WrongUsage);
+}
+
+// The status of a process that takes a byte where the system refuses locks with an error.
+int statusOfTaking(const std::string& path, int error)
+{
+    return WEXITSTATUS(statusOfChild([&] {
+        const ByteLocks locks(path);
+        setFaults({{SYS_fcntl, error}});
+        _exit(locks.take(1) ? 10 : 11);
+    }));
+}
+
+// Systems say in one of two ways that another has the lock; all else is no answer.
+TEST(ByteLocks, OnlyTheErrorsOfATakenLockMeanThatItIsTaken)
+{
+    const TemporaryFolder folder;
+    EXPECT_EQ(statusOfTaking(folder / "lock", EACCES), 11);
+    EXPECT_EQ(statusOfTaking(folder / "lock", EAGAIN), 11);
+    EXPECT_EQ(statusOfTaking(folder / "lock", ENOLCK), 1); // by an exception
 }
 
 } // namespace

@@ -1,16 +1,20 @@
 #include "running/child.h"
 
+#include "support/system_faults.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
 
+#include <cerrno>
 #include <csignal>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <string>
 #include <thread>
 
 #include <sys/resource.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -179,17 +183,146 @@ TEST(Child, ProgramThatCannotBeStartedIsToldBySystemsWords)
     EXPECT_EQ(script.run().failure, "Permission denied");
 }
 
+// A child has two pipes.
 TEST(Child, WithoutDescriptorsItIsTold)
 {
     const Interrupts interrupts;
     Children children(interrupts);
     rlimit before = {};
     getrlimit(RLIMIT_NOFILE, &before);
-    const rlimit few{4, before.rlim_max};
-    setrlimit(RLIMIT_NOFILE, &few);
-    children.start(1, {"/bin/true", "true", "", {}, 0});
-    setrlimit(RLIMIT_NOFILE, &before);
-    EXPECT_EQ(children.next(1s)->failure, "Too many open files");
+    const int next = dup(STDIN_FILENO);
+    close(next);
+    for (rlim_t room = 0; room < 4; ++room) {
+        const rlimit few{static_cast<rlim_t>(next) + room, before.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &few);
+        children.start(1, {"/bin/true", "true", "", {}, 0});
+        setrlimit(RLIMIT_NOFILE, &before);
+        EXPECT_EQ(children.next(1s)->failure, "Too many open files") << room;
+    }
+}
+
+// What processes are made with.
+std::vector<SystemFault> noProcesses(int error)
+{
+#if defined(SYS_vfork)
+    return {{SYS_vfork, error}, {SYS_clone, error}};
+#else
+    return {{SYS_clone, error}};
+#endif
+}
+
+// Whether a script is not started under faults, for that reason and with that limit.
+bool failsToStart(const std::vector<SystemFault>& faults, const std::string& failure,
+                  std::uint64_t memoryLimit = 0, ChildLimit limit = ChildLimit::none)
+{
+    const auto start = [&] {
+        const Interrupts interrupts;
+        Children children(interrupts);
+        setFaults(faults);
+        children.start(1, {"/bin/true", "true", "", {}, memoryLimit});
+        const EndedChild end = children.next(20s).value();
+        _exit(end.failure == failure && end.limit == limit ? 0 : 1);
+    };
+    return statusOfChild(start) == 0;
+}
+
+TEST(Child, SystemThatRefusesAProcessIsToldByItsWords)
+{
+    EXPECT_TRUE(failsToStart(noProcesses(EAGAIN), "Resource temporarily unavailable"));
+    EXPECT_TRUE(failsToStart(noProcesses(ENOMEM), "Cannot allocate memory"));
+    EXPECT_TRUE(failsToStart({{SYS_prlimit64, EPERM}}, "Operation not permitted"));
+    EXPECT_TRUE(failsToStart({{SYS_openat, ENFILE}}, "Too many open files in system"));
+}
+
+TEST(Child, WithoutMemoryForItsStartTheLimitHasEndedIt)
+{
+    EXPECT_TRUE(failsToStart(noProcesses(ENOMEM), "Cannot allocate memory", 1 << 30, ChildLimit::memory));
+}
+
+// The sanitizers take more addresses than any limit leaves.
+#if !defined(VOMAR_SANITIZED)
+TEST(Child, MemoryLimitAboveThatOfTheUserIsToldByTheSystemsWords)
+{
+    const auto start = [] {
+        const Interrupts interrupts;
+        Children children(interrupts);
+        const rlimit most{std::uint64_t{1} << 40, std::uint64_t{1} << 40};
+        setrlimit(RLIMIT_AS, &most);
+        [[maybe_unused]] const int dropped = setuid(65534); // the first user may have any limit
+        children.start(1, {"/bin/true", "true", "", {}, std::uint64_t{1} << 41});
+        _exit(children.next(20s).value().failure == "Operation not permitted" ? 0 : 1);
+    };
+    EXPECT_EQ(statusOfChild(start), 0);
+}
+#endif
+
+// The parent has another number by then.
+TEST(Child, WhoseParentHasEndedBeforeItsStartDoesNothing)
+{
+    const Script script("echo > \"$0.ran\"");
+    const auto start = [&script] {
+        const Interrupts interrupts;
+        Children children(interrupts);
+        setFaults({{SYS_getppid, EPERM}});
+        children.start(1, script.call);
+        children.next(200ms);
+        _exit(0);
+    };
+    EXPECT_EQ(statusOfChild(start), 0);
+    EXPECT_FALSE(std::filesystem::exists(script.folder / "script.ran"));
+}
+
+TEST(Child, ThatCannotBeAskedForHasNotEnded)
+{
+    const auto ask = [] {
+        const Interrupts interrupts;
+        Children children(interrupts);
+        children.start(1, {"/bin/true", "true", "", {}, 0});
+        setFaults({{SYS_waitid, ECHILD}});
+        _exit(children.next(200ms) ? 1 : 0);
+    };
+    EXPECT_EQ(statusOfChild(ask), 0);
+}
+
+TEST(Child, WhoseOutputCannotBeReadEndsAsItDoes)
+{
+    for (const int error : {EIO, EINTR}) {
+        const auto run = [error] {
+            Script script("sleep 0.1; echo said; exit 3");
+            const Interrupts interrupts;
+            Children children(interrupts);
+            children.start(1, script.call);
+            setFaults({{SYS_read, error}});
+            const EndedChild end = children.next(20s).value();
+            _exit(end.status == 3 && end.said.empty() ? 0 : 1);
+        };
+        EXPECT_EQ(statusOfChild(run), 0) << error;
+    }
+}
+
+// Only a child that has a limit, and has failed.
+TEST(Child, WordsOfWantOfMemoryTellTheLimit)
+{
+    struct Said
+    {
+        const char* script;
+        std::uint64_t limit;
+        ChildLimit told;
+    };
+    constexpr std::uint64_t wide = std::uint64_t{1} << 34;
+    const Said all[] = {
+        {"echo 'std::bad_alloc'; exit 1", wide, ChildLimit::memory},
+        {"echo 'Cannot allocate memory'; exit 1", wide, ChildLimit::memory},
+        {"echo 'failed to map segment'; exit 1", wide, ChildLimit::memory},
+        {"echo 'no such file'; exit 1", wide, ChildLimit::none},
+        {"echo 'std::bad_alloc'; exit 0", wide, ChildLimit::none},
+        {"echo 'std::bad_alloc'; exit 1", 0, ChildLimit::none},
+    };
+    for (const Said& each : all) {
+        Script script(each.script);
+        script.call.memoryLimit = each.limit;
+        EXPECT_EQ(script.run().limit, each.told) << each.script;
+    }
 }
 
 TEST(Child, SeveralRunAtOnceAndEachComesBackOnce)
@@ -233,6 +366,25 @@ TEST(Child, InterruptEndsTheWaiting)
     std::raise(SIGINT);
     EXPECT_FALSE(children.next(20s));
     EXPECT_EQ(interrupts.signal(), SIGINT);
+}
+
+TEST(Child, EndsAreNoticedWhereTheirSignalWasIgnored)
+{
+    const auto run = [] {
+        std::signal(SIGCHLD, SIG_IGN);
+        _exit(Script("exit 4").run(Children::Notice::signal).status);
+    };
+    EXPECT_EQ(WEXITSTATUS(statusOfChild(run)), 4);
+}
+
+TEST(Child, WithoutAPipeNoSignalsAreNoted)
+{
+    const auto note = [] {
+        setFaults({{SYS_pipe2, EMFILE}});
+        const Interrupts interrupts;
+        _exit(10);
+    };
+    EXPECT_EQ(WEXITSTATUS(statusOfChild(note)), 1); // by an exception
 }
 
 TEST(Child, InterruptsAreNotedOnlyMeanwhile)

@@ -1,5 +1,6 @@
 #include "running/content_hash.h"
 
+#include "support/broken_files.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -28,6 +29,11 @@ TEST(ContentHash, OfAFileIsThatOfItsBytes)
     }
     EXPECT_EQ(fileHash(folder / "missing"), std::nullopt);
     EXPECT_EQ(fileHash(folder.path()), std::nullopt);
+}
+
+TEST(ContentHash, OfAFileThatCannotBeReadIsNone)
+{
+    EXPECT_EQ(fileHash(brokenFile), std::nullopt);
 }
 
 } // namespace

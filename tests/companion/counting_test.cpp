@@ -1,6 +1,7 @@
 #include "running/counting.h"
 
 #include "format_words.h"
+#include "support/broken_files.h"
 #include "support/expected_files.h"
 #include "support/random.h"
 #include "support/temporary_folder.h"
@@ -217,6 +218,49 @@ TEST(Counting, WhatCannotBeReadIsNotCounted)
     EXPECT_FALSE(heldMarks(folder / "missing.mea", "mea"));
     EXPECT_FALSE(heldMarks(folder.path(), "mea"));
     EXPECT_FALSE(heldMarksOf("", "vomar"));
+}
+
+TEST(Counting, NeitherUnknownWordsNorBrokenFilesAreCounted)
+{
+    const TemporaryFolder folder;
+    makeFile(folder / "a.mea", "T9 2000.0 UTC\n");
+    EXPECT_FALSE(heldMarks(folder / "a.mea", "vomar"));
+    EXPECT_FALSE(heldMarks(brokenFile, "mea"));
+}
+
+// Texts in which one line looks like a mark in part.
+struct NearlyMarks
+{
+    const char* word;
+    const char* text;
+    std::size_t marks;
+};
+
+const NearlyMarks nearlyMarks[] = {
+    {"mea", "T9 2000.0 UTC\n12345   250223 1200000000 0100000000 0030000000 001 \n", 0},
+    {"telegram", "O T9 A\na 001\nEND\n\n", 0},
+    {"telegram",
+     "O\n250223 12000000 01000000 00300000 001095\nEND\n250223 12000000 01000000 00300000 001095\n"
+     "END\n\n",
+     1},
+    {"ssmas",
+     "Measurements\nT9\nconversion\n1\n\n#SSMAS   #INTER\nA A\nno titles\n"
+     "25.02.2023 12:00:00.00  01:00:00.00 00.30.00.00 001 09.5\n",
+     0},
+    {"mpc", "COM a comment  Certainly          \n", 0},
+    {"mpc", "COM a comment  C2023-02-25          \n", 0},
+    {"mpc", "COM a comment  C2023 02-25          \n", 0},
+    {"mpc", "COM a comment  C2023 02 the day          \n", 0},
+    {"mpc", "COM a comment  C2023 02 25.5 of two blanks\n", 0},
+    {"mag", "JD\tm\n2460000.5\t9.5\t\n", 0},
+    {"aavso", "#NAME,DATE,NOTES\na,na\n", 0},
+};
+
+TEST(Counting, LinesThatLookLikeMarksInPartAreNone)
+{
+    for (const NearlyMarks& row : nearlyMarks) {
+        EXPECT_EQ(heldMarksOf(row.text, row.word)->marks, row.marks) << row.word << ": " << row.text;
+    }
 }
 
 } // namespace

@@ -3,14 +3,20 @@
 #include "running/job_log.h"
 
 #include "results/result_files.h"
+#include "support/system_faults.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
 
+#include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
 
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -59,6 +65,8 @@ TEST(Evidence, FilesAppearAndGo)
     EXPECT_EQ(changeBy([](const std::string& path) { std::filesystem::remove(path); }), FileChange::missing);
     EXPECT_EQ(changeBy([](const std::string&) {}, false), FileChange::missing);
     EXPECT_EQ(changeWord(FileChange::fresh), "new");
+    EXPECT_EQ(changeWord(FileChange::changed), "changed");
+    EXPECT_EQ(changeWord(FileChange::same), "same");
     EXPECT_EQ(changeWord(FileChange::missing), "missing");
 }
 
@@ -181,6 +189,63 @@ TEST(JobLog, WordsAreAsAShellTakesThem)
         EXPECT_EQ(bytesOf(folder / "said"), word);
         EXPECT_EQ(shellWord(word).find_first_of("\n\t"), std::string::npos);
     }
+}
+
+TEST(Evidence, LogThatIsReplacedIsNewAsAWhole)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder / "result.log";
+    tavelinUtils::SaveLogCode(path, 7, "Error opening file", "first");
+    const ResultEvidence evidence(path);
+    tavelinUtils::SaveLogCode(folder / "other.log", 0, "OK", "a longer description than the first");
+    std::filesystem::rename(folder / "other.log", path);
+    EXPECT_EQ(evidence.fresh().size(), 1u);
+}
+
+TEST(Evidence, LogThatHasBecomeShorterIsNewAsAWhole)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder / "result.log";
+    tavelinUtils::SaveLogCode(path, 7, "Error opening file", "a longer description than the next");
+    const ResultEvidence evidence(path);
+    std::filesystem::resize_file(path, 0);
+    tavelinUtils::SaveLogCode(path, 0, "OK", "");
+    EXPECT_EQ(evidence.fresh().size(), 1u);
+}
+
+// Where sleeping is refused, the clock stays within its tick in most rounds.
+TEST(Evidence, ClockThatStaysBehindAFileIsNotWaitedForLong)
+{
+    const TemporaryFolder folder;
+    const auto settle = [&folder] {
+        setFaults({{SYS_clock_nanosleep, EINTR}});
+        for (int round = 0; round < 100; ++round) {
+            makeFile(folder / "a.txt", "bytes");
+            if (settledState(folder / "a.txt") != fileState(folder / "a.txt")) {
+                _exit(1);
+            }
+        }
+    };
+    EXPECT_EQ(statusOfChild(settle), 0);
+}
+
+TEST(JobLog, LineThatDoesNotFitTheDiskIsTold)
+{
+    const TemporaryFolder folder;
+    const auto add = [&folder] {
+        JobLog log(folder / "log", false);
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit most{100, 100};
+        setrlimit(RLIMIT_FSIZE, &most);
+        log.add({1, 1, 1, 0, 0, std::string(100'000, 'x')});
+        _exit(10);
+    };
+    EXPECT_EQ(WEXITSTATUS(statusOfChild(add)), 1); // by an exception
+}
+
+TEST(JobLog, ControlsOfAWordAreEscaped)
+{
+    EXPECT_EQ(shellWord("a\x7f"), "$'a\\177'");
 }
 
 } // namespace

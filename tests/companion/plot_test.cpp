@@ -5,6 +5,7 @@
 #include "reading/measured_points.h"
 #include "reading/residuals.h"
 #include "support/folders.h"
+#include "support/search_path.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -44,25 +45,6 @@ protected:
 private:
     TemporaryFolder folder;
     PresentFolder present{folder.path()};
-};
-
-// The search path until the end of the block.
-class SearchPath
-{
-public:
-    explicit SearchPath(const std::string& folders) : before(std::getenv("PATH"))
-    {
-        setenv("PATH", folders.c_str(), 1);
-    }
-    ~SearchPath()
-    {
-        setenv("PATH", before.c_str(), 1);
-    }
-    SearchPath(const SearchPath&) = delete;
-    SearchPath& operator=(const SearchPath&) = delete;
-
-private:
-    std::string before;
 };
 
 void makeProgram(const std::string& path, const std::string& script)

@@ -382,17 +382,22 @@ TEST(Run, OddNamesOfTasks)
     }
 }
 
+// Variables of an environment; a null pointer stands for none.
+using Variables = std::vector<std::pair<const char*, const char*>>;
+
 // The command on a pseudo terminal.
 class Terminal
 {
 public:
-    explicit Terminal(const std::vector<std::string>& arguments, unsigned short columns = 80)
+    explicit Terminal(const std::vector<std::string>& arguments, unsigned short columns = 80,
+                      const Variables& variables = {{"TERM", "xterm"}, {"NO_COLOR", nullptr}})
     {
         winsize size{24, columns, 0, 0};
         process = forkpty(&terminal, nullptr, nullptr, &size);
         if (process == 0) {
-            setenv("TERM", "xterm", 1);
-            unsetenv("NO_COLOR");
+            for (const auto& [name, value] : variables) {
+                value == nullptr ? unsetenv(name) : setenv(name, value, 1);
+            }
             std::vector<char*> call{const_cast<char*>(VOMAR_COMMAND)};
             for (const std::string& each : arguments) {
                 call.push_back(const_cast<char*>(each.c_str()));
@@ -450,6 +455,25 @@ TEST(RunOnATerminal, SeveritiesAreColored)
     Terminal never({"run", "--color=never", "--vomar", VOMAR_STAND_IN, "elsewhere-1.xml"});
     never.end();
     EXPECT_THAT(never.shown, HasSubstr("elsewhere-1.xml: warning: "));
+}
+
+TEST(RunOnATerminal, ColorIsForTerminalsThatShowItAndUsersWhoWantIt)
+{
+    const std::pair<Variables, bool> all[] = {
+        {{{"TERM", "xterm"}, {"NO_COLOR", nullptr}}, true},
+        {{{"TERM", nullptr}, {"NO_COLOR", nullptr}}, true},
+        {{{"TERM", "xterm"}, {"NO_COLOR", ""}}, true},
+        {{{"TERM", "dumb"}, {"NO_COLOR", nullptr}}, false},
+        {{{"TERM", "xterm"}, {"NO_COLOR", "1"}}, false},
+    };
+    const TemporaryFolder folder;
+    makeFile(folder / "a.xml", "<task><path_in>");
+    for (const auto& [variables, isColored] : all) {
+        Terminal terminal({"check", folder / "a.xml"}, 80, variables);
+        terminal.end();
+        EXPECT_THAT(terminal.shown, HasSubstr("error"));
+        EXPECT_EQ(terminal.shown.find('\x1b') != std::string::npos, isColored) << terminal.shown;
+    }
 }
 
 TEST(RunOnATerminal, LongWorkShowsItsProgressAndWipesIt)
