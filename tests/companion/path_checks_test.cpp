@@ -138,12 +138,12 @@ TEST_F(PathChecks, OutputThatIsTheInputIsTold)
 
 TEST_F(PathChecks, OutputThatIsTooLongForTheSystemIsTold)
 {
-    std::string folder = "out";
-    while (folder.size() < 4084) {
-        folder += "/.";
+    std::string deep = "out";
+    while (deep.size() < 4084) {
+        deep += "/.";
     }
-    EXPECT_EQ(told({{"out_dir", folder}, {"outputextension", ".t"}}), "");
-    EXPECT_EQ(told({{"out_dir", folder}, {"outputextension", ".telegram"}}), "V052");
+    EXPECT_EQ(told({{"out_dir", deep}, {"outputextension", ".t"}}), "");
+    EXPECT_EQ(told({{"out_dir", deep}, {"outputextension", ".telegram"}}), "V052");
 }
 
 TEST_F(PathChecks, BackslashesAreToldWhereTheyAre)
