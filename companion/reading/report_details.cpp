@@ -1,9 +1,8 @@
 #include "reading/report_details.h"
 
 #include "base/lines.h"
-#include "files/text_reading.h"
 #include "out/characters.h"
-#include "reading/text_front.h"
+#include "reading/plain_text.h"
 #include "receivers/report_columns.h"
 
 #include <algorithm>
@@ -151,9 +150,9 @@ private:
 
 ReportDetails reportDetails(const std::string& path)
 {
-    frontOfFile(path); // throws where it cannot be read
+    const std::string text = plainText(path).text; // as its marks are read
     ReportLineReader reader;
-    tavelinUtils::readTextLines(path, reader);
+    tavelinUtils::takeLines(text, reader);
     return reader.details;
 }
 

@@ -46,3 +46,21 @@ TEST(ReportDetails, ALineWithADigitForTheSignHasItsFieldsElsewhere)
     EXPECT_EQ(details.lines.at(2).line + '\n', observation);
     EXPECT_FALSE(details.isOfAnother);
 }
+
+// Its marks are read from this text too.
+TEST(ReportDetails, ReportInWideCharactersOrWithCarriageReturnsAloneIsReadAsPlainText)
+{
+    const std::string report = "COD L01\nOBS A. Bee\n" + observation;
+    std::string wide = "\xFF\xFE";
+    std::string returns;
+    for (const char letter : report) {
+        wide += {letter, '\0'};
+        returns += letter == '\n' ? '\r' : letter;
+    }
+    for (const std::string& bytes : {wide, returns}) {
+        const ReportDetails details = detailsOf(bytes);
+        ASSERT_EQ(details.lines.count(3), 1U);
+        EXPECT_EQ(details.lines.at(3).station, "L01");
+        EXPECT_EQ(details.lines.at(3).header->observers, "A. Bee");
+    }
+}
