@@ -248,6 +248,22 @@ TEST(TrueReading, AValueThatComesTwiceIsToldAtItsOwnPlace)
     EXPECT_THAT(misread, ElementsAre("2:8", "2:21"));
 }
 
+TEST(TrueReading, WhatIsToldOfAMendedLineIsToldOfTheLineOfTheFile)
+{
+    const std::string tabbed = "A\t250223 1200000000 0100000000 +123000000 001";
+    const TrueFile words = meant("mea", site + tabbed + '\n');
+    ASSERT_THAT(codesOf(words), testing::Contains("2 V150"));
+    const companion::Finding& whole = words.findings.back();
+    EXPECT_EQ(whole.places.at(0).value, tabbed);
+    EXPECT_EQ(whole.column, 1U);
+    const TrueFile sign =
+        meant("mpc", "     XL90E5A  C2016 06 11.34739 21 25 23.06  91 48 57.9          21.1 R      H21\n");
+    ASSERT_THAT(codesOf(sign), testing::Contains("1 V121"));
+    const companion::Finding& beyond = sign.findings.back();
+    EXPECT_EQ(beyond.places.at(0).value, "91 48 57.9");
+    EXPECT_EQ(beyond.column, 46U); // without the sign that is put in front of it
+}
+
 TEST(TrueReading, NumbersWithAnExponentHaveNoDecimals)
 {
     const TrueFile file =
