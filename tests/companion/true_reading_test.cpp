@@ -250,11 +250,11 @@ TEST(TrueReading, AValueThatComesTwiceIsToldAtItsOwnPlace)
 
 TEST(TrueReading, WhatIsToldOfAMendedLineIsToldOfTheLineOfTheFile)
 {
-    const std::string tabbed = "A\t250223 1200000000 0100000000 +123000000 001";
-    const TrueFile words = meant("mea", site + tabbed + '\n');
-    ASSERT_THAT(codesOf(words), testing::Contains("2 V150"));
-    const companion::Finding& whole = words.findings.back();
-    EXPECT_EQ(whole.places.at(0).value, tabbed);
+    const std::string mark = "090616 05562400 16471748 -16155070 001221\n";
+    const TrueFile blocks = meant("telegram", "MPC 807 A\n" + mark + "MPC  807  B\n" + mark + "END\n");
+    ASSERT_THAT(codesOf(blocks), testing::Contains("3 V161"));
+    const companion::Finding& whole = blocks.findings.back();
+    EXPECT_EQ(whole.places.at(0).value, "MPC  807  B");
     EXPECT_EQ(whole.column, 1U);
     const TrueFile sign =
         meant("mpc", "     XL90E5A  C2016 06 11.34739 21 25 23.06  91 48 57.9          21.1 R      H21\n");
