@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace companion {
 namespace {
@@ -39,13 +40,6 @@ struct FreeValidation
         xmlSchemaFreeValidCtxt(validation);
     }
 };
-struct FreeParser
-{
-    void operator()(xmlParserCtxt* parser) const
-    {
-        xmlFreeParserCtxt(parser);
-    }
-};
 
 // Takes the messages of the library.
 struct Messages
@@ -66,8 +60,36 @@ void takeMessage(void* messages, xmlErrorPtr error)
     static_cast<const Messages*>(messages)->take(*error);
 }
 
-void ignoreMessage(void* /*nobody*/, xmlErrorPtr /*error*/)
+// Takes what the library says of any document while it is there.
+class AllMessages
 {
+public:
+    explicit AllMessages(Messages& messages)
+    {
+        xmlSetStructuredErrorFunc(&messages, takeMessage);
+    }
+    ~AllMessages()
+    {
+        xmlSetStructuredErrorFunc(nullptr, nullptr);
+    }
+    AllMessages(const AllMessages&) = delete;
+    AllMessages& operator=(const AllMessages&) = delete;
+};
+
+using DocumentPointer = std::unique_ptr<xmlDoc, FreeDocument>;
+
+// A document; for one that is none a null pointer, and the last message.
+DocumentPointer parsed(const std::string& path, const std::function<void(Finding)>& found)
+{
+    Finding last = finding("V440", {{"message", "cannot be read"}}).in(path);
+    const std::function<void(Finding)> keep = [&last](Finding each) { last = std::move(each); };
+    Messages messages{path, keep};
+    const AllMessages ofDocument(messages);
+    DocumentPointer document(xmlReadFile(path.c_str(), nullptr, XML_PARSE_NONET));
+    if (document == nullptr) {
+        found(std::move(last));
+    }
+    return document;
 }
 
 } // namespace
@@ -84,6 +106,7 @@ XmlSchema::XmlSchema(const std::string& path) : state(new State)
     std::string reason = "is no XML schema";
     const std::function<void(Finding)> last = [&reason](const Finding& each) { reason = each.text; };
     Messages messages{path, last};
+    const AllMessages ofDocument(messages); // the library would print them
     xmlSchemaSetParserStructuredErrors(parser.get(), takeMessage, &messages);
     state->schema.reset(xmlSchemaParse(parser.get()));
     if (state->schema == nullptr) {
@@ -96,16 +119,8 @@ XmlSchema::~XmlSchema() = default;
 void XmlSchema::validate(const std::string& path, const std::function<void(Finding)>& found) const
 {
     Messages messages{path, found};
-    const std::unique_ptr<xmlParserCtxt, FreeParser> parser(xmlNewParserCtxt());
-    xmlSetStructuredErrorFunc(nullptr, ignoreMessage);
-    const std::unique_ptr<xmlDoc, FreeDocument> document(
-        xmlCtxtReadFile(parser.get(), path.c_str(), nullptr, XML_PARSE_NONET | XML_PARSE_NOERROR));
-    xmlSetStructuredErrorFunc(nullptr, nullptr);
+    const DocumentPointer document = parsed(path, found);
     if (document == nullptr) {
-        const xmlError* const error = xmlCtxtGetLastError(parser.get());
-        if (error != nullptr) {
-            messages.take(*error);
-        }
         return;
     }
     const std::unique_ptr<xmlSchemaValidCtxt, FreeValidation> validation(

@@ -248,6 +248,22 @@ TEST(TrueReading, AValueThatComesTwiceIsToldAtItsOwnPlace)
     EXPECT_THAT(misread, ElementsAre("2:8", "2:21"));
 }
 
+TEST(TrueReading, WhatIsToldOfAMendedLineIsToldOfTheLineOfTheFile)
+{
+    const std::string mark = "090616 05562400 16471748 -16155070 001221\n";
+    const TrueFile blocks = meant("telegram", "MPC 807 A\n" + mark + "MPC  807  B\n" + mark + "END\n");
+    ASSERT_THAT(codesOf(blocks), testing::Contains("3 V161"));
+    const companion::Finding& whole = blocks.findings.back();
+    EXPECT_EQ(whole.places.at(0).value, "MPC  807  B");
+    EXPECT_EQ(whole.column, 1U);
+    const TrueFile sign =
+        meant("mpc", "     XL90E5A  C2016 06 11.34739 21 25 23.06  91 48 57.9          21.1 R      H21\n");
+    ASSERT_THAT(codesOf(sign), testing::Contains("1 V121"));
+    const companion::Finding& beyond = sign.findings.back();
+    EXPECT_EQ(beyond.places.at(0).value, "91 48 57.9");
+    EXPECT_EQ(beyond.column, 46U); // without the sign that is put in front of it
+}
+
 TEST(TrueReading, NumbersWithAnExponentHaveNoDecimals)
 {
     const TrueFile file =
