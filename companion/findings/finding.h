@@ -33,13 +33,8 @@ class FindingCode
 public:
     /// A literal of a V and three digits; any other does not compile.
     consteval FindingCode(const char (&text)[5])
-        : number((text[1] - '0') * 100 + (text[2] - '0') * 10 + (text[3] - '0'))
+        : number(placeIn("V", text[0]) + digit(text[1]) * 100 + digit(text[2]) * 10 + digit(text[3]))
     {
-        for (int i = 1; i < 4; ++i) {
-            if (text[0] != 'V' || text[i] < '0' || text[i] > '9') {
-                throw "a code is a V and three digits";
-            }
-        }
     }
 
     /// The code of a text, whether or not the table has it; nothing for a text of another form.
@@ -48,12 +43,30 @@ public:
     /// "V240".
     std::string text() const;
 
-    // NOLINTNEXTLINE(modernize-use-nullptr): the 0 is the compiler's own
-    friend auto operator<=>(const FindingCode& a, const FindingCode& b) = default;
+    friend constexpr auto operator<=>(const FindingCode& a, const FindingCode& b)
+    {
+        return a.number <=> b.number;
+    }
+    friend constexpr bool operator==(const FindingCode& a, const FindingCode& b)
+    {
+        return a.number == b.number;
+    }
 
 private:
     explicit FindingCode(int ofTable) : number(ofTable)
     {
+    }
+
+    // A character that is not among them does not compile: at() has nothing to give.
+    static consteval int placeIn(std::string_view all, char c)
+    {
+        const std::size_t place = all.find(c);
+        static_cast<void>(all.at(place));
+        return static_cast<int>(place);
+    }
+    static consteval int digit(char c)
+    {
+        return placeIn("0123456789", c);
     }
 
     int number;

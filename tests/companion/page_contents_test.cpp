@@ -192,7 +192,7 @@ TEST(PageContents, OutputThatCannotBeReadIsTold)
 }
 
 // A report of two objects, each in a file of its own.
-void makeReport(const std::string& series)
+void makeReport(const std::string& series, const std::string& division = "eachobject")
 {
     fs::create_directories("s1/tavelin/dataVO");
     makeFile("s1/tavelin/dataVO/obj.txt", tableOf("A\t2023-02-25\t12:00:00\t15.0\t-0.5\t9.5\n---\n"
@@ -200,8 +200,8 @@ void makeReport(const std::string& series)
     makeFile("t.xml", "<task><out_dir>out</out_dir><outputextension>txt</outputextension>"
                       "<inputformat>vomar</inputformat><outputformat>mea</outputformat>"
                       "<originator>K88</originator><longname>false</longname>"
-                      "<toSeparateFile>eachobject</toSeparateFile><paths>" +
-                          series + "</paths></task>\n");
+                      "<toSeparateFile>" +
+                          division + "</toSeparateFile><paths>" + series + "</paths></task>\n");
 }
 
 const std::string seria = "<seria><path>s1/tavelin/dataVO/obj.txt</path><filtr>R</filtr>"
@@ -218,6 +218,15 @@ TEST(PageContents, OneOfSeveralFilesMayBeMissing)
     const PageContents after = gathered.add("t.xml", "task");
     EXPECT_THAT(codesOf(after), Contains("V415"));
     EXPECT_THAT(codesOf(after), Contains("V416"));
+}
+
+TEST(PageContents, FileThatALaterOneReplacesIsNoOutput)
+{
+    Gathered gathered;
+    makeReport(seria + seria, "eachseria");
+    const PageContents contents = gathered.add("t.xml", "task");
+    EXPECT_EQ(contents.tasks.at(0).outputs.size(), 1u);
+    EXPECT_EQ(contents.marks.overwritten, 2u);
 }
 
 // The receipt of a task that failed; its findings are those that its run had.

@@ -1,9 +1,7 @@
 // Calls that are rarely made: words of options that are none, files that hold nothing, and what is said then.
 
-#include "command/diff_lines.h"
 #include "command/measurement_files.h"
-#include "command/ready_names.h"
-#include "command/shown_line.h"
+#include "command/profile.h"
 #include "command/subcommand.h"
 #include "companion/golden.h"
 #include "support/folders.h"
@@ -11,8 +9,11 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <sstream>
+
+#include <sys/wait.h>
 
 namespace {
 
@@ -24,7 +25,7 @@ using testing::StartsWith;
 
 using Words = std::vector<std::string>;
 
-// Two nights, a configuration and a broken file in the present folder.
+// A night of two marks, one without marks and a file of no known format, in the present folder.
 class RareCalls : public testing::Test
 {
 protected:
@@ -174,6 +175,88 @@ TEST_F(RareCalls, NormalFormOfAFileWithoutMarksIsWritten)
     EXPECT_TRUE(std::filesystem::exists("a.mea"));
 }
 
+TEST_F(RareCalls, OfManyLossesOfAPlottedFileThreeAreShown)
+{
+    std::string lines = bytesOf("night.mea");
+    for (int line = 0; line < 5; ++line) {
+        lines += "A 250223 12\n";
+    }
+    makeFile("broken.mea", lines);
+    const auto plot = [](const std::string& option) {
+        return callCommand({"plot", "--script", "--as=mea", "broken.mea", option});
+    };
+    EXPECT_EQ(plot("--force").status, 1);
+    EXPECT_THAT(plot("--force").err, HasSubstr("broken.mea: 2 more of V"));
+    EXPECT_THAT(plot("--quiet").err, Not(HasSubstr("more of")));
+    EXPECT_EQ(plot("--json").err, "");
+    EXPECT_THAT(plot("--json").out, HasSubstr("\"totals\":{\"errors\":5,"));
+}
+
+TEST_F(RareCalls, PictureOfManyObjectsTellsHowManyAreDrawn)
+{
+    std::string lines = "K88 2000.0 UTC\n";
+    for (char name = 'A'; name <= 'M'; ++name) {
+        lines += name + std::string(" 250223 1200000000 0100000000 +0030000000 001 09.50\n");
+    }
+    makeFile("many.mea", lines);
+    EXPECT_EQ(callCommand({"plot", "-o", "a.svg", "many.mea"}).out,
+              "a.svg: sky, 12 of 13 objects, 12 points\n");
+}
+
+TEST_F(RareCalls, PictureAgainstAnEphemerisIsDrawn)
+{
+    const std::string source = std::string(VOMAR_PROJECT) + "/tests/companion/plot/against_an_ephemeris/";
+    makeFile("night.mea",
+             bytesOf(source + "night.mea") + "A 010922 0002000000 2058027900 -0043532500 001 13.80\n");
+    makeFile("a.svg", bytesOf(source + "fixed_columns.txt"));
+    EXPECT_THAT(callCommand({"plot", "-o", "b.svg", "--against=a.svg", "night.mea"}).out,
+                StartsWith("b.svg: residuals, "));
+    const CommandEnd end = callCommand({"plot", "-o", "a.svg", "--force", "--against=a.svg", "night.mea"});
+    EXPECT_THAT(end.err, HasSubstr("[V005]")); // it is an input too
+    EXPECT_EQ(bytesOf("a.svg"), bytesOf(source + "fixed_columns.txt"));
+}
+
+TEST_F(RareCalls, PageOfTheStandardInputIsMade)
+{
+    const char* const command = "exec " VOMAR_COMMAND " page - --as mea -o a.html <night.mea >shown";
+    EXPECT_EQ(std::system(command), 0);
+    EXPECT_THAT(bytesOf("shown"), StartsWith("a.html: 1 file, 1 object, 2 marks; "));
+}
+
+TEST_F(RareCalls, PageOfATaskAloneHasNoStates)
+{
+    std::filesystem::create_directory("out");
+    makeFile("t.xml", "<task><path_in>./night.mea</path_in><out_dir>out</out_dir>"
+                      "<outputextension>.txt</outputextension><inputformat>mea</inputformat>"
+                      "<outputformat>mea</outputformat><autoname>false</autoname></task>\n");
+    EXPECT_THAT(callCommand({"page", "t.xml", "-o", "a.html"}).out,
+                StartsWith("a.html: 1 file, 1 task, 1 object, 2 marks; "));
+}
+
+TEST_F(RareCalls, PageOfAnOddNameIsToldByItsBytes)
+{
+    EXPECT_THAT(callCommand({"page", "--json", "night.mea", "-o", "a\xE9.html"}).out,
+                HasSubstr("\"path\":{\"bytes\":\"61e92e68746d6c\"}"));
+}
+
+TEST_F(RareCalls, StandardInputThatIsClosedCannotBeRead)
+{
+    const char* const command = "exec " VOMAR_COMMAND " lint --as mea - <&- 2>shown";
+    EXPECT_EQ(WEXITSTATUS(std::system(command)), 2);
+    EXPECT_THAT(bytesOf("shown"), HasSubstr("Bad file descriptor"));
+}
+
+// Letters beyond ASCII are no control characters.
+TEST_F(RareCalls, ProfileMayHaveAnyLetters)
+{
+    makeFile("k88.json", R"({"schema": "tavelin.profile/1", "station": "K88", "observers": ["B. M)"
+                         "\u00fc"
+                         R"(ller"]})");
+    EXPECT_EQ(profileOf("k88.json").observers, "B. M\u00fcller");
+    makeFile("k88.json", R"({"schema": "tavelin.profile/1", "station": "K\n88"})");
+    EXPECT_THROW(profileOf("k88.json"), WrongUsage);
+}
+
 TEST(UncertainFormat, NamesTheTwoNearest)
 {
     EXPECT_THAT(uncertainFormat("a", {"mea", 50, "telegram", 40}).text,
@@ -181,71 +264,6 @@ TEST(UncertainFormat, NamesTheTwoNearest)
     EXPECT_THAT(uncertainFormat("a", {"mea", 50, "", 0}).text,
                 HasSubstr("MEA (50 of 100) or none that is known"));
     EXPECT_THAT(uncertainFormat("a", {}).text, HasSubstr("none that is known"));
-}
-
-TEST(ShownLine, PlaceThatTheLineHasNotIsNotShown)
-{
-    const auto shown = [](std::size_t column, const std::string& line) {
-        return shownLine({1, column, 1, line, "", "", {}});
-    };
-    EXPECT_EQ(shown(6, "a line"), "    a line\n         ^\n");
-    EXPECT_EQ(shown(7, "a line"), "    a line\n          ^\n");
-    EXPECT_EQ(shown(8, "a line"), "");
-    EXPECT_EQ(shown(0, "a line"), "");
-    EXPECT_EQ(shown(1, ""), "");
-}
-
-// A track of a name.
-CopyTrack namedTrack(const std::string& name, bool isSatellite = false)
-{
-    CopyTrack track;
-    track.track.QRVName = name;
-    track.isSatellite = isSatellite;
-    return track;
-}
-
-Words newNamesOf(const CopyInput& input, const std::string& base)
-{
-    Words names;
-    for (const auto& [old, now] : newNames(input, base)) {
-        names.push_back(old + ' ' + now);
-    }
-    return names;
-}
-
-TEST(ReadyNames, ObjectsThatNobodyHasIdentifiedGetNewNames)
-{
-    CopyInput input;
-    input.tracks = {namedTrack("AST1000"),   namedTrack("an odd name"), namedTrack("an odd name"),
-                    namedTrack("2016-033A"), namedTrack("K23B01A"),     namedTrack("90001", true)};
-    input.unidentified = {"AST1000"};
-    EXPECT_EQ(newNamesOf(input, "NEW"), (Words{"AST1000 NEW1", "an odd name NEW2"}));
-}
-
-// Ten of base 36 is A: K23B01A is a designation, and so on up to I, which designations have not.
-TEST(ReadyNames, NewNamesAreNoDesignations)
-{
-    CopyInput input;
-    for (int number = 0; number < 10; ++number) {
-        input.tracks.push_back(namedTrack("odd name " + std::to_string(number)));
-    }
-    EXPECT_EQ(newNamesOf(input, "K23B01").back(), "odd name 9 K23B01I");
-}
-
-TEST(ReadyNames, BaseMustLeaveRoomForTheNumbers)
-{
-    CopyInput input;
-    for (int number = 0; number < 36; ++number) {
-        input.tracks.push_back(namedTrack("odd name " + std::to_string(number)));
-    }
-    EXPECT_EQ(newNamesOf(input, "ABCDE").back(), "odd name 35 ABCDE10");
-    EXPECT_THROW(newNames(input, "ABCDEF"), WrongUsage);
-}
-
-TEST_F(RareCalls, EmptyLinesOfAFileOfNamesAreSkipped)
-{
-    makeFile("names", "# old and new\n\nA\tB\n");
-    EXPECT_EQ(namesOfFile("names"), (NewNames{{"A", "B"}}));
 }
 
 } // namespace

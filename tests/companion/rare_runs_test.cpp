@@ -10,12 +10,15 @@
 
 #include <gmock/gmock.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <sstream>
 
+#include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -97,6 +100,14 @@ TEST_F(RareRuns, JobLogHasRefusedTasksAsFailures)
     EXPECT_THAT(bytesOf("log"), HasSubstr("\t0.000\t     0.000\t0\t0\t1\t0\t"));
 }
 
+TEST_F(RareRuns, JobLogMayBeOnAnotherDevice)
+{
+    makeTask("a.xml");
+    EXPECT_EQ(run({"--joblog=/dev/null", "a.xml"}).err,
+              "tavelin: /dev/null exists; --force would replace it [V004]\n");
+    EXPECT_EQ(run({"--joblog=/dev/null", "-f", "a.xml"}).status, 0);
+}
+
 // By its log a task that a signal ended has an exit value of 0, and did not end well.
 TEST_F(RareRuns, TaskThatASignalEndedIsRunAgain)
 {
@@ -136,20 +147,18 @@ TEST_F(RareRuns, TaskOfTheStandardInputNeedsRoomForItsCopy)
 {
     makeTask("a.xml");
     const auto start = [] {
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit none{0, 0};
-        setrlimit(RLIMIT_FSIZE, &none);
         EXPECT_NE(std::freopen("a.xml", "r", stdin), nullptr);
-        std::ostringstream out;
         const Interrupts interrupts;
-        RunSettings settings;
-        settings.tool = VOMAR_STAND_IN;
-        TaskRunner(
-            settings, interrupts, [](const TaskOutcome&) {}, [](std::size_t) {})
-            .run({"-"});
-        _exit(10);
+        const auto take = [](const TaskOutcome&) {};
+        TaskRunner runner(RunSettings{.tool = VOMAR_STAND_IN}, interrupts, take, [](std::size_t) {});
+        setFaults({{SYS_openat, ENOSPC, O_CREAT}});
+        try {
+            runner.run({"-"});
+        } catch (const WrongUsage& wrong) {
+            _exit(wrong.why.text.ends_with("/task.xml: No space left on device") ? 10 : 1);
+        }
     };
-    EXPECT_EQ(WEXITSTATUS(statusOfChild(start)), 1); // by an exception
+    EXPECT_EQ(WEXITSTATUS(statusOfChild(start)), 10);
 }
 
 TEST_F(RareRuns, SignalBetweenTwoTasksLeavesTheSecondOut)

@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -264,6 +265,59 @@ TEST_F(ReadyTables, HaveConfigurationsThatAreInputsToo)
     EXPECT_EQ(end.err, "tavelin: a/a.conf is the input itself [V005]\n");
     EXPECT_EQ(bytesOf("a/a.conf"), configuration);
     EXPECT_EQ(callCommand({"ready", "task.xml", "--for", "ccsds", "--force", "-o", tableOf("a")}).status, 2);
+}
+
+TEST_F(ReadyInput, CopyForTheAavsoNeedsNoNameWhereNothingIsWritten)
+{
+    makeFile("night.mea", night);
+    EXPECT_THAT(callCommand({"ready", "--for=aavso", "--dry-run", "night.mea"}).err,
+                Not(HasSubstr("--output")));
+    EXPECT_THAT(callCommand({"ready", "--for=aavso", "-o", "a.xyz", "night.mea"}).err,
+                HasSubstr("--output: "));
+}
+
+TEST_F(ReadyInput, TaskOfAnInputOfNoSureFormatIsCopiedByItsWord)
+{
+    makeFile("odd.txt", "what is this?\n");
+    makeFile("t.xml", "<task><path_in>./odd.txt</path_in><inputformat>mea</inputformat></task>\n");
+    EXPECT_THAT(callCommand({"ready", "--for=mpc", "--dry-run", "t.xml"}).out, Not(HasSubstr("[V063]")));
+    makeFile("odd.txt", "K88 T1 A\n250223 12000000 01000000 00300000 001095\nEND\n\n");
+    EXPECT_THAT(callCommand({"ready", "--for=mpc", "--dry-run", "t.xml"}).out, HasSubstr("[V063]"));
+}
+
+// An error that says more stands for the one that there is nothing.
+TEST_F(ReadyInput, FileOfBrokenLinesAloneHasTheirFindings)
+{
+    makeFile("broken.mea", "K88 2000.0 UTC\nA 250223 12\n");
+    const CommandEnd end = callCommand({"ready", "--for=mpc", "--dry-run", "--as=mea", "broken.mea"});
+    EXPECT_THAT(end.out, HasSubstr("broken.mea:2:1: error: "));
+    EXPECT_THAT(end.out, Not(HasSubstr("[V062]")));
+}
+
+TEST_F(ReadyInput, BlockWithoutMarksHasTheFindingOfItsEnd)
+{
+    makeFile("a.tel", "K88 T1 A\n");
+    const CommandEnd end = callCommand({"ready", "--for=mpc", "--dry-run", "--as=telegram", "a.tel"});
+    EXPECT_THAT(end.out, HasSubstr("a.tel:1:1: error: block without END: 0 marks lost [V160]\n"));
+    EXPECT_THAT(end.out, Not(HasSubstr("[V062]")));
+}
+
+TEST_F(ReadyInput, FindingsOfATaskOfTheStandardInputHaveItsName)
+{
+    makeFile("night.mea", night);
+    makeFile("t.xml", "<task><path_in>./night.mea</path_in><inputformat>meaa</inputformat></task>\n");
+    const char* const command = "exec " VOMAR_COMMAND " ready - --for mpc --dry-run <t.xml >shown 2>&1";
+    EXPECT_NE(std::system(command), -1);
+    EXPECT_THAT(bytesOf("shown"), StartsWith("-:1:37: error: unknown input format \"meaa\""));
+}
+
+TEST_F(ReadyInput, FindingsOfTheStandardInputHaveItsName)
+{
+    makeFile("broken.mea", night + std::string("A 250223 12\n"));
+    const char* const command =
+        "exec " VOMAR_COMMAND " ready - --as mea --for mpc --dry-run <broken.mea >shown 2>&1";
+    EXPECT_NE(std::system(command), -1);
+    EXPECT_THAT(bytesOf("shown"), HasSubstr("-:3:1: error: "));
 }
 
 } // namespace

@@ -26,6 +26,7 @@ TEST(ReadyMarks, AreTheRowsOfBarredBlocksWhateverTheyHold)
     EXPECT_EQ(marksOfCopy(block + block, "ades.psv"), 6U);
     EXPECT_EQ(marksOfCopy("# version=2022\n! mpcCode K88\ntrkSub |obsTime\n", "ades.psv"), 0U);
     EXPECT_EQ(marksOfCopy("", "ades.psv"), 0U);
+    EXPECT_EQ(marksOfCopy(block + '\n' + block, "ades.psv"), 6U);
 }
 
 TEST(ReadyMarks, AreTheLinesOfAReportToTheAavsoWhateverItsDelimiter)

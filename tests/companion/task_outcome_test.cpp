@@ -86,6 +86,43 @@ TEST(TaskOutcome, TaskThatWasNotStartedHasNoEnd)
     EXPECT_THAT(outcomeJson(started, false).text(), HasSubstr("\"limit\":\"memory\""));
 }
 
+TEST(TaskOutcome, LimitThatEndedARunHasItsWord)
+{
+    TaskOutcome outcome = failedOutcome(0);
+    for (const auto& [limit, word] : {std::pair(ChildLimit::time, "\"limit\":\"time\"}"),
+                                      std::pair(ChildLimit::memory, "\"limit\":\"memory\"}"),
+                                      std::pair(ChildLimit::none, "\"limit\":null}")})
+    {
+        outcome.evidence->ended.limit = limit;
+        EXPECT_THAT(outcomeJson(outcome, false).text(), HasSubstr(word));
+    }
+}
+
+TEST(TaskOutcome, EachStatusHasItsWord)
+{
+    const std::pair<RunStatus, const char*> words[] = {
+        {RunStatus::good, "good"},        {RunStatus::findings, "findings"}, {RunStatus::failed, "failed"},
+        {RunStatus::refused, "refused"},  {RunStatus::limit, "limit"},       {RunStatus::signal, "signal"},
+        {RunStatus::leftOut, "left out"},
+    };
+    for (const auto& [status, word] : words) {
+        EXPECT_EQ(statusWord(status), word);
+    }
+}
+
+TEST(TaskOutcome, TimesAreThoseOfARun)
+{
+    const auto shownWithTimes = [](const TaskOutcome& outcome) {
+        return shownBy([&outcome](const Console& console) { showOutcome(console, outcome); },
+                       {.times = true});
+    };
+    TaskOutcome outcome = outcomeOf(RunStatus::refused);
+    EXPECT_EQ(shownWithTimes(outcome), "a.xml: refused: 0 errors, see tavelin check a.xml\n");
+    outcome = failedOutcome(0);
+    outcome.status = RunStatus::good;
+    EXPECT_EQ(shownWithTimes(outcome), "a.xml: good: 0 of 0 marks in 0 files (0.000 s, 0.0 MB)\n");
+}
+
 TEST(TaskOutcome, TotalsNameFindingsWhereThereAreAny)
 {
     RunTotals totals;
