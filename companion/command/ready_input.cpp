@@ -28,18 +28,16 @@ constexpr CodeRange ofInputs[] = {
 constexpr CodeRange unreadable[] = {{"V040", "V041"}, {"V060", "V060"}};
 
 // V040 is told of the word of the input and of that of the output.
-bool isOfOutputWord(const CheckedTask& checked, const Finding& found)
+bool isOfOutputWord(const Finding& found)
 {
-    const bool isInputKnown =
-        checked.isReport || formatOpticMea_to_int(checked.task.inputformat) != formatUnknown;
-    return found.code == FindingCode("V040") && isInputKnown;
+    return found.code == FindingCode("V040") && found.text.starts_with("unknown output ");
 }
 
 std::vector<Finding> findingsOfInputs(CheckedTask& checked)
 {
     std::vector<Finding> kept;
     for (Finding& each : checked.findings) {
-        if (isAmong(ofInputs, each.code) && !isOfOutputWord(checked, each)) {
+        if (isAmong(ofInputs, each.code) && !isOfOutputWord(each)) {
             kept.push_back(std::move(each));
         }
     }

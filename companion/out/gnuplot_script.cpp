@@ -57,7 +57,9 @@ public:
     std::string text(bool falls) const
     {
         constexpr double part = 0.05;
-        const double room = most > least ? part * (most - least) : 0.5;
+        // Values that differ by noise alone are one: gnuplot draws nothing where both ends have one text.
+        const bool isWide = numberText(least) != numberText(most);
+        const double room = isWide ? part * (most - least) : std::max(0.5, 1e-6 * std::abs(most));
         const std::string low = numberText(least - room);
         const std::string high = numberText(most + room);
         return falls ? '[' + high + ':' + low + ']' : '[' + low + ':' + high + ']';

@@ -39,9 +39,11 @@ std::string toolPath(const std::string& wanted)
 
 std::string programInSearchPath(const std::string& name)
 {
-    const char* const folders = std::getenv("PATH");
+    const char* const given = std::getenv("PATH");
+    // Tokens have none behind a separator at the end, and folders have one.
+    const std::string folders = given == nullptr ? "" : std::string(given) + ':';
     std::string found;
-    tavelinUtils::forEachToken(folders == nullptr ? "" : folders, ':', [&](std::string_view folder) {
+    tavelinUtils::forEachToken(folders, ':', [&](std::string_view folder) {
         const std::filesystem::path path = std::filesystem::path(folder.empty() ? "." : folder) / name;
         if (found.empty() && isProgram(path)) {
             found = std::filesystem::absolute(path).string();

@@ -218,6 +218,16 @@ TEST(GnuplotScript, NumbersAreShortAndWithoutNoise)
     EXPECT_NE(script.find("\n60329.5 12.25 0\n1.25 0 2.00000000e+16\nEND\n"), std::string::npos) << script;
 }
 
+TEST(GnuplotScript, AxisOfOneValueHasRoomBesideIt)
+{
+    Chart chart;
+    chart.series = {{"a", {{0.0, 3e15, 0}, {2e-13, 3e15, 0}}}};
+    const std::string script = gnuplotScript(chart, "a.svg");
+    EXPECT_NE(script.find("set xrange [-0.5:0.5]\nset yrange [2.99999700e+15:3.00000300e+15]\n"),
+              std::string::npos)
+        << script;
+}
+
 TEST(GnuplotScript, TheArrowOfAPathComesFromTheLastOtherPlace)
 {
     Chart chart;

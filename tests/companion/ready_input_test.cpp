@@ -80,6 +80,7 @@ TEST_F(ReadyInput, ATaskWhoseWordHasNoReaderCannotBeRead)
     EXPECT_EQ(unknown.status, 2);
     EXPECT_THAT(unknown.out, StartsWith("task.xml:5:1: error: unknown input format \"meaa\"; did you mean "
                                         "\"mea\"? [V040]\n"));
+    EXPECT_THAT(unknown.out, Not(HasSubstr("output format")));
     makeFile("task.xml", conversion("<inputformat>mpc</inputformat>\n"));
     const CommandEnd written = ready("task.xml");
     EXPECT_EQ(written.status, 2);

@@ -45,11 +45,21 @@ TEST(ToolPath, SearchPathIsTakenInItsOrder)
     fs::create_directory("bin");
     makeProgram("bin/program");
     makeProgram("other");
-    const SearchPath first("/nonexistent::" + folder / "bin");
+    const SearchPath first("/nonexistent:" + folder / "bin");
     EXPECT_EQ(programInSearchPath("program"), folder / "bin/program");
-    EXPECT_EQ(fs::path(programInSearchPath("other")).lexically_normal(),
-              folder / "other"); // of the empty one
-    EXPECT_EQ(programInSearchPath("missing"), "");
+    EXPECT_EQ(programInSearchPath("other"), "");
+}
+
+TEST(ToolPath, EmptyEntryOfTheSearchPathIsThePresentFolder)
+{
+    const TemporaryFolder folder;
+    const PresentFolder present(folder.path());
+    makeProgram("other");
+    for (const char* path : {":/nonexistent", "/nonexistent::/missing", "/nonexistent:"}) {
+        const SearchPath entries(path);
+        EXPECT_EQ(fs::path(programInSearchPath("other")).lexically_normal(), folder / "other") << path;
+        EXPECT_EQ(programInSearchPath("missing"), "");
+    }
 }
 
 TEST(ToolPath, WithoutASearchPathNothingIsFound)
