@@ -150,7 +150,7 @@ private:
         const CopyTrack& track = tracks[place.track];
         const TRecLabelPervichka_File& mark = track.track.Marks[place.mark];
         if (mark.date < -300000 || mark.date > 2'900'000 || !(std::abs(mark.time) < 2.0)) {
-            return fieldFault("DATE", std::to_string(mark.date + mark.time), "a date is wanted");
+            return fieldFault("DATE", shownNumber(mark.date + mark.time), "a date is wanted");
         }
         if (isInLeapSecond(momentOf(mark))) {
             return fieldFault("DATE", epochText(momentOf(mark), 3), "a Julian date cannot say a leap second");
@@ -211,13 +211,13 @@ private:
         }
         const bool isNumber = std::abs(magnitude) < 1e6;
         const std::string text =
-            isNumber ? exactDecimal(magnitude, magnitudeDecimals) : std::to_string(magnitude);
+            isNumber ? exactDecimal(magnitude, magnitudeDecimals) : shownNumber(magnitude);
         if (!isNumber || text.size() > longestMagnitude) {
             return fieldFault("MAG", text, "a number of at most 8 characters is wanted");
         }
         const double ratio = mark.SNRpeak;
         if (ratio != 0.0 && !(1.0 / ratio >= 0.0 && errorText(ratio)[0] == '0')) {
-            return fieldFault("MERR", std::to_string(1.0 / ratio),
+            return fieldFault("MERR", shownNumber(1.0 / ratio),
                               "a number from 0 to below 1 is wanted, or na");
         }
         return std::nullopt;

@@ -309,7 +309,7 @@ private:
     static std::optional<Finding> faultOfNumbers(const TRecLabelPervichka_File& mark)
     {
         const auto fault = [](const char* element, double value) {
-            return elementFault(element, std::to_string(value), *adesField(element)->type);
+            return elementFault(element, shownNumber(value), *adesField(element)->type);
         };
         if (mark.date < -600000 || mark.date > 2'900'000 || !(std::abs(mark.time) < 2.0)) {
             return fault("obsTime", mark.date + mark.time);
@@ -345,7 +345,7 @@ private:
         const double magnitude = track.track.Marks[place.mark].m;
         const std::string band = bandOf(track, place.mark);
         if (!(std::abs(magnitude) < 1000.0)) {
-            tally.refuse(place, elementFault("mag", std::to_string(magnitude), *adesField("mag")->type));
+            tally.refuse(place, elementFault("mag", shownNumber(magnitude), *adesField("mag")->type));
             return false;
         }
         if (band.empty()) {

@@ -4,8 +4,11 @@
 #include "text/calendar.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
+#include <limits>
 
 namespace companion {
 namespace {
@@ -78,6 +81,14 @@ std::string decimalText(std::int64_t units, int decimals, int leastDigits)
         digits.insert(digits.size() - static_cast<std::size_t>(decimals), 1, '.');
     }
     return units < 0 ? '-' + digits : digits;
+}
+
+std::string shownNumber(double number)
+{
+    char room[std::numeric_limits<double>::max_exponent10 + 20];
+    const auto [end, error] =
+        std::to_chars(std::begin(room), std::end(room), number, std::chars_format::fixed, 6);
+    return {room, end};
 }
 
 std::string exactDecimal(double number, int decimals)

@@ -23,6 +23,10 @@ std::int64_t powerOfTen(int decimals);
 /// point. The whole part has at least so many digits.
 std::string decimalText(std::int64_t units, int decimals, int leastDigits = 1);
 
+/// A number with six decimals, whatever it is, in each locale the same: where it is shown because it is
+/// refused.
+std::string shownNumber(double number);
+
 /// A number rounded to decimals; one that rounds to 0 has no sign.
 std::string exactDecimal(double number, int decimals);
 

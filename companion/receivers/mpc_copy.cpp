@@ -224,17 +224,17 @@ private:
             return false;
         };
         if (!isDay || !(mark.time >= 0.0 && mark.time <= 2.0)) {
-            return refuse("columns 16 to 32", std::to_string(mark.date + mark.time), "no date");
+            return refuse("columns 16 to 32", shownNumber(mark.date + mark.time), "no date");
         }
         if (isInLeapSecond(momentOf(mark))) {
             return refuse("columns 16 to 32", epochText(momentOf(mark), 3),
                           "the fraction of a day cannot say a leap second");
         }
         if (!isRightAscension(mark.RA)) {
-            return refuse("columns 33 to 44", std::to_string(mark.RA), "a right ascension is wanted");
+            return refuse("columns 33 to 44", shownNumber(mark.RA), "a right ascension is wanted");
         }
         if (!isDeclination(mark.DE)) {
-            return refuse("columns 45 to 56", std::to_string(mark.DE), "a declination is at most 90 degrees");
+            return refuse("columns 45 to 56", shownNumber(mark.DE), "a declination is at most 90 degrees");
         }
         return true;
     }
@@ -321,7 +321,7 @@ private:
 
     static std::optional<Finding> magnitudeFault(double magnitude)
     {
-        return columnsFault("columns 66 to 70", std::to_string(magnitude),
+        return columnsFault("columns 66 to 70", shownNumber(magnitude),
                             "a number with its point in column 68 is wanted");
     }
 

@@ -19,6 +19,16 @@ using companion::exactTimes;
 using companion::isInLeapSecond;
 using companion::RoundedMoment;
 using companion::roundedMoment;
+using companion::shownNumber;
+
+TEST(ExactText, RefusedNumbersAreShownWithSixDecimals)
+{
+    EXPECT_EQ(shownNumber(2e6), "2000000.000000");
+    EXPECT_EQ(shownNumber(-0.5), "-0.500000");
+    EXPECT_EQ(shownNumber(INFINITY), "inf");
+    EXPECT_EQ(shownNumber(NAN), "nan");
+    EXPECT_EQ(shownNumber(-1.7e308).size(), 1U + 309U + 7U);
+}
 
 TEST(ExactText, TiesGoToTheEvenDigit)
 {
