@@ -14,7 +14,6 @@
 #include <cstddef>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <string>
 #include <type_traits>
@@ -157,9 +156,7 @@ void limitMemory(std::size_t bytes)
 
 std::size_t memoryInUse()
 {
-    std::size_t pages = 0;
-    std::ifstream("/proc/self/statm") >> pages;
-    return pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    return std::stoul(bytesOf("/proc/self/statm")) * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 }
 
 } // namespace
