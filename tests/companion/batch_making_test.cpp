@@ -85,8 +85,8 @@ TEST(BatchMaking, TemplateThatIsMissingIsTold)
 TEST(BatchMaking, FolderThatCannotBeMadeIsTold)
 {
     const Archive archive(conversion(named));
-    EXPECT_EQ(problemOf([&] { makeBatch(BatchFolder("t.xml/work"), archive.order()); }),
-              "t.xml/work/tasks: Not a directory");
+    EXPECT_EQ(problemOf([&] { makeBatch(BatchFolder("t.xml/batch"), archive.order()); }),
+              "t.xml/batch/tasks: Not a directory");
 }
 
 TEST(BatchMaking, TasksThatNameNoFolderWriteBesideTheirInputs)
