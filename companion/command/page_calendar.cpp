@@ -102,8 +102,12 @@ std::size_t lookOf(BatchStatus status)
     case BatchStatus::toRun:
     case BatchStatus::leftOut:
     case BatchStatus::elsewhere: return 1;
-    default: return 2;
+    case BatchStatus::findings:
+    case BatchStatus::failed:
+    case BatchStatus::refused:
+    case BatchStatus::gone: break;
     }
+    return 2;
 }
 
 // A task of a batch with its place among all tasks.

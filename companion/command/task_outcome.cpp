@@ -92,8 +92,11 @@ std::string lineOf(const TaskOutcome& outcome)
     case RunStatus::findings: return marksText(outcome) + "; " + seeCheck(outcome);
     case RunStatus::refused: return seeCheck(outcome);
     case RunStatus::leftOut: return outcome.reason;
-    default: return ""; // what failed has a line for each error
+    case RunStatus::failed:
+    case RunStatus::limit:
+    case RunStatus::signal: break; // a line for each error
     }
+    return "";
 }
 
 Json endedJson(const EndedChild& ended)
@@ -102,8 +105,9 @@ Json endedJson(const EndedChild& ended)
         switch (ended.limit) {
         case ChildLimit::time: return Json("time");
         case ChildLimit::memory: return Json("memory");
-        default: return Json();
+        case ChildLimit::none: break;
         }
+        return Json();
     };
     return Json::object()
         .set("status", ended.status < 0 ? Json() : Json(ended.status))
@@ -186,8 +190,9 @@ std::string_view statusWord(RunStatus status)
     case RunStatus::refused: return "refused";
     case RunStatus::limit: return "limit";
     case RunStatus::signal: return "signal";
-    default: return "left out";
+    case RunStatus::leftOut: break;
     }
+    return "left out";
 }
 
 void showOutcome(const Console& console, const TaskOutcome& outcome)
@@ -249,7 +254,9 @@ void RunTotals::add(const TaskOutcome& outcome)
     case RunStatus::findings: ++withFindings; break;
     case RunStatus::refused: ++refused; break;
     case RunStatus::leftOut: ++leftOut; return;
-    default: ++failed; break; // also by a limit or a signal
+    case RunStatus::failed:
+    case RunStatus::limit:
+    case RunStatus::signal: ++failed; break;
     }
     marks += outcome.task->plan.account.read;
     findings.add(totalsOf(outcome.task->findings));

@@ -41,8 +41,9 @@ std::string_view severityWord(Severity severity)
     switch (severity) {
     case Severity::error: return "error";
     case Severity::warning: return "warning";
-    default: return "note";
+    case Severity::note: break;
     }
+    return "note";
 }
 
 std::optional<FindingCode> FindingCode::of(std::string_view text)
@@ -122,7 +123,7 @@ void FindingTotals::add(const Finding& found)
     switch (found.severity) {
     case Severity::error: ++errors; break;
     case Severity::warning: ++warnings; break;
-    default: ++notes; break;
+    case Severity::note: ++notes; break;
     }
 }
 

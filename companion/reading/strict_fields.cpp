@@ -463,6 +463,7 @@ FieldForm formOfTableColumn(std::string_view name)
 bool isPlain(FieldForm form, std::string_view text)
 {
     switch (form) {
+    case FieldForm::text: break; // any
     case FieldForm::number: return isPlainDecimal(text) && text.size() <= longestPlain;
     case FieldForm::integer: return isPlainWhole(text);
     case FieldForm::magnitude: return isPlainMagnitude(text);
@@ -474,8 +475,8 @@ bool isPlain(FieldForm form, std::string_view text)
     case FieldForm::time: return isPlainTime(text);
     case FieldForm::degreesRA: return isPlainAngle(text, 360);
     case FieldForm::degreesDE: return isPlainBelow(text, 90);
-    default: return true; // any text
     }
+    return true;
 }
 
 void tellField(const StrictField& field, std::string_view line, std::string_view text, LintOutput& out)

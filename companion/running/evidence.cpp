@@ -72,8 +72,9 @@ std::string_view changeWord(FileChange change)
     case FileChange::fresh: return "new";
     case FileChange::changed: return "changed";
     case FileChange::same: return "same";
-    default: return "missing";
+    case FileChange::missing: break;
     }
+    return "missing";
 }
 
 ResultEvidence::ResultEvidence(std::string resultPath)

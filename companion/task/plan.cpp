@@ -324,7 +324,7 @@ private:
             case Fate::excluded: ++account.excluded; break;
             case Fate::narrowed: ++account.narrowed; break;
             case Fate::planned: break;
-            default: // read, and no more
+            case Fate::read:
                 if (isBroken) {
                     ++account.planned;
                     ++account.unwritten;

@@ -82,6 +82,15 @@ TEST(Receipts, OfATaskThatWasNotStartedHasNeitherCodeNorResult)
     EXPECT_EQ(read->taskHash, contentHash("<task/>"));
 }
 
+TEST(Receipts, OfAnotherTaskIsNone)
+{
+    const Work work;
+    writeReceipt(work.folder, goodReceipt());
+    std::filesystem::rename("receipts/000001.json", "receipts/000002.json");
+    EXPECT_FALSE(readReceipt(work.folder, 2));
+    EXPECT_FALSE(readReceipt(work.folder, 1));
+}
+
 TEST(Receipts, StandWhileNothingHasChanged)
 {
     const Work work;
