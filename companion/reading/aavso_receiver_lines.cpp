@@ -105,6 +105,8 @@ constexpr FieldRow fields[fieldCount] = {
     {"CHART", 20, isThere, notEmpty},
     {"NOTES", 4000, isThere, notEmpty},
 };
+// Under #DATE=EXCEL: spreadsheets write a date as their users set it.
+constexpr FieldRow spreadsheetDate = {"DATE", std::string_view::npos, isThere, "a date is wanted"};
 constexpr std::size_t date = 1;
 constexpr std::size_t magnitude = 2;
 constexpr std::size_t filter = 4;
@@ -172,7 +174,8 @@ private:
         }
         if (key == "DATE") {
             isJulian = word == "JD" || word == "HJD";
-            return isJulian || word == "EXCEL" ? nullptr : "JD, HJD or EXCEL is wanted";
+            isOfSpreadsheet = word == "EXCEL";
+            return isJulian || isOfSpreadsheet ? nullptr : "JD, HJD or EXCEL is wanted";
         }
         if (key == "OBSTYPE") {
             return word == "CCD" || word == "DSLR" || word == "PEP" ? nullptr : "CCD, DSLR or PEP is wanted";
@@ -219,9 +222,9 @@ private:
         lookAtRecord(line, values, out);
     }
 
-    static void lookAt(std::size_t place, const CheckedLine& line, std::string_view value, LintOutput& out)
+    void lookAt(std::size_t place, const CheckedLine& line, std::string_view value, LintOutput& out) const
     {
-        const FieldRow& row = fields[place];
+        const FieldRow& row = place == date && isOfSpreadsheet ? spreadsheetDate : fields[place];
         const Stretch stretch = stretchOf(line.text, value, row.name);
         const bool isTaken = row.isTaken(value);
         if (!isTaken) {
@@ -260,7 +263,8 @@ private:
 
     std::vector<std::string> seen{}; // parameters
     bool isToldOfHead = false;
-    bool isJulian = true;
+    bool isJulian = true; // the dates
+    bool isOfSpreadsheet = false;
     char delimiter = ',';
 };
 

@@ -519,6 +519,22 @@ TEST(LintForAavso, FieldsThatAreRefused)
     EXPECT_THAT(ofMeasure("12.847", "0.000"), ElementsAre("8:25 V362"));
 }
 
+TEST(LintForAavso, DatesOfASpreadsheetAreTakenInAnyForm)
+{
+    const std::string ofSpreadsheet = replaced(parameters, "=JD", "=EXCEL");
+    for (const char* date : {"12/31/2007 12:59:59 AM", "2457878.75315", "31.12.2007 0:59"}) {
+        EXPECT_THAT(linted("aavso", "aavso", ofSpreadsheet + replaced(measure, "2457878.75315", date)),
+                    IsEmpty())
+            << date;
+    }
+    EXPECT_THAT(linted("aavso", "aavso", ofSpreadsheet + replaced(measure, "2457878.75315", "")),
+                ElementsAre("8:11 V361"));
+    EXPECT_THAT(
+        linted("aavso", "aavso",
+               replaced(parameters, "=JD", "=MJD") + replaced(measure, "2457878.75315", "31.12.2007")),
+        ElementsAre("5:7 V361", "8:11 V361"));
+}
+
 TEST(LintForAavso, FilesThatAreRefused)
 {
     EXPECT_THAT(linted("aavso", "aavso", parameters + measure, "file.mag"), ElementsAre("1:0 V364"));
