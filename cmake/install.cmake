@@ -4,13 +4,9 @@ include(CMakePackageConfigHelpers)
 
 if(VOMAR_BUILD_TOOL)
     install(TARGETS vomar RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-    install(FILES packaging/vomar.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endif()
 if(TARGET tavelin_command)
     install(TARGETS tavelin_command RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-    if(TARGET companion_manuals)
-        install(DIRECTORY ${PROJECT_BINARY_DIR}/companion/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-    endif()
     install(FILES companion/completion/tavelin.bash RENAME tavelin
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
     install(FILES companion/completion/_tavelin
@@ -21,6 +17,7 @@ if(TARGET tavelin_command)
         FILES_MATCHING PATTERN *.xsd PATTERN *.json)
     install(DIRECTORY companion/workflow DESTINATION ${CMAKE_INSTALL_DATADIR}/tavelin USE_SOURCE_PERMISSIONS)
 endif()
+include(cmake/install_manual.cmake)
 install(TARGETS tavelin ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 # The public headers are those that the header of the whole library names.
 file(STRINGS library/tavelin.h public_headers REGEX "^#include \"")
