@@ -31,6 +31,9 @@ breathe_projects = {"tavelin": str(root / "build/reference/xml")}
 breathe_default_project = "tavelin"
 breathe_show_include = False
 
+# The index is in the order of the names in the namespaces.
+cpp_index_common_prefix = ["tavelinUtils::resultCode::", "tavelinUtils::", "tavelinMath::"]
+
 html_theme = "furo"
 html_title = f"{project} {version}"
 html_css_files = ["manual.css"]
