@@ -13,10 +13,9 @@ namespace companion {
 struct ConvertedKey
 {
     std::string_view key;
-    const char* type;  ///< its name in the schema
-    const char* words; ///< with blanks between; empty where the text is none of a few words
-    const char*
-        ofNone; ///< what a file without the key has, as the key would say it; empty for no word, no area
+    const char* type;   ///< its name in the schema
+    const char* words;  ///< with blanks between; empty where the text is none of a few words
+    const char* ofNone; ///< what it is without the key, as a file would say it; empty for no word, no area
 };
 
 /// All rows.

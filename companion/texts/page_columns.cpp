@@ -1,6 +1,7 @@
 #include "texts/page_columns.h"
 
 #include "base/tokens.h"
+#include "out/characters.h"
 #include "texts/manual_layout.h"
 
 #include <algorithm>
@@ -19,18 +20,12 @@ bool isRow(std::string_view line)
     return line.starts_with("| ");
 }
 
-std::string_view withoutBlanks(std::string_view cell)
-{
-    const std::size_t begin = cell.find_first_not_of(' ');
-    return begin == std::string_view::npos ? "" : cell.substr(begin, cell.find_last_not_of(' ') - begin + 1);
-}
-
 // "| a | b |" has two cells.
 Cells cellsOf(std::string_view line)
 {
     Cells cells;
     tavelinUtils::forEachToken(line.substr(1), '|',
-                               [&cells](std::string_view cell) { cells.push_back(withoutBlanks(cell)); });
+                               [&cells](std::string_view cell) { cells.push_back(trimmed(cell)); });
     return cells;
 }
 

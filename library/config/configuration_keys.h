@@ -24,9 +24,8 @@ struct ConfigurationKey
     std::string section; ///< "basicSettings", "intraframeProcessing/ImageDetection"; empty for the root
     std::string key;
     ConfigurationValue value;
-    std::string item; ///< the name of a list's elements, else empty
-    std::string
-        ofNone; ///< what a file without the key has, as the key would say it; empty where it is converted
+    std::string item;   ///< the name of a list's elements, else empty
+    std::string ofNone; ///< what it is without the key, as a file would say it; empty where it is converted
 };
 
 /// The keys of all sections, in the order of the reader's tables; "TLEs/TLE" stands for each element set.

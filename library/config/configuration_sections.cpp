@@ -376,29 +376,32 @@ std::string textOf(const std::vector<std::string>& /*value*/)
     return "";
 }
 
-// What a key sets where the file lacks it: the initialiser of its member, as a file would say it.
+// What a key set in a record, as a file would say it.
 template <class Record>
-std::string ofNone(const KeyTarget<Record>& target)
+struct TextOfTarget
 {
-    const Record unset{};
-    return std::visit(
-        [&unset](auto to) -> std::string {
-            if constexpr (std::is_member_object_pointer_v<decltype(to)>) {
-                return textOf(unset.*to);
-            } else {
-                return "";
-            }
-        },
-        target);
-}
+    template <class Value>
+    std::string operator()(Value Record::*member) const
+    {
+        return textOf(record.*member);
+    }
+
+    std::string operator()(void (*)(Record&, std::string)) const
+    {
+        return "";
+    }
+
+    const Record& record;
+};
 
 template <class Record, std::size_t count>
 void appendKeys(std::vector<ConfigurationKey>& keys, const char* section, const KeyRow<Record> (&rows)[count])
 {
+    const Record ofNone = recordIn(nullptr, rows);
     for (const KeyRow<Record>& row : rows) {
         const ConfigurationValue value = std::visit(ValueOfTarget{}, row.target);
         const std::string item = value == ConfigurationValue::list ? row.item : "";
-        keys.push_back({section, row.key, value, item, ofNone(row.target)});
+        keys.push_back({section, row.key, value, item, std::visit(TextOfTarget<Record>{ofNone}, row.target)});
     }
 }
 
