@@ -34,6 +34,8 @@ function(vomar_find_shared name)
     vomar_add_imported(${name}::shared ${${name}_INCLUDE_DIR} ${${name}_SHARED_LIBRARY})
 endfunction()
 
+# What was linked from a folder that the system does not search is found by what is installed too.
+set(CMAKE_INSTALL_RPATH_USE_LINK_PATH ON)
 vomar_find_library(tinyxml tinyxml.h libtinyxml.a tinyxml libtinyxml-dev)
 include(cmake/tinyxml_check.cmake)
 vomar_find_library(erfa erfa.h liberfa.a erfa liberfa-dev)

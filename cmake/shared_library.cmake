@@ -22,6 +22,4 @@ set_target_properties(tavelin_shared PROPERTIES
     LINKER_LANGUAGE CXX
     SOVERSION ${VOMAR_SOVERSION}
     VERSION ${PROJECT_VERSION}
-    LINK_DEPENDS ${exports}
-    # A TinyXML that the system does not search for is found from the installed library too.
-    INSTALL_RPATH_USE_LINK_PATH ON)
+    LINK_DEPENDS ${exports})

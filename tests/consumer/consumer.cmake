@@ -28,6 +28,7 @@ add_consumer_test(consumer_of_the_static_library installed ${installed} KIND=sta
 if(PKG_CONFIG)
     add_consumer_test(consumer_of_the_static_library_by_pkg_config pkg_config ${installed} KIND=static)
 endif()
+add_consumer_test(consumer_of_a_library_that_is_missing missing ${installed})
 if(TARGET tavelin_shared)
     add_consumer_test(consumer_of_the_shared_library installed ${installed} KIND=shared)
     add_consumer_test(consumer_of_the_moved_library installed ${installed} KIND=shared MOVED=ON)

@@ -38,6 +38,16 @@ function(expect text)
     endif()
 endfunction()
 
+# Configuring the consumer must fail and say the text, an expression, whatever its line breaks.
+function(expect_refusal text)
+    execute_process(COMMAND ${CMAKE_COMMAND} -S ${CONSUMER} -B ${WORK}/refused -G ${GENERATOR}
+        -D CMAKE_CXX_COMPILER=${COMPILER} ${ARGN} RESULT_VARIABLE status OUTPUT_QUIET ERROR_VARIABLE messages)
+    string(REGEX REPLACE "[ \n]+" " " messages "${messages}")
+    if(status EQUAL 0 OR NOT messages MATCHES "${text}")
+        message(FATAL_ERROR "Not refused with \"${text}\" (${status}): ${messages}")
+    endif()
+endfunction()
+
 # Whether the program needs the shared library says which of the two it was linked with: KIND.
 function(expect_kind program kind)
     run(readelf -d ${program})
