@@ -2,12 +2,12 @@
 
 #pragma once
 
-#include "../export.h"
 #include "result.h"
 
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The codes that the library and the converter set themselves. The other rows of the table belong to other
 /// modules of the pipeline.
@@ -45,3 +45,4 @@ TFuncRes GetErrCode(int code, std::string description);
 [[noreturn]] void throwErrCode(int code, const std::string& description);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop
