@@ -6,7 +6,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "settings.h"
 #include "xml_document.h"
 
@@ -14,7 +13,8 @@
 #include <utility>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Telescope and site. A width or height of pixels above 1.0 counts as micrometres.
 TBasicSettings GetBasicSettings(TiXmlElement* root, std::string key);
@@ -66,3 +66,4 @@ TFiltersID GetFiltersID(TiXmlElement* root, std::string key);
 std::vector<TTLEstr> GetTLEs(TiXmlElement* root, std::string key);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

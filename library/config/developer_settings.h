@@ -6,11 +6,10 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Developer settings of the series service.
 struct TDevelopClon
@@ -221,3 +220,4 @@ void lDevelopLocalPhoto(std::string path, TDevelopLocalPhoto& settings);
 void lZunekXML(std::string path, TZunekXML& settings);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

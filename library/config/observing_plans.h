@@ -6,11 +6,10 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// A plan for satellites.
 struct TAPTScriptSat
@@ -60,3 +59,4 @@ void LoadAPTScriptSat(std::string path, TAPTScriptSat& plan);
 void LoadAPTScriptGEOTLE(std::string path, TAPTScriptGEOTLE& plan);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

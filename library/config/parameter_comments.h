@@ -6,14 +6,14 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Reads a comment line into the argument that its key names. The text ends at a second ">"; a line of any
 /// other key changes nothing.
 void ParsComment(std::string line, std::string& source, std::string& note, std::string& sequenceid);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -18,7 +18,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "xml_document.h"
 
 #include <initializer_list>
@@ -27,7 +26,8 @@
 #include <variant>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The value of a key; none for an element that holds elements.
 using ParameterValue = std::variant<std::monostate, std::string, bool, int, double>;
@@ -93,3 +93,4 @@ private:
 };
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

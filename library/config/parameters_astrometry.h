@@ -4,12 +4,11 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Orders to identify a frame with the sky: 0, or 1.
 int sParamSkyIdentXML(std::string path, std::string IDFrame, std::string FitPath, std::string BlobPath,
@@ -53,3 +52,4 @@ int sParamMPC1(std::string path, std::string Frame, std::string sendMPC2, std::s
                std::string MPCCode);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -7,13 +7,13 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/enumerations.h"
 
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Orders to fit one peak, at a position in pixels: 0, or 1.
 int sThresPeakXML(std::string path, int x, int y);
@@ -87,3 +87,4 @@ void lBlobHead(std::string path, double& FwhmMath, double& FwhmSTD, double& SigF
                double& StepMath, double& StepSTD, double& RawMath, double& RawSTD, TTypeFrame& TypeFrame);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -7,12 +7,11 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Orders the cosmetic correction of frames, with their calibration frames: 0, or 1.
 int sThresCosmetic(std::string path, std::string ProcessingType, const std::vector<std::string>& FitsList,
@@ -61,3 +60,4 @@ void lPACKxml(std::string path, std::string& Mode, std::string& ResPath, std::ve
               std::vector<std::string>& OutputFitsList);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

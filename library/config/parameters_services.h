@@ -7,12 +7,11 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Orders the intra-frame stage for a list of frames: 0, or 1. The keys are below "PO".
 int sThresIntraXML(std::string path, std::string ProcessingType, const std::vector<std::string>& FitsList,
@@ -87,3 +86,4 @@ void lvs_control(std::string path, std::string& angle_deviation_limit,
                  std::string& brightness_deviation_limit, std::string& time_shift);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -11,13 +11,13 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../results/result.h"
 #include "settings.h"
 
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Reads the program configuration; a missing key leaves its member. Code 0, or 138 for a missing file and
 /// 139 for one that cannot be loaded, each with the path in the description; nothing is changed then.
@@ -62,3 +62,4 @@ void CheckDoubleMinMax(std::string name, double min, double max, double value, T
 void CheckAstroDegree(std::string name, int value, std::string allowed, TFuncRes& result);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

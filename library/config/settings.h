@@ -5,7 +5,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../files/series_names.h"
 #include "../records/enumerations.h"
 #include "settings_frames.h"
@@ -15,7 +14,8 @@
 
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// All settings and thresholds. Large: pass it by reference.
 struct TPorogs
@@ -45,3 +45,4 @@ struct TPorogs
 };
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

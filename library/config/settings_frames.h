@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/element_set.h"
 #include "../records/enumerations.h"
 #include "../text/bad_areas.h"
@@ -10,7 +9,8 @@
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Calibration frames and the alignment of brightness.
 struct TMasterFrame
@@ -104,3 +104,4 @@ struct TDevPhoto
 };
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

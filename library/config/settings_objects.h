@@ -2,14 +2,14 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/element_set.h"
 #include "../records/enumerations.h"
 
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The search for moving objects. The members from TieFrames on have no key: they are written to the
 /// parameter files of the search for fast objects.
@@ -102,3 +102,4 @@ struct TStacking
 };
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -2,13 +2,13 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/enumerations.h"
 #include "../records/track.h"
 
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Light curves: aperture and observer code.
 struct TCurves
@@ -30,3 +30,4 @@ struct TMPC
 };
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -2,13 +2,13 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/enumerations.h"
 
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The other programs of the pipeline and outside tools; the members are named after their keys.
 struct TExe
@@ -91,3 +91,4 @@ struct TZunek
 };
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

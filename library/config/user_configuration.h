@@ -11,14 +11,14 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../results/result.h"
 #include "settings.h"
 #include "xml_document.h"
 
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Reads a configuration into the settings. Every section replaces its whole record, a missing one with the
 /// defaults. Version and the number of coefficients stay if the file does not set them; a missing Service is
@@ -34,3 +34,4 @@ TFuncRes LoadUserConfXML(std::string path, TPorogs& porogs, bool loadTLE);
 TFuncRes LoadUserConfXML(TtavelinXmlDocument& document, TPorogs& porogs, bool loadTLE);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

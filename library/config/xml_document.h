@@ -5,14 +5,13 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 #include <vector>
 
 #include <tinyxml.h>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Switches off the XML library's process-wide flag that condenses white space in values. Writes it only
 /// where it is on, so that threads which find it off may work side by side.
@@ -108,3 +107,4 @@ void writeRecord(TiXmlElement*& parent, std::string key, double value, std::stri
 [[noreturn]] void stayForever();
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

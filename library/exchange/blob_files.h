@@ -5,14 +5,14 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/blob.h"
 #include "../records/disk_records.h"
 
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Writes fitted blobs, 272 bytes each. Throws TavelinException with code 7 and the path if the file can't be
 /// written. The form for VihodExt converts each record.
@@ -56,3 +56,4 @@ int sHoughtInd(std::string path, const std::vector<THOKTrack>& tracks);
 int sHoughtStrob(std::string path, const std::vector<THOKTrack>& tracks);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -9,14 +9,13 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 #include <vector>
 
 class TiXmlElement;
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// A known variable star.
 struct TVSX
@@ -104,3 +103,4 @@ void lListAAVSOvsp(std::string path, std::vector<TAAVSOvsp>& stars);
 std::vector<TNameSat> lNameSat(std::string path);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -7,13 +7,13 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/blob.h"
 
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Writes the members. The third number of an entry is not stored, and neither are X, Y, Value and Index:
 /// the stored index is the position in the list. Returns 0, or 1 when the file can't be written.
@@ -39,3 +39,4 @@ void psIndVKBin(std::string path, int frames, const std::vector<TRepresent>& rep
 void plIndVKBin(std::string path, int& frames, std::vector<TRepresent>& representatives);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -6,7 +6,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/blob.h"
 #include "../records/element_set.h"
 #include "../records/pixel.h"
@@ -15,7 +14,8 @@
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// A table of the F distribution.
 struct TFisherTable
@@ -90,3 +90,4 @@ TPlateRec FitHeadToPlate(const TFitHead& head);
 TFuncRes LoadResultExe(std::string path);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

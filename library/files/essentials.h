@@ -5,13 +5,12 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <cstdio>
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The separator that is appended to paths and that they are split on.
 inline const std::string Slash = "/";
@@ -64,3 +63,4 @@ std::string NowToDateTimeLin();
 std::string NowToDateTime(std::string separator);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -5,12 +5,11 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The size of a file in kibibytes, with the fraction; 0.0 if it cannot be opened for reading or has no size.
 /// A folder can be opened, and has the size that its file system reports.
@@ -58,3 +57,4 @@ void RemFileWithMask(std::vector<std::string>& names, std::string mask);
 void RemFileWithMask(std::vector<std::string>& names, const std::vector<std::string>& masks);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

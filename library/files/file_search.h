@@ -12,12 +12,11 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// An entry of a folder.
 struct FolderEntry
@@ -66,3 +65,4 @@ void pFindDirLin(std::string root, std::string name, std::vector<std::string>& d
 void FindDirRecur(const char* folder, int depth, std::string name, std::vector<std::string>& directories);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -5,11 +5,10 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Removes the last character where it is one of the separators, and only that one: "a//" becomes "a/".
 void DeleteLastSlash(std::string& path, std::string separators);
@@ -37,3 +36,4 @@ std::string replaceFileNameExtension(std::string name, std::string oldText, std:
 std::string GetInSeriaPath(std::string seriesPath, std::string fullPath);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -6,12 +6,12 @@
 #pragma once
 
 #include "../config/settings.h"
-#include "../export.h"
 #include "series_names.h"
 
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// What the forms of one frame share: the file name without the prefixes of pipeline and step frames,
 /// wherever in the name they occur. The extension stays: "STEP-m31_0001.fit" gives "m31_0001.fit".
@@ -34,3 +34,4 @@ std::string GetSeriaPath(std::string path);
 std::string GetSeriaConfig(std::string seriesPath);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

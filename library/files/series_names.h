@@ -2,11 +2,10 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Folders of a series. The last three are those of the multi-series tool; "logs" is there twice on purpose.
 struct TSubfolders
@@ -64,3 +63,4 @@ struct TExtension
 };
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -5,13 +5,12 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The lines of a file; none for a file that is missing or cannot be read, or is a folder.
 std::vector<std::string> ReadFromFile(std::string path);
@@ -56,3 +55,4 @@ void appendText(const std::string& path, std::string_view text);
 void rewriteText(const std::string& path, std::string_view text);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -10,7 +10,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/photo_blob.h"
 #include "../records/track.h"
 
@@ -18,7 +17,8 @@
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Writes tracks as sAAVSO of tracks does, one after the other (records/track_stream.h). `add` and `save`
 /// throw as sAAVSO does; without a track the file stays as it is. Remembers the filters of the first track.
@@ -58,3 +58,4 @@ void sAAVSO(std::string path, std::string obsCode, std::string filter, std::stri
             std::string chart);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -6,13 +6,13 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/element_set.h"
 
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The element sets of a file; none for a missing one. The first character of a line says what it is: "0" a
 /// name, "1" the first line of elements, "2" the second, which ends the set; all others are skipped. A set
@@ -25,3 +25,4 @@ std::vector<TTLEstr> l3LEstr(std::string path);
 void s3LEstr(std::string path, const std::vector<TTLEstr>& sets);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -9,13 +9,13 @@
 #pragma once
 
 #include "../config/settings.h"
-#include "../export.h"
 #include "../records/blob.h"
 
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The values of a parameter file, in the order of its lines, the first of which is a free text.
 struct TFastSearchParam
@@ -106,3 +106,4 @@ TFastSearchParam LTextParamForSearchFastAstroObj(std::string path);
 TParHOK lParHOKv2(std::string path);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -7,14 +7,14 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/track.h"
 
 #include <map>
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The months: "Jan" gives "01", and so on to "Dec" and "12".
 std::map<std::string, std::string> GetMonthCount();
@@ -30,3 +30,4 @@ int lHorizons(const std::vector<std::string>& lines, TrackVtorichka& track);
 int lHorizons(std::string path, TrackVtorichka& track);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

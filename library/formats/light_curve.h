@@ -5,14 +5,14 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/track.h"
 
 #include <memory>
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Writes tracks as SaveLightCurve does, one after the other (records/track_stream.h). `save` is always true.
 class LightCurveSink
@@ -44,3 +44,4 @@ void SaveLightCurve(std::string path, const std::vector<TrackVtorichka>& tracks,
 std::string getHeadLightCurve();
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "../config/settings.h"
-#include "../export.h"
 #include "../records/blob.h"
 #include "../records/photo_blob.h"
 
@@ -11,7 +10,8 @@
 #include <utility>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// A star to be measured; its positions in degrees.
 struct TInvestObj
@@ -59,3 +59,4 @@ int sHeadLightCurve(std::string path, const TPorogs& porogs, const THeadBlobs& f
                     TReportVS& report);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

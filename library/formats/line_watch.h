@@ -13,11 +13,10 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <cstddef>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// What became of a line. Each line has one fate.
 enum class LineFate
@@ -66,3 +65,4 @@ public:
 };
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

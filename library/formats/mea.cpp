@@ -1,6 +1,7 @@
 #include "formats/mea.h"
 
 #include "base/bytes.h"
+#include "base/hidden.h"
 #include "base/last_answer.h"
 #include "base/lines.h"
 #include "base/numbers.h"
@@ -230,12 +231,12 @@ private:
 
 } // namespace
 
-struct TAVELIN_INTERNAL MeaSource::Store
+struct MeaSource::Store
 {
     std::string originator;
     KeptMarks kept{};
 
-    bool next(TrackVtorichka& track, OldMarks old);
+    TAVELIN_HIDDEN bool next(TrackVtorichka& track, OldMarks old);
 };
 
 bool MeaSource::Store::next(TrackVtorichka& track, OldMarks old)

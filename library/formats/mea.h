@@ -6,7 +6,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -15,7 +14,8 @@
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Hands out the tracks of a MEA file, or of its lines, one after the other (records/track_stream.h); what
 /// they are, and what is thrown when the source is made, is told with plMEATrack and lMEATrack.
@@ -119,3 +119,4 @@ void sMEA(std::string path, const std::vector<TrackVtorichka>& tracks);
 void sMEA_TLE(std::string path, const std::vector<TrackVtorichka>& tracks);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -1,5 +1,6 @@
 #include "formats/mpc_report.h"
 
+#include "base/hidden.h"
 #include "base/last_answer.h"
 #include "base/lines.h"
 #include "base/numbers.h"
@@ -322,11 +323,11 @@ std::string GetStringMPC(std::string name, std::string code, const TRecLabelPerv
     return line.str();
 }
 
-struct TAVELIN_INTERNAL MpcReportSource::Store
+struct MpcReportSource::Store
 {
     KeptReport kept{};
 
-    bool next(TrackVtorichka& track, OldMarks old);
+    TAVELIN_HIDDEN bool next(TrackVtorichka& track, OldMarks old);
 };
 
 bool MpcReportSource::Store::next(TrackVtorichka& track, OldMarks old)

@@ -11,7 +11,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -20,7 +19,8 @@
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// An observation line, parsed.
 struct TMPCMea
@@ -156,3 +156,4 @@ std::string getHeadMPC();
 void sMPCHeadTrack(std::string path);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -5,12 +5,12 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/track.h"
 
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Appends a mark for each line after the first to the track. Date, time, right ascension and declination,
 /// both in degrees, have fixed columns; what a line is too short for counts as 0. Sets NORAD to what precedes
@@ -24,3 +24,4 @@ void loadAMU(std::string path, TrackVtorichka& track);
 void loadEtalonAMU(std::string path, TrackVtorichka& track);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -7,14 +7,14 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/track.h"
 
 #include <memory>
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Writes tracks as SaveResidAMU does, one after the other (records/track_stream.h): `add` the file of a
 /// track, `save` the summary, also without a track. Both throw as SaveResidAMU does.
@@ -48,3 +48,4 @@ private:
 void SaveResidAMU(std::string folder, std::string name, const std::vector<TrackVtorichka>& tracks);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -1,5 +1,6 @@
 #include "formats/ssmas.h"
 
+#include "base/hidden.h"
 #include "base/last_answer.h"
 #include "base/lines.h"
 #include "base/numbers.h"
@@ -274,12 +275,12 @@ void appendBlockHead(TextBuffer& out, const TrackVtorichka& track, std::size_t n
 
 } // namespace
 
-struct TAVELIN_INTERNAL SsmasSource::Store
+struct SsmasSource::Store
 {
     std::string observatory;
     KeptReport kept{};
 
-    bool next(TrackVtorichka& track, OldMarks old);
+    TAVELIN_HIDDEN bool next(TrackVtorichka& track, OldMarks old);
 };
 
 bool SsmasSource::Store::next(TrackVtorichka& track, OldMarks old)

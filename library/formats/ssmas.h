@@ -12,7 +12,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -21,7 +20,8 @@
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// A telescope and the word that is added to the names of its files.
 struct TSSMASHAED
@@ -112,3 +112,4 @@ void sSSMAS(std::string path, const std::vector<TrackVtorichka>& tracks);
 void lHeadersSSMAS(std::string path, std::vector<TSSMASHAED>& headers);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -7,13 +7,13 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/blob.h"
 
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Stars with their numbers, from 0: number, name, position in degrees and as text, magnitude.
 void sStars(std::string path, const std::vector<TRecCat2>& stars);
@@ -33,3 +33,4 @@ void sRefStars(std::string path, std::vector<TRepresent>& representatives,
                const std::vector<TRecLabelPervichka_File>& stars);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -1,5 +1,6 @@
 #include "formats/tdm.h"
 
+#include "base/hidden.h"
 #include "base/last_answer.h"
 #include "base/lines.h"
 #include "base/numbers.h"
@@ -246,11 +247,11 @@ std::string zeroCreationDate()
     return NowToDateTimeWin(false, "T");
 }
 
-struct TAVELIN_INTERNAL TdmSource::Store
+struct TdmSource::Store
 {
     KeptMessage kept{};
 
-    bool next(TrackVtorichka& track, OldMarks old);
+    TAVELIN_HIDDEN bool next(TrackVtorichka& track, OldMarks old);
 };
 
 bool TdmSource::Store::next(TrackVtorichka& track, OldMarks old)

@@ -17,7 +17,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -26,7 +25,8 @@
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Hands out the tracks of a message one after the other (records/track_stream.h); what they are is told with
 /// lTDM.
@@ -98,3 +98,4 @@ void sTDM(std::string path, const std::vector<TrackVtorichka>& tracks);
 std::string zeroCreationDate();
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

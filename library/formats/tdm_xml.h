@@ -20,7 +20,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/track.h"
 
 #include <memory>
@@ -29,7 +28,8 @@
 
 #include <tinyxml.h>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Writes tracks as sTDMPOLxml does, one after the other (records/track_stream.h). `save` gives what
 /// sTDMPOLxml gives.
@@ -97,3 +97,4 @@ void GetTDMObservations(TiXmlElement* element, std::string tagName,
                         std::vector<TRecLabelPervichka_File>& marks);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -1,5 +1,6 @@
 #include "formats/telegram.h"
 
+#include "base/hidden.h"
 #include "base/last_answer.h"
 #include "base/lines.h"
 #include "base/numbers.h"
@@ -220,11 +221,11 @@ private:
 
 } // namespace
 
-struct TAVELIN_INTERNAL TelegramSource::Store
+struct TelegramSource::Store
 {
     KeptBlocks kept{};
 
-    bool next(TrackVtorichka& track, OldMarks old);
+    TAVELIN_HIDDEN bool next(TrackVtorichka& track, OldMarks old);
 };
 
 bool TelegramSource::Store::next(TrackVtorichka& track, OldMarks old)

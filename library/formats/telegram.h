@@ -8,7 +8,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -17,7 +16,8 @@
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Hands out the tracks of a telegram, or of its lines, one after the other (records/track_stream.h); what
 /// they are, and what is thrown when the source is made, is told with lTelegramma.
@@ -94,3 +94,4 @@ std::vector<TrackVtorichka> lTelegramma(std::string path, LineWatch& watch);
 void sTelegramma(std::string path, const std::vector<TrackVtorichka>& tracks);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

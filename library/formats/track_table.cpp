@@ -1,6 +1,7 @@
 #include "formats/track_table.h"
 
 #include "base/bytes.h"
+#include "base/hidden.h"
 #include "base/last_answer.h"
 #include "base/lines.h"
 #include "base/numbers.h"
@@ -99,7 +100,7 @@ std::string headLines(const std::string& header)
 
 } // namespace
 
-struct TAVELIN_INTERNAL TrackTableSource::Store
+struct TrackTableSource::Store
 {
     std::string path{};
     KeptTable kept{};
@@ -110,7 +111,7 @@ struct TAVELIN_INTERNAL TrackTableSource::Store
     {
         return track == 0 ? 0 : kept.ends[track - 1];
     }
-    bool next(TrackVtorichka& track, OldMarks old);
+    TAVELIN_HIDDEN bool next(TrackVtorichka& track, OldMarks old);
 };
 
 bool TrackTableSource::Store::next(TrackVtorichka& track, OldMarks old)

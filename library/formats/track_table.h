@@ -10,7 +10,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -19,7 +18,8 @@
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// A column, by the name that precedes the first colon of its description.
 struct THeadTrack
@@ -137,3 +137,4 @@ std::string GetDataTrack(THeadTrack column, const TrackVtorichka& track, int ind
 TCasts StrToCast(std::string text);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -2,12 +2,12 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/track.h"
 
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The short name of a track: the prefix ("A" where both prefix and suffix are empty), the number in at least
 /// two digits, the suffix, and the last two characters of the path's folder, one for a number above 99.
@@ -24,3 +24,4 @@ std::string shownName(const TrackVtorichka& track, const std::string& givenName,
                       const std::string& prefix, const std::string& suffix, int number, bool longName);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

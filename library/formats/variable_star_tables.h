@@ -6,14 +6,14 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/photo_blob.h"
 #include "../records/track.h"
 
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// An object's brightness on one frame, among those of a frame.
 struct TBrightnesEntry
@@ -84,3 +84,4 @@ std::string setHeadV_C(int count);
 std::string GetDataV_C(TLocPhotoBlob object, std::vector<TLocPhotoBlob> stars);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

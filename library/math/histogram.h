@@ -2,11 +2,10 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// One bin.
 struct THisto
@@ -18,8 +17,10 @@ struct THisto
 };
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop
 
-namespace TAVELIN_API tavelinMath {
+#pragma GCC visibility push(default)
+namespace tavelinMath {
 
 using tavelinUtils::THisto;
 
@@ -40,3 +41,4 @@ std::vector<THisto> calcGistoIteratio(const std::vector<double>& values, int bin
 void PutDataToHisto(double value, int index, std::vector<THisto>& histogram);
 
 } // namespace tavelinMath
+#pragma GCC visibility pop

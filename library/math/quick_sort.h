@@ -13,8 +13,6 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <cstddef>
 #include <functional>
 #include <numeric>
@@ -22,7 +20,8 @@
 #include <utility>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// A point and its distance from where it should be, in one unit.
 struct FarPoint
@@ -290,3 +289,4 @@ inline bool mycomp(std::string a, std::string b)
 }
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

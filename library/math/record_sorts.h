@@ -5,7 +5,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/blob.h"
 #include "../records/disk_records.h"
 #include "../records/photo_blob.h"
@@ -13,7 +12,8 @@
 
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Sort a list in place, ascending or ("Down") descending.
 void SortDouble(std::vector<double>& values);
@@ -75,3 +75,4 @@ void SortICByResXY(std::vector<TRepresent>& representatives,
                    const std::vector<TRecLabelPervichka_File>& marks, const std::vector<TFittObject>& fitted);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

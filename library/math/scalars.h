@@ -2,12 +2,11 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <map>
 #include <string>
 
-namespace TAVELIN_API tavelinMath {
+#pragma GCC visibility push(default)
+namespace tavelinMath {
 
 /// The part of a number above its floor, 0 to 1 also for negative numbers: -1.25 gives 0.75. Numbers of
 /// 4503599627370496 and more in magnitude have no fraction and give x - x: 0, or not-a-number for an infinity
@@ -75,3 +74,4 @@ void Ind1DTo3D_(const int& index, const int& sizeJ, const int& sizeK, int& i, in
 bool isBelowNanLast(double a, double b);
 
 } // namespace tavelinMath
+#pragma GCC visibility pop

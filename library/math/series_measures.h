@@ -2,12 +2,12 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/blob.h"
 
 #include <vector>
 
-namespace TAVELIN_API tavelinMath {
+#pragma GCC visibility push(default)
+namespace tavelinMath {
 
 /// Fills the instrumental magnitudes of all marks: mInstr from A, and for tracks with a NORAD text
 /// mInstr1000, which is mInstr at the reference range. The range and the distance in SpareTail have the same
@@ -56,3 +56,4 @@ void iICtoBlob(const std::vector<tavelinUtils::TRepresent>& representatives,
                std::vector<tavelinUtils::THeadBlobs>& frames);
 
 } // namespace tavelinMath
+#pragma GCC visibility pop

@@ -2,14 +2,14 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/blob.h"
 #include "../records/pixel.h"
 
 #include <cstddef>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The shape of one blob.
 struct strob_params
@@ -40,8 +40,10 @@ bool sortpixelX(const pixel& a, const pixel& b);
 bool sortpixelY(const pixel& a, const pixel& b);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop
 
-namespace TAVELIN_API tavelinMath {
+#pragma GCC visibility push(default)
+namespace tavelinMath {
 
 using tavelinUtils::strob_params;
 
@@ -85,3 +87,4 @@ double calcPSFbrightness(const double& sigma, const double& amplitude);
 double calcGaussRadius(const double& sigma, const double& peak, const double& level);
 
 } // namespace tavelinMath
+#pragma GCC visibility pop

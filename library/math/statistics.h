@@ -6,12 +6,12 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../records/pixel.h"
 
 #include <vector>
 
-namespace TAVELIN_API tavelinMath {
+#pragma GCC visibility push(default)
+namespace tavelinMath {
 
 /// Means; 0.0 of an empty list. That of pixels is the mean of C.
 double CalculateAverage(const std::vector<double>& values);
@@ -104,3 +104,4 @@ double Median(std::vector<double>& values);
 double Median2(std::vector<double>& values);
 
 } // namespace tavelinMath
+#pragma GCC visibility pop

@@ -5,7 +5,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "pixel.h"
 #include "track.h"
 
@@ -13,7 +12,8 @@
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The head of a frame.
 struct TFitHead
@@ -288,3 +288,4 @@ static_assert(offsetof(THOKTrack, Value1) == 0 && offsetof(THOKTrack, Items) == 
               "a file of strobes takes the first 40 bytes");
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -5,12 +5,11 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <bit>
 #include <cstddef>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 static_assert(std::endian::native == std::endian::little, "the files hold the bytes of the records");
 
@@ -143,3 +142,4 @@ static_assert(sizeof(TXYAdbl) == 24);
 static_assert(offsetof(TXYAdbl, X) == 0 && offsetof(TXYAdbl, Y) == 8 && offsetof(TXYAdbl, A) == 16);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -2,12 +2,11 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// A three-line element set of a satellite.
 struct TTLEstr
@@ -48,3 +47,4 @@ struct TForms123
 };
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

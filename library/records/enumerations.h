@@ -5,11 +5,10 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The service that a series was observed for.
 enum class TService : int
@@ -287,3 +286,4 @@ struct TObsSite
 TObsSite SelectObsSite(const TObsSite& first, const TObsSite& second);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -4,13 +4,13 @@
 
 #pragma once
 
-#include "../export.h"
 #include "enumerations.h"
 
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 // No gaps between the fields, because arrays of the record take part in the layouts of the pipeline. Read and
 // write the fields by value; bind no reference or pointer to one for longer than a statement.
@@ -109,3 +109,4 @@ inline bool SortTrackByTime(const TRecLabelPervichka_File& a, const TRecLabelPer
 }
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -2,10 +2,10 @@
 
 #pragma once
 
-#include "../export.h"
 #include "blob.h"
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// A star's mark with the head of its frame. SpareText of the mark is the star's name, KNAME that of its
 /// comparison star, Spare1 its instrumental magnitude for the V-C tables, mEnsemble its ensemble magnitude,
@@ -17,3 +17,4 @@ struct TLocPhotoBlob
 };
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

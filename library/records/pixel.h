@@ -2,9 +2,8 @@
 
 #pragma once
 
-#include "../export.h"
-
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// A pixel and its value.
 struct pixel
@@ -32,8 +31,11 @@ struct pixelAper
 };
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop
 
-namespace TAVELIN_API tavelinMath {
+#pragma GCC visibility push(default)
+namespace tavelinMath {
 using tavelinUtils::pixel;
 using tavelinUtils::pixelD;
 } // namespace tavelinMath
+#pragma GCC visibility pop

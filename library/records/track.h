@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include "../export.h"
 #include "enumerations.h"
 #include "mark.h"
 
@@ -10,7 +9,8 @@
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The texts of an MPC report's header lines, in the order of the lines.
 struct TMPCReportHeader
@@ -146,3 +146,4 @@ bool SortTrackByName(const TrackVtorichka& a, const TrackVtorichka& b);
 std::size_t countMarks(const std::vector<TrackVtorichka>& tracks);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

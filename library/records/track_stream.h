@@ -22,12 +22,12 @@
 
 #pragma once
 
-#include "../export.h"
 #include "track.h"
 
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Gives the head of a track its defaults again, and takes the lines beside its marks out. The marks stay,
 /// for others to take their places; the memory stays too.
@@ -56,3 +56,4 @@ bool writeAll(Sink sink, const std::vector<TrackVtorichka>& tracks)
 }
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -2,13 +2,13 @@
 
 #pragma once
 
-#include "../export.h"
 #include "result.h"
 
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// The codes that the library and the converter set themselves. The other rows of the table belong to other
 /// modules of the pipeline.
@@ -49,3 +49,4 @@ TFuncRes GetErrCode(int code, std::string description);
 [[noreturn]] void throwErrCode(int code, const std::string& description);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

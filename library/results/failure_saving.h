@@ -2,12 +2,12 @@
 
 #pragma once
 
-#include "../export.h"
 #include "result.h"
 
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Saves the result of a code and its description to the three paths, one after the other. Each file has the
 /// form that its extension asks for; an empty path, or one in a missing folder, is skipped in silence.
@@ -20,3 +20,4 @@ void tavelinExceptionsAct(int code, std::string text, std::string path1, std::st
 void SaveExceptLogCode(std::string source, std::string result, TFuncRes res);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

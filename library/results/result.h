@@ -2,14 +2,13 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <exception>
 #include <string>
 #include <utility>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// How an operation ended. A new record reports success.
 struct TFuncRes
@@ -56,3 +55,4 @@ private:
 static_assert(sizeof(TavelinException) == 80, "other modules of the pipeline count on the layout");
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -18,13 +18,13 @@
 
 #pragma once
 
-#include "../export.h"
 #include "result.h"
 
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Saves a result in the form that the path's extension asks for, compared exactly and with case. If the
 /// folder of the path does not exist, nothing is written or reported; a bare name is its own folder and so is
@@ -59,3 +59,4 @@ std::vector<TFuncRes> lArrResXML(std::string path);
 void slog(std::string path, std::string text);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

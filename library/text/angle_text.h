@@ -5,13 +5,12 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <cstddef>
 #include <string>
 #include <string_view>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// Right ascension in degrees as sexagesimal hours, "01:00:00.00" for 15.0 with precision 2 and ":". Without
 /// seconds the text ends at the minutes, cut and not rounded. There is no carry and no wrap: seconds that
@@ -58,3 +57,4 @@ double packedDE(std::string_view text);
 double packedSeconds(std::string_view text, std::size_t position);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

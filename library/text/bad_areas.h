@@ -2,13 +2,13 @@
 
 #pragma once
 
-#include "../export.h"
 #include "../results/result.h"
 
 #include <string>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// A rectangle of pixels between two corners.
 struct TBadAreaFrame
@@ -29,3 +29,4 @@ std::vector<TBadAreaFrame> ParsBadAreaFrame(std::string text, bool& ok);
 void CheckBadAreaFrame(std::string name, std::string text, TFuncRes& result);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

@@ -5,12 +5,11 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <chrono>
 #include <string>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// A calendar date and a time of day.
 struct TDateTime
@@ -75,3 +74,4 @@ TDateTime NowToCode();
 double NowToMJD();
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

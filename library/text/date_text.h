@@ -5,13 +5,13 @@
 
 #pragma once
 
-#include "../export.h"
 #include "calendar.h"
 
 #include <string>
 #include <string_view>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 class DayNumbers; // of base/last_answer.h
 
@@ -103,3 +103,4 @@ double timeToDay(std::string_view text, char separator);
 void readEpoch(std::string_view text, DayNumbers& days, int& date, double& time);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop

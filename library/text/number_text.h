@@ -5,15 +5,14 @@
 
 #pragma once
 
-#include "../export.h"
-
 #include <cstddef>
 #include <ios>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace TAVELIN_API tavelinUtils {
+#pragma GCC visibility push(default)
+namespace tavelinUtils {
 
 /// A number in fixed notation with the given number of decimals, rounded as the standard library rounds: the
 /// exact value decides, and a tie goes to the even digit. There is no exponent, precision 0 gives no point,
@@ -73,3 +72,4 @@ void DeleteLastSymbol(std::string& text, std::string set);
 std::string DelForbiddenSymbols(std::string text, std::string replacement);
 
 } // namespace tavelinUtils
+#pragma GCC visibility pop
