@@ -2,13 +2,15 @@
 
 #pragma once
 
+#include "export.h"
+
 #include <string_view>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The version in three numbers with points between them. The build and the packages take it from this line.
 inline constexpr std::string_view version = "0.2.0";
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "settings.h"
 #include "xml_document.h"
 
@@ -13,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Telescope and site. A width or height of pixels above 1.0 counts as micrometres.
@@ -66,4 +67,4 @@ TFiltersID GetFiltersID(TiXmlElement* root, std::string key);
 std::vector<TTLEstr> GetTLEs(TiXmlElement* root, std::string key);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -6,9 +6,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Developer settings of the series service.
@@ -220,4 +222,4 @@ void lDevelopLocalPhoto(std::string path, TDevelopLocalPhoto& settings);
 void lZunekXML(std::string path, TZunekXML& settings);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -6,9 +6,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// A plan for satellites.
@@ -59,4 +61,4 @@ void LoadAPTScriptSat(std::string path, TAPTScriptSat& plan);
 void LoadAPTScriptGEOTLE(std::string path, TAPTScriptGEOTLE& plan);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -6,9 +6,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Reads a comment line into the argument that its key names. The text ends at a second ">"; a line of any
@@ -16,4 +18,4 @@ namespace tavelinUtils {
 void ParsComment(std::string line, std::string& source, std::string& note, std::string& sequenceid);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

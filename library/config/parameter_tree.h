@@ -18,6 +18,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "xml_document.h"
 
 #include <initializer_list>
@@ -26,7 +27,7 @@
 #include <variant>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The value of a key; none for an element that holds elements.
@@ -93,4 +94,4 @@ private:
 };
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -4,10 +4,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Orders to identify a frame with the sky: 0, or 1.
@@ -52,4 +54,4 @@ int sParamMPC1(std::string path, std::string Frame, std::string sendMPC2, std::s
                std::string MPCCode);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -7,12 +7,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/enumerations.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Orders to fit one peak, at a position in pixels: 0, or 1.
@@ -87,4 +88,4 @@ void lBlobHead(std::string path, double& FwhmMath, double& FwhmSTD, double& SigF
                double& StepMath, double& StepSTD, double& RawMath, double& RawSTD, TTypeFrame& TypeFrame);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

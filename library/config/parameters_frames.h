@@ -7,10 +7,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Orders the cosmetic correction of frames, with their calibration frames: 0, or 1.
@@ -60,4 +62,4 @@ void lPACKxml(std::string path, std::string& Mode, std::string& ResPath, std::ve
               std::vector<std::string>& OutputFitsList);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -7,10 +7,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Orders the intra-frame stage for a list of frames: 0, or 1. The keys are below "PO".
@@ -86,4 +88,4 @@ void lvs_control(std::string path, std::string& angle_deviation_limit,
                  std::string& brightness_deviation_limit, std::string& time_shift);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -11,12 +11,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../results/result.h"
 #include "settings.h"
 
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Reads the program configuration; a missing key leaves its member. Code 0, or 138 for a missing file and
@@ -62,4 +63,4 @@ void CheckDoubleMinMax(std::string name, double min, double max, double value, T
 void CheckAstroDegree(std::string name, int value, std::string allowed, TFuncRes& result);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

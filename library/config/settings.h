@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../files/series_names.h"
 #include "../records/enumerations.h"
 #include "settings_frames.h"
@@ -14,7 +15,7 @@
 
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// All settings and thresholds. Large: pass it by reference.
@@ -45,4 +46,4 @@ struct TPorogs
 };
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/element_set.h"
 #include "../records/enumerations.h"
 #include "../text/bad_areas.h"
@@ -9,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Calibration frames and the alignment of brightness.
@@ -104,4 +105,4 @@ struct TDevPhoto
 };
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -2,13 +2,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/element_set.h"
 #include "../records/enumerations.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The search for moving objects. The members from TieFrames on have no key: they are written to the
@@ -102,4 +103,4 @@ struct TStacking
 };
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -2,12 +2,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/enumerations.h"
 #include "../records/track.h"
 
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Light curves: aperture and observer code.
@@ -30,4 +31,4 @@ struct TMPC
 };
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -2,12 +2,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/enumerations.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The other programs of the pipeline and outside tools; the members are named after their keys.
@@ -91,4 +92,4 @@ struct TZunek
 };
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

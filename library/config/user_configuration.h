@@ -11,13 +11,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../results/result.h"
 #include "settings.h"
 #include "xml_document.h"
 
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Reads a configuration into the settings. Every section replaces its whole record, a missing one with the
@@ -34,4 +35,4 @@ TFuncRes LoadUserConfXML(std::string path, TPorogs& porogs, bool loadTLE);
 TFuncRes LoadUserConfXML(TtavelinXmlDocument& document, TPorogs& porogs, bool loadTLE);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -5,12 +5,14 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <vector>
 
 #include <tinyxml.h>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Switches off the XML library's process-wide flag that condenses white space in values. Writes it only
@@ -107,4 +109,4 @@ void writeRecord(TiXmlElement*& parent, std::string key, double value, std::stri
 [[noreturn]] void stayForever();
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

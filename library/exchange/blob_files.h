@@ -5,13 +5,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 #include "../records/disk_records.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Writes fitted blobs, 272 bytes each. Throws TavelinException with code 7 and the path if the file can't be
@@ -56,4 +57,4 @@ int sHoughtInd(std::string path, const std::vector<THOKTrack>& tracks);
 int sHoughtStrob(std::string path, const std::vector<THOKTrack>& tracks);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -9,12 +9,14 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <vector>
 
 class TiXmlElement;
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// A known variable star.
@@ -103,4 +105,4 @@ void lListAAVSOvsp(std::string path, std::vector<TAAVSOvsp>& stars);
 std::vector<TNameSat> lNameSat(std::string path);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -2,13 +2,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 #include "../records/pixel.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Writes bad pixels: int32 X and Y each, without a count. Returns 0, or 1 when the file can't be written.
@@ -45,4 +46,4 @@ int LoadPixelObj(std::string path, std::vector<TObjKontur>& objects);
 std::vector<double> ReadArrayFromFileDbl(std::string path, int n);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -7,12 +7,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Writes the members. The third number of an entry is not stored, and neither are X, Y, Value and Index:
@@ -39,4 +40,4 @@ void psIndVKBin(std::string path, int frames, const std::vector<TRepresent>& rep
 void plIndVKBin(std::string path, int& frames, std::vector<TRepresent>& representatives);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

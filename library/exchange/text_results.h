@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 #include "../records/element_set.h"
 #include "../records/pixel.h"
@@ -14,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// A table of the F distribution.
@@ -90,4 +91,4 @@ TPlateRec FitHeadToPlate(const TFitHead& head);
 TFuncRes LoadResultExe(std::string path);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -5,11 +5,13 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <cstdio>
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The separator that is appended to paths and that they are split on.
@@ -63,4 +65,4 @@ std::string NowToDateTimeLin();
 std::string NowToDateTime(std::string separator);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -5,10 +5,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The size of a file in kibibytes, with the fraction; 0.0 if it cannot be opened for reading or has no size.
@@ -57,4 +59,4 @@ void RemFileWithMask(std::vector<std::string>& names, std::string mask);
 void RemFileWithMask(std::vector<std::string>& names, const std::vector<std::string>& masks);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

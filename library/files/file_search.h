@@ -12,10 +12,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// An entry of a folder.
@@ -65,4 +67,4 @@ void pFindDirLin(std::string root, std::string name, std::vector<std::string>& d
 void FindDirRecur(const char* folder, int depth, std::string name, std::vector<std::string>& directories);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -5,9 +5,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Removes the last character where it is one of the separators, and only that one: "a//" becomes "a/".
@@ -36,4 +38,4 @@ std::string replaceFileNameExtension(std::string name, std::string oldText, std:
 std::string GetInSeriaPath(std::string seriesPath, std::string fullPath);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

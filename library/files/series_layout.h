@@ -6,11 +6,12 @@
 #pragma once
 
 #include "../config/settings.h"
+#include "../export.h"
 #include "series_names.h"
 
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// What the forms of one frame share: the file name without the prefixes of pipeline and step frames,
@@ -34,4 +35,4 @@ std::string GetSeriaPath(std::string path);
 std::string GetSeriaConfig(std::string seriesPath);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -2,9 +2,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Folders of a series. The last three are those of the multi-series tool; "logs" is there twice on purpose.
@@ -63,4 +65,4 @@ struct TExtension
 };
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -5,11 +5,13 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The lines of a file; none for a file that is missing or cannot be read, or is a folder.
@@ -55,4 +57,4 @@ void appendText(const std::string& path, std::string_view text);
 void rewriteText(const std::string& path, std::string_view text);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

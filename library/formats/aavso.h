@@ -10,6 +10,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/photo_blob.h"
 #include "../records/track.h"
 
@@ -17,7 +18,7 @@
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Writes tracks as sAAVSO of tracks does, one after the other (records/track_stream.h). `add` and `save`
@@ -58,4 +59,4 @@ void sAAVSO(std::string path, std::string obsCode, std::string filter, std::stri
             std::string chart);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

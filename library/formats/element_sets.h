@@ -6,12 +6,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/element_set.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The element sets of a file; none for a missing one. The first character of a line says what it is: "0" a
@@ -25,4 +26,4 @@ std::vector<TTLEstr> l3LEstr(std::string path);
 void s3LEstr(std::string path, const std::vector<TTLEstr>& sets);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -9,12 +9,13 @@
 #pragma once
 
 #include "../config/settings.h"
+#include "../export.h"
 #include "../records/blob.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The values of a parameter file, in the order of its lines, the first of which is a free text.
@@ -106,4 +107,4 @@ TFastSearchParam LTextParamForSearchFastAstroObj(std::string path);
 TParHOK lParHOKv2(std::string path);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -7,13 +7,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 
 #include <map>
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The months: "Jan" gives "01", and so on to "Dec" and "12".
@@ -30,4 +31,4 @@ int lHorizons(const std::vector<std::string>& lines, TrackVtorichka& track);
 int lHorizons(std::string path, TrackVtorichka& track);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -5,13 +5,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 
 #include <memory>
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Writes tracks as SaveLightCurve does, one after the other (records/track_stream.h). `save` is always true.
@@ -44,4 +45,4 @@ void SaveLightCurve(std::string path, const std::vector<TrackVtorichka>& tracks,
 std::string getHeadLightCurve();
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

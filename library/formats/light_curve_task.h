@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../config/settings.h"
+#include "../export.h"
 #include "../records/blob.h"
 #include "../records/photo_blob.h"
 
@@ -10,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// A star to be measured; its positions in degrees.
@@ -59,4 +60,4 @@ int sHeadLightCurve(std::string path, const TPorogs& porogs, const THeadBlobs& f
                     TReportVS& report);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

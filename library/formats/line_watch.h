@@ -13,9 +13,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <cstddef>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// What became of a line. Each line has one fate.
@@ -65,4 +67,4 @@ public:
 };
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -14,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Hands out the tracks of a MEA file, or of its lines, one after the other (records/track_stream.h); what
@@ -119,4 +120,4 @@ void sMEA(std::string path, const std::vector<TrackVtorichka>& tracks);
 void sMEA_TLE(std::string path, const std::vector<TrackVtorichka>& tracks);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

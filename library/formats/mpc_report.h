@@ -11,6 +11,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -19,7 +20,7 @@
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// An observation line, parsed.
@@ -156,4 +157,4 @@ std::string getHeadMPC();
 void sMPCHeadTrack(std::string path);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

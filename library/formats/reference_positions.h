@@ -5,11 +5,12 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Appends a mark for each line after the first to the track. Date, time, right ascension and declination,
@@ -24,4 +25,4 @@ void loadAMU(std::string path, TrackVtorichka& track);
 void loadEtalonAMU(std::string path, TrackVtorichka& track);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -7,13 +7,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 
 #include <memory>
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Writes tracks as SaveResidAMU does, one after the other (records/track_stream.h): `add` the file of a
@@ -48,4 +49,4 @@ private:
 void SaveResidAMU(std::string folder, std::string name, const std::vector<TrackVtorichka>& tracks);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

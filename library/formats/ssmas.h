@@ -12,6 +12,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -20,7 +21,7 @@
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// A telescope and the word that is added to the names of its files.
@@ -112,4 +113,4 @@ void sSSMAS(std::string path, const std::vector<TrackVtorichka>& tracks);
 void lHeadersSSMAS(std::string path, std::vector<TSSMASHAED>& headers);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

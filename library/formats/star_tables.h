@@ -7,12 +7,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Stars with their numbers, from 0: number, name, position in degrees and as text, magnitude.
@@ -33,4 +34,4 @@ void sRefStars(std::string path, std::vector<TRepresent>& representatives,
                const std::vector<TRecLabelPervichka_File>& stars);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -17,6 +17,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -25,7 +26,7 @@
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Hands out the tracks of a message one after the other (records/track_stream.h); what they are is told with
@@ -98,4 +99,4 @@ void sTDM(std::string path, const std::vector<TrackVtorichka>& tracks);
 std::string zeroCreationDate();
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

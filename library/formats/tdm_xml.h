@@ -20,6 +20,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 
 #include <memory>
@@ -28,7 +29,7 @@
 
 #include <tinyxml.h>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Writes tracks as sTDMPOLxml does, one after the other (records/track_stream.h). `save` gives what
@@ -97,4 +98,4 @@ void GetTDMObservations(TiXmlElement* element, std::string tagName,
                         std::vector<TRecLabelPervichka_File>& marks);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

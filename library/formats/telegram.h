@@ -8,6 +8,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -16,7 +17,7 @@
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Hands out the tracks of a telegram, or of its lines, one after the other (records/track_stream.h); what
@@ -94,4 +95,4 @@ std::vector<TrackVtorichka> lTelegramma(std::string path, LineWatch& watch);
 void sTelegramma(std::string path, const std::vector<TrackVtorichka>& tracks);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

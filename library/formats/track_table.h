@@ -10,6 +10,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -18,7 +19,7 @@
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// A column, by the name that precedes the first colon of its description.
@@ -137,4 +138,4 @@ std::string GetDataTrack(THeadTrack column, const TrackVtorichka& track, int ind
 TCasts StrToCast(std::string text);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

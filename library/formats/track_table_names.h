@@ -2,11 +2,12 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The short name of a track: the prefix ("A" where both prefix and suffix are empty), the number in at least
@@ -24,4 +25,4 @@ std::string shownName(const TrackVtorichka& track, const std::string& givenName,
                       const std::string& prefix, const std::string& suffix, int number, bool longName);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

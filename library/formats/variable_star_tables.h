@@ -6,13 +6,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/photo_blob.h"
 #include "../records/track.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// An object's brightness on one frame, among those of a frame.
@@ -84,4 +85,4 @@ std::string setHeadV_C(int count);
 std::string GetDataV_C(TLocPhotoBlob object, std::vector<TLocPhotoBlob> stars);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -2,9 +2,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// One bin.
@@ -17,9 +19,9 @@ struct THisto
 };
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinMath {
 
 using tavelinUtils::THisto;
@@ -41,4 +43,4 @@ std::vector<THisto> calcGistoIteratio(const std::vector<double>& values, int bin
 void PutDataToHisto(double value, int index, std::vector<THisto>& histogram);
 
 } // namespace tavelinMath
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -13,6 +13,8 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <cstddef>
 #include <functional>
 #include <numeric>
@@ -20,7 +22,7 @@
 #include <utility>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// A point and its distance from where it should be, in one unit.
@@ -289,4 +291,4 @@ inline bool mycomp(std::string a, std::string b)
 }
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

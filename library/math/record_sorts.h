@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 #include "../records/disk_records.h"
 #include "../records/photo_blob.h"
@@ -12,7 +13,7 @@
 
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Sort a list in place, ascending or ("Down") descending.
@@ -75,4 +76,4 @@ void SortICByResXY(std::vector<TRepresent>& representatives,
                    const std::vector<TRecLabelPervichka_File>& marks, const std::vector<TFittObject>& fitted);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -2,10 +2,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <map>
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinMath {
 
 /// The part of a number above its floor, 0 to 1 also for negative numbers: -1.25 gives 0.75. Numbers of
@@ -74,4 +76,4 @@ void Ind1DTo3D_(const int& index, const int& sizeJ, const int& sizeK, int& i, in
 bool isBelowNanLast(double a, double b);
 
 } // namespace tavelinMath
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

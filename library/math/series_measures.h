@@ -2,11 +2,12 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinMath {
 
 /// Fills the instrumental magnitudes of all marks: mInstr from A, and for tracks with a NORAD text
@@ -56,4 +57,4 @@ void iICtoBlob(const std::vector<tavelinUtils::TRepresent>& representatives,
                std::vector<tavelinUtils::THeadBlobs>& frames);
 
 } // namespace tavelinMath
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

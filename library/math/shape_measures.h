@@ -2,13 +2,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 #include "../records/pixel.h"
 
 #include <cstddef>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The shape of one blob.
@@ -40,9 +41,9 @@ bool sortpixelX(const pixel& a, const pixel& b);
 bool sortpixelY(const pixel& a, const pixel& b);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinMath {
 
 using tavelinUtils::strob_params;
@@ -87,4 +88,4 @@ double calcPSFbrightness(const double& sigma, const double& amplitude);
 double calcGaussRadius(const double& sigma, const double& peak, const double& level);
 
 } // namespace tavelinMath
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

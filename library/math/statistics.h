@@ -6,11 +6,12 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/pixel.h"
 
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinMath {
 
 /// Means; 0.0 of an empty list. That of pixels is the mean of C.
@@ -104,4 +105,4 @@ double Median(std::vector<double>& values);
 double Median2(std::vector<double>& values);
 
 } // namespace tavelinMath
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

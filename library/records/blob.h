@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "pixel.h"
 #include "track.h"
 
@@ -12,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The head of a frame.
@@ -288,4 +289,4 @@ static_assert(offsetof(THOKTrack, Value1) == 0 && offsetof(THOKTrack, Items) == 
               "a file of strobes takes the first 40 bytes");
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -5,12 +5,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "blob.h"
 #include "disk_records.h"
 
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// A mark as a row of a blob table. A kind of blob other than 0, 1, 2 and 6 becomes -1; the code stays.
@@ -78,4 +79,4 @@ std::vector<TObjKontur> TObjKonturToDTSegment(const std::vector<DTSegment>& segm
 std::vector<pixel> PixelAperListToPixel(std::vector<pixelAper> pixels);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -5,10 +5,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <bit>
 #include <cstddef>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 static_assert(std::endian::native == std::endian::little, "the files hold the bytes of the records");
@@ -142,4 +144,4 @@ static_assert(sizeof(TXYAdbl) == 24);
 static_assert(offsetof(TXYAdbl, X) == 0 && offsetof(TXYAdbl, Y) == 8 && offsetof(TXYAdbl, A) == 16);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

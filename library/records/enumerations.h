@@ -5,9 +5,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The service that a series was observed for.
@@ -286,4 +288,4 @@ struct TObsSite
 TObsSite SelectObsSite(const TObsSite& first, const TObsSite& second);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -4,12 +4,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "enumerations.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 // No gaps between the fields, because arrays of the record take part in the layouts of the pipeline. Read and
@@ -109,4 +110,4 @@ inline bool SortTrackByTime(const TRecLabelPervichka_File& a, const TRecLabelPer
 }
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -2,9 +2,10 @@
 
 #pragma once
 
+#include "../export.h"
 #include "blob.h"
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// A star's mark with the head of its frame. SpareText of the mark is the star's name, KNAME that of its
@@ -17,4 +18,4 @@ struct TLocPhotoBlob
 };
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

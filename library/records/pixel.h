@@ -2,7 +2,9 @@
 
 #pragma once
 
-#pragma GCC visibility push(default)
+#include "../export.h"
+
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// A pixel and its value.
@@ -31,11 +33,11 @@ struct pixelAper
 };
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinMath {
 using tavelinUtils::pixel;
 using tavelinUtils::pixelD;
 } // namespace tavelinMath
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

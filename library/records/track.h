@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "enumerations.h"
 #include "mark.h"
 
@@ -9,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The texts of an MPC report's header lines, in the order of the lines.
@@ -146,4 +147,4 @@ bool SortTrackByName(const TrackVtorichka& a, const TrackVtorichka& b);
 std::size_t countMarks(const std::vector<TrackVtorichka>& tracks);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -22,11 +22,12 @@
 
 #pragma once
 
+#include "../export.h"
 #include "track.h"
 
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Gives the head of a track its defaults again, and takes the lines beside its marks out. The marks stay,
@@ -56,4 +57,4 @@ bool writeAll(Sink sink, const std::vector<TrackVtorichka>& tracks)
 }
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

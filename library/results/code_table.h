@@ -2,12 +2,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "result.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// The codes that the library and the converter set themselves. The other rows of the table belong to other
@@ -49,4 +50,4 @@ TFuncRes GetErrCode(int code, std::string description);
 [[noreturn]] void throwErrCode(int code, const std::string& description);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

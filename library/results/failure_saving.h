@@ -2,11 +2,12 @@
 
 #pragma once
 
+#include "../export.h"
 #include "result.h"
 
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Saves the result of a code and its description to the three paths, one after the other. Each file has the
@@ -20,4 +21,4 @@ void tavelinExceptionsAct(int code, std::string text, std::string path1, std::st
 void SaveExceptLogCode(std::string source, std::string result, TFuncRes res);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -2,12 +2,14 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <exception>
 #include <string>
 #include <utility>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// How an operation ended. A new record reports success.
@@ -55,4 +57,4 @@ private:
 static_assert(sizeof(TavelinException) == 80, "other modules of the pipeline count on the layout");
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -18,12 +18,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "result.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Saves a result in the form that the path's extension asks for, compared exactly and with case. If the
@@ -59,4 +60,4 @@ std::vector<TFuncRes> lArrResXML(std::string path);
 void slog(std::string path, std::string text);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

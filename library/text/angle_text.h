@@ -5,11 +5,13 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// Right ascension in degrees as sexagesimal hours, "01:00:00.00" for 15.0 with precision 2 and ":". Without
@@ -57,4 +59,4 @@ double packedDE(std::string_view text);
 double packedSeconds(std::string_view text, std::size_t position);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

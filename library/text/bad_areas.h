@@ -2,12 +2,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../results/result.h"
 
 #include <string>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// A rectangle of pixels between two corners.
@@ -29,4 +30,4 @@ std::vector<TBadAreaFrame> ParsBadAreaFrame(std::string text, bool& ok);
 void CheckBadAreaFrame(std::string name, std::string text, TFuncRes& result);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

@@ -5,10 +5,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <chrono>
 #include <string>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// A calendar date and a time of day.
@@ -74,4 +76,4 @@ TDateTime NowToCode();
 double NowToMJD();
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

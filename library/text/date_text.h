@@ -5,12 +5,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "calendar.h"
 
 #include <string>
 #include <string_view>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 class DayNumbers; // of base/last_answer.h
@@ -103,4 +104,4 @@ double timeToDay(std::string_view text, char separator);
 void readEpoch(std::string_view text, DayNumbers& days, int& date, double& time);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END

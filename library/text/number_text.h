@@ -5,13 +5,15 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <cstddef>
 #include <ios>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#pragma GCC visibility push(default)
+TAVELIN_EXPORT_BEGIN
 namespace tavelinUtils {
 
 /// A number in fixed notation with the given number of decimals, rounded as the standard library rounds: the
@@ -72,4 +74,4 @@ void DeleteLastSymbol(std::string& text, std::string set);
 std::string DelForbiddenSymbols(std::string text, std::string replacement);
 
 } // namespace tavelinUtils
-#pragma GCC visibility pop
+TAVELIN_EXPORT_END
