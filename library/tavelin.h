@@ -24,6 +24,7 @@
 #include "exchange/pixel_files.h"
 #include "exchange/representatives.h"
 #include "exchange/text_results.h"
+#include "export.h"
 #include "files/essentials.h"
 #include "files/file_operations.h"
 #include "files/file_search.h"

@@ -2,9 +2,11 @@
 
 #pragma once
 
+#include "export.h"
+
 #include <string_view>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The version in three numbers with points between them. The build and the packages take it from this line.
 inline constexpr std::string_view version = "0.2.0";

@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "settings.h"
 #include "xml_document.h"
 
@@ -13,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Telescope and site. A width or height of pixels above 1.0 counts as micrometres.
 TBasicSettings GetBasicSettings(TiXmlElement* root, std::string key);

@@ -6,9 +6,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Developer settings of the series service.
 struct TDevelopClon

@@ -6,9 +6,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Reads a comment line into the argument that its key names. The text ends at a second ">"; a line of any
 /// other key changes nothing.

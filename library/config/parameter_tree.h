@@ -18,6 +18,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "xml_document.h"
 
 #include <initializer_list>
@@ -26,7 +27,7 @@
 #include <variant>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The value of a key; none for an element that holds elements.
 using ParameterValue = std::variant<std::monostate, std::string, bool, int, double>;

@@ -4,10 +4,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Orders to identify a frame with the sky: 0, or 1.
 int sParamSkyIdentXML(std::string path, std::string IDFrame, std::string FitPath, std::string BlobPath,

@@ -7,12 +7,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/enumerations.h"
 
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Orders to fit one peak, at a position in pixels: 0, or 1.
 int sThresPeakXML(std::string path, int x, int y);

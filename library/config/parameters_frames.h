@@ -7,10 +7,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Orders the cosmetic correction of frames, with their calibration frames: 0, or 1.
 int sThresCosmetic(std::string path, std::string ProcessingType, const std::vector<std::string>& FitsList,

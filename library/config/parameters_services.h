@@ -7,10 +7,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Orders the intra-frame stage for a list of frames: 0, or 1. The keys are below "PO".
 int sThresIntraXML(std::string path, std::string ProcessingType, const std::vector<std::string>& FitsList,

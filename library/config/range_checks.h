@@ -11,12 +11,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../results/result.h"
 #include "settings.h"
 
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Reads the program configuration; a missing key leaves its member. Code 0, or 138 for a missing file and
 /// 139 for one that cannot be loaded, each with the path in the description; nothing is changed then.

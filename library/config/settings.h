@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../files/series_names.h"
 #include "../records/enumerations.h"
 #include "settings_frames.h"
@@ -14,7 +15,7 @@
 
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// All settings and thresholds. Large: pass it by reference.
 struct TPorogs

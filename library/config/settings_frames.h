@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/element_set.h"
 #include "../records/enumerations.h"
 #include "../text/bad_areas.h"
@@ -9,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Calibration frames and the alignment of brightness.
 struct TMasterFrame

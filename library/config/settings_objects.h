@@ -2,13 +2,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/element_set.h"
 #include "../records/enumerations.h"
 
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The search for moving objects. The members from TieFrames on have no key: they are written to the
 /// parameter files of the search for fast objects.

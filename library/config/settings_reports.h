@@ -2,12 +2,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/enumerations.h"
 #include "../records/track.h"
 
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Light curves: aperture and observer code.
 struct TCurves

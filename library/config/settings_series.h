@@ -2,12 +2,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/enumerations.h"
 
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The other programs of the pipeline and outside tools; the members are named after their keys.
 struct TExe

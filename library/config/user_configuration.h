@@ -11,13 +11,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../results/result.h"
 #include "settings.h"
 #include "xml_document.h"
 
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Reads a configuration into the settings. Every section replaces its whole record, a missing one with the
 /// defaults. Version and the number of coefficients stay if the file does not set them; a missing Service is

@@ -5,12 +5,14 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <vector>
 
 #include <tinyxml.h>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Switches off the XML library's process-wide flag that condenses white space in values. Writes it only
 /// where it is on, so that threads which find it off may work side by side.

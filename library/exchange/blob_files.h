@@ -5,13 +5,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 #include "../records/disk_records.h"
 
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Writes fitted blobs, 272 bytes each. Throws TavelinException with code 7 and the path if the file can't be
 /// written. The form for VihodExt converts each record.

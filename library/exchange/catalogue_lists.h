@@ -9,12 +9,14 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <vector>
 
 class TiXmlElement;
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// A known variable star.
 struct TVSX

@@ -2,13 +2,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 #include "../records/pixel.h"
 
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Writes bad pixels: int32 X and Y each, without a count. Returns 0, or 1 when the file can't be written.
 int sBadPix(std::string path, const std::vector<pixel>& pixels);

@@ -7,12 +7,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Writes the members. The third number of an entry is not stored, and neither are X, Y, Value and Index:
 /// the stored index is the position in the list. Returns 0, or 1 when the file can't be written.

@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 #include "../records/element_set.h"
 #include "../records/pixel.h"
@@ -14,7 +15,7 @@
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// A table of the F distribution.
 struct TFisherTable

@@ -5,11 +5,13 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <cstdio>
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The separator that is appended to paths and that they are split on.
 inline const std::string Slash = "/";

@@ -5,10 +5,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The size of a file in kibibytes, with the fraction; 0.0 if it cannot be opened for reading or has no size.
 /// A folder can be opened, and has the size that its file system reports.

@@ -5,9 +5,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Removes the last character where it is one of the separators, and only that one: "a//" becomes "a/".
 void DeleteLastSlash(std::string& path, std::string separators);

@@ -6,11 +6,12 @@
 #pragma once
 
 #include "../config/settings.h"
+#include "../export.h"
 #include "series_names.h"
 
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// What the forms of one frame share: the file name without the prefixes of pipeline and step frames,
 /// wherever in the name they occur. The extension stays: "STEP-m31_0001.fit" gives "m31_0001.fit".

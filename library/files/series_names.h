@@ -2,9 +2,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Folders of a series. The last three are those of the multi-series tool; "logs" is there twice on purpose.
 struct TSubfolders

@@ -5,11 +5,13 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The lines of a file; none for a file that is missing or cannot be read, or is a folder.
 std::vector<std::string> ReadFromFile(std::string path);

@@ -10,6 +10,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/photo_blob.h"
 #include "../records/track.h"
 
@@ -17,7 +18,7 @@
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Writes tracks as sAAVSO of tracks does, one after the other (records/track_stream.h). `add` and `save`
 /// throw as sAAVSO does; without a track the file stays as it is. Remembers the filters of the first track.

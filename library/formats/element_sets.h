@@ -6,12 +6,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/element_set.h"
 
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The element sets of a file; none for a missing one. The first character of a line says what it is: "0" a
 /// name, "1" the first line of elements, "2" the second, which ends the set; all others are skipped. A set

@@ -9,12 +9,13 @@
 #pragma once
 
 #include "../config/settings.h"
+#include "../export.h"
 #include "../records/blob.h"
 
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The values of a parameter file, in the order of its lines, the first of which is a free text.
 struct TFastSearchParam

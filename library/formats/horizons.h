@@ -7,13 +7,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 
 #include <map>
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The months: "Jan" gives "01", and so on to "Dec" and "12".
 std::map<std::string, std::string> GetMonthCount();

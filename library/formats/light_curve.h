@@ -5,13 +5,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 
 #include <memory>
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Writes tracks as SaveLightCurve does, one after the other (records/track_stream.h). `save` is always true.
 class LightCurveSink

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../config/settings.h"
+#include "../export.h"
 #include "../records/blob.h"
 #include "../records/photo_blob.h"
 
@@ -10,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// A star to be measured; its positions in degrees.
 struct TInvestObj

@@ -13,9 +13,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <cstddef>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// What became of a line. Each line has one fate.
 enum class LineFate

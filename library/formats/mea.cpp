@@ -230,7 +230,7 @@ private:
 
 } // namespace
 
-struct MeaSource::Store
+struct TAVELIN_INTERNAL MeaSource::Store
 {
     std::string originator;
     KeptMarks kept{};

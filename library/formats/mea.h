@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -14,7 +15,7 @@
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Hands out the tracks of a MEA file, or of its lines, one after the other (records/track_stream.h); what
 /// they are, and what is thrown when the source is made, is told with plMEATrack and lMEATrack.

@@ -322,7 +322,7 @@ std::string GetStringMPC(std::string name, std::string code, const TRecLabelPerv
     return line.str();
 }
 
-struct MpcReportSource::Store
+struct TAVELIN_INTERNAL MpcReportSource::Store
 {
     KeptReport kept{};
 

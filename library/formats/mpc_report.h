@@ -11,6 +11,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -19,7 +20,7 @@
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// An observation line, parsed.
 struct TMPCMea

@@ -5,11 +5,12 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Appends a mark for each line after the first to the track. Date, time, right ascension and declination,
 /// both in degrees, have fixed columns; what a line is too short for counts as 0. Sets NORAD to what precedes

@@ -7,13 +7,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 
 #include <memory>
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Writes tracks as SaveResidAMU does, one after the other (records/track_stream.h): `add` the file of a
 /// track, `save` the summary, also without a track. Both throw as SaveResidAMU does.

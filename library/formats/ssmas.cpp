@@ -274,7 +274,7 @@ void appendBlockHead(TextBuffer& out, const TrackVtorichka& track, std::size_t n
 
 } // namespace
 
-struct SsmasSource::Store
+struct TAVELIN_INTERNAL SsmasSource::Store
 {
     std::string observatory;
     KeptReport kept{};

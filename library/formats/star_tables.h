@@ -7,12 +7,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Stars with their numbers, from 0: number, name, position in degrees and as text, magnitude.
 void sStars(std::string path, const std::vector<TRecCat2>& stars);

@@ -246,7 +246,7 @@ std::string zeroCreationDate()
     return NowToDateTimeWin(false, "T");
 }
 
-struct TdmSource::Store
+struct TAVELIN_INTERNAL TdmSource::Store
 {
     KeptMessage kept{};
 

@@ -17,6 +17,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 #include "line_watch.h"
 
@@ -25,7 +26,7 @@
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Hands out the tracks of a message one after the other (records/track_stream.h); what they are is told with
 /// lTDM.

@@ -20,6 +20,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 
 #include <memory>
@@ -28,7 +29,7 @@
 
 #include <tinyxml.h>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Writes tracks as sTDMPOLxml does, one after the other (records/track_stream.h). `save` gives what
 /// sTDMPOLxml gives.

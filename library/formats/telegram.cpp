@@ -220,7 +220,7 @@ private:
 
 } // namespace
 
-struct TelegramSource::Store
+struct TAVELIN_INTERNAL TelegramSource::Store
 {
     KeptBlocks kept{};
 

@@ -99,7 +99,7 @@ std::string headLines(const std::string& header)
 
 } // namespace
 
-struct TrackTableSource::Store
+struct TAVELIN_INTERNAL TrackTableSource::Store
 {
     std::string path{};
     KeptTable kept{};

@@ -2,11 +2,12 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/track.h"
 
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The short name of a track: the prefix ("A" where both prefix and suffix are empty), the number in at least
 /// two digits, the suffix, and the last two characters of the path's folder, one for a number above 99.

@@ -6,13 +6,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/photo_blob.h"
 #include "../records/track.h"
 
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// An object's brightness on one frame, among those of a frame.
 struct TBrightnesEntry

@@ -2,9 +2,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// One bin.
 struct THisto
@@ -17,7 +19,7 @@ struct THisto
 
 } // namespace tavelinUtils
 
-namespace tavelinMath {
+namespace TAVELIN_API tavelinMath {
 
 using tavelinUtils::THisto;
 

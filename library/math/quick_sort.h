@@ -13,6 +13,8 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <cstddef>
 #include <functional>
 #include <numeric>
@@ -20,7 +22,7 @@
 #include <utility>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// A point and its distance from where it should be, in one unit.
 struct FarPoint

@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 #include "../records/disk_records.h"
 #include "../records/photo_blob.h"
@@ -12,7 +13,7 @@
 
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Sort a list in place, ascending or ("Down") descending.
 void SortDouble(std::vector<double>& values);

@@ -2,10 +2,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <map>
 #include <string>
 
-namespace tavelinMath {
+namespace TAVELIN_API tavelinMath {
 
 /// The part of a number above its floor, 0 to 1 also for negative numbers: -1.25 gives 0.75. Numbers of
 /// 4503599627370496 and more in magnitude have no fraction and give x - x: 0, or not-a-number for an infinity

@@ -2,11 +2,12 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 
 #include <vector>
 
-namespace tavelinMath {
+namespace TAVELIN_API tavelinMath {
 
 /// Fills the instrumental magnitudes of all marks: mInstr from A, and for tracks with a NORAD text
 /// mInstr1000, which is mInstr at the reference range. The range and the distance in SpareTail have the same

@@ -2,13 +2,14 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/blob.h"
 #include "../records/pixel.h"
 
 #include <cstddef>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The shape of one blob.
 struct strob_params
@@ -40,7 +41,7 @@ bool sortpixelY(const pixel& a, const pixel& b);
 
 } // namespace tavelinUtils
 
-namespace tavelinMath {
+namespace TAVELIN_API tavelinMath {
 
 using tavelinUtils::strob_params;
 

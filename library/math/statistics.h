@@ -6,11 +6,12 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../records/pixel.h"
 
 #include <vector>
 
-namespace tavelinMath {
+namespace TAVELIN_API tavelinMath {
 
 /// Means; 0.0 of an empty list. That of pixels is the mean of C.
 double CalculateAverage(const std::vector<double>& values);

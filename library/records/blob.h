@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "pixel.h"
 #include "track.h"
 
@@ -12,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The head of a frame.
 struct TFitHead

@@ -5,12 +5,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "blob.h"
 #include "disk_records.h"
 
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// A mark as a row of a blob table. A kind of blob other than 0, 1, 2 and 6 becomes -1; the code stays.
 TBlobTable TRecLabelPervichka_FileToTBlobTable(const TRecLabelPervichka_File& mark);

@@ -5,10 +5,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <bit>
 #include <cstddef>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 static_assert(std::endian::native == std::endian::little, "the files hold the bytes of the records");
 

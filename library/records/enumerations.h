@@ -5,9 +5,11 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The service that a series was observed for.
 enum class TService : int

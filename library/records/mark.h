@@ -4,12 +4,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "enumerations.h"
 
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 // No gaps between the fields, because arrays of the record take part in the layouts of the pipeline. Read and
 // write the fields by value; bind no reference or pointer to one for longer than a statement.

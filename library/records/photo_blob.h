@@ -2,9 +2,10 @@
 
 #pragma once
 
+#include "../export.h"
 #include "blob.h"
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// A star's mark with the head of its frame. SpareText of the mark is the star's name, KNAME that of its
 /// comparison star, Spare1 its instrumental magnitude for the V-C tables, mEnsemble its ensemble magnitude,

@@ -2,7 +2,9 @@
 
 #pragma once
 
-namespace tavelinUtils {
+#include "../export.h"
+
+namespace TAVELIN_API tavelinUtils {
 
 /// A pixel and its value.
 struct pixel
@@ -31,7 +33,7 @@ struct pixelAper
 
 } // namespace tavelinUtils
 
-namespace tavelinMath {
+namespace TAVELIN_API tavelinMath {
 using tavelinUtils::pixel;
 using tavelinUtils::pixelD;
 } // namespace tavelinMath

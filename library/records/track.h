@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "../export.h"
 #include "enumerations.h"
 #include "mark.h"
 
@@ -9,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The texts of an MPC report's header lines, in the order of the lines.
 struct TMPCReportHeader

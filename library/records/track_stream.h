@@ -22,11 +22,12 @@
 
 #pragma once
 
+#include "../export.h"
 #include "track.h"
 
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Gives the head of a track its defaults again, and takes the lines beside its marks out. The marks stay,
 /// for others to take their places; the memory stays too.

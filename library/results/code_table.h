@@ -2,11 +2,12 @@
 
 #pragma once
 
+#include "../export.h"
 #include "result.h"
 
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// The codes that the library and the converter set themselves. The other rows of the table belong to other
 /// modules of the pipeline.

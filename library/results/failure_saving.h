@@ -2,11 +2,12 @@
 
 #pragma once
 
+#include "../export.h"
 #include "result.h"
 
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Saves the result of a code and its description to the three paths, one after the other. Each file has the
 /// form that its extension asks for; an empty path, or one in a missing folder, is skipped in silence.

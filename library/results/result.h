@@ -2,12 +2,14 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <exception>
 #include <string>
 #include <utility>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// How an operation ended. A new record reports success.
 struct TFuncRes

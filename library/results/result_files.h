@@ -18,12 +18,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "result.h"
 
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Saves a result in the form that the path's extension asks for, compared exactly and with case. If the
 /// folder of the path does not exist, nothing is written or reported; a bare name is its own folder and so is

@@ -5,11 +5,13 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// Right ascension in degrees as sexagesimal hours, "01:00:00.00" for 15.0 with precision 2 and ":". Without
 /// seconds the text ends at the minutes, cut and not rounded. There is no carry and no wrap: seconds that

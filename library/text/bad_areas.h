@@ -2,12 +2,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "../results/result.h"
 
 #include <string>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// A rectangle of pixels between two corners.
 struct TBadAreaFrame

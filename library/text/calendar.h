@@ -5,10 +5,12 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <chrono>
 #include <string>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// A calendar date and a time of day.
 struct TDateTime

@@ -5,12 +5,13 @@
 
 #pragma once
 
+#include "../export.h"
 #include "calendar.h"
 
 #include <string>
 #include <string_view>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 class DayNumbers; // of base/last_answer.h
 

@@ -5,13 +5,15 @@
 
 #pragma once
 
+#include "../export.h"
+
 #include <cstddef>
 #include <ios>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace tavelinUtils {
+namespace TAVELIN_API tavelinUtils {
 
 /// A number in fixed notation with the given number of decimals, rounded as the standard library rounds: the
 /// exact value decides, and a tie goes to the even digit. There is no exponent, precision 0 gives no point,
