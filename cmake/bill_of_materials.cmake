@@ -37,3 +37,6 @@ if(TARGET tavelin_command)
     vomar_bill_of_materials(tavelin_command application ${cli11_INCLUDE_DIR}/CLI/CLI.hpp
         ${nlohmann_json_INCLUDE_DIR}/nlohmann/json.hpp ${xxhash_INCLUDE_DIR}/xxhash.h)
 endif()
+if(TARGET tavelin_shared)
+    vomar_bill_of_materials(tavelin_shared library)
+endif()
