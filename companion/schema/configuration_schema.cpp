@@ -1,9 +1,10 @@
-#include "base/tokens.h"
 #include "config/configuration_keys.h"
-#include "schema/key_rows.h"
+#include "schema/converted_keys.h"
 #include "schema/xml_schemas.h"
 #include "schema/xsd_text.h"
 
+#include <set>
+#include <string_view>
 #include <vector>
 
 namespace companion {
@@ -12,32 +13,6 @@ namespace {
 using tavelinUtils::ConfigurationKey;
 using tavelinUtils::configurationKeys;
 using tavelinUtils::ConfigurationValue;
-using tavelinUtils::forEachToken;
-
-// The keys whose text a conversion takes: words with blanks between, or the type of another text.
-struct ConvertedKey
-{
-    std::string_view key;
-    const char* type;
-    const char* words; ///< empty where the text is none of a few words
-};
-
-constexpr const char* catalogues =
-    "TYCHO2 UCAC4 UCAC5 USNOB1 NOMAD1 GAIA2 PanSTARRS1 SDSS9 APASS9 VSX AAVSOvsp";
-
-constexpr ConvertedKey convertedKeys[] = {
-    {"Service", "service", "asteroids satellites variablestars alignment identification airfly"},
-    {"PixelWidth", "number", ""},
-    {"PixelHeight", "number", ""},
-    {"WaitLastFrame", "end", "ByTime ByCount"},
-    {"FittingType", "fitting", "Auto Diurnal Stroke DiffFrame"},
-    {"DoNotSelectStarsOnFrame", "areas", ""},
-    {"AreaWithBadImages", "areas", ""},
-    {"INetAstrometric", "catalogue", catalogues},
-    {"INetPhotometric", "catalogue", ""},
-    {"TypeSpeedLimit", "speedUnit", "VisibleMotion ArcsecPerMin"},
-    {"SetApertureSize", "aperture", "AutoCalculation ByRadius ByFWHM"},
-};
 
 // Of any key but a list.
 const char* typeOf(const ConfigurationKey& key)
@@ -47,7 +22,7 @@ const char* typeOf(const ConfigurationKey& key)
     case ConfigurationValue::integer: return "integer";
     case ConfigurationValue::flag: return "flag";
     case ConfigurationValue::text: return "xs:string";
-    default: return rowOfKey(convertedKeys, &ConvertedKey::key, key.key).type;
+    default: return convertedKey(key.key).type;
     }
 }
 
@@ -164,10 +139,10 @@ void writeTypes(XsdText& xsd)
     xsd.pattern("nonEmpty", "xs:string", R"(\s*\S(.|\s)*)");
     xsd.pattern("areas", "xs:string", R"((\([0-9]+;[0-9]+-[0-9]+;[0-9]+\))*)",
                 "Rectangles, two corners each: (1;2-30;40)(5;6-70;80)");
-    for (const ConvertedKey& row : convertedKeys) {
-        std::vector<std::string> words;
-        forEachToken(row.words, ' ', [&words](std::string_view word) { words.emplace_back(word); });
-        if (!words.empty()) {
+    std::set<std::string_view> written;
+    for (const ConvertedKey& row : convertedKeyTable()) {
+        std::vector<std::string> words = wordsOf(row);
+        if (!words.empty() && written.insert(row.type).second) {
             words.emplace_back();
             xsd.words(row.type, words);
         }

@@ -88,12 +88,6 @@ const KeyForm& formOf(std::string_view key)
     return rowOfKey(forms, &KeyForm::key, key);
 }
 
-std::string documentationOf(const TaskKey& key)
-{
-    return std::string(key.effect) + (key.trap.empty() ? "" : ' ' + std::string(key.trap)) +
-           (key.ofNone.empty() ? "" : " Default: " + std::string(key.ofNone) + '.');
-}
-
 // Keys in any order, each at most once.
 void writeKeys(XsdText& xsd, std::span<const TaskKey> keys)
 {

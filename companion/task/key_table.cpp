@@ -113,6 +113,12 @@ std::vector<std::string> namesOf(std::span<const TaskKey> table)
     return names;
 }
 
+std::string documentationOf(const TaskKey& key)
+{
+    return std::string(key.effect) + (key.trap.empty() ? "" : ' ' + std::string(key.trap)) +
+           (key.ofNone.empty() ? "" : " Default: " + std::string(key.ofNone) + '.');
+}
+
 std::vector<std::string> wordsOf(const TaskKey& key)
 {
     if (key.name == "inputformat") {

@@ -52,6 +52,9 @@ const TaskKey* keyOf(std::span<const TaskKey> table, std::string_view name);
 /// The names of a table, in its order.
 std::vector<std::string> namesOf(std::span<const TaskKey> table);
 
+/// Effect, trap and default of a key, as schemas and manual pages say them.
+std::string documentationOf(const TaskKey& key);
+
 /// The words that a key of type `words` takes, in the order of the tool's own tables; none for other keys.
 std::vector<std::string> wordsOf(const TaskKey& key);
 

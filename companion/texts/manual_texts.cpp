@@ -1,20 +1,21 @@
 #include "texts/manual_texts.h"
 
+#include "base/numbers.h"
 #include "base/tokens.h"
 #include "command/subcommand.h"
-#include "texts/option_texts.h"
+#include "texts/manual_layout.h"
+#include "texts/manual_tables.h"
+#include "texts/page_columns.h"
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <sstream>
 #include <stdexcept>
+#include <vector>
 
 namespace companion {
 namespace {
-
-// A text as it is, also where it holds marks of emphasis.
-std::string plain(std::string_view text)
-{
-    return backslashed(text, "\\*_#`~");
-}
 
 // The operands of the usage: [_WHAT_], _DIR_ _TABLE_...
 std::string emphasized(const std::string& operands)
@@ -90,15 +91,24 @@ std::string listOfSubcommands()
     return text;
 }
 
-std::string madeSection(const std::string& section, std::string_view subcommand)
+// "docs/formats/mea.md 1,2,4 Field": a page below the present folder, the columns, and the first heading.
+std::string tableOfPage(const std::string& place)
 {
-    if (section == "subcommands") {
-        return listOfSubcommands();
-    }
-    if (section == "options") {
-        return optionsOf(subcommand);
-    }
-    const Subcommand& row = subcommandOf(subcommand);
+    std::istringstream words(place);
+    std::string path;
+    std::string numbers;
+    std::string heading;
+    std::getline(words >> path >> numbers >> std::ws, heading);
+    std::vector<int> columns;
+    tavelinUtils::forEachToken(numbers, ',', [&columns](std::string_view number) {
+        columns.push_back(tavelinUtils::toInt(number));
+    });
+    std::ifstream file(path);
+    return manualTableOfPage(std::string(std::istreambuf_iterator<char>(file), {}), columns, heading);
+}
+
+std::string ofSubcommand(const std::string& section, const Subcommand& row)
+{
     if (section == "name") {
         return std::string("# NAME\n\ntavelin-") + row.name + " - " + plain(row.line) + "\n\n";
     }
@@ -109,6 +119,22 @@ std::string madeSection(const std::string& section, std::string_view subcommand)
         return examplesOf(row);
     }
     throw std::runtime_error("no table makes the section " + section);
+}
+
+std::string madeSection(const std::string& section, std::string_view subcommand)
+{
+    constexpr std::string_view table = "table ";
+    if (section == "subcommands") {
+        return listOfSubcommands();
+    }
+    if (section == "options") {
+        return optionsOf(subcommand);
+    }
+    if (section.starts_with(table)) {
+        return tableOfPage(section.substr(table.size()));
+    }
+    const std::string made = madeTable(section);
+    return made.empty() ? ofSubcommand(section, subcommandOf(subcommand)) : made;
 }
 
 } // namespace

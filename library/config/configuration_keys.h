@@ -25,6 +25,8 @@ struct ConfigurationKey
     std::string key;
     ConfigurationValue value;
     std::string item; ///< the name of a list's elements, else empty
+    std::string
+        ofNone; ///< what a file without the key has, as the key would say it; empty where it is converted
 };
 
 /// The keys of all sections, in the order of the reader's tables; "TLEs/TLE" stands for each element set.

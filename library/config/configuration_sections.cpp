@@ -5,9 +5,11 @@
 #include "config/key_table.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstddef>
 #include <iterator>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 namespace tavelinUtils {
@@ -347,12 +349,56 @@ struct ValueOfTarget
     }
 };
 
+std::string textOf(double value)
+{
+    char text[32];
+    return {text, std::to_chars(std::begin(text), std::end(text), value).ptr};
+}
+
+std::string textOf(int value)
+{
+    return std::to_string(value);
+}
+
+std::string textOf(bool value)
+{
+    return value ? "true" : "false";
+}
+
+const std::string& textOf(const std::string& value)
+{
+    return value;
+}
+
+// No list has an element unless the file gives it.
+std::string textOf(const std::vector<std::string>& /*value*/)
+{
+    return "";
+}
+
+// What a key sets where the file lacks it: the initialiser of its member, as a file would say it.
+template <class Record>
+std::string ofNone(const KeyTarget<Record>& target)
+{
+    const Record unset{};
+    return std::visit(
+        [&unset](auto to) -> std::string {
+            if constexpr (std::is_member_object_pointer_v<decltype(to)>) {
+                return textOf(unset.*to);
+            } else {
+                return "";
+            }
+        },
+        target);
+}
+
 template <class Record, std::size_t count>
 void appendKeys(std::vector<ConfigurationKey>& keys, const char* section, const KeyRow<Record> (&rows)[count])
 {
     for (const KeyRow<Record>& row : rows) {
         const ConfigurationValue value = std::visit(ValueOfTarget{}, row.target);
-        keys.push_back({section, row.key, value, value == ConfigurationValue::list ? row.item : ""});
+        const std::string item = value == ConfigurationValue::list ? row.item : "";
+        keys.push_back({section, row.key, value, item, ofNone(row.target)});
     }
 }
 
@@ -473,8 +519,8 @@ std::vector<TTLEstr> GetTLEs(TiXmlElement* root, std::string key)
 std::vector<ConfigurationKey> configurationKeys()
 {
     std::vector<ConfigurationKey> keys{
-        {"", "Version", ConfigurationValue::text, ""},
-        {"", "Service", ConfigurationValue::converted, ""},
+        {"", "Version", ConfigurationValue::text, "", ""},
+        {"", "Service", ConfigurationValue::converted, "", ""},
     };
     appendKeys(keys, "basicSettings", basicKeys);
     appendKeys(keys, "ZUNEK", zunekKeys);

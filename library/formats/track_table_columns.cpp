@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <iterator>
 #include <span>
 #include <type_traits>
 
@@ -415,6 +416,19 @@ std::vector<const TableColumn*> columnsToWrite(std::string_view header)
         const TableColumn* const ofLine = columnNamed(lineColumns, name);
         columns.push_back(ofLine != nullptr ? ofLine : &columnOfTrack(name));
     }
+    return columns;
+}
+
+std::vector<const TableColumn*> knownColumns()
+{
+    std::vector<const TableColumn*> columns;
+    const auto append = [&columns](std::span<const TableColumn> rows) {
+        std::transform(rows.begin(), rows.end(), std::back_inserter(columns),
+                       [](const TableColumn& row) { return &row; });
+    };
+    append(standardColumns);
+    append(lineColumns);
+    append(furtherColumns);
     return columns;
 }
 

@@ -135,6 +135,9 @@ std::vector<const TableColumn*> columnsOfMarks(std::string_view names);
 /// name that is not known holds zeros.
 std::vector<const TableColumn*> columnsToWrite(std::string_view header);
 
+/// All columns that have a name: the standard ones in their order, then those of other headers.
+std::vector<const TableColumn*> knownColumns();
+
 /// The descriptions of the standard columns, with tabs between them.
 std::string standardHeader();
 

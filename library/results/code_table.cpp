@@ -212,6 +212,15 @@ std::string GetTextCode(int code)
     return row != std::end(codeRows) && row->code == code ? row->text : "UnknownErr";
 }
 
+std::vector<int> codesWithText()
+{
+    std::vector<int> codes;
+    for (const CodeRow& row : codeRows) {
+        codes.push_back(row.code);
+    }
+    return codes;
+}
+
 TFuncRes GetErrCode(int code, std::string description)
 {
     TFuncRes result;

@@ -6,6 +6,7 @@
 #include "result.h"
 
 #include <string>
+#include <vector>
 
 namespace TAVELIN_API tavelinUtils {
 
@@ -36,6 +37,9 @@ inline constexpr int settingOutOfRange = 142;         ///< settings lie outside 
 /// The text of a code; "UnknownErr" for a code without a row. The texts of codes 138, 142 and 1901 end
 /// in a blank and that of 149 in "$", because the caller adds a name or a time.
 std::string GetTextCode(int code);
+
+/// The codes that have a row, in ascending order.
+std::vector<int> codesWithText();
 
 /// A result of the code, its text as comment and the given text as description. An empty description
 /// becomes a copy of the comment.

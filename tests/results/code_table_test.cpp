@@ -214,6 +214,15 @@ TEST(CodeTable, EveryCodeHasItsText)
     }
 }
 
+TEST(CodeTable, CodesWithATextAreThoseOfTheRows)
+{
+    std::vector<int> codes;
+    for (const CodeRow& row : codeRows) {
+        codes.push_back(row.code);
+    }
+    EXPECT_EQ(codesWithText(), codes);
+}
+
 TEST(CodeTable, NamedCodesAreThoseOfTheirTexts)
 {
     EXPECT_EQ(GetTextCode(resultCode::noResultFile), "result file not found");
