@@ -74,10 +74,10 @@ def is_object(file):
 
 
 def linked_files(program, linker_map, build):
-    """Files from outside the build with the way in which they are linked."""
-    archives, loaded = files_of_map(linker_map)
+    """Files from outside the build with the way in which they are linked. Paths from where the linker ran are inside."""
+    archives, loaded = (set(filter(os.path.isabs, files)) for files in files_of_map(linker_map))
     start_files = {file for file in loaded if file.endswith(".o")}
-    static = {(build / file).resolve() for file in archives | start_files}
+    static = {pathlib.Path(file).resolve() for file in archives | start_files}
     shared = {pathlib.Path(shared_object(name, loaded)).resolve() for name in needed_by(program)}
     files = [(file, "static") for file in static] + [(file, "shared") for file in shared]
     return [each for each in files if build.resolve() not in each[0].parents]
@@ -173,7 +173,7 @@ def arguments():
     parser.add_argument("--version", required=True)
     parser.add_argument("--program", required=True, type=pathlib.Path)
     parser.add_argument("--map", required=True, type=pathlib.Path, help="what the linker wrote by -Map")
-    parser.add_argument("--build", required=True, type=pathlib.Path, help="the folder in which the linker ran")
+    parser.add_argument("--build", required=True, type=pathlib.Path)
     parser.add_argument("--header", default=[], action="append", type=pathlib.Path)
     parser.add_argument("--output", required=True, type=pathlib.Path)
     return parser.parse_args()
