@@ -1,5 +1,6 @@
 # Removes the files that MANIFEST lists, below DESTDIR where that is set in the environment, and then the folders of ours
 # that this leaves empty. What was put into these folders by others stays.
+cmake_minimum_required(VERSION 3.22)
 if(NOT EXISTS ${MANIFEST})
     message(FATAL_ERROR "Nothing was installed from this build: there is no ${MANIFEST}")
 endif()

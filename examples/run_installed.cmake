@@ -1,10 +1,10 @@
 # Installs the build into a folder of its own, then configures, builds and runs a program that finds the library
-# there.
+# there. The component is the one that there is: what the user installed last stays known to the target uninstall.
 
 include(${CMAKE_CURRENT_LIST_DIR}/../cmake/run_command.cmake)
 
 file(REMOVE_RECURSE ${WORK})
-run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/prefix)
+run(${CMAKE_COMMAND} --install ${BUILD} --component Unspecified --prefix ${WORK}/prefix)
 run(${CMAKE_COMMAND} -S ${EXAMPLES}/installed -B ${WORK}/build -G ${GENERATOR}
     -D CMAKE_PREFIX_PATH=${WORK}/prefix -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_FLAGS=${FLAGS}
     -D CMAKE_BUILD_TYPE=Release)

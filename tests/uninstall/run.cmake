@@ -1,0 +1,53 @@
+# Installs BUILD, with the libraries in LIBDIR, into a folder in WORK and takes the installation back by the target
+# uninstall, also from below a DESTDIR. A file of somebody else's, and folders that others use too, stay.
+cmake_minimum_required(VERSION 3.22)
+include(${CMAKE_CURRENT_LIST_DIR}/../../cmake/run_command.cmake)
+
+file(REMOVE_RECURSE ${WORK})
+# What the user installed from this build is still to be uninstalled afterwards.
+set(manifest ${BUILD}/install_manifest.txt)
+file(MAKE_DIRECTORY ${WORK})
+if(EXISTS ${manifest})
+    file(RENAME ${manifest} ${WORK}/kept)
+endif()
+
+# Leaves the files that an installation has and that its removal leaves in `installed` and `left`.
+function(install_and_uninstall prefix place)
+    run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix})
+    file(WRITE ${place}/include/tavelin/formats/somebody.h "")
+    file(GLOB_RECURSE installed RELATIVE ${place} ${place}/*)
+    run(${CMAKE_COMMAND} --build ${BUILD} --target uninstall)
+    file(GLOB_RECURSE left RELATIVE ${place} ${place}/*)
+    set(installed ${installed} PARENT_SCOPE)
+    set(left ${left} PARENT_SCOPE)
+endfunction()
+
+install_and_uninstall(${WORK}/plain ${WORK}/plain)
+set(left_of_plain ${left})
+set(ENV{DESTDIR} ${WORK}/stage)
+install_and_uninstall(${WORK}/staged ${WORK}/stage${WORK}/staged)
+execute_process(COMMAND ${CMAKE_COMMAND} --build ${BUILD} --target uninstall
+    RESULT_VARIABLE status OUTPUT_VARIABLE refusal ERROR_VARIABLE refusal)
+if(EXISTS ${WORK}/kept)
+    file(RENAME ${WORK}/kept ${manifest})
+endif()
+
+foreach(expected bin/vomar include/tavelin/tavelin.h ${LIBDIR}/libtavelin.a)
+    if(NOT expected IN_LIST installed)
+        message(FATAL_ERROR "Not installed: ${expected}")
+    endif()
+endforeach()
+if(NOT left_of_plain STREQUAL "include/tavelin/formats/somebody.h" OR NOT left STREQUAL left_of_plain)
+    message(FATAL_ERROR "Left: ${left_of_plain}, and below a DESTDIR ${left}")
+endif()
+foreach(folder include/tavelin/text ${LIBDIR}/cmake/tavelin share/tavelin)
+    if(EXISTS ${WORK}/plain/${folder})
+        message(FATAL_ERROR "Left empty: ${folder}")
+    endif()
+endforeach()
+if(NOT EXISTS ${WORK}/plain/${LIBDIR}/pkgconfig)
+    message(FATAL_ERROR "A folder of others was removed")
+endif()
+if(status EQUAL 0 OR NOT refusal MATCHES "Nothing was installed from this build")
+    message(FATAL_ERROR "Uninstalled twice: ${refusal}")
+endif()

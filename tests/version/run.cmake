@@ -1,0 +1,41 @@
+# Installs BUILD, with the libraries in LIBDIR, into a folder in WORK. All that is installed must say VERSION.
+cmake_minimum_required(VERSION 3.22)
+include(${CMAKE_CURRENT_LIST_DIR}/../../cmake/run_command.cmake)
+
+set(prefix ${WORK}/prefix)
+file(REMOVE_RECURSE ${WORK})
+run(${CMAKE_COMMAND} --install ${BUILD} --component Unspecified --prefix ${prefix})
+string(REPLACE "." "\\." number ${VERSION})
+
+# One line of the file is the text, an expression, with the version in the place of @.
+function(expect_line file text)
+    string(REPLACE "@" "${number}" text "${text}")
+    file(STRINGS ${file} lines REGEX "^${text}$")
+    list(LENGTH lines count)
+    if(NOT count EQUAL 1)
+        message(FATAL_ERROR "${file} has ${count} lines of ${text}")
+    endif()
+endfunction()
+
+expect_line(${prefix}/include/tavelin/version.h "inline constexpr std::string_view version = \"@\";")
+expect_line(${prefix}/${LIBDIR}/pkgconfig/tavelin.pc "Version: @")
+expect_line(${prefix}/${LIBDIR}/cmake/tavelin/tavelinConfigVersion.cmake "set\\(PACKAGE_VERSION \"@\"\\)")
+
+file(GLOB_RECURSE pages ${prefix}/share/man/*)
+if(NOT pages MATCHES "/vomar\\.1;?")
+    message(FATAL_ERROR "No manual page of vomar: ${pages}")
+endif()
+foreach(page IN LISTS pages)
+    expect_line(${page} "\\.TH .*\"(vomar|tavelin) @\".*")
+endforeach()
+
+file(GLOB shared_library ${prefix}/${LIBDIR}/libtavelin.so.*.*)
+if(shared_library AND NOT shared_library MATCHES "/libtavelin\\.so\\.${number}$")
+    message(FATAL_ERROR "The shared library is ${shared_library}")
+endif()
+if(EXISTS ${prefix}/bin/tavelin)
+    run(${prefix}/bin/tavelin --version)
+    if(NOT printed STREQUAL "tavelin ${VERSION}\n")
+        message(FATAL_ERROR "The command says ${printed}")
+    endif()
+endif()
