@@ -8,3 +8,7 @@ foreach(target tool_manuals companion_manuals)
         endforeach()
     endif()
 endforeach()
+
+# The manual, where scripts/manual has made it.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/manual/html
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/tavelin OPTIONAL)

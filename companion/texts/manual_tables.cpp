@@ -14,6 +14,8 @@
 #include "texts/manual_layout.h"
 
 #include <algorithm>
+#include <iterator>
+#include <span>
 #include <utility>
 #include <vector>
 

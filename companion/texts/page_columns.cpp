@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <regex>
 #include <stdexcept>
 #include <vector>
 
@@ -33,47 +34,41 @@ Cells cellsOf(std::string_view line)
     return cells;
 }
 
-// A text without code: of a link, [text](place), the text.
-std::string withoutLinks(std::string_view text)
+// Of a link, [text](place), the text.
+std::string withoutLinks(const std::string& text)
 {
-    std::string result;
-    for (std::size_t middle = text.find("]("); middle != std::string_view::npos; middle = text.find("](")) {
-        const std::size_t begin = text.rfind('[', middle);
-        result.append(text.substr(0, begin)).append(text.substr(begin + 1, middle - begin - 1));
-        text.remove_prefix(text.find(')', middle) + 1);
-    }
-    return plain(result.append(text));
+    static const std::regex link(R"(\[([^\]]*)\]\([^)]*\))");
+    return std::regex_replace(text, link, "$1");
 }
 
 // What is between backticks is code.
 std::string marked(std::string_view cell)
 {
+    const std::string pieces = withoutLinks(std::string(cell));
     std::string text;
     bool isCode = false;
-    tavelinUtils::forEachToken(cell, '`', [&](std::string_view piece) {
-        text += isCode ? bold(piece) : withoutLinks(piece);
+    tavelinUtils::forEachToken(pieces, '`', [&](std::string_view piece) {
+        text += isCode ? bold(piece) : plain(piece);
         isCode = !isCode;
     });
     return text;
 }
 
-// Some cells of a row, counted from 1.
-std::vector<std::string> markedCells(const Cells& cells, const std::vector<int>& columns)
+std::string markedHeading(std::string_view cell)
 {
-    std::vector<std::string> texts;
-    for (const int column : columns) {
-        texts.push_back(marked(cells.at(static_cast<std::size_t>(column) - 1)));
-    }
-    return texts;
+    std::string text(cell);
+    text.erase(std::remove(text.begin(), text.end(), '`'), text.end());
+    return bold(text);
 }
 
-std::vector<std::string> headings(const Cells& cells, const std::vector<int>& columns)
+// Some cells of a row, counted from 1, each with its marks.
+std::vector<std::string> chosen(const Cells& cells, const std::vector<int>& columns,
+                                std::string (*mark)(std::string_view cell))
 {
     std::vector<std::string> texts;
+    texts.reserve(columns.size());
     for (const int column : columns) {
-        std::string text(cells.at(static_cast<std::size_t>(column) - 1));
-        text.erase(std::remove(text.begin(), text.end(), '`'), text.end());
-        texts.push_back(bold(text));
+        texts.push_back(mark(cells.at(static_cast<std::size_t>(column) - 1)));
     }
     return texts;
 }
@@ -93,9 +88,9 @@ std::string manualTableOfPage(std::string_view page, const std::vector<int>& col
     std::vector<std::vector<std::string>> rows;
     for (const std::string_view line : linesOf(page)) {
         if (rows.empty() && isRow(line) && cellsOf(line).front() == heading) {
-            rows.push_back(headings(cellsOf(line), columns));
+            rows.push_back(chosen(cellsOf(line), columns, markedHeading));
         } else if (!rows.empty() && isRow(line)) {
-            rows.push_back(markedCells(cellsOf(line), columns));
+            rows.push_back(chosen(cellsOf(line), columns, marked));
         } else if (rows.size() > 1) {
             return manualTable(rows);
         }

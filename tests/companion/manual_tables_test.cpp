@@ -167,10 +167,10 @@ TEST(ManualTables, UnknownNamesMakeNothing)
 TEST(PageColumns, ATableOfAPageBecomesOneOfAManualPage)
 {
     const std::string page = "# Page\n\n| What | Else |\n|---|---|\n| `no` | x |\n\n"
-                             "| Field | Width | Form |\n|---|---|---|\n| `a_b` | 7 | [more](m.md#x), or `*` "
-                             "|\n| c | | |\n\nText\n";
-    EXPECT_EQ(manualTableOfPage(page, {1, 3}, "Field"),
-              "|[ *Field*\n:< *Form*\n|[ *a\\_b*\n:< more, or *\\**\n|[ c\n:<\n\n");
+                             "| `Field` | Width | Form |\n|---|---|---|\n"
+                             "| `a_b` | 7 | [more](m.md#x), [`b`](b.md) or `*` |\n| c | | |\n\nText\n";
+    EXPECT_EQ(manualTableOfPage(page, {1, 3}, "`Field`"),
+              "|[ *Field*\n:< *Form*\n|[ *a\\_b*\n:< more, *b* or *\\**\n|[ c\n:<\n\n");
 }
 
 TEST(PageColumns, ATableThatThePageDoesNotHaveIsAFault)
