@@ -22,3 +22,9 @@ TEST(Version, StandsInTheReadmeAndTheChanges)
     EXPECT_NE(bytesOf(project + "/README.md").find("Version " + number + ","), std::string::npos);
     EXPECT_NE(bytesOf(project + "/CHANGELOG.md").find("\n## " + number + " ("), std::string::npos);
 }
+
+TEST(Version, StandsInTheChangesOfThePackages)
+{
+    const std::string changes = bytesOf(std::string(VOMAR_PROJECT) + "/packaging/debian/changelog");
+    EXPECT_TRUE(changes.starts_with("tavelin (" + std::string(version) + "-"));
+}
