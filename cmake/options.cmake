@@ -13,6 +13,7 @@ cmake_dependent_option(VOMAR_BUILD_TOOL "Build the command vomar" ${PROJECT_IS_T
     "NOT VOMAR_BUILD_TESTING; NOT VOMAR_DEVELOPER; NOT VOMAR_FUZZ" ON)
 cmake_dependent_option(VOMAR_COMPANION "Build the command tavelin, where what it needs is found" ON
     "VOMAR_BUILD_TOOL" OFF)
+option(VOMAR_PYTHON "Build the Python package" OFF)
 option(VOMAR_INSTALL "Install what is built" ${PROJECT_IS_TOP_LEVEL})
 option(VOMAR_HARDEN "Guard the stack, check copies, and bind and protect relocations at the start" ON)
 set(VOMAR_SANITIZE OFF CACHE STRING "Build with the address and undefined behaviour sanitizers (ON), or with that of threads (thread)")
