@@ -268,7 +268,9 @@ TrackSink tdmXmlSink(Name path)
 TrackSink sinkOf(Name word, Name path)
 {
     if (word == "table") {
-        return anySink(tavelinUtils::TrackTableSink(path, "", "", "", true, true, ""));
+        // Without a header the lines of the marks would be empty.
+        return anySink(
+            tavelinUtils::TrackTableSink(path, "", "", "", true, true, tavelinUtils::getHeadTrack()));
     }
     if (word == "tdm.xml") {
         return tdmXmlSink(path);

@@ -24,8 +24,9 @@ class ElementSet(NamedTuple):
 
 
 def _must_be_readable(path: PathLike) -> None:
-    # The library takes a missing file for one without tracks, which nobody means here.
-    with open(path, "rb"):
+    # The library takes a missing file for one without tracks, which nobody means here. A number is no path, though open()
+    # takes it for a descriptor.
+    with open(os.fspath(path), "rb"):
         pass
 
 
@@ -88,7 +89,7 @@ def read_telegram(path: PathLike) -> list[Track]:
     """The tracks of a telegram, one for each closed block.
 
     >>> len(read_telegram(examples / "807_20160609.tel"))
-    3
+    2
     """
     return read(path, format="telegram")
 
@@ -124,7 +125,7 @@ def read_mpc(path: PathLike) -> list[Track]:
 def read_track_table(path: PathLike) -> list[Track]:
     """The tracks of a track table, with each value of its columns.
 
-    >>> tracks = read_track_table(series / "tavelin/dataVO/obj-asteroids-knownByMPC_all.txt")
+    >>> tracks = read_track_table(examples / "series/ptf_i41_20101104/tavelin/dataVO/obj-asteroids-mpc.txt")
     >>> len(tracks)
     3
     """
@@ -133,16 +134,29 @@ def read_track_table(path: PathLike) -> list[Track]:
 
 def read_tdm_xml(path: PathLike) -> list[Track]:
     """The first segment of a Tracking Data Message in XML, as one track. Raises TavelinError with code 5 for a file
-    that is no document."""
+    that is no document.
+
+    >>> write_tdm_xml(folder / "night.xml", read_mea(examples / "K88_20240120.mea"))
+    >>> len(read_tdm_xml(folder / "night.xml")[0])
+    130
+    """
     return read(path, format="tdm.xml")
 
 
 def read_horizons(path: PathLike) -> list[Track]:
-    """The ephemeris of an observer table of Horizons, as one track; none for a file without an ephemeris."""
+    """The ephemeris of an observer table of Horizons, as one track; none for a file without an ephemeris.
+
+    >>> len(read_horizons(fixtures / "horizons/fixed_columns.txt")[0]) > 0
+    True
+    """
     return read(path, format="horizons")
 
 
 def read_elements(path: PathLike) -> list[ElementSet]:
-    """The element sets of a list of three lines for each satellite."""
+    """The element sets of a list of three lines for each satellite.
+
+    >>> read_elements(fixtures / "element_sets/names_with_zero.txt")[0].name[:2]
+    '0 '
+    """
     _must_be_readable(path)
     return [ElementSet(*each) for each in _tavelin.read_elements(path)]

@@ -45,6 +45,7 @@ def table(track: Track, columns: Sequence[str] | None = None) -> QTable:
     rows = QTable(meta={"head": _head_of(track), "MPCHeader": track.MPCHeader})
     rows[_OBJECT] = np.full(len(marks), track.QRVName, dtype=object if len(marks) == 0 else None)
     rows["time"] = Time(marks["date"].astype(float), marks["time"].copy(), format="mjd", scale="utc")
+    _keep_digits(rows)
     rows["position"] = SkyCoord(marks["RA"] * u.deg, marks["DE"] * u.deg, frame="icrs")
     for name, unit in _NUMBERS:
         if name not in _JOINED and (wanted is None or name in wanted):
@@ -70,6 +71,7 @@ def tables(tracks: Iterable[Track], columns: Sequence[str] | None = None) -> QTa
         part.meta = {}
     joined = vstack([part for part in parts if len(part) > 0], join_type="exact") if any(map(len, parts)) else QTable()
     joined.meta = {"tracks": heads}
+    _keep_digits(joined)
     return joined
 
 
@@ -111,6 +113,12 @@ def from_table(rows: Table) -> FromTable:
     for number, part in enumerate(_parts(rows)):
         made.tracks.append(_track_of(part, heads[number] if number < len(heads) else {}))
     return made
+
+
+def _keep_digits(rows: QTable) -> None:
+    # In a text file astropy would write one number for a time, which is good to a microsecond.
+    if "time" in rows.colnames:
+        rows["time"].info.serialize_method["ecsv"] = "jd1_jd2"
 
 
 def _must_be_known(columns: set[str] | None) -> None:

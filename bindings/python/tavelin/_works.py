@@ -13,12 +13,19 @@ from tavelin._errors import TavelinError
 from tavelin._reading import PathLike
 from tavelin._tavelin import Result, Series, Task
 
+# The status of a call that cannot be carried out, and of one whose input cannot be read.
+_REFUSED = 2
+
 AnyTask = Union[Task, PathLike, Mapping[str, Any]]
 
 
 def load_task(path: PathLike) -> Task:
     """The task of a file. Raises TavelinError for one that cannot be loaded, and for one with which the tool would never
-    end."""
+    end.
+
+    >>> load_task(examples / "mea_to_mpc.xml").outputformat
+    'mpc'
+    """
     return _tavelin.load_task(path)
 
 
@@ -58,7 +65,14 @@ def convert(task: AnyTask) -> Result:
 
 def report(task: AnyTask) -> Result:
     """Makes a report of several series as the tool does, by what convert() takes. The description of the result lists the
-    files, a ";" after each."""
+    files, a ";" after each.
+
+    >>> task = load_task(examples / "report_allobjects.xml")
+    >>> task.out_dir = str(folder)
+    >>> task.paths = [series(examples / "series/ptf_i41_20101104/tavelin/dataVO/obj-asteroids-mpc.txt")]
+    >>> report(task).description.count(";")
+    1
+    """
     return _good(_tavelin.report(_task_of(task)))
 
 
@@ -97,8 +111,8 @@ def _options(values: Mapping[str, Any]) -> list[str]:
 
 def _document(name: str, operands: list[PathLike], options: Mapping[str, Any]) -> dict[str, Any]:
     call = [name, "--json", *_options(options), *(_operand(each) for each in operands)]
-    _, out, err = _tavelin.command(call)
-    if not out:
+    status, out, err = _tavelin.command(call)
+    if status == _REFUSED or not out:
         told = re.fullmatch(r"tavelin: (.*) \[(V\d{3})\]", err.strip(), re.DOTALL)
         message, code = told.groups() if told else (err.strip(), "V001")
         raise TavelinError(message, code)
@@ -112,7 +126,8 @@ def check(*tasks: PathLike, **options: Any) -> dict[str, Any]:
     This and the functions below are subcommands of the command tavelin, whose pages tell of their options: ``folder``
     stands for ``--folder``, ``for_`` for ``--for``, True for a flag, a list for an option that is given several times.
     They return the JSON document of the subcommand as a dictionary; its schema is what ``tavelin schema NAME`` prints.
-    Findings are in the document and raise nothing. Raises TavelinError for a wrong option, with the code of the finding.
+    Findings are in the document and raise nothing. Raises TavelinError for a wrong option and for a file that cannot be
+    read, with the code of the finding.
 
     >>> check(examples / "mea_to_mpc.xml", folder=examples)["schema"]
     'tavelin.check/1'
@@ -130,17 +145,29 @@ def info(*paths: PathLike, **options: Any) -> dict[str, Any]:
 
 
 def lint(*paths: PathLike, **options: Any) -> dict[str, Any]:
-    """Each line that a reader skips or misreads, and with ``for_`` what a receiver would refuse."""
+    """Each line that a reader skips or misreads, and with ``for_`` what a receiver would refuse.
+
+    >>> lint(examples / "K88_20240120.mea")["exit"]
+    0
+    """
     return _document("lint", list(paths), options)
 
 
 def ready(path: PathLike, **options: Any) -> dict[str, Any]:
-    """A copy of a file that a receiver takes: ``for_`` names the receiver, ``output`` the copy."""
+    """A copy of a file that a receiver takes: ``for_`` names the receiver, ``output`` the copy.
+
+    >>> ready(examples / "K88_20240120.mea", for_="mpc", dry_run=True)["schema"]
+    'tavelin.ready/1'
+    """
     return _document("ready", [path], options)
 
 
 def normalise(path: PathLike, **options: Any) -> dict[str, Any]:
-    """A copy of another maker's file that the readers read right: ``output`` names the copy."""
+    """A copy of another maker's file that the readers read right: ``output`` names the copy.
+
+    >>> normalise(examples / "K88_20240120.mea", output=folder / "same.mea")["exit"]
+    0
+    """
     return _document("normalise", [path], options)
 
 
@@ -155,5 +182,9 @@ def diff(a: PathLike, b: PathLike, **options: Any) -> dict[str, Any]:
 
 
 def explain(what: str | PathLike, **options: Any) -> dict[str, Any]:
-    """A task, a result file, a result code, a finding or a format in plain words."""
+    """A task, a result file, a result code, a finding or a format in plain words.
+
+    >>> explain("mea")["schema"]
+    'tavelin.explain/1'
+    """
     return _document("explain", [what], options)

@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import os
 from collections.abc import Iterable
 from typing import TYPE_CHECKING, Union
 
@@ -47,53 +48,98 @@ def write(path: PathLike, tracks: Tracks, *, format: str | None = None) -> None:
     if word is None:
         raise ValueError("the suffix of the path names no format; name it by format=")
     if word in _SILENT:
-        with open(path, "ab"):
+        with open(os.fspath(path), "ab"):
             pass
     _tavelin.write_tracks(path, _tracks_of(tracks), word)
 
 
 def write_mea(path: PathLike, tracks: Tracks) -> None:
-    """Replaces a file by tracks in MEA; the telescope of the first is in the head."""
+    """Replaces a file by tracks in MEA; the telescope of the first is in the head.
+
+    >>> write_mea(folder / "night", read(examples / "K88_20240120.mea"))
+    >>> format_of(folder / "night")
+    'mea'
+    """
     write(path, tracks, format="mea")
 
 
 def write_telegram(path: PathLike, tracks: Tracks) -> None:
-    """Replaces a file by tracks as a telegram."""
+    """Replaces a file by tracks as a telegram.
+
+    >>> write_telegram(folder / "night", read(examples / "K88_20240120.mea"))
+    >>> format_of(folder / "night")
+    'telegram'
+    """
     write(path, tracks, format="telegram")
 
 
 def write_tdm(path: PathLike, tracks: Tracks) -> None:
-    """Replaces a file by tracks as a Tracking Data Message, text."""
+    """Replaces a file by tracks as a Tracking Data Message, text.
+
+    >>> write_tdm(folder / "night", read(examples / "K88_20240120.mea"))
+    >>> format_of(folder / "night")
+    'tdm'
+    """
     write(path, tracks, format="tdm")
 
 
 def write_tdm_xml(path: PathLike, tracks: Tracks) -> None:
-    """Replaces a file by tracks as a Tracking Data Message, XML."""
+    """Replaces a file by tracks as a Tracking Data Message, XML.
+
+    >>> write_tdm_xml(folder / "night", read(examples / "K88_20240120.mea"))
+    >>> format_of(folder / "night")
+    'tdm.xml'
+    """
     write(path, tracks, format="tdm.xml")
 
 
 def write_ssmas(path: PathLike, tracks: Tracks) -> None:
-    """Replaces a file by tracks as a SSMAS report."""
+    """Replaces a file by tracks as a SSMAS report.
+
+    >>> write_ssmas(folder / "night", read(examples / "K88_20240120.mea"))
+    >>> format_of(folder / "night")
+    'ssmas'
+    """
     write(path, tracks, format="ssmas")
 
 
 def write_mpc(path: PathLike, tracks: Tracks) -> None:
-    """Replaces a file by tracks as a report in 80 columns, under the header of the first."""
+    """Replaces a file by tracks as a report in 80 columns, under the header of the first.
+
+    >>> write_mpc(folder / "night", read(examples / "K88_20240120.mea"))
+    >>> (folder / "night").read_text()[:7]
+    'COD 500'
+    """
     write(path, tracks, format="mpc")
 
 
 def write_light_curve(path: PathLike, tracks: Tracks) -> None:
-    """Replaces a file by the light curves of tracks, with geocentric Julian dates."""
+    """Replaces a file by the light curves of tracks, with geocentric Julian dates.
+
+    >>> write_light_curve(folder / "night", read(examples / "K88_20240120.mea"))
+    >>> (folder / "night").read_text()[:13]
+    'JD geocentric'
+    """
     write(path, tracks, format="mag")
 
 
 def write_aavso(path: PathLike, tracks: Tracks) -> None:
-    """Replaces a file by tracks as a report of variable stars, under the observer code of the first."""
+    """Replaces a file by tracks as a report of variable stars, under the observer code of the first.
+
+    >>> write_aavso(folder / "night", read(examples / "K88_20240120.mea"))
+    >>> (folder / "night").read_text()[:14]
+    '#TYPE=Extended'
+    """
     write(path, tracks, format="aavso")
 
 
 def write_track_table(path: PathLike, tracks: Tracks) -> None:
-    """Replaces a file by tracks as a track table with the standard columns."""
+    """Replaces a file by tracks as a track table with the standard columns.
+
+    >>> write_track_table(folder / "night", read(examples / "K88_20240120.mea"))
+    >>> format_of(folder / "night")
+    'table'
+    """
     write(path, tracks, format="table")
 
 

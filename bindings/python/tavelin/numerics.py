@@ -103,7 +103,11 @@ def histogram(values: ArrayLike, bins: int) -> Histogram:
 
 def peak_histogram(values: ArrayLike, bins: int, iterations: int) -> Histogram:
     """The histogram about the peak: so many times the values in the greatest bin and its neighbours make the next.
-    (calcGistoIteratio)"""
+    (calcGistoIteratio)
+
+    >>> peak_histogram([0.0, 5.0, 5.1, 5.2, 9.0], 3, 1).counts.tolist()
+    [1, 0, 2]
+    """
     return Histogram(*_tavelin.peak_histogram(values, bins, iterations))
 
 
