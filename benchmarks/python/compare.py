@@ -2,8 +2,8 @@
 
     python3 compare.py LIBRARY_PROGRAM [--marks N] [--rounds N]
 
-Prints processor seconds, the least of some rounds, which take turns. Ends with 1 where reading or writing lists takes more
-than 1.1 times what the library takes.
+Prints processor seconds, the least of some rounds, which take turns. Ends with 1 where reading or writing lists takes
+more than 1.1 times what the library takes.
 """
 
 from __future__ import annotations
@@ -55,7 +55,7 @@ def seconds(work: Callable[[], object]) -> float:
 
 def by_library(program: str, word: str, folder: Path) -> tuple[float, float]:
     """The seconds of reading and of writing by the library."""
-    call = [program, word, folder / f"in.{word}", folder / "out", "1"]
+    call = [program, word, str(folder / f"in.{word}"), str(folder / "out"), "1"]
     printed = subprocess.run(call, check=True, capture_output=True, text=True).stdout
     reading, writing = map(float, printed.split())
     return reading, writing
@@ -83,15 +83,21 @@ def degrees(texts: pd.Series, places: list[tuple[int, int]], scale: float) -> An
     return parts[0] + parts[1] / 60 + parts[2] * scale / 3600
 
 
+def days_of(texts: pd.Series, form: str) -> Any:
+    """Whole MJD of dates."""
+    return pd.to_datetime(texts, format=form).to_numpy().astype("datetime64[D]").astype(int) + 40587
+
+
 def mea_by_pandas(path: Path) -> pd.DataFrame:
     """Name, MJD, position and magnitude of the lines of MEA."""
     rows = pd.read_csv(path, sep=r"\s+", skiprows=1, header=None, dtype=str)
-    days = pd.to_datetime(rows[1], format="%d%m%y").to_numpy().astype("datetime64[D]").astype(int) + 40587
+    days = days_of(rows[1], "%d%m%y")
     hours = degrees(rows[2], [(0, 2), (2, 4), (4, 10)], 1e-4)
     ra = degrees(rows[3], [(0, 2), (2, 4), (4, 10)], 1e-4) * 15
     de = degrees(rows[4].str.slice(1), [(0, 2), (2, 4), (4, 10)], 1e-4)
     sign = np.where(rows[4].str.startswith("-"), -1, 1)
-    return pd.DataFrame({"name": rows[0], "mjd": days + hours / 24, "ra": ra, "de": de * sign, "m": rows[6].astype(float)})
+    magnitudes = rows[6].astype(float)
+    return pd.DataFrame({"name": rows[0], "mjd": days + hours / 24, "ra": ra, "de": de * sign, "m": magnitudes})
 
 
 COLUMNS = [(0, 12), (15, 25), (25, 32), (32, 44), (44, 45), (45, 56), (65, 70), (70, 71)]
@@ -99,11 +105,12 @@ COLUMNS = [(0, 12), (15, 25), (25, 32), (32, 44), (44, 45), (45, 56), (65, 70), 
 
 def of_report(cells: list[pd.Series]) -> pd.DataFrame:
     """Name, MJD, position and magnitude of the columns of a report."""
-    days = pd.to_datetime(cells[1].str.strip(), format="%Y %m %d").to_numpy().astype("datetime64[D]").astype(int) + 40587
+    days = days_of(cells[1].str.strip(), "%Y %m %d")
     ra = degrees(cells[3], [(0, 2), (3, 5), (6, 12)], 1.0) * 15
     de = degrees(cells[5], [(0, 2), (3, 5), (6, 11)], 1.0) * np.where(cells[4] == "-", -1, 1)
     mjd = days + cells[2].astype(float)
-    return pd.DataFrame({"name": cells[0], "mjd": mjd, "ra": ra, "de": de, "m": cells[6].astype(float), "band": cells[7]})
+    magnitudes = cells[6].astype(float)
+    return pd.DataFrame({"name": cells[0], "mjd": mjd, "ra": ra, "de": de, "m": magnitudes, "band": cells[7]})
 
 
 def mpc_by_pandas(path: Path) -> pd.DataFrame:
@@ -117,16 +124,16 @@ def mpc_by_astropy(path: Path) -> pd.DataFrame:
     starts, ends = zip(*((first, last - 1) for first, last in COLUMNS))
     names = [f"c{number}" for number in range(len(COLUMNS))]
     texts = {"*": [astropy_ascii.convert_numpy(str)]}
-    rows = astropy_ascii.read(
-        path, format="fixed_width_no_header", col_starts=starts, col_ends=ends, names=names, data_start=1, converters=texts
-    )
+    columns = {"col_starts": starts, "col_ends": ends, "names": names, "data_start": 1}
+    rows = astropy_ascii.read(path, format="fixed_width_no_header", converters=texts, **columns)
     return of_report([pd.Series(np.asarray(rows[name]).astype(str)) for name in names])
 
 
 def mea_by_astropy(path: Path) -> object:
     """The lines of MEA by the fast reader, as texts; the numbers would take the steps of mea_by_pandas more."""
     texts = {"*": [astropy_ascii.convert_numpy(str)]}
-    return astropy_ascii.read(path, format="no_header", data_start=1, names=list("abcdefg"), converters=texts, guess=False)
+    names = list("abcdefg")
+    return astropy_ascii.read(path, format="no_header", data_start=1, names=names, converters=texts, guess=False)
 
 
 OTHERS = {
@@ -139,7 +146,8 @@ def must_agree(rows: object, source: Path, word: str) -> None:
     """Whoever reads a file must find in it what the package finds."""
     if isinstance(rows, pd.DataFrame):
         marks = np.concatenate([track.marks for track in tavelin.sources(source, format=word)])
-        for name, own in (("mjd", marks["date"] + marks["time"]), ("ra", marks["RA"]), ("de", marks["DE"]), ("m", marks["m"])):
+        own_rows = {"mjd": marks["date"] + marks["time"], "ra": marks["RA"], "de": marks["DE"], "m": marks["m"]}
+        for name, own in own_rows.items():
             np.testing.assert_allclose(rows[name], own, rtol=0, atol=1e-8)
 
 
@@ -150,7 +158,9 @@ def least(rounds: list[tuple[float, ...]]) -> list[float]:
 
 def compare(word: str, program: str, folder: Path, rounds: int) -> bool:
     """Prints the rows of a format; returns whether lists are read and written as fast as is asked."""
-    measured = [(*by_library(program, word, folder), *by_package(word, folder)) for _ in range(rounds)]
+    measured: list[tuple[float, ...]] = []
+    for _ in range(rounds):
+        measured.append((*by_library(program, word, folder), *by_package(word, folder)))
     reading, writing, own_reading, own_writing, shown, stream = least(measured)
     rows = [
         ("read", reading, own_reading),
@@ -165,7 +175,8 @@ def compare(word: str, program: str, folder: Path, rounds: int) -> bool:
         for name, read in OTHERS.get(word, {}).items()
     ]
     for work, library, other in rows:
-        print(f"{word:4} {work:28} library {library:7.3f} s, here {other:7.3f} s: {other / library:6.2f} times", flush=True)
+        figures = f"library {library:7.3f} s, here {other:7.3f} s: {other / library:6.2f} times"
+        print(f"{word:4} {work:28} {figures}", flush=True)
     return own_reading <= ASKED * reading and own_writing <= ASKED * writing
 
 

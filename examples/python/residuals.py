@@ -26,8 +26,8 @@ def days(marks: NDArray[np.void]) -> Numbers:
 
 
 def residuals(track: tavelin.Track, ephemeris: tavelin.Track) -> tuple[Numbers, Numbers]:
-    """East and north of the calculated place, in arcseconds, for each mark. Between two lines of the ephemeris the place
-    is on the line through both."""
+    """East and north of the calculated place, in arcseconds, for each mark. Between two lines of the ephemeris the
+    place is on the line through both."""
     seen, calculated = track.marks, ephemeris.marks
     when = days(calculated)
     ra = np.interp(days(seen), when, np.unwrap(calculated["RA"], period=360.0))

@@ -92,11 +92,15 @@ def test_paths_of_any_kind_are_taken(tmp_path: Path) -> None:
     assert len(tavelin.read(name)) == len(tavelin.read(os.fsencode(name))) == 1  # type: ignore[arg-type]
 
 
-ANY_LINES = st.lists(st.one_of(st.binary(max_size=90), st.sampled_from([b"END", b"$$SOE", b"META_START", b"DATA_START"])))
+ANY_LINES = st.lists(
+    st.one_of(st.binary(max_size=90), st.sampled_from([b"END", b"$$SOE", b"META_START", b"DATA_START"]))
+)
 
 
 @given(data=ANY_LINES, format=st.sampled_from(FORMATS))
-def test_any_bytes_are_read_or_refused(tmp_path_factory: pytest.TempPathFactory, data: list[bytes], format: str) -> None:
+def test_any_bytes_are_read_or_refused(
+    tmp_path_factory: pytest.TempPathFactory, data: list[bytes], format: str
+) -> None:
     path = tmp_path_factory.mktemp("any") / "file"
     path.write_bytes(b"\n".join(data))
     try:

@@ -66,7 +66,14 @@ def read_only() -> np.ndarray:
 
 @pytest.mark.parametrize(
     "wrong",
-    [np.arange(4.0)[::2], np.arange(3, dtype="f4"), np.arange(3), np.arange(3, dtype=">f8"), read_only(), np.array(["a"])],
+    [
+        np.arange(4.0)[::2],
+        np.arange(3, dtype="f4"),
+        np.arange(3),
+        np.arange(3, dtype=">f8"),
+        read_only(),
+        np.array(["a"]),
+    ],
 )
 def test_only_plain_arrays_are_changed_in_place(wrong: np.ndarray) -> None:
     before = wrong.copy()
@@ -79,8 +86,15 @@ def test_only_plain_arrays_are_changed_in_place(wrong: np.ndarray) -> None:
 
 def test_arrays_of_any_kind_are_looked_at() -> None:
     expected = 4.0
-    for values in ([2, 4, 6], (2.0, 4.0, 6.0), np.array([2, 4, 6], dtype="i2"), np.array([6.0, 0, 4, 0, 2])[::-2],
-                   np.array([[2.0, 4.0, 6.0]]).T, np.array([2, 4, 6], dtype=">f8"), read_only() * 0 + 4):
+    for values in (
+        [2, 4, 6],
+        (2.0, 4.0, 6.0),
+        np.array([2, 4, 6], dtype="i2"),
+        np.array([6.0, 0, 4, 0, 2])[::-2],
+        np.array([[2.0, 4.0, 6.0]]).T,
+        np.array([2, 4, 6], dtype=">f8"),
+        read_only() * 0 + 4,
+    ):
         assert numerics.mean(values) == expected
     marks = tavelin.read(EXAMPLES / "K88_20240120.mea")[0].marks
     assert numerics.mean(marks["m"]) == pytest.approx(marks["m"].mean())

@@ -48,9 +48,7 @@ def test_only_known_columns_can_be_wanted() -> None:
         night().table(["colour"])
 
 
-@given(
-    st.lists(st.tuples(st.integers(-100000, 200000), st.floats(0, 1, exclude_max=True)), min_size=1, max_size=40)
-)
+@given(st.lists(st.tuples(st.integers(-100000, 200000), st.floats(0, 1, exclude_max=True)), min_size=1, max_size=40))
 def test_times_come_back_to_the_nanosecond(times: list[tuple[int, float]]) -> None:
     track = tavelin.Track()
     track.resize(len(times))

@@ -19,7 +19,9 @@ from conftest import EXAMPLES, FIXTURES, PROJECT
 
 import tavelin
 
-MODULES = ["tavelin"] + [f"tavelin.{each.name}" for each in pkgutil.iter_modules(tavelin.__path__) if each.name != "_tavelin"]
+MODULES = ["tavelin"] + [
+    f"tavelin.{each.name}" for each in pkgutil.iter_modules(tavelin.__path__) if each.name != "_tavelin"
+]
 SETTINGS = PROJECT / "bindings" / "python" / "pyproject.toml"
 
 

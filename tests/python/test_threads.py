@@ -91,5 +91,3 @@ def test_subcommands_wait_for_each_other() -> None:
     with ThreadPoolExecutor(4) as threads:
         for night, document in zip(NIGHTS, threads.map(tavelin.info, NIGHTS[:20])):
             assert document["files"][0]["file"] == str(night)
-
-

@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import copy
 import csv
+from collections.abc import Iterator
 from pathlib import Path
 
 import numpy as np
@@ -41,7 +42,9 @@ def test_marks_of_102_nights_are_what_the_truth_says() -> None:
         marks = np.concatenate([track.marks for track in tracks])
         rows = true_rows[night.stem]
         assert [track.QRVName for track in tracks for _ in range(len(track))] == [row["object"] for row in rows]
-        np.testing.assert_allclose(marks["date"] + marks["time"], [float(row["mjd"]) for row in rows], rtol=0, atol=2e-9)
+        np.testing.assert_allclose(
+            marks["date"] + marks["time"], [float(row["mjd"]) for row in rows], rtol=0, atol=2e-9
+        )
         np.testing.assert_allclose(marks["RA"], [float(row["ra_deg"]) for row in rows], rtol=0, atol=1e-9)
         np.testing.assert_allclose(marks["DE"], [float(row["dec_deg"]) for row in rows], rtol=0, atol=1e-9)
         np.testing.assert_allclose(marks["m"], [float(row["mag"]) for row in rows], rtol=0, atol=1e-9)
@@ -138,6 +141,27 @@ def test_texts_are_set_for_all_marks_at_once() -> None:
         track.texts("colour")
 
 
+def test_texts_that_change_the_track_do_no_harm() -> None:
+    track = one_track()
+
+    def shrinking() -> Iterator[str]:
+        for number in range(130):
+            track.resize(130 - number)
+            yield "a text that is too long for its place in the record"
+
+    with pytest.raises(ValueError, match="each mark"):
+        track.set_texts("filtr", shrinking())
+    assert set(track.texts("filtr")) == {"R"}
+
+
+@pytest.mark.parametrize("count", [2**62, 10**13, -1])
+def test_more_marks_than_memory_has_are_refused(count: int) -> None:
+    track = one_track()
+    with pytest.raises((MemoryError, ValueError, TypeError)):
+        track.resize(count)
+    assert len(track) == 130
+
+
 def test_a_track_that_grows_leaves_older_arrays_what_they_were() -> None:
     track = one_track()
     track.mark(3).filtr = "V"
@@ -164,7 +188,9 @@ def test_marks_are_set_from_an_array_of_any_stride_and_type() -> None:
     assert track.marks["RA"].tolist() == [1.0, 2.0, 3.0] and track.marks["m"].tolist() == [10.0, 11.0, 12.0]
 
 
-@pytest.mark.parametrize("wrong", [np.zeros(3), np.zeros((2, 2), dtype=[("RA", "f8")]), np.zeros((), dtype=[("RA", "f8")])])
+@pytest.mark.parametrize(
+    "wrong", [np.zeros(3), np.zeros((2, 2), dtype=[("RA", "f8")]), np.zeros((), dtype=[("RA", "f8")])]
+)
 def test_an_array_that_is_no_list_of_marks_is_refused(wrong: np.ndarray) -> None:
     track = one_track()
     with pytest.raises(TypeError):
@@ -246,7 +272,11 @@ def test_memory_is_used_again_only_where_nobody_holds_it(tmp_path: Path) -> None
     assert len(places) == 2
 
 
-@given(st.lists(st.tuples(st.sampled_from(["write", "text", "grow", "shrink", "sort", "copy", "array"]), st.integers(0, 40))))
+@given(
+    st.lists(
+        st.tuples(st.sampled_from(["write", "text", "grow", "shrink", "sort", "copy", "array"]), st.integers(0, 40))
+    )
+)
 def test_no_order_of_changes_harms_a_track(steps: list[tuple[str, int]]) -> None:
     track, arrays, expected = one_track(), [], ["R"] * 130
     for step, number in steps:

@@ -62,7 +62,8 @@ def test_a_track_table_comes_back_with_its_texts(tmp_path: Path) -> None:
 
 
 @pytest.mark.parametrize(
-    ("name", "suffix"), [("mea", ".mea"), ("telegram", ".tel"), ("tdm", ".tdm"), ("ssmas", ".ssm"), ("tdm_xml", ".tdm.xml")]
+    ("name", "suffix"),
+    [("mea", ".mea"), ("telegram", ".tel"), ("tdm", ".tdm"), ("ssmas", ".ssm"), ("tdm_xml", ".tdm.xml")],
 )
 def test_each_writer_is_a_function_and_its_suffix_names_it(name: str, suffix: str, tmp_path: Path) -> None:
     track = tavelin.read(NIGHT)[0]

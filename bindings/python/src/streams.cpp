@@ -204,9 +204,10 @@ public:
     {
     }
 
+    // A hint, which nobody has while a track is being taken.
     std::size_t count() const
     {
-        return source->count();
+        return isAtWork ? 0 : source->count();
     }
 
     // Throws StopIteration after the last track, and ValueError while another thread takes one.

@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <pybind11/numpy.h>
@@ -90,6 +91,15 @@ MarkOfTrack markAt(const Track& track, py::ssize_t index)
     return {track.record, static_cast<std::size_t>(place)};
 }
 
+std::vector<std::string> bytesOfAll(const py::iterable& texts)
+{
+    std::vector<std::string> all;
+    for (const py::handle each : texts) {
+        all.push_back(bytesOf(each));
+    }
+    return all;
+}
+
 py::list textsOfMarks(const Track& track, const Text& name)
 {
     const std::size_t field = textPlace(name.bytes);
@@ -100,15 +110,17 @@ py::list textsOfMarks(const Track& track, const Text& name)
     return texts;
 }
 
-void setTextsOfMarks(const Track& track, const Text& name, const py::sequence& texts)
+// All texts are there before the first is set: those of a caller's own list can change the track.
+void setTextsOfMarks(const Track& track, const Text& name, const py::iterable& texts)
 {
     const std::size_t field = textPlace(name.bytes);
-    if (texts.size() != track.record->markCount()) {
+    std::vector<std::string> all = bytesOfAll(texts);
+    if (all.size() != track.record->markCount()) {
         throw py::value_error("there must be a text for each mark");
     }
-    for (std::size_t mark = 0; mark < track.record->markCount(); ++mark) {
-        std::string text = bytesOf(texts[mark]);
-        track.changeable().setText(mark, field, std::move(text));
+    TrackRecord& record = track.changeable();
+    for (std::size_t mark = 0; mark < all.size(); ++mark) {
+        record.setText(mark, field, std::move(all[mark]));
     }
 }
 
@@ -125,10 +137,7 @@ py::list lines(const Track& track)
 template <auto list>
 void setLines(const Track& track, const py::iterable& texts)
 {
-    std::vector<std::string> all;
-    for (const py::handle each : texts) {
-        all.push_back(bytesOf(each));
-    }
+    std::vector<std::string> all = bytesOfAll(texts);
     track.changeable().rest().*list = std::move(all);
 }
 

@@ -106,7 +106,6 @@ __all__ = [
 ]
 
 
-
 def _table(self: Track, columns: Sequence[str] | None = None) -> QTable:
     """The marks as an astropy table, as tavelin.table() makes it."""
     from tavelin import _tables

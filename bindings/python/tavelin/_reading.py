@@ -24,8 +24,8 @@ class ElementSet(NamedTuple):
 
 
 def _must_be_readable(path: PathLike) -> None:
-    # The library takes a missing file for one without tracks, which nobody means here. A number is no path, though open()
-    # takes it for a descriptor.
+    # The library takes a missing file for one without tracks, which nobody means here. A number is no path, though
+    # open() takes it for a descriptor.
     with open(os.fspath(path), "rb"):
         pass
 

@@ -57,8 +57,8 @@ def table(track: Track, columns: Sequence[str] | None = None) -> QTable:
 
 
 def tables(tracks: Iterable[Track], columns: Sequence[str] | None = None) -> QTable:
-    """The marks of many tracks as one table, with the columns of table(); ``meta["tracks"]`` has head and header of each
-    track, and the column ``track`` the number of a mark's track, from 0.
+    """The marks of many tracks as one table, with the columns of table(); ``meta["tracks"]`` has head and header of
+    each track, and the column ``track`` the number of a mark's track, from 0.
 
     >>> rows = tables(read_ssmas(examples / "H21_20160607.ssm"), columns=["m"])
     >>> sorted(set(rows["track"].tolist()))

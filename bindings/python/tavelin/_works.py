@@ -20,8 +20,8 @@ AnyTask = Union[Task, PathLike, Mapping[str, Any]]
 
 
 def load_task(path: PathLike) -> Task:
-    """The task of a file. Raises TavelinError for one that cannot be loaded, and for one with which the tool would never
-    end.
+    """The task of a file. Raises TavelinError for one that cannot be loaded, and for one with which the tool would
+    never end.
 
     >>> load_task(examples / "mea_to_mpc.xml").outputformat
     'mpc'
@@ -49,8 +49,8 @@ def _good(result: Result) -> Result:
 
 
 def convert(task: AnyTask) -> Result:
-    """Converts one file as the tool does: by a Task, a mapping with its keys, or the path of a task file, whose relative
-    paths count from the folder of the process. No result file is written.
+    """Converts one file as the tool does: by a Task, a mapping with its keys, or the path of a task file, whose
+    relative paths count from the folder of the process. No result file is written.
 
     The result names the file that was tried, which the tool names also where it had nothing to write. Raises
     TavelinError with the code of the result where that is not 0.
@@ -64,8 +64,8 @@ def convert(task: AnyTask) -> Result:
 
 
 def report(task: AnyTask) -> Result:
-    """Makes a report of several series as the tool does, by what convert() takes. The description of the result lists the
-    files, a ";" after each.
+    """Makes a report of several series as the tool does, by what convert() takes. The description of the result lists
+    the files, a ";" after each.
 
     >>> task = load_task(examples / "report_allobjects.xml")
     >>> task.out_dir = str(folder)
@@ -104,8 +104,8 @@ def _options(values: Mapping[str, Any]) -> list[str]:
         if value is True:
             options.append(option)
         elif value is not None and value is not False:
-            each_value = value if isinstance(value, (list, tuple)) else [value]
-            options += [f"{option}={os.fsdecode(each) if isinstance(each, os.PathLike) else each}" for each in each_value]
+            values_of_option = value if isinstance(value, (list, tuple)) else [value]
+            options += [f"{option}={each}" for each in values_of_option]
     return options
 
 

@@ -37,8 +37,8 @@ def write(path: PathLike, tracks: Tracks, *, format: str | None = None) -> None:
     one the suffix of the path decides. The file has the bytes that the library writes, odd ones too
     (``docs/known_behaviours.md`` of the project). Without tracks most formats leave the file as it is.
 
-    Raises TavelinError with code 7, or OSError, for a file that cannot be written, ValueError for an unknown format, and
-    TypeError for what is no track.
+    Raises TavelinError with code 7, or OSError, for a file that cannot be written, ValueError for an unknown format,
+    and TypeError for what is no track.
 
     >>> write(folder / "night.tdm", read(examples / "K88_20240120.mea"))
     >>> (folder / "night.tdm").read_text().splitlines()[0]

@@ -3,7 +3,7 @@
 Arrays of float64 without gaps are looked at where they are; others are copied first, and so are fields of marks, which
 lie between others. Arrays of several dimensions count in the order of rows. Deviations are of the population: squares
 are divided by the count. Results have the unit of the values. More than 2147483647 values are a ValueError. The name of
-the library's operation is behind each line.
+the library's operation follows in brackets.
 """
 
 from __future__ import annotations
@@ -17,7 +17,7 @@ from tavelin import _tavelin
 
 
 class Histogram(NamedTuple):
-    """A histogram: lower limits, which belong to their bin, upper limits, which do not, and how many values there are."""
+    """A histogram: lower limits, which belong to their bin, upper limits, which do not, and numbers of values."""
 
     lower: NDArray[np.float64]
     upper: NDArray[np.float64]
@@ -51,8 +51,8 @@ def deviation(values: ArrayLike, about: float | None = None, mask: ArrayLike | N
 
 
 def blank(values: ArrayLike, mask: NDArray[np.bool_], lower: float, upper: float) -> None:
-    """Sets a mask, in place, where a value is outside the limits; what is set stays so. Raises ValueError for a mask that
-    is no writable array of bool without gaps. (BlankARR)
+    """Sets a mask, in place, where a value is outside the limits; what is set stays so. Raises ValueError for a mask
+    that is no writable array of bool without gaps. (BlankARR)
 
     >>> mask = np.zeros(3, dtype=bool)
     >>> blank([1.0, 5.0, 9.0], mask, 2.0, 8.0)

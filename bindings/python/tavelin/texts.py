@@ -1,7 +1,7 @@
 """Texts of angles, dates, times and numbers, and back, by the rules of the library's formats.
 
-Angles are degrees, dates whole MJD, times fractions of a day. Decimals are 0 to 1100, others a ValueError. The name of the
-library's operation is behind each line.
+Angles are degrees, dates whole MJD, times fractions of a day. Decimals are 0 to 1100, others a ValueError. The name of
+the library's operation follows in brackets.
 """
 
 from __future__ import annotations
@@ -10,8 +10,8 @@ from tavelin import _tavelin
 
 
 def ra_text(degrees: float, decimals: int = 2, separator: str = ":", *, seconds: bool = True) -> str:
-    """Right ascension in degrees as sexagesimal hours, seconds rounded without a carry; without seconds cut at the minutes.
-    (RAToStr)
+    """Right ascension in degrees as sexagesimal hours, seconds rounded without a carry; without seconds cut at the
+    minutes. (RAToStr)
 
     >>> ra_text(15.0)
     '01:00:00.00'
