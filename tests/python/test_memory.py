@@ -41,9 +41,10 @@ def test_a_million_marks_are_shown_without_a_copy(tmp_path: Path) -> None:
     path.write_text(lines_of_mea(1_000_000))
     track = tavelin.read_mea(path)[0]
     before = memory_in_use()
-    begin = time.perf_counter()
+    # Of this thread: the machine may be busy with others.
+    begin = time.thread_time()
     marks = track.marks
-    seconds = time.perf_counter() - begin
+    seconds = time.thread_time() - begin
     assert len(marks) == 1_000_000
     assert memory_in_use() - before < 1_000_000
     assert seconds < 1e-3

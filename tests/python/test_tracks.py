@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import copy
 import csv
+import pickle
 from collections.abc import Iterator
 from pathlib import Path
 
@@ -12,6 +13,7 @@ import pytest
 from conftest import EXAMPLES, FIXTURES, NIGHTS, lines_of_mea
 from hypothesis import given
 from hypothesis import strategies as st
+from numpy.lib.recfunctions import repack_fields
 
 import tavelin
 from tavelin import _tavelin
@@ -218,6 +220,19 @@ def test_a_copy_has_memory_of_its_own() -> None:
         other.marks["m"][0] = 2.0
         other.QRVName = "other"
         assert (track.marks["m"][0], track.QRVName) == (1.0, "K24B01X")
+
+
+def test_tracks_go_to_other_processes_and_back() -> None:
+    for track in [one_track(), *tavelin.read_track_table(TABLE), tavelin.Track()]:
+        again = pickle.loads(pickle.dumps(track))
+        assert [getattr(again, name) for name, _ in _tavelin.head_fields()] == [
+            getattr(track, name) for name, _ in _tavelin.head_fields()
+        ]
+        assert (again.MPCHeader, again.Candidates, again.Cast) == (track.MPCHeader, track.Candidates, track.Cast)
+        assert np.array_equal(repack_fields(again.marks), repack_fields(track.marks))
+        assert np.array_equal(again.InterBlobs, track.InterBlobs)
+        for name, _ in _tavelin.mark_texts():
+            assert again.texts(name) == track.texts(name)
 
 
 def test_inter_frame_measurements_are_an_array_over_their_memory() -> None:

@@ -129,6 +129,23 @@ void TrackRecord::setText(std::size_t mark, std::size_t field, std::string text)
     place->text = std::move(text);
 }
 
+void TrackRecord::setTexts(std::size_t field, std::vector<std::string> texts)
+{
+    isChanged = true;
+    hasTexts = true;
+    std::erase_if(kept, [field](const KeptText& each) { return each.field == field; });
+    const auto member = textFields()[field].text;
+    for (std::size_t mark = 0; mark < texts.size(); ++mark) {
+        if (!isExposed) {
+            track.Marks[mark].*member = std::move(texts[mark]);
+        } else if (texts[mark] != newMark().*member) {
+            kept.push_back({mark, field, std::move(texts[mark])});
+        }
+    }
+    std::sort(kept.begin(), kept.end(),
+              [](const KeptText& a, const KeptText& b) { return isBefore(a, std::pair(b.mark, b.field)); });
+}
+
 const TrackVtorichka& TrackRecord::whole(WritingRoom& room) const
 {
     if (!isExposed) {

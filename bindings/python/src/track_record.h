@@ -77,6 +77,8 @@ public:
     /// A text of a mark.
     std::string text(std::size_t mark, std::size_t field) const;
     void setText(std::size_t mark, std::size_t field, std::string text);
+    /// The same text of all marks, of which there must be as many.
+    void setTexts(std::size_t field, std::vector<std::string> texts);
 
     /// The track as the library takes it: the track itself, or where arrays have been made a copy in the
     /// room.

@@ -118,10 +118,7 @@ void setTextsOfMarks(const Track& track, const Text& name, const py::iterable& t
     if (all.size() != track.record->markCount()) {
         throw py::value_error("there must be a text for each mark");
     }
-    TrackRecord& record = track.changeable();
-    for (std::size_t mark = 0; mark < all.size(); ++mark) {
-        record.setText(mark, field, std::move(all[mark]));
-    }
+    track.changeable().setTexts(field, std::move(all));
 }
 
 template <auto list>

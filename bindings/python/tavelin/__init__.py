@@ -14,7 +14,7 @@ from __future__ import annotations
 from collections.abc import Sequence
 from typing import TYPE_CHECKING, Any
 
-from tavelin import numerics, texts
+from tavelin import _pickling, numerics, texts
 from tavelin._errors import FormatError, TavelinError
 from tavelin._reading import (
     ElementSet,
@@ -123,6 +123,8 @@ def _from_table(rows: Table) -> FromTable:
 # The class is one of the extension, which knows nothing of astropy.
 setattr(Track, "table", _table)
 setattr(Track, "from_table", staticmethod(_from_table))
+
+_pickling.enable()
 
 _OF_TABLES = ("FromTable", "from_table", "table", "tables")
 
