@@ -15,6 +15,7 @@ cmake_dependent_option(VOMAR_COMPANION "Build the command tavelin, where what it
     "VOMAR_BUILD_TOOL" OFF)
 cmake_dependent_option(VOMAR_SHARED "Build the shared library too, of the objects of the static one" OFF
     "NOT BUILD_SHARED_LIBS" ON)
+option(VOMAR_PYTHON "Build the Python package" OFF)
 option(VOMAR_INSTALL "Install what is built" ${PROJECT_IS_TOP_LEVEL})
 option(VOMAR_BILL_OF_MATERIALS "Write what is linked into each program as a bill of materials; needs Python and GNU ld" OFF)
 option(VOMAR_HARDEN "Guard the stack, check copies, and bind and protect relocations at the start" ON)

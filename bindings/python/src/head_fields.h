@@ -1,0 +1,26 @@
+// Fields of a track's head by the names under which Python knows them.
+
+#pragma once
+
+#include "record_fields.h"
+#include "records/track.h"
+
+#include <span>
+
+#include <pybind11/pybind11.h>
+
+namespace python {
+
+using Head = tavelinUtils::THeadTrVtor;
+
+using HeadField = RecordField<Head>;
+
+/// All fields but the header of a report and the residuals.
+std::span<const HeadField> headFields();
+
+/// The header of a report as a dictionary, and back: what the dictionary lacks stays. Throws KeyError for a
+/// key that no header has.
+pybind11::dict headerOf(const Head& head);
+void setHeader(Head& head, const pybind11::dict& header);
+
+} // namespace python
