@@ -350,6 +350,7 @@ py::list readElements(const Path& path)
 void writeElements(const Path& path, const std::vector<std::array<Text, 3>>& sets)
 {
     std::vector<TTLEstr> all;
+    all.reserve(sets.size());
     for (const auto& [name, first, second] : sets) {
         all.push_back({name.bytes, first.bytes, second.bytes});
     }

@@ -124,6 +124,7 @@ py::tuple command(const std::vector<Path>& arguments)
 {
     static std::mutex oneAtATime;
     std::vector<std::string> words;
+    words.reserve(arguments.size());
     for (const Path& argument : arguments) {
         words.push_back(argument.bytes);
     }
