@@ -77,14 +77,16 @@ void expectOutputs(const std::string& copy, const std::string& result)
     }
 }
 
-// All that tests are named in, as one line: their sources, and the files that hand programs and scripts to
-// ctest.
+// All that tests are named in, as one line: their sources, those for pytest too, and the files that hand
+// programs and scripts to ctest.
 std::string sourcesOfTests()
 {
     std::string all;
     for (const auto& entry : fs::recursive_directory_iterator(std::string(VOMAR_PROJECT) + "/tests")) {
         const std::string extension = entry.path().extension();
-        if (extension == ".cpp" || extension == ".cmake" || entry.path().filename() == "CMakeLists.txt") {
+        if (extension == ".cpp" || extension == ".py" || extension == ".cmake" ||
+            entry.path().filename() == "CMakeLists.txt")
+        {
             all += bytesOf(entry.path());
         }
     }
@@ -92,7 +94,8 @@ std::string sourcesOfTests()
     return all;
 }
 
-// Whether there is a test of the name: "Suite.Name" of a test program, or a name of ctest.
+// Whether there is a test of the name: "Suite.Name" of a test program, a function for pytest, or a name of
+// ctest.
 bool isTest(const std::string& name, const std::string& sources)
 {
     const std::size_t point = name.find('.');
@@ -103,9 +106,10 @@ bool isTest(const std::string& name, const std::string& sources)
         isOfAProgram ? std::vector<std::string>{"TEST(", "TEST_F(", "TEST_P("}
                      : std::vector<std::string>{"NAME ", "add_faults_test(", "add_consumer_test(",
                                                 "add_install_test("};
-    return std::any_of(starts.begin(), starts.end(), [&](const std::string& start) {
-        return sources.find(start + call) != std::string::npos;
-    });
+    return sources.find("def " + name + "(") != std::string::npos ||
+           std::any_of(starts.begin(), starts.end(), [&](const std::string& start) {
+               return sources.find(start + call) != std::string::npos;
+           });
 }
 
 // The words in backticks of the last cell of a row.
