@@ -111,6 +111,20 @@ def test_the_header_of_a_report_is_a_dictionary() -> None:
     assert track.MPCHeader["COD"] == "500"
 
 
+def test_residuals_are_dictionaries_of_numbers_and_lists() -> None:
+    track = one_track()
+    assert track.ResidSecond == {**{f"Value{i}": 0.0 for i in range(1, 5)}, **{f"List{i}": [] for i in range(1, 5)}}
+    track.ResidFirst = {"Value2": 0.5, "List4": [1, 2.5]}
+    assert (track.ResidFirst["Value2"], track.ResidFirst["List4"]) == (0.5, [1.0, 2.5])
+    assert (track.ResidFirst["Value1"], track.ResidSecond["Value2"]) == (0.0, 0.0)
+    with pytest.raises(KeyError):
+        track.ResidFirst = {"Value1": 1.0, "Value5": 1.0}
+    with pytest.raises(TypeError):
+        setattr(track, "ResidFirst", {"Value1": 1.0, "List1": 1.0})
+    assert track.ResidFirst["Value1"] == 0.0
+    assert pickle.loads(pickle.dumps(track)).ResidFirst == track.ResidFirst == track.copy().ResidFirst
+
+
 def test_texts_of_a_report_survive_an_array_that_writes_over_everything() -> None:
     track = tavelin.read_mpc(EXAMPLES / "W85_20180216.mpc.txt")[0]
     bands = track.texts("filtr")

@@ -3,6 +3,9 @@
 #include "python_text.h"
 
 #include <string>
+#include <utility>
+
+#include <pybind11/stl.h>
 
 namespace py = pybind11;
 
@@ -10,6 +13,7 @@ namespace python {
 namespace {
 
 using tavelinUtils::TMPCReportHeader;
+using tavelinUtils::TTrackResid;
 
 template <auto member>
 constexpr HeadField field(const char* name, const char* meaning)
@@ -103,6 +107,27 @@ std::string& headerText(TMPCReportHeader& header, const std::string& name)
     throw py::key_error(name);
 }
 
+constexpr RecordField<TTrackResid> residualFields[] = {
+    recordField<TTrackResid, &TTrackResid::Value1>("Value1", "carried"),
+    recordField<TTrackResid, &TTrackResid::Value2>("Value2", "carried"),
+    recordField<TTrackResid, &TTrackResid::Value3>("Value3", "carried"),
+    recordField<TTrackResid, &TTrackResid::Value4>("Value4", "carried"),
+    recordField<TTrackResid, &TTrackResid::List1>("List1", "carried"),
+    recordField<TTrackResid, &TTrackResid::List2>("List2", "carried"),
+    recordField<TTrackResid, &TTrackResid::List3>("List3", "carried"),
+    recordField<TTrackResid, &TTrackResid::List4>("List4", "carried"),
+};
+
+const RecordField<TTrackResid>& residualField(const std::string& name)
+{
+    for (const RecordField<TTrackResid>& field : residualFields) {
+        if (name == field.name) {
+            return field;
+        }
+    }
+    throw py::key_error(name);
+}
+
 } // namespace
 
 std::span<const HeadField> headFields()
@@ -126,6 +151,24 @@ void setHeader(Head& head, const py::dict& header)
         headerText(changed, bytesOf(key)) = bytesOf(value);
     }
     head.MPCHeader = changed;
+}
+
+py::dict residualsOf(const TTrackResid& residuals)
+{
+    py::dict values;
+    for (const RecordField<TTrackResid>& field : residualFields) {
+        values[field.name] = field.get(residuals);
+    }
+    return values;
+}
+
+void setResiduals(TTrackResid& residuals, const py::dict& values)
+{
+    TTrackResid changed = residuals;
+    for (const auto& [key, value] : values) {
+        residualField(bytesOf(key)).set(changed, value);
+    }
+    residuals = std::move(changed);
 }
 
 } // namespace python

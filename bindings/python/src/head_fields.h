@@ -23,4 +23,9 @@ std::span<const HeadField> headFields();
 pybind11::dict headerOf(const Head& head);
 void setHeader(Head& head, const pybind11::dict& header);
 
+/// Residuals of a head as a dictionary of four numbers and four lists of numbers, and back: what the
+/// dictionary lacks stays. Throws KeyError for a key that no residuals have, TypeError as a field.
+pybind11::dict residualsOf(const tavelinUtils::TTrackResid& residuals);
+void setResiduals(tavelinUtils::TTrackResid& residuals, const pybind11::dict& values);
+
 } // namespace python

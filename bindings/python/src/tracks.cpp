@@ -157,6 +157,17 @@ std::string shown(const Track& track)
            std::to_string(track.record->markCount()) + " marks>";
 }
 
+template <auto member>
+void defineResiduals(py::class_<Track>& type, const char* name, const char* meaning)
+{
+    type.def_property(
+        name, [](const Track& track) { return residualsOf(track.record->rest().*member); },
+        [](const Track& track, const py::dict& values) {
+            setResiduals(track.changeable().rest().*member, values);
+        },
+        meaning);
+}
+
 void defineHead(py::class_<Track>& type)
 {
     for (const HeadField& field : headFields()) {
@@ -169,6 +180,10 @@ void defineHead(py::class_<Track>& type)
         "MPCHeader", [](const Track& track) { return headerOf(track.record->rest()); },
         [](const Track& track, const py::dict& header) { setHeader(track.changeable().rest(), header); },
         "the texts of a report's header lines by their keywords; those that are not set stay");
+    defineResiduals<&TrackVtorichka::ResidFirst>(
+        type, "ResidFirst", "residuals against the first reference, numbers and lists; carried");
+    defineResiduals<&TrackVtorichka::ResidSecond>(
+        type, "ResidSecond", "residuals against the second reference, numbers and lists; carried");
 }
 
 void defineMarks(py::class_<Track>& type)

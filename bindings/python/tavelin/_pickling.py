@@ -13,7 +13,7 @@ from tavelin._tavelin import Track
 
 _HEAD = [name for name, _ in _tavelin.head_fields()]
 _TEXTS = [name for name, _ in _tavelin.mark_texts()]
-_LISTS = ["MPCHeader", "InterBlobs", "Candidates", "Cast"]
+_LISTS = ["MPCHeader", "ResidFirst", "ResidSecond", "InterBlobs", "Candidates", "Cast"]
 
 
 def _texts_of(track: Track) -> dict[str, list[str]]:
