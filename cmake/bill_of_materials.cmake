@@ -2,18 +2,11 @@
 # ld write other maps.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
-# vomar_bill_of_materials(TARGET TYPE [HEADER ...]): TYPE is application or library; headers are those of others that
+# vomar_bill_of_materials(TARGET NAME TYPE [HEADER ...]): TYPE is application or library; headers are those of others that
 # bring code of their own.
-function(vomar_bill_of_materials target type)
+function(vomar_bill_of_materials target name type)
     set(map ${PROJECT_BINARY_DIR}/bill_of_materials/${target}.map)
     target_link_options(${target} PRIVATE LINKER:-Map=${map})
-    get_target_property(name ${target} OUTPUT_NAME)
-    if(NOT name)
-        set(name ${target})
-    endif()
-    if(type STREQUAL "library")
-        string(PREPEND name lib)
-    endif()
     set(bill ${PROJECT_BINARY_DIR}/bill_of_materials/${name}.cdx.json)
     list(TRANSFORM ARGN PREPEND --header= OUTPUT_VARIABLE headers)
     add_custom_command(OUTPUT ${bill}
@@ -30,13 +23,18 @@ function(vomar_bill_of_materials target type)
 endfunction()
 
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/bill_of_materials)
+set(headers_of_the_command ${cli11_INCLUDE_DIR}/CLI/CLI.hpp ${nlohmann_json_INCLUDE_DIR}/nlohmann/json.hpp
+    ${xxhash_INCLUDE_DIR}/xxhash.h)
 if(TARGET vomar)
-    vomar_bill_of_materials(vomar application)
+    vomar_bill_of_materials(vomar vomar application)
 endif()
 if(TARGET tavelin_command)
-    vomar_bill_of_materials(tavelin_command application ${cli11_INCLUDE_DIR}/CLI/CLI.hpp
-        ${nlohmann_json_INCLUDE_DIR}/nlohmann/json.hpp ${xxhash_INCLUDE_DIR}/xxhash.h)
+    vomar_bill_of_materials(tavelin_command tavelin application ${headers_of_the_command})
 endif()
 if(TARGET tavelin_shared)
-    vomar_bill_of_materials(tavelin_shared library)
+    vomar_bill_of_materials(tavelin_shared libtavelin library)
+endif()
+if(TARGET tavelin_python)
+    vomar_bill_of_materials(tavelin_python python3-tavelin library ${headers_of_the_command}
+        ${VOMAR_PYTHON_HEADER})
 endif()

@@ -26,6 +26,7 @@ COMPONENTS = (
     (r"CLI\.hpp", "CLI11", "BSD-3-Clause"),
     (r"json\.hpp", "JSON for Modern C++", "MIT"),
     (r"xxhash\.h", "xxHash", "BSD-2-Clause"),
+    (r"pybind11\.h", "pybind11", "BSD-3-Clause"),
     (r"crt(begin|end)[ST]?\.o|lib(stdc\+\+|gcc|gcc_eh|gcc_s)\.(a|so.*)", "GCC runtime libraries",
      "GPL-3.0-or-later WITH GCC-exception-3.1"),
     (r"[rS]?crt[1in]\.o|lib(c|c_nonshared|m|m-[0-9.]+|mvec|pthread|dl|rt)\.(a|so.*)|ld-linux.*\.so.*",
