@@ -62,12 +62,18 @@ struct RecordField
     void (*set)(Record& record, pybind11::handle value); ///< throws TypeError for another type
 };
 
+/// For the type alone: the record that a member is of.
+template <class Record, class Value>
+Record recordOf(Value Record::*);
+
 /// A row of a member.
-template <class Record, auto member>
-constexpr RecordField<Record> recordField(const char* name, const char* meaning)
+template <auto member>
+constexpr auto recordField(const char* name, const char* meaning)
 {
-    return {name, meaning, [](const Record& record) { return toPython(record.*member); },
-            [](Record& record, pybind11::handle value) { fromPython(value, record.*member); }};
+    using Record = decltype(recordOf(member));
+    return RecordField<Record>{
+        name, meaning, [](const Record& record) { return toPython(record.*member); },
+        [](Record& record, pybind11::handle value) { fromPython(value, record.*member); }};
 }
 
 /// The attributes of a class that is the record itself.

@@ -29,42 +29,31 @@ using tavelinUtils::TExcludBlobs;
 using tavelinUtils::TFuncRes;
 using tavelinUtils::TSeria2;
 
-template <auto member>
-constexpr RecordField<TConvMea> ofTask(const char* name, const char* meaning)
-{
-    return recordField<TConvMea, member>(name, meaning);
-}
-
 constexpr RecordField<TConvMea> taskFields[] = {
-    ofTask<&TConvMea::autoname>("autoname", "files are named after telescope, object and time"),
-    ofTask<&TConvMea::longname>("longname", "names of a report's files are long ones"),
-    ofTask<&TConvMea::autoTelescope>("autoTelescope", "the telescope is that of the settings of a series"),
-    ofTask<&TConvMea::object>("object",
-                              "the one track of the first series that whatSave \"object\" keeps, from 0"),
-    ofTask<&TConvMea::interval>("interval", "minutes between marks at which \"eachgroup\" cuts a track"),
-    ofTask<&TConvMea::path_in>("path_in", "the file that is converted"),
-    ofTask<&TConvMea::out_dir>("out_dir", "the folder of the output, which must exist"),
-    ofTask<&TConvMea::outputextension>("outputextension", "the suffix of the files"),
-    ofTask<&TConvMea::inputformat>("inputformat", "the word of the input's format"),
-    ofTask<&TConvMea::outputformat>("outputformat", "the word of the output's format"),
-    ofTask<&TConvMea::originator>("originator", "the originator of all tracks"),
-    ofTask<&TConvMea::path_res>("path_res", "the result file of the tool; not written here"),
-    ofTask<&TConvMea::REFERENCE_FRAME>("REFERENCE_FRAME", "the reference frame of all tracks"),
-    ofTask<&TConvMea::PARTICIPANT_1>("PARTICIPANT_1", "the telescope of all tracks"),
-    ofTask<&TConvMea::whatSave>("whatSave", "\"object\" keeps one track of a report"),
-    ofTask<&TConvMea::toSeparateFile>("toSeparateFile", "how a report is divided among files"),
+    recordField<&TConvMea::autoname>("autoname", "files are named after telescope, object and time"),
+    recordField<&TConvMea::longname>("longname", "names of a report's files are long ones"),
+    recordField<&TConvMea::autoTelescope>("autoTelescope",
+                                          "the telescope is that of the settings of a series"),
+    recordField<&TConvMea::object>(
+        "object", "the one track of the first series that whatSave \"object\" keeps, from 0"),
+    recordField<&TConvMea::interval>("interval", "minutes between marks at which \"eachgroup\" cuts a track"),
+    recordField<&TConvMea::path_in>("path_in", "the file that is converted"),
+    recordField<&TConvMea::out_dir>("out_dir", "the folder of the output, which must exist"),
+    recordField<&TConvMea::outputextension>("outputextension", "the suffix of the files"),
+    recordField<&TConvMea::inputformat>("inputformat", "the word of the input's format"),
+    recordField<&TConvMea::outputformat>("outputformat", "the word of the output's format"),
+    recordField<&TConvMea::originator>("originator", "the originator of all tracks"),
+    recordField<&TConvMea::path_res>("path_res", "the result file of the tool; not written here"),
+    recordField<&TConvMea::REFERENCE_FRAME>("REFERENCE_FRAME", "the reference frame of all tracks"),
+    recordField<&TConvMea::PARTICIPANT_1>("PARTICIPANT_1", "the telescope of all tracks"),
+    recordField<&TConvMea::whatSave>("whatSave", "\"object\" keeps one track of a report"),
+    recordField<&TConvMea::toSeparateFile>("toSeparateFile", "how a report is divided among files"),
 };
 
-template <auto member>
-constexpr RecordField<TSeria2> ofSeries(const char* name, const char* meaning)
-{
-    return recordField<TSeria2, member>(name, meaning);
-}
-
 constexpr RecordField<TSeria2> seriesFields[] = {
-    ofSeries<&TSeria2::path>("path", "the track table"),
-    ofSeries<&TSeria2::filter>("filter", "the photometric filter"),
-    ofSeries<&TSeria2::telescope>("telescope", "the telescope"),
+    recordField<&TSeria2::path>("path", "the track table"),
+    recordField<&TSeria2::filter>("filter", "the photometric filter"),
+    recordField<&TSeria2::telescope>("telescope", "the telescope"),
 };
 
 using Excludes = std::vector<std::pair<int, std::vector<int>>>;

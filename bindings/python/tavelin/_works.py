@@ -29,16 +29,20 @@ def load_task(path: PathLike) -> Task:
     return _tavelin.load_task(path)
 
 
+def _set_all(made: Task | Series, values: Mapping[str, Any], what: str) -> None:
+    for key, value in values.items():
+        if not hasattr(made, key):
+            raise ValueError(f"{what} has no {key}")
+        setattr(made, key, value)
+
+
 def _task_of(task: AnyTask) -> Task:
     if isinstance(task, Task):
         return task
     if not isinstance(task, Mapping):
         return load_task(task)
     made = Task()
-    for key, value in task.items():
-        if not hasattr(made, key):
-            raise ValueError(f"a task has no key {key}")
-        setattr(made, key, value)
+    _set_all(made, task, "a task")
     return made
 
 
@@ -84,10 +88,7 @@ def series(path: PathLike, **values: Any) -> Series:
     """
     made = Series()
     made.path = os.fsdecode(path)
-    for key, value in values.items():
-        if not hasattr(made, key):
-            raise ValueError(f"a series has no {key}")
-        setattr(made, key, value)
+    _set_all(made, values, "a series")
     return made
 
 
