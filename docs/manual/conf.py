@@ -74,8 +74,15 @@ def name_samples(app):
             app.add_lexer(word, TextLexer)
 
 
+def sort_pages(_app, env):
+    """Pages that are read at once come in any order, which the index for the search would show."""
+    env.all_docs = dict(sorted(env.all_docs.items()))
+    return []
+
+
 def setup(app):
     logging.getLogger("sphinx.sphinx.domains.cpp").addFilter(lambda record: not is_about_a_namespace(record))
     app.connect("builder-inited", name_samples)
+    app.connect("env-updated", sort_pages)
     app.connect("missing-reference", text_of_a_link)
     app.connect("doctree-read", without_comments)
