@@ -372,6 +372,8 @@ private:
         for (const auto& [name, text] : values) {
             if (name == "obsTime" && text.substr(0, 10) != dayText(mark.date, '-')) {
                 tally.mend("the time is carried into the next day");
+            } else if (name == "ra" && (mark.RA < 0.0 || mark.RA > 360.0)) {
+                tally.mend("a right ascension is brought to below 360 degrees");
             } else if (name == "ra" && mark.RA > 359.9 && (text == "0" || text.starts_with("0."))) {
                 tally.mend("a right ascension of 360 degrees is 0");
             }

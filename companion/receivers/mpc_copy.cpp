@@ -357,13 +357,17 @@ private:
         if (moment.day != mark.date) {
             tally.mend("the time is carried into the next day");
         }
-        if (isCarried(mark.RA / 15.0, line.substr(rightAscensionPlace, 12)) ||
+        const double turns = std::floor(mark.RA / 360.0);
+        if (isCarried((mark.RA - turns * 360.0) / 15.0, line.substr(rightAscensionPlace, 12)) ||
             isCarried(std::abs(mark.DE), line.substr(declinationPlace + 1, 11)))
         {
             tally.mend("seconds of 60 are carried");
         }
         if (mark.RA >= 360.0 || (mark.RA > 359.0 && line.substr(rightAscensionPlace, 2) == "00")) {
             tally.mend("a right ascension of 24 h is 0 h");
+        }
+        if (mark.RA < 0.0) {
+            tally.mend("a right ascension below 0 h is brought to below 24 h");
         }
     }
 
@@ -394,7 +398,7 @@ private:
 
     void tellName(const CopyTrack& track, const std::string& line)
     {
-        if (line.substr(0, nameWidth).find(track.track.QRVName) == std::string::npos) {
+        if (trimmed(std::string_view(line).substr(0, nameWidth)) != track.track.QRVName) {
             tally.mend("the designation is packed");
         }
     }

@@ -316,6 +316,16 @@ TEST(AdesCopy, RefusesNumbersBeforeTheyAreText)
                                              StartsWith("V380 dec is "), StartsWith("V380 mag is \"1000.0")));
 }
 
+TEST(AdesCopy, MendsARightAscensionOfAnotherTurn)
+{
+    for (const double rightAscension : {-15.5, 704.5}) {
+        const Copy copy = copied({trackOf("AST1", {markAt(0.5, rightAscension, -0.5)})});
+        EXPECT_THAT(copy.text, HasSubstr("<ra>344.5000000</ra>"));
+        EXPECT_THAT(copies::textsOf(copy.mended),
+                    ElementsAre("V423 mended: a right ascension is brought to below 360 degrees, 1 mark"));
+    }
+}
+
 TEST(AdesCopy, MendsAFullCircleOfWholeDegrees)
 {
     CopyTrack track = trackOf("AST1", {markAt(0.5, 359.95, -0.5)});

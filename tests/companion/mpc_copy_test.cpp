@@ -257,6 +257,13 @@ TEST(MpcCopy, MendsNumbersAndDesignationsByPackingThem)
     EXPECT_THAT(copies::textsOf(copy.mended), ElementsAre("V423 mended: the designation is packed, 1 mark"));
 }
 
+TEST(MpcCopy, ANumberThatGetsZerosIsPacked)
+{
+    EXPECT_THAT(copies::textsOf(copied({trackOf("433", {markAt(0.5, 15, -0.5)})}).mended),
+                ElementsAre("V423 mended: the designation is packed, 1 mark"));
+    EXPECT_THAT(copied({trackOf("00433", {markAt(0.5, 15, -0.5)})}).mended, IsEmpty());
+}
+
 TEST(MpcCopy, TemporaryNamesBeginInColumn6)
 {
     EXPECT_THAT(observationsOf(trackOf("ABC123", {markAt(0.5, 15, -0.5)})),
@@ -438,7 +445,16 @@ TEST(MpcCopy, ARightAscensionOfOtherTurnsIsBroughtTo0To24Hours)
                 ElementsAre("V423 mended: a right ascension of 24 h is 0 h, 1 mark"));
     const Copy below = copied({trackOf("AST1000", {markAt(0.5, -15.6, -0.5)})});
     EXPECT_THAT(observations(below), ElementsAre(HasSubstr(" 22 57 36.000-00")));
-    EXPECT_THAT(below.mended, IsEmpty());
+    EXPECT_THAT(copies::textsOf(below.mended),
+                ElementsAre("V423 mended: a right ascension below 0 h is brought to below 24 h, 1 mark"));
+}
+
+TEST(MpcCopy, SecondsOf0OfAnotherTurnAreNotCarriedOnes)
+{
+    const Copy copy = copied({trackOf("AST1000", {markAt(0.5, -14.75, -0.5)})});
+    EXPECT_THAT(observations(copy), ElementsAre(HasSubstr(" 23 01 00.000-00")));
+    EXPECT_THAT(copies::textsOf(copy.mended),
+                ElementsAre("V423 mended: a right ascension below 0 h is brought to below 24 h, 1 mark"));
 }
 
 TEST(MpcCopy, ABandOfBlanksIsNotKnown)
