@@ -363,11 +363,10 @@ private:
         {
             tally.mend("seconds of 60 are carried");
         }
-        if (mark.RA >= 360.0 || (mark.RA > 359.0 && line.substr(rightAscensionPlace, 2) == "00")) {
+        if (mark.RA < 0.0 || mark.RA > 360.0) {
+            tally.mend("a right ascension is brought to below 24 h");
+        } else if (mark.RA > 359.0 && line.substr(rightAscensionPlace, 2) == "00") {
             tally.mend("a right ascension of 24 h is 0 h");
-        }
-        if (mark.RA < 0.0) {
-            tally.mend("a right ascension below 0 h is brought to below 24 h");
         }
     }
 

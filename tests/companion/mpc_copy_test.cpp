@@ -127,10 +127,12 @@ TEST(MpcCopy, MendsTheLastHalfSecondOfADayAndOfAYear)
 
 TEST(MpcCopy, MendsARightAscensionOf24Hours)
 {
-    const Copy copy = copied({trackOf("AST1000", {markAt(0.5, 359.9999999, -0.5)})});
-    EXPECT_THAT(observations(copy), ElementsAre(HasSubstr(" 00 00 00.000-00")));
-    EXPECT_THAT(copies::textsOf(copy.mended),
-                Contains("V423 mended: a right ascension of 24 h is 0 h, 1 mark"));
+    for (const double rightAscension : {359.9999999, 360.0}) {
+        const Copy copy = copied({trackOf("AST1000", {markAt(0.5, rightAscension, -0.5)})});
+        EXPECT_THAT(observations(copy), ElementsAre(HasSubstr(" 00 00 00.000-00")));
+        EXPECT_THAT(copies::textsOf(copy.mended),
+                    Contains("V423 mended: a right ascension of 24 h is 0 h, 1 mark"));
+    }
 }
 
 TEST(MpcCopy, ADeclinationOfMinus0KeepsItsSign)
@@ -442,11 +444,11 @@ TEST(MpcCopy, ARightAscensionOfOtherTurnsIsBroughtTo0To24Hours)
     const Copy copy = copied({trackOf("AST1000", {markAt(0.5, 375.0, -0.5)})});
     EXPECT_THAT(observations(copy), ElementsAre(HasSubstr(" 01 00 00.000-00")));
     EXPECT_THAT(copies::textsOf(copy.mended),
-                ElementsAre("V423 mended: a right ascension of 24 h is 0 h, 1 mark"));
+                ElementsAre("V423 mended: a right ascension is brought to below 24 h, 1 mark"));
     const Copy below = copied({trackOf("AST1000", {markAt(0.5, -15.6, -0.5)})});
     EXPECT_THAT(observations(below), ElementsAre(HasSubstr(" 22 57 36.000-00")));
     EXPECT_THAT(copies::textsOf(below.mended),
-                ElementsAre("V423 mended: a right ascension below 0 h is brought to below 24 h, 1 mark"));
+                ElementsAre("V423 mended: a right ascension is brought to below 24 h, 1 mark"));
 }
 
 TEST(MpcCopy, SecondsOf0OfAnotherTurnAreNotCarriedOnes)
@@ -454,7 +456,7 @@ TEST(MpcCopy, SecondsOf0OfAnotherTurnAreNotCarriedOnes)
     const Copy copy = copied({trackOf("AST1000", {markAt(0.5, -14.75, -0.5)})});
     EXPECT_THAT(observations(copy), ElementsAre(HasSubstr(" 23 01 00.000-00")));
     EXPECT_THAT(copies::textsOf(copy.mended),
-                ElementsAre("V423 mended: a right ascension below 0 h is brought to below 24 h, 1 mark"));
+                ElementsAre("V423 mended: a right ascension is brought to below 24 h, 1 mark"));
 }
 
 TEST(MpcCopy, ABandOfBlanksIsNotKnown)
