@@ -202,7 +202,7 @@ public:
     Reading(std::string_view bytes, const std::string& path)
     {
         document.path = path;
-        document.bytes = bytes.substr(0, bytes.find('\0'));
+        document.bytes = bytes;
         file.bytes = std::make_unique<char[]>(bytes.size() + FileBytes::spareBytes);
         file.size = bytes.size();
         std::copy(bytes.begin(), bytes.end(), file.bytes.get());

@@ -53,7 +53,7 @@ struct TaskDocument
 {
     std::string path{};              ///< as it was given; "-" is the standard input
     std::string file{};              ///< the whole path, also after a change of folder; empty for none
-    std::string bytes{};             ///< up to the first zero byte, which ends a document
+    std::string bytes{};
     std::vector<Finding> findings{}; ///< V010 to V016 and V230, in the file of that path
     bool canBeLoaded = false;        ///< by the tool
     bool walkEnds = true;            ///< false: the tool would never end with it

@@ -20,6 +20,7 @@
 
 namespace {
 
+using namespace std::string_literals;
 using namespace companion;
 
 TaskDocument documentOf(const std::string& bytes)
@@ -97,6 +98,23 @@ TEST(TaskDocument, PlacesAreThoseOfTheStartTags)
     EXPECT_EQ(placeText(&document.keys.back()), "5:5");
     EXPECT_EQ(document.key("autoname"), nullptr);
     EXPECT_EQ(document.key("out_dir")->value, "out");
+}
+
+// The parser takes three bytes for a character that begins with E8, whatever they are.
+TEST(TaskDocument, ZeroByteInACharacterOfSeveralBytesDoesNotEndIt)
+{
+    const std::string bytes =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<task>\n<longname>\xE8\0 </longname>\n"
+        "<path_in>./night.mea</path_in>\n</task>\n"s;
+    const TaskDocument document = documentOf(bytes);
+    EXPECT_TRUE(document.goesOn());
+    EXPECT_EQ(document.bytes, bytes);
+    EXPECT_EQ(taskOf(document).path_in, "./night.mea");
+}
+
+TEST(TaskDocument, ZeroByteOutsideOneEndsIt)
+{
+    EXPECT_EQ(told("<task>\n\0</task>\n"s), "2:1 V011");
 }
 
 TEST(TaskDocument, FindingOfASeriaIsAtItsKeyOrAtTheSeria)
@@ -223,7 +241,6 @@ TEST(TaskDocument, WhatTheToolLoadsIsNotCalledBroken)
 
 TEST(TaskDocument, WideEncodingsAreTold)
 {
-    using namespace std::string_literals;
     EXPECT_EQ(textOfOnlyFinding(documentOf("\xFF\xFE<\0t\0/\0>\0"s)), "the task is UTF-16 text");
     EXPECT_EQ(textOfOnlyFinding(documentOf("\0<\0t\0/\0>"s)), "the task is UTF-16 text");
     EXPECT_EQ(textOfOnlyFinding(documentOf("<\0\0\0t\0\0\0/\0\0\0>\0\0\0"s)), "the task is UTF-32 text");
