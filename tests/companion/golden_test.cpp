@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <ostream>
 
 namespace {
 
@@ -11,6 +12,12 @@ struct GoldenCase
     std::string group;
     std::string name;
 };
+
+// Without it the bytes of the texts are printed, of which some are never set.
+void PrintTo(const GoldenCase& each, std::ostream* to)
+{
+    *to << each.group << '/' << each.name;
+}
 
 std::vector<GoldenCase> allCases()
 {
