@@ -51,8 +51,8 @@ struct DocumentSeria
 /// A task file as its bytes are.
 struct TaskDocument
 {
-    std::string path{};              ///< as it was given; "-" is the standard input
-    std::string file{};              ///< the whole path, also after a change of folder; empty for none
+    std::string path{}; ///< as it was given; "-" is the standard input
+    std::string file{}; ///< the whole path, also after a change of folder; empty for none
     std::string bytes{};
     std::vector<Finding> findings{}; ///< V010 to V016 and V230, in the file of that path
     bool canBeLoaded = false;        ///< by the tool
